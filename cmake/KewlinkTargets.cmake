@@ -1,0 +1,42 @@
+# Helpers that give every target of the project the same flags.
+
+add_library(kewlink_flags INTERFACE)
+target_include_directories(kewlink_flags INTERFACE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR})
+target_compile_options(kewlink_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow
+  -Wnon-virtual-dtor -Woverloaded-virtual)
+target_compile_definitions(kewlink_flags INTERFACE QT_NO_CAST_TO_ASCII
+  QT_NO_CAST_FROM_BYTEARRAY QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x050F00)
+if(KWCC_WERROR)
+  target_compile_options(kewlink_flags INTERFACE -Werror)
+endif()
+if(KWCC_SANITIZE)
+  add_compile_options(-fsanitize=${KWCC_SANITIZE} -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${KWCC_SANITIZE})
+  if(KWCC_SANITIZE MATCHES "undefined")
+    add_compile_options(-fno-sanitize-recover=undefined)
+  endif()
+endif()
+
+# kewlink_library(NAME LIBRARIES...): one static library from all sources of
+# the current folder but its main.cpp.
+function(kewlink_library name)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp
+    ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  add_library(${name} STATIC ${sources})
+  target_link_libraries(${name} PUBLIC ${ARGN} PRIVATE kewlink_flags)
+endfunction()
+
+# kewlink_tests(NAME LIBRARIES...): one test program from all *_test.cpp of the
+# current folder. CTest runs every test in a process of its own, so each starts
+# from fresh program state.
+function(kewlink_tests name)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp
+    ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  add_executable(${name} ${sources})
+  target_link_libraries(${name} PRIVATE ${ARGN} GTest::gtest kewlink_flags)
+  target_compile_definitions(${name} PRIVATE
+    KWCC_SOURCE_DIR="${PROJECT_SOURCE_DIR}" KWCC_BINARY_DIR="${PROJECT_BINARY_DIR}")
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_LOGGING_RULES=qt.qpa.*=false")
+endfunction()

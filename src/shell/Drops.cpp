@@ -1,0 +1,24 @@
+#include "shell/Drops.h"
+
+#include "base/Numbers.h"
+#include "filemanager/BatchQueue.h"
+#include "terminal/screen/TerminalScreen.h"
+#include "ui/DragDrop.h"
+#include "ui/InterfaceEvent.h"
+#include "upload/UploadOptions.h"
+#include "upload/UploadProgram.h"
+
+void HandleWindowDrop() {
+    SetCurrentFile(EventDropFiles());
+    BatchSend(uploadSource.currentFile);
+}
+
+void HandleTerminalDrop() {
+    if (EventObject() != kTerminalCanvas) return;
+    if (EventDropFormat() != DropFormat::kText) return HandleWindowDrop();
+    const QString text = EventDropText();
+    SetPasteSource(true);
+    SetUploadText(text);
+    TerminalPrintLine("Drop text");
+    UploadProgram();
+}

@@ -1,0 +1,165 @@
+#include "shell/StartUp.h"
+
+#include <QString>
+
+#include "base/AppPaths.h"
+#include "base/Numbers.h"
+#include "base/Pacing.h"
+#include "base/TextRules.h"
+#include "filemanager/FileManagerWindow.h"
+#include "help/About.h"
+#include "link/Connection.h"
+#include "link/LinkPrimitives.h"
+#include "link/LinkSettings.h"
+#include "link/Servers.h"
+#include "shell/Dispatch.h"
+#include "shell/MainMenu.h"
+#include "shell/MainWindow.h"
+#include "shell/Settings.h"
+#include "shell/SingleInstance.h"
+#include "shell/StoredDevice.h"
+#include "terminal/input/TerminalInput.h"
+#include "terminal/screen/TerminalMode.h"
+#include "terminal/screen/TerminalPainters.h"
+#include "terminal/screen/TerminalScreen.h"
+#include "terminal/screen/TerminalSizing.h"
+#include "terminal/screen/VtParser.h"
+#include "ui/AddKeyboardShortcut.h"
+#include "ui/AddWindowTimer.h"
+#include "ui/Gadgets.h"
+#include "ui/InterfaceEvent.h"
+#include "ui/InterfaceLayer.h"
+#include "ui/MenuItem.h"
+#include "ui/WaitWindowEvent.h"
+#include "ui/Windows.h"
+#include "upload/DeviceSpec.h"
+#include "upload/FlashSlotUpload.h"
+#include "upload/UploadOptions.h"
+#include "xmodem/TransferWorkers.h"
+
+namespace {
+
+#ifdef KWCC_BUILD_STAMP
+constexpr int64_t kBuildStamp = KWCC_BUILD_STAMP;
+#else
+constexpr int64_t kBuildStamp = 1660286857;
+#endif
+constexpr int kKeyAltC = 0x08000043;
+constexpr int kBlinkPeriod = 400;         // milliseconds
+constexpr int kDeferredLoadDelay = 300;   // milliseconds
+constexpr int kPauseBeforeClosing = 50;   // milliseconds
+constexpr int kFirstInstancePort = 0;     // see SecondInstance
+constexpr int kWaitForever = -1;
+
+// All arguments, joined by one blank each. There are no option letters.
+QString JoinArguments(int argc, char** argv) {
+    QString joined;
+    for (int i = 1; i < argc; ++i) {
+        if (i > 1) joined += ' ';
+        joined += QString::fromLocal8Bit(argv[i]);
+    }
+    return joined;
+}
+
+// True when another instance runs; this one has then handed its command line over. The
+// control port is the variable as it stands before any setting is read, which is 0 and
+// not the port of the settings file; that is meant.
+bool SecondInstance() {
+    if (CountOwnProcesses(appPaths.executable) < 2) return false;
+    HandOver(uploadSource.currentFile, kFirstInstancePort);
+    return true;
+}
+
+void BindHandlers() {
+    AddKeyboardShortcut(kMainWindow, kKeyAltC, kShortcutAltC);
+    BindGadgetHandler(kTerminalCanvas, MouseWheelHandler, kTypeMouseWheel);
+    BindGadgetHandler(kTerminalScrollBar, ScrollBarChanged);
+    BindMenuHandler(kItemTerminalSize, AskTerminalSize);
+    BindMenuHandler(kItemDefaultTerminalSize, RestoreDefaultTerminalSize);
+    BindMenuHandler(kItemAbout, ShowAbout);
+    SetAfterFlashUpload(RefreshDeviceList);
+}
+
+void StartTimers() {
+    AddWindowTimer(kMainWindow, kPollTimer, linkSettings.pollingInterval);
+    AddWindowTimer(kMainWindow, kBlinkTimer, kBlinkPeriod);
+    AddWindowTimer(kMainWindow, kDeferredLoadTimer, kDeferredLoadDelay);
+}
+
+void ShowMode() { SetGadgetText(kModeText, TerminalModeName(terminalMode)); }
+
+void PrintTitle() {
+    TerminalFeed("\x1b[0m");
+    TerminalPrintLine("Kewlink Console");
+    TerminalPrintLine("Build date: " + FormatDate("%yyyy/%mm/%dd", kBuildStamp));
+}
+
+// The window with all that stands in it. The order is part of the program: each step uses
+// what the ones before it set.
+void BuildWindow() {
+    OpenMainWindow();
+    CreateMainMenu();
+    CreateToolbarRows();
+    CreateTerminal();
+    CreateScrollBar();
+    CreateEditPopup();
+    EnableDrops();
+    DressGadgets();
+    FillPresetAndMacroButtons();
+    ShowStoredLink();
+    BindHandlers();
+    StartTimers();
+    SetStartTicks();
+    SetSchemeColours();
+    TerminalRepaint();
+    LayoutMainWindow();
+    FillPortList();
+    ShowMode();
+    ShowStoredDevice();
+    BuildDeviceSpec();
+    ApplyNamedPreset();
+    PrintTitle();
+}
+
+// One event at a time. A turn without an event does nothing, so the wait has no limit:
+// whatever could give the loop work, a timer or another thread's post included, ends it.
+void MainLoop() {
+    while (!exitRequested) {
+        const int32_t event = WaitForEvent(kWaitForever);
+        if (event != kNoEvent) DispatchEvent(event, EventWindow());
+    }
+}
+
+void ShutDown() {
+    TerminalFeed("\x1b[7mBye\x1b[0m");
+    if (WindowIsOpen(kFileManagerWindow)) CloseFileManager();
+    SaveSettings();
+    DisconnectDevice();
+    RemoveWindowTimer(kMainWindow, kBlinkTimer);
+    RemoveWindowTimer(kMainWindow, kPollTimer);
+    StopServers();
+    StopTransferWorkers();
+    SleepMs(kPauseBeforeClosing);
+    CloseNumberedWindow(-1);
+    FreeLinkBuffers();
+}
+
+}  // namespace
+
+int RunProgram(int argc, char** argv) {
+    // The toolkit sees no argument but the program's name: it would take some for itself.
+    int toolkitArguments = 1;
+    StartInterfaceLayer(toolkitArguments, argv);
+    ResolveAppPaths();
+    SetCurrentFile(JoinArguments(argc, argv));
+    if (!SecondInstance()) {
+        LoadSettings();
+        AllocateLinkBuffers();
+        BuildWindow();
+        StartServers();
+        MainLoop();
+        ShutDown();
+    }
+    EndInterfaceLayer();
+    return 0;
+}

@@ -1,0 +1,28 @@
+#include "shell/ViewMenu.h"
+
+#include <QString>
+
+#include "base/Numbers.h"
+#include "filemanager/FileManagerWindow.h"
+#include "shell/MainMenu.h"
+#include "terminal/screen/TerminalMode.h"
+#include "terminal/screen/TerminalSizing.h"
+#include "ui/Gadgets.h"
+#include "ui/MenuItem.h"
+
+void ToggleToolbarRow(int item) {
+    SetMenuItemTick(item, !MenuItemTick(item));
+    QString marks;
+    for (int row = kFirstViewItem; row <= kLastViewItem; ++row) {
+        marks += MenuItemTick(row) ? '1' : '0';
+    }
+    SetLinesToShow(marks);
+    LayoutMainWindow();
+}
+
+void ChooseMode(int item) {
+    TickOneOf(kFirstModeItem, kLastModeItem, item);
+    SetTerminalMode(item - kFirstModeItem);
+    SetGadgetText(kModeText, TerminalModeName(terminalMode));
+    if (terminalMode == kModeFileManager) OpenFileManager();
+}
