@@ -1,0 +1,13 @@
+#include "terminal/input/TerminalInput.h"
+
+namespace {
+
+InputSettings settings;
+
+}  // namespace
+
+const InputSettings& inputSettings = settings;
+
+InputSettings& InputSettingsForTable() {
+    return settings;
+}
