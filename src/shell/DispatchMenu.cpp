@@ -11,11 +11,11 @@
 #include "shell/ViewMenu.h"
 #include "terminal/input/Paste.h"
 #include "terminal/screen/Capture.h"
-#include "terminal/screen/Selection.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
 #include "terminal/screen/TerminalSizing.h"
+#include "terminal/screen/TerminalText.h"
 #include "ui/DragDrop.h"
 #include "ui/Gadgets.h"
 #include "ui/MenuItem.h"
@@ -49,9 +49,9 @@ void PasteText(int) { PasteClipboard(0); }
 
 void PasteSlowly(int) { PasteClipboard(linkSettings.lineDelay); }
 
-void CopyAll(int) { CopyTerminalText(kTextAll); }
+void CopyAll(int) { SetClipboardText(GetTerminalText(kTextAll)); }
 
-void CopyVisible(int) { CopyTerminalText(kTextVisible); }
+void CopyVisible(int) { SetClipboardText(GetTerminalText(kTextVisible)); }
 
 void SaveAll(int) { SaveTerminalText(kTextAll); }
 

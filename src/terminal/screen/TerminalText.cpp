@@ -1,0 +1,56 @@
+#include "terminal/screen/TerminalText.h"
+
+#include <QFile>
+#include <algorithm>
+
+#include "base/LineEnding.h"
+#include "base/TextRules.h"
+#include "terminal/screen/Capture.h"
+#include "terminal/screen/TerminalScreen.h"
+#include "ui/Dialogs.h"
+
+namespace {
+
+void AppendLine(QString* text, const TerminalLine& line) {
+    const int last = std::min({line.length, terminalScreen.maxLineLength, kLastColumn});
+    for (int column = 1; column <= last; ++column) {
+        const char16_t ch = line.cells[column].ch;
+        *text += ch ? QChar(ch) : QChar(' ');
+    }
+    *text += lineEnding.bytes;
+}
+
+// A name without an extension takes that of the chosen pattern; the third has none.
+QString WithExtension(const FileChoice& choice) {
+    const char* const extensions[] = {".bas", ".txt", ""};
+    const bool known = choice.pattern >= 0 && choice.pattern < 3;
+    const bool bare = ExtensionPart(choice.path).isEmpty();
+    return bare && known ? choice.path + extensions[choice.pattern] : choice.path;
+}
+
+}  // namespace
+
+QString GetTerminalText(int what) {
+    int first = 1;
+    int last = TerminalLineCount() - 1;
+    if (what != kTextAll) {
+        first = terminalScreen.topLine + 1;
+        last = std::min(last, terminalScreen.topLine + terminalScreen.rows);
+    }
+    QString text;
+    for (int element = first; element <= last; ++element) {
+        if (const TerminalLine* line = TerminalLineAt(element)) AppendLine(&text, *line);
+    }
+    return text;
+}
+
+void SaveTerminalText(int what) {
+    const FileChoice choice = AskSaveFile(
+        "Save", QString(), "Basic (*.bas)|*.bas|Text (*.txt)|*.txt|All files (*.*)|*.*");
+    // A cancelled dialog gives an empty name and the first pattern, so this is ".bas".
+    const QString name = WithExtension(choice);
+    const QString text = what == kTextCapture ? TakeCapture() : GetTerminalText(what);
+    if (name.isEmpty()) return;
+    QFile file(name);
+    if (file.open(QIODevice::WriteOnly)) file.write(text.toLatin1());
+}

@@ -1,0 +1,16 @@
+// The VT interpreter: four states, nine parameters and a fixed set of sequences of
+// ECMA-48 and of the VT100. What it does not know it drops. A sequence may be split
+// across any number of calls. Interface thread.
+#pragma once
+
+#include <QString>
+
+// Runs text through the parser into the screen. Appends it to the capture first while
+// capture is on.
+void TerminalFeed(const QString& text);
+
+// Erases in the line of the cursor: 0 from the cursor on, 1 up to the cursor, 2 all.
+void TerminalEraseLine(int mode);
+
+// The status reply that waits to go to the device, emptied by the call.
+QString TakeReplyText();

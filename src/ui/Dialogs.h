@@ -1,0 +1,39 @@
+// Modal dialogs. They return when the user has answered. Interface thread.
+#pragma once
+
+#include <QString>
+
+enum class MessageButtons { kOk, kYesNo };
+
+// Shows a message; true for OK or Yes.
+bool AskMessage(const QString& title, const QString& text, MessageButtons buttons);
+
+// Asks for one line of text. Empty for a cancelled dialog.
+QString AskText(const QString& title, const QString& prompt, const QString& preset);
+
+struct FileChoice {
+    QString path;     // empty for a cancelled dialog
+    int pattern = 0;  // position, from 0, of the chosen pattern; 0 when cancelled
+};
+
+// `patterns` is "Name (*.a)|*.a|Name (*.b)|*.b".
+FileChoice AskSaveFile(const QString& title, const QString& preset, const QString& patterns);
+FileChoice AskOpenFile(const QString& title, const QString& preset, const QString& patterns);
+
+struct FontChoice {
+    bool accepted = false;
+    QString name;
+    int size = 0;  // points
+};
+
+FontChoice AskFont(const QString& name, int size);
+
+// Answers that tests put in place of dialogs. While one is set no dialog opens. The
+// procedures are those of DialogAnswers; nullptr for the real dialogs again.
+struct DialogAnswers {
+    bool (*message)(const QString& title, const QString& text) = nullptr;
+    QString (*text)(const QString& title, const QString& prompt, const QString& preset) = nullptr;
+    FileChoice (*file)(const QString& title, const QString& preset) = nullptr;
+    FontChoice (*font)(const QString& name, int size) = nullptr;
+};
+void AnswerDialogs(const DialogAnswers* answers);

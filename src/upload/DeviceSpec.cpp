@@ -1,0 +1,175 @@
+#include "upload/DeviceSpec.h"
+
+#include <vector>
+
+#include "base/LineEnding.h"
+#include "base/Numbers.h"
+#include "base/TextRules.h"
+#include "link/Connection.h"
+#include "link/LinkSettings.h"
+#include "ui/Gadgets.h"
+#include "ui/MenuItem.h"
+#include "ui/Notice.h"
+#include "upload/SourcePreparation.h"
+#include "upload/SpecText.h"
+#include "upload/UploadMethod.h"
+#include "upload/UploadOptions.h"
+
+namespace {
+
+constexpr int kPortChangeNoticeMs = 2000;
+
+struct OptionWord {
+    QString key;    // as written; matched without regard to case
+    QString value;  // empty for a word without "\"
+};
+
+// What one parse works on beside the live options.
+struct SpecRun {
+    QString text;        // what was given, crunched once a word asks for it
+    QString deviceFile;  // name for a family that stores the program in a file
+    QString portName;    // of the last port word, empty for none
+};
+
+// The part of the first line that holds the specification. A second comment mark ends
+// it. A line without a directive word is read from its first character.
+QString SpecificationOf(const QString& text) {
+    QString line = FirstLineOf(text);
+    int start = line.indexOf("' target");
+    if (start < 0) start = line.indexOf("'target");
+    if (start > 0) line.remove(0, start);
+    const int secondMark = line.indexOf('\'', 1);
+    if (secondMark > 0) line.truncate(secondMark);
+    line = TrimBlanks(line) + ' ';
+    for (int pass = 0; pass < 3; ++pass) line = MergeBlankPairs(line);
+    return line;
+}
+
+// Reads up to the first empty field. Three passes leave a double blank of nine blanks or
+// more, and the words behind it are lost; that is meant.
+std::vector<OptionWord> ReadOptionWords(const QString& specification) {
+    std::vector<OptionWord> words;
+    int start = 0;
+    while (words.size() < kMostOptionWords) {
+        const QString word = WordAt(specification, start);
+        if (word.isEmpty()) break;
+        words.push_back({FieldOf(word, 1, '\\'), FieldOf(word, 2, '\\')});
+        start += word.size() + 1;
+    }
+    return words;
+}
+
+void ClearForSpecification() {
+    SetDefaultMethod();
+    UploadOptions& options = EditUploadOptions();
+    options.setTime = false;
+    options.setRtc = false;
+    options.noRun = false;
+    options.noNew = false;
+    options.disconnectAfter = false;
+}
+
+void TakeFamilyWord(const QString& value, SpecRun& run) {
+    TakeFamily(value.toLower(), run.deviceFile);
+    SetGadgetText(kFamilyCombo, uploadOptions.familyName);
+}
+
+void TakeCrunch(const QString&, SpecRun& run) { run.text = CrunchSource(run.text); }
+void TakeSetTime(const QString&, SpecRun&) { EditUploadOptions().setTime = true; }
+void TakeSetRtc(const QString&, SpecRun&) { EditUploadOptions().setRtc = true; }
+void TakeNoNew(const QString&, SpecRun&) { EditUploadOptions().noNew = true; }
+void TakeDisconnect(const QString&, SpecRun&) { EditUploadOptions().disconnectAfter = true; }
+
+// Order counts: the family word sets the end code anew, so only a norun behind it makes
+// the device store the program without running it.
+void TakeNoRun(const QString&, SpecRun&) {
+    EditUploadOptions().noRun = true;
+    if (uploadOptions.familyName == "cmm2") EditUploadOptions().autosaveEnd = kSaveCode;
+}
+
+void TakeFile(const QString& value, SpecRun&) {
+    if (uploadOptions.familyName != "cmm2" || value == "no") return;
+    EditUploadOptions().autosaveStart = AutosaveInto(value);
+}
+
+// A link to something other than `endpoint` is closed before the endpoint changes.
+void LeaveOtherLink(const QString& endpoint) {
+    if (linkStatus.linkLabel.isEmpty() || linkStatus.linkLabel == endpoint) return;
+    DisconnectDevice();
+    ShowNotice("Port Changed!\ndisconnecting first.", kPortChangeNoticeMs);
+}
+
+void TakePort(const QString& value, SpecRun& run) {
+    LeaveOtherLink(value);
+    SetPortAndSpeed(value);
+    SetDeviceOnTcpip(false);
+    run.portName = FieldOf(value, 1, ':');
+}
+
+void TakeAddress(const QString& value, SpecRun&) {
+    LeaveOtherLink(value);
+    SetTcpEndpoint(FieldOf(value, 1, ':'), FieldOf(value, 2, ':'));
+    SetGadgetText(kAddressEntry, value);
+    SetDeviceOnTcpip(true);
+}
+
+struct LineEndingChoice {
+    const char* value;
+    const char* name;
+    int item;
+};
+
+const LineEndingChoice lineEndingChoices[] = {
+    {"crlf", "CRLF", kItemLineEndingCrLf},
+    {"cr", "CR", kItemLineEndingCr},
+    {nullptr, "LF", kItemLineEndingLf},  // any other value, and none
+};
+
+void TakeLineEnding(const QString& value, SpecRun&) {
+    const LineEndingChoice* choice = lineEndingChoices;
+    while (choice->value && value.toLower() != choice->value) ++choice;
+    SetLineEnding(choice->name);
+    for (const LineEndingChoice& each : lineEndingChoices) {
+        SetMenuItemTick(each.item, each.item == choice->item);
+    }
+}
+
+struct OptionRow {
+    const char* key;
+    void (*take)(const QString& value, SpecRun& run);
+};
+
+// "dev" is a word of the grammar that does nothing, as any unknown word; so it has no row.
+const OptionRow optionRows[] = {
+    {"s", TakeFamilyWord},   {"syn", TakeFamilyWord},    {"crunch", TakeCrunch},
+    {"settime", TakeSetTime}, {"setrtc", TakeSetRtc},    {"norun", TakeNoRun},
+    {"nonew", TakeNoNew},    {"file", TakeFile},         {"port", TakePort},
+    {"ip", TakeAddress},     {"discon", TakeDisconnect}, {"le", TakeLineEnding},
+};
+
+void ApplyOption(const OptionWord& word, SpecRun& run) {
+    const QString key = word.key.toLower();
+    for (const OptionRow& row : optionRows) {
+        if (key == row.key) row.take(word.value, run);
+    }
+}
+
+}  // namespace
+
+QString ApplyDeviceSpec(const QString& text) {
+    SpecRun run;
+    run.text = text + '\n';
+    run.deviceFile = DeviceFileName();
+    const std::vector<OptionWord> optionList = ReadOptionWords(SpecificationOf(run.text));
+    ClearForSpecification();
+    for (const OptionWord& word : optionList) ApplyOption(word, run);
+    if (uploadOptions.familyName == "picomite") SetPicoPort(run.portName);
+    return run.text;
+}
+
+void SetPortAndSpeed(const QString& text) {
+    SetComPort(TrimBlanks(FieldOf(text, 1, ':')));
+    SetSerialSpeed(TrimBlanks(FieldOf(text, 2, ':')));
+    SetGadgetText(kSpeedCombo, linkSettings.serialSpeed);
+    SetGadgetText(kPortCombo, linkSettings.comPort);
+}

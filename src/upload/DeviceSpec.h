@@ -1,0 +1,23 @@
+// The device specification: one line of words that says which board this is, where it
+// hangs, and what is to happen around an upload. It stands in the first line of a source
+// as a comment, in the window's specification field, and in a preset. Words are parted by
+// blanks; a word is "key" or "key\value". A specification cannot fail: what is unknown is
+// passed over, what is missing reads as empty. Interface thread.
+#pragma once
+
+#include <QString>
+
+constexpr int kMostOptionWords = 512;  // words taken of one specification
+
+// Parses the first line into the live options. The parsed text with "\n" added,
+// crunched if that line says so. The family, the line ending and the link stay as they
+// are when the line has no word for them.
+QString ApplyDeviceSpec(const QString& text);
+// Rebuilds the specification from the window's gadgets and applies it. The field itself
+// keeps what the user typed.
+void BuildDeviceSpec();
+// The older directive form, read from the first line of `text`; the text, crunched if
+// the line says so.
+QString ApplyOnloadLine(const QString& text);
+// "name:speed" into the port, the speed and their gadgets. No ":" gives an empty speed.
+void SetPortAndSpeed(const QString& text);

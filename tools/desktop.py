@@ -1,0 +1,168 @@
+"""A desktop of one's own: a virtual display with a small window manager, and the console's
+window on it, driven by real keys and the real mouse.
+
+Used by the end-to-end tests and by ./run where there is no display.
+"""
+import os
+import re
+import subprocess
+import time
+
+CONTENT_TOP = 155            # y of the terminal's frame with all toolbar rows on show
+FRAME_FOCUSED = b"\x7f\xc2\xff"  # its colour while the terminal has the focus
+PORT_ROW = 30                # y of the second toolbar row
+
+
+def wait_for(what, condition, seconds=20.0, step=0.05):
+    """Waits until condition() is true and gives its value; raises when time is up."""
+    end = time.monotonic() + seconds
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > end:
+            raise TimeoutError(what)
+        time.sleep(step)
+
+
+class Desktop:
+    """Xvfb and openbox, for as long as the `with` block lasts."""
+
+    def __init__(self, size="1280x1100"):
+        self.size = size
+        self.processes = []
+
+    def __enter__(self):
+        read, write = os.pipe()
+        self.start(["Xvfb", "-displayfd", str(write), "-screen", "0", self.size + "x24", "-nolisten",
+                    "tcp", "-noreset"], pass_fds=[write])
+        os.close(write)
+        with os.fdopen(read) as pipe:
+            number = pipe.readline().strip()
+        if not number:
+            raise RuntimeError("Xvfb did not start")
+        self.env = dict(os.environ, DISPLAY=":" + number, QT_QPA_PLATFORM="xcb", NO_AT_BRIDGE="1")
+        self.env.pop("QT_SCALE_FACTOR", None)
+        self.start(["openbox"])
+        wait_for("window manager", lambda: "WINDOW_MANAGER" in self.output(["xprop", "-root"]) or
+                 "_NET_SUPPORTING_WM_CHECK(WINDOW)" in self.output(["xprop", "-root"]))
+        return self
+
+    def __exit__(self, *_):
+        for process in reversed(self.processes):
+            if process.poll() is None:
+                process.terminate()
+        for process in self.processes:
+            try:
+                process.wait(10)
+            except subprocess.TimeoutExpired:
+                process.kill()
+                process.wait()
+
+    def start(self, command, **options):
+        options.setdefault("env", getattr(self, "env", None))
+        options.setdefault("stdin", subprocess.DEVNULL)
+        options.setdefault("stderr", subprocess.DEVNULL)
+        options.setdefault("stdout", subprocess.DEVNULL)
+        process = subprocess.Popen(command, **options)
+        self.processes.append(process)
+        return process
+
+    def output(self, command):
+        return subprocess.run(command, env=self.env, stdin=subprocess.DEVNULL, capture_output=True,
+                              text=True, check=False).stdout
+
+    def run(self, *command):
+        subprocess.run(command, env=self.env, stdin=subprocess.DEVNULL, check=True,
+                       stdout=subprocess.DEVNULL)
+
+    def picture(self, path):
+        """The whole screen as a PNG."""
+        self.run("import", "-window", "root", path)
+
+
+class Console:
+    """The console's main window on a desktop."""
+
+    def __init__(self, desktop, program, arguments=()):
+        self.desktop = desktop
+        self.process = desktop.start([program, *arguments], stdout=None, stderr=None)
+        self.window = wait_for("main window", self.find, 30)
+        self.menu_height = wait_for("terminal frame", self.measure, 20)
+
+    def find(self):
+        ids = self.desktop.output(["xdotool", "search", "--onlyvisible", "--name",
+                                   "^Kewlink Console$"]).split()
+        return ids[0] if ids else None
+
+    def geometry(self):
+        text = self.desktop.output(["xdotool", "getwindowgeometry", "--shell", self.window])
+        return {k: int(v) for k, v in re.findall(r"(X|Y|WIDTH|HEIGHT)=(-?\d+)", text)}
+
+    def pixels(self):
+        size = self.geometry()
+        raw = subprocess.run(["import", "-window", self.window, "-depth", "8", "rgb:-"],
+                             env=self.desktop.env, capture_output=True, check=False).stdout
+        return size["WIDTH"], raw
+
+    def measure(self):
+        """Height of the menu bar, from where the focused terminal's frame begins."""
+        width, raw = self.pixels()
+        for y in range(len(raw) // (3 * width)):
+            if raw[3 * (y * width + 100):3 * (y * width + 100) + 3] == FRAME_FOCUSED:
+                return y - CONTENT_TOP if y >= CONTENT_TOP else None
+        return None
+
+    def point(self, x, y):
+        """Moves the pointer to a place of the client area below the menu bar."""
+        self.desktop.run("xdotool", "mousemove", "--window", self.window, str(x),
+                         str(y + self.menu_height))
+
+    def click(self, x, y, button=1):
+        self.point(x, y)
+        self.desktop.run("xdotool", "click", str(button))
+
+    def key(self, *keys):
+        self.desktop.run("xdotool", "key", "--delay", "30", *keys)
+
+    def type(self, text):
+        self.desktop.run("xdotool", "type", "--delay", "15", text)
+
+    def popup(self, entry):
+        """Chooses entry (counted from 1) of the terminal's pop-up menu."""
+        self.click(300, CONTENT_TOP + 200, 3)
+        time.sleep(0.3)
+        self.key(*["Down"] * entry)
+        self.key("Return")
+
+    def text(self):
+        """All text that the terminal holds, through its own Copy All."""
+        subprocess.run(["xclip", "-selection", "clipboard", "-i", "/dev/null"],
+                       env=self.desktop.env, stdout=subprocess.DEVNULL, check=True)
+        self.popup(4)
+
+        def copied():
+            return subprocess.run(["xclip", "-selection", "clipboard", "-o"], env=self.desktop.env,
+                                  capture_output=True, check=False).stdout
+        try:
+            return wait_for("copy", copied, 5).decode("utf-8", "replace")
+        except TimeoutError:
+            return ""
+
+    def wait_text(self, text, seconds=30):
+        """Waits until the terminal holds a text; gives all it holds."""
+        seen = [""]
+
+        def held():
+            seen[0] = self.text()
+            return text in seen[0]
+        try:
+            wait_for(text, held, seconds, 0.5)
+        except TimeoutError:
+            raise TimeoutError(f"{text!r} is not in the terminal:\n{seen[0].rstrip()}") from None
+        return seen[0]
+
+    def close(self, seconds=20):
+        """Closes the window as a user does and gives the exit status."""
+        self.desktop.run("wmctrl", "-i", "-c", hex(int(self.window)))
+        return self.process.wait(seconds)
