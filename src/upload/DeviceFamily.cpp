@@ -46,16 +46,22 @@ DeviceFamily ParseFamilyRow(const QString& row) {
 
 QString FormatFamilyRow(const DeviceFamily& family) {
     const auto number = [](int value) { return QString::number(value); };
-    return QStringList{family.Fname,           family.autostart,       family.autoend,
-                       number(family.autoName), number(family.drives),   number(family.xmName),
-                       family.filesCMD,        number(family.filesAll), number(family.ninth),
-                       number(family.flash),   number(family.fnstart)}
+    return QStringList{family.Fname,          family.autostart,
+                       family.autoend,        number(family.autoName),
+                       number(family.drives), number(family.xmName),
+                       family.filesCMD,       number(family.filesAll),
+                       number(family.ninth),  number(family.flash),
+                       number(family.fnstart)}
         .join('|');
 }
 
-void ClearFamilies() { families.clear(); }
+void ClearFamilies() {
+    families.clear();
+}
 
-void AddFamily(const DeviceFamily& family) { families.push_back(family); }
+void AddFamily(const DeviceFamily& family) {
+    families.push_back(family);
+}
 
 void AddDefaultFamilies() {
     for (const char* row : defaultFamilyRows) {

@@ -74,11 +74,21 @@ void TakeFamilyWord(const QString& value, SpecRun& run) {
     SetGadgetText(kFamilyCombo, uploadOptions.familyName);
 }
 
-void TakeCrunch(const QString&, SpecRun& run) { run.text = CrunchSource(run.text); }
-void TakeSetTime(const QString&, SpecRun&) { EditUploadOptions().setTime = true; }
-void TakeSetRtc(const QString&, SpecRun&) { EditUploadOptions().setRtc = true; }
-void TakeNoNew(const QString&, SpecRun&) { EditUploadOptions().noNew = true; }
-void TakeDisconnect(const QString&, SpecRun&) { EditUploadOptions().disconnectAfter = true; }
+void TakeCrunch(const QString&, SpecRun& run) {
+    run.text = CrunchSource(run.text);
+}
+void TakeSetTime(const QString&, SpecRun&) {
+    EditUploadOptions().setTime = true;
+}
+void TakeSetRtc(const QString&, SpecRun&) {
+    EditUploadOptions().setRtc = true;
+}
+void TakeNoNew(const QString&, SpecRun&) {
+    EditUploadOptions().noNew = true;
+}
+void TakeDisconnect(const QString&, SpecRun&) {
+    EditUploadOptions().disconnectAfter = true;
+}
 
 // Order counts: the family word sets the end code anew, so only a norun behind it makes
 // the device store the program without running it.
@@ -141,10 +151,10 @@ struct OptionRow {
 
 // "dev" is a word of the grammar that does nothing, as any unknown word; so it has no row.
 const OptionRow optionRows[] = {
-    {"s", TakeFamilyWord},   {"syn", TakeFamilyWord},    {"crunch", TakeCrunch},
-    {"settime", TakeSetTime}, {"setrtc", TakeSetRtc},    {"norun", TakeNoRun},
-    {"nonew", TakeNoNew},    {"file", TakeFile},         {"port", TakePort},
-    {"ip", TakeAddress},     {"discon", TakeDisconnect}, {"le", TakeLineEnding},
+    {"s", TakeFamilyWord},    {"syn", TakeFamilyWord},    {"crunch", TakeCrunch},
+    {"settime", TakeSetTime}, {"setrtc", TakeSetRtc},     {"norun", TakeNoRun},
+    {"nonew", TakeNoNew},     {"file", TakeFile},         {"port", TakePort},
+    {"ip", TakeAddress},      {"discon", TakeDisconnect}, {"le", TakeLineEnding},
 };
 
 void ApplyOption(const OptionWord& word, SpecRun& run) {

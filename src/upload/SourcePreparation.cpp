@@ -78,7 +78,9 @@ QString StripMarkerLines(QString text) {
     return start == 0 ? text : text.mid(start);
 }
 
-QString DropFirstLine(const QString& text) { return text.mid(text.indexOf('\n') + 1); }
+QString DropFirstLine(const QString& text) {
+    return text.mid(text.indexOf('\n') + 1);
+}
 
 QString CrunchSource(QString text) {
     text.remove('\r');

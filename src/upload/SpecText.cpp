@@ -1,6 +1,8 @@
 #include "upload/SpecText.h"
 
-QString FirstLineOf(const QString& text) { return text.left(text.indexOf('\n')); }
+QString FirstLineOf(const QString& text) {
+    return text.left(text.indexOf('\n'));
+}
 
 QString MergeBlankPairs(const QString& text) {
     QString merged;

@@ -52,7 +52,9 @@ void TakeFamily(const QString& word, const QString& deviceFile) {
     }
 }
 
-QString AutosaveInto(const QString& deviceFile) { return "AUTOSAVE \"" + deviceFile + "\""; }
+QString AutosaveInto(const QString& deviceFile) {
+    return "AUTOSAVE \"" + deviceFile + "\"";
+}
 
 QString DeviceFileName() {
     const QString name = NamePart(uploadSource.currentFile);

@@ -7,9 +7,9 @@
 #include <QString>
 
 // Codes that close receive mode.
-constexpr char kBreakCode[] = "\x03";        // Ctrl-C
-constexpr char kEndOfTextCode[] = "\x1a";    // Ctrl-Z
-constexpr char kSaveCode[] = "\x1b[11~";     // F1: save alone
+constexpr char kBreakCode[] = "\x03";           // Ctrl-C
+constexpr char kEndOfTextCode[] = "\x1a";       // Ctrl-Z
+constexpr char kSaveCode[] = "\x1b[11~";        // F1: save alone
 constexpr char kSaveAndRunCode[] = "\x1b[12~";  // F2: save and run
 
 // AUTOSAVE, closed by Ctrl-Z: what every family gets that asks for nothing else.

@@ -12,13 +12,31 @@ const UploadOptions& uploadOptions = options;
 const UploadSettings& uploadSettings = settings;
 const UploadSource& uploadSource = source;
 
-UploadSettings& UploadSettingsForTable() { return settings; }
-UploadOptions& EditUploadOptions() { return options; }
+UploadSettings& UploadSettingsForTable() {
+    return settings;
+}
+UploadOptions& EditUploadOptions() {
+    return options;
+}
 
-void SetOverrideFileSettings(bool on) { settings.overrideFileSettings = on ? 1 : 0; }
-void SetPicoPort(const QString& name) { settings.picoPort = name; }
-void SetWarnFlashCopy(bool on) { settings.warnFlashCopy = on ? 1 : 0; }
-void SetFamilyName(const QString& name) { options.familyName = name; }
-void SetUploadText(const QString& text) { source.text = text; }
-void SetCurrentFile(const QString& path) { source.currentFile = path; }
-void SetPasteSource(bool pasted) { source.pasteSource = pasted; }
+void SetOverrideFileSettings(bool on) {
+    settings.overrideFileSettings = on ? 1 : 0;
+}
+void SetPicoPort(const QString& name) {
+    settings.picoPort = name;
+}
+void SetWarnFlashCopy(bool on) {
+    settings.warnFlashCopy = on ? 1 : 0;
+}
+void SetFamilyName(const QString& name) {
+    options.familyName = name;
+}
+void SetUploadText(const QString& text) {
+    source.text = text;
+}
+void SetCurrentFile(const QString& path) {
+    source.currentFile = path;
+}
+void SetPasteSource(bool pasted) {
+    source.pasteSource = pasted;
+}

@@ -5,7 +5,7 @@
 
 struct UploadOptions {
     QString familyName;
-    QString autosaveStart = "AUTOSAVE";  // command that opens receive mode
+    QString autosaveStart = "AUTOSAVE";        // command that opens receive mode
     QString autosaveEnd = QString(QChar(26));  // the bytes that close it
     bool noRun = false;
     bool noNew = false;
@@ -16,7 +16,7 @@ struct UploadOptions {
 
 struct UploadSettings {
     int overrideFileSettings = 0;
-    int autosaveEndDelay = 1500;  // milliseconds
+    int autosaveEndDelay = 1500;   // milliseconds
     QString picoPort = "not set";  // written for picomite boards; nothing opens it
     QString textTypes = "bas txt inc";
     int useXmodemForDrop = 1;
@@ -24,8 +24,8 @@ struct UploadSettings {
 };
 
 struct UploadSource {
-    QString text;            // what UploadProgram works on; one character a byte of the file
-    QString currentFile;     // path of the file being loaded; empty for pasted text
+    QString text;              // what UploadProgram works on; one character a byte of the file
+    QString currentFile;       // path of the file being loaded; empty for pasted text
     bool pasteSource = false;  // from the clipboard or a drop, not from a file
 };
 

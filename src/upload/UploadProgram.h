@@ -1,5 +1,7 @@
-// Typing a BASIC program into a device. Everything here blocks its handler until it is
-// done. Interface thread.
+// Typing a BASIC program into a device: it is put into its receive mode by a command,
+// gets the source line by line, each line behind the echo of the one before, and is taken
+// out of the mode by a code. Everything here blocks its handler until it is done; what
+// the device says meanwhile goes to the waits of the upload alone. Interface thread.
 #pragma once
 
 #include <QString>

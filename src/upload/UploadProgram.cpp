@@ -1,0 +1,195 @@
+#include "upload/UploadProgram.h"
+
+#include "base/LineEnding.h"
+#include "base/Numbers.h"
+#include "base/Pacing.h"
+#include "base/TextRules.h"
+#include "link/Connection.h"
+#include "link/LinkPrimitives.h"
+#include "link/LinkSettings.h"
+#include "terminal/screen/NotBuilt.h"
+#include "terminal/screen/TerminalScreen.h"
+#include "ui/Gadgets.h"
+#include "upload/DeviceSpec.h"
+#include "upload/PinDialogue.h"
+#include "upload/ProgressLabel.h"
+#include "upload/SourcePreparation.h"
+#include "upload/SpecText.h"
+#include "upload/UploadBody.h"
+#include "upload/UploadMethod.h"
+#include "upload/UploadOptions.h"
+
+namespace {
+
+// Waits, in line delays.
+constexpr int kBreakDelays = 3;
+constexpr int kAbortDelays = 10;
+constexpr int kCloseDelays = 10;
+constexpr int kRunDelays = 20;
+
+const QString kEncodedMagic = "KWHEX";
+const QString kEncodeDirective = "'encode";
+
+// Nothing in the program sets it; who wants to stop an upload has it here.
+bool abortUpload = false;
+
+QString SendForDelays(const QString& text, int delays) {
+    return SendAndWait(text, int64_t{linkSettings.lineDelay} * delays);
+}
+
+// Sends a command, prints what came back, and tells whether anything did.
+bool SendCommand(const QString& command, int64_t wait) {
+    const QString reply = SendAndWait(command + lineEnding.bytes, wait);
+    TerminalPrintLine(reply);
+    return reply != kTimeout;
+}
+
+void PrepareSource() {
+    SetUploadText(StripMarkerLines(NormaliseLineEndings(uploadSource.text)));
+}
+
+bool SourceIsEncoded() {
+    return !uploadSource.pasteSource && uploadSource.text.startsWith(kEncodedMagic);
+}
+
+bool SourceAsksForEncoding() {
+    return TrimBlanks(FirstLineOf(uploadSource.text)).toLower().startsWith(kEncodeDirective);
+}
+
+// An encoded source on its way in or out never reaches the device.
+void RefuseEncoding(const QString& what) {
+    TellNotBuilt(what);
+    HideProgressLabel();
+    FocusGadget(kTerminalCanvas);
+}
+
+void ResetOptions() {
+    UploadOptions& options = EditUploadOptions();
+    options.noRun = false;
+    options.setTime = false;
+    options.setRtc = false;
+    options.noNew = false;
+    SetDefaultMethod();
+}
+
+QString DirectiveLine() {
+    QString line = FirstLineOf(uploadSource.text);
+    line.replace('\t', ' ');
+    return MergeBlankPairs(TrimBlanks(line).toLower());
+}
+
+// What the field returns is dropped, so a crunch word there crunches nothing: only a line
+// of the source itself can crunch the source.
+void ApplySpecField() {
+    const QString field = GadgetText(kSpecEntry);
+    TerminalPrintLine("Uploading using:  " + field);
+    ApplyDeviceSpec(field + '\n');
+}
+
+// The older form is obeyed even when the field overrides the lines of files.
+void ChooseOptions() {
+    const QString line = DirectiveLine();
+    const bool onload = line.startsWith("'onload") || line.startsWith("' onload");
+    const bool target = line.contains("'target") || line.contains("' target");
+    if (onload) {
+        SetUploadText(ApplyOnloadLine(uploadSource.text));
+    } else if (target && uploadSettings.overrideFileSettings == 0) {
+        SetUploadText(ApplyDeviceSpec(uploadSource.text));
+    } else {
+        ApplySpecField();
+    }
+}
+
+// Stops what the device does and passes its PIN, if it asks for one.
+bool BreakOut() {
+    const QString reply = SendForDelays(kBreakCode, kBreakDelays);
+    return reply != kTimeout && PassPinDialogue(reply);
+}
+
+bool ClearProgram() {
+    return uploadOptions.noNew || SendCommand("NEW", kWaitForPrompt);
+}
+
+bool SetDeviceClock() {
+    if (!uploadOptions.setTime) return true;
+    TerminalPrintLine("Setting clock");
+    const QString mask = "date$ = \"%dd/%mm/%yyyy\": time$ = \"%hh:%ii:%ss\"";
+    return SendCommand(FormatDate(mask, WallClock()), kWaitForPrompt);
+}
+
+bool SetDeviceRtc() {
+    if (!uploadOptions.setRtc) return true;
+    TerminalPrintLine("Setting RTC");
+    const QString mask = "RTC SETTIME %yyyy, %mm, %dd, %hh, %ii, %ss";
+    return SendCommand(FormatDate(mask, WallClock()), kWaitForPrompt);
+}
+
+bool OpenReceiveMode() {
+    return SendCommand(uploadOptions.autosaveStart, kWaitForLine);
+}
+
+bool PassAbortRequest() {
+    if (!abortUpload) return true;
+    SendForDelays(kBreakCode, kAbortDelays);
+    TerminalPrintLine("Program upload aborted");
+    return false;
+}
+
+// An empty end code sends nothing, but its wait stands.
+void CloseReceiveMode() {
+    const QString reply = SendForDelays(uploadOptions.autosaveEnd, kCloseDelays);
+    if (uploadOptions.autosaveEnd.isEmpty()) return;
+    TerminalPrintLine("Upload completed");
+    TerminalPrintLine(reply);
+}
+
+void RunProgram() {
+    if (uploadOptions.noRun) return;
+    SleepMs(uploadSettings.autosaveEndDelay);
+    SendCommand("RUN", int64_t{linkSettings.lineDelay} * kRunDelays);
+}
+
+// The dialogue with the device, up to the first step that fails. A failure in the body
+// leaves receive mode open.
+void TypeProgram() {
+    const bool typed = BreakOut() && ClearProgram() && SetDeviceClock() && SetDeviceRtc() &&
+                       OpenReceiveMode() && SendSourceLines(uploadSource.text) &&
+                       PassAbortRequest();
+    if (!typed) return;
+    CloseReceiveMode();
+    RunProgram();
+}
+
+void LeaveUpload() {
+    HideProgressLabel();
+    if (uploadOptions.disconnectAfter) {
+        DisconnectDevice();
+        TerminalPrintLine("Disconnected.");
+    }
+    FocusGadget(kTerminalCanvas);
+}
+
+}  // namespace
+
+void UploadProgram() {
+    if (uploadSource.text.isEmpty()) {
+        TerminalPrintLine("Nothing to load.");
+        return;
+    }
+    ShowProgressLabel();
+    if (SourceIsEncoded()) return RefuseEncoding("Uploading an encoded source");
+    PrepareSource();
+    if (SourceAsksForEncoding()) return RefuseEncoding("Writing an encoded source");
+    ResetOptions();
+    ChooseOptions();
+    TerminalPrintLine("Upload started");
+    if (ConnectDevice() != 0) TypeProgram();
+    LeaveUpload();
+}
+
+void UploadPastedText(const QString& text) {
+    SetPasteSource(true);
+    SetCurrentFile(QString());
+    SetUploadText(text);
+    UploadProgram();
+}
