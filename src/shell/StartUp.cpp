@@ -45,10 +45,10 @@ constexpr int64_t kBuildStamp = KWCC_BUILD_STAMP;
 constexpr int64_t kBuildStamp = 1660286857;
 #endif
 constexpr int kKeyAltC = 0x08000043;
-constexpr int kBlinkPeriod = 400;         // milliseconds
-constexpr int kDeferredLoadDelay = 300;   // milliseconds
-constexpr int kPauseBeforeClosing = 50;   // milliseconds
-constexpr int kFirstInstancePort = 0;     // see SecondInstance
+constexpr int kBlinkPeriod = 400;        // milliseconds
+constexpr int kDeferredLoadDelay = 300;  // milliseconds
+constexpr int kPauseBeforeClosing = 50;  // milliseconds
+constexpr int kFirstInstancePort = 0;    // see SecondInstance
 constexpr int kWaitForever = -1;
 
 // All arguments, joined by one blank each. There are no option letters.
@@ -86,39 +86,14 @@ void StartTimers() {
     AddWindowTimer(kMainWindow, kDeferredLoadTimer, kDeferredLoadDelay);
 }
 
-void ShowMode() { SetGadgetText(kModeText, TerminalModeName(terminalMode)); }
+void ShowMode() {
+    SetGadgetText(kModeText, TerminalModeName(terminalMode));
+}
 
 void PrintTitle() {
     TerminalFeed("\x1b[0m");
     TerminalPrintLine("Kewlink Console");
     TerminalPrintLine("Build date: " + FormatDate("%yyyy/%mm/%dd", kBuildStamp));
-}
-
-// The window with all that stands in it. The order is part of the program: each step uses
-// what the ones before it set.
-void BuildWindow() {
-    OpenMainWindow();
-    CreateMainMenu();
-    CreateToolbarRows();
-    CreateTerminal();
-    CreateScrollBar();
-    CreateEditPopup();
-    EnableDrops();
-    DressGadgets();
-    FillPresetAndMacroButtons();
-    ShowStoredLink();
-    BindHandlers();
-    StartTimers();
-    SetStartTicks();
-    SetSchemeColours();
-    TerminalRepaint();
-    LayoutMainWindow();
-    FillPortList();
-    ShowMode();
-    ShowStoredDevice();
-    BuildDeviceSpec();
-    ApplyNamedPreset();
-    PrintTitle();
 }
 
 // One event at a time. A turn without an event does nothing, so the wait has no limit:
@@ -145,6 +120,32 @@ void ShutDown() {
 }
 
 }  // namespace
+
+// The order is part of the program: each step uses what the ones before it set.
+void BuildWindow() {
+    OpenMainWindow();
+    CreateMainMenu();
+    CreateToolbarRows();
+    CreateTerminal();
+    CreateScrollBar();
+    CreateEditPopup();
+    EnableDrops();
+    DressGadgets();
+    FillPresetAndMacroButtons();
+    ShowStoredLink();
+    BindHandlers();
+    StartTimers();
+    SetStartTicks();
+    SetSchemeColours();
+    TerminalRepaint();
+    LayoutMainWindow();
+    FillPortList();
+    ShowMode();
+    ShowStoredDevice();
+    BuildDeviceSpec();
+    ApplyNamedPreset();
+    PrintTitle();
+}
 
 int RunProgram(int argc, char** argv) {
     // The toolkit sees no argument but the program's name: it would take some for itself.

@@ -4,3 +4,7 @@
 
 // The whole program. Its exit status, 0.
 int RunProgram(int argc, char** argv);
+
+// The window with all that stands in it, as start-up builds it once the settings are read
+// and the link's buffers allocated.
+void BuildWindow();

@@ -1,0 +1,170 @@
+"""Sessions with the real console window: real display, keys, mouse, processes, pty, sockets."""
+import os
+import re
+import shutil
+import socket
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+sys.path.insert(0, os.path.join(ROOT, "tools"))
+
+from desktop import CONTENT_TOP, Console, Desktop, wait_for  # noqa: E402
+
+CONNECT = (652, 66)       # middle of the button, client area coordinates
+COMMAND_BAR = (100, 116)
+SEND_CR = (560, 116)
+EXAMPLES = [("hello.bas", "Upload completed"), ("colours.bas", "Upload completed"),
+            ("sieve.bas", "Upload completed")]
+
+
+def free_port():
+    with socket.socket() as s:
+        s.bind(("127.0.0.1", 0))
+        return s.getsockname()[1]
+
+
+class Session(unittest.TestCase):
+    """A desktop and a folder with a copy of the program, for one test."""
+
+    def setUp(self):
+        self.folder = tempfile.mkdtemp(prefix="kwcc e2e ")  # with a blank in its path
+        os.mkdir(os.path.join(self.folder, "data"))
+        self.program = shutil.copy(os.environ["KWCC"], self.folder)
+        self.settings = os.path.join(self.folder, "data", "KWCC.inf")
+        self.desktop = Desktop().__enter__()
+        self.addCleanup(shutil.rmtree, self.folder)
+        self.addCleanup(self.desktop.__exit__)
+
+    def write_settings(self, device, rest=""):
+        with open(self.settings, "w", encoding="ascii") as f:
+            f.write("[Windows]\nMainX = 30\nMainY = 20\nMainW = 870\nMainH = 1000\n[Device]\n" +
+                    device + "Line ending = CR\n" + rest)
+
+    def start_board(self, *arguments):
+        return self.desktop.start([os.environ["BOARDSIM"], *arguments], stdout=subprocess.PIPE,
+                                  text=True)
+
+    def saved(self, key):
+        with open(self.settings, encoding="utf-8") as f:
+            found = re.search(rf"^{re.escape(key)} = (.*)$", f.read(), re.M)
+        return found.group(1) if found else None
+
+
+class TcpSession(Session):
+    def test_talk_upload_resize_scroll_quit(self):
+        port = free_port()
+        self.start_board("--board", "picomite", "--port", str(port))
+        self.write_settings(f"Comport = TCPIP\nTCPIP address = localhost\nTCPIP port = {port}\n",
+                            "[myDeviceList]\nDevice = Sim|'target s\\picomite le\\cr\n"
+                            "[Macros]\nMacro0 = Six|PRINT 2*3; \"six\"\\013\n")
+        console = Console(self.desktop, self.program)
+        console.click(*CONNECT)
+        console.wait_text("Connected to localhost port")
+        console.click(300, CONTENT_TOP + 200)
+        console.type("PRINT 6*7\n")
+        self.assertRegex(console.wait_text("42"), r"PRINT 6\*7\s+42")
+        console.click(*COMMAND_BAR)
+        console.type("PRINT 1000+234\n")
+        console.wait_text("1234")
+        console.click(35, 91)  # the first macro button
+        console.wait_text("6six")
+
+        for name, ending in EXAMPLES:
+            console.click(735, 91)  # Cls
+            with open(os.path.join(ROOT, "examples", name), "rb") as f:
+                subprocess.run(["xclip", "-selection", "clipboard"], env=self.desktop.env,
+                               input=f.read(), stdout=subprocess.DEVNULL, check=True)
+            console.popup(1)  # AUTOSAVE code
+            text = console.wait_text(ending, 60)
+            self.assertIn("Saved", text, name)
+            self.assertNotIn("Error", text, name)
+
+        self.resize(console)
+        self.scroll_back(console)
+        self.assertEqual(console.close(), 0)
+        self.assertEqual(self.saved("Characters per line"), "90")
+        self.assertEqual(self.saved("Number of rows"), "24")
+        self.assertEqual(self.saved("Cmd0"), "PRINT 1000+234")
+        self.assertEqual(self.saved("Line ending"), "CR")
+
+    def resize(self, console):
+        before = console.geometry()
+        self.desktop.run("xdotool", "mousemove", "--window", console.window, "20", "10", "click", "1")
+        time.sleep(0.3)
+        console.key("Down", "Return")
+        wait_for("size dialog", lambda: self.desktop.output(
+            ["xdotool", "search", "--onlyvisible", "--name", "^New size$"]))
+        time.sleep(0.3)
+        console.key("ctrl+a")
+        console.type("90 X 24\n")
+        wait_for("smaller window", lambda: console.geometry()["HEIGHT"] < before["HEIGHT"] - 200)
+
+    def scroll_back(self, console):
+        console.click(300, CONTENT_TOP + 100)
+        console.type('FOR i=1 TO 60:PRINT "line";i:NEXT\n')
+        console.wait_text("line 60")
+        console.point(300, CONTENT_TOP + 100)
+        self.desktop.run("xdotool", "click", "--repeat", "20", "--delay", "20", "4")
+        console.popup(5)  # Copy Visible
+        time.sleep(0.3)
+        shown = self.desktop.output(["xclip", "-selection", "clipboard", "-o"])
+        self.assertIn("line 20", shown)
+        self.assertNotIn("line 60", shown)
+
+
+class SerialSession(Session):
+    def test_connect_upload_from_the_command_line_and_disconnect(self):
+        board = self.start_board("--board", "micromite+", "--pty")
+        name = re.search(r"/dev/(pts/\d+)", board.stdout.readline()).group(1)
+        self.write_settings(f"Comport = {name}\nSerialSpeed = 115200\n",
+                            "[myDeviceList]\nDevice = Sim|'target s\\micromite\n")
+        console = Console(self.desktop, self.program, [os.path.join(ROOT, "examples", "hello.bas")])
+        text = console.wait_text("Upload completed", 60)
+        self.assertIn(f"Connected to {name} at 115200", text)
+        self.assertLess(text.index("started"), text.index("Upload started"))
+        console.click(*CONNECT)  # the same place is Disconnect now
+        console.wait_text("Disconnected")
+        self.assertEqual(console.close(), 0)
+        self.assertEqual(self.saved("Comport"), name)
+
+
+class SecondInstance(Session):
+    def test_a_second_start_opens_no_window_and_ends(self):
+        self.write_settings("Comport = not set\n")
+        console = Console(self.desktop, self.program)
+        second = subprocess.run([self.program, "x.bas"], env=self.desktop.env, timeout=30, check=False)
+        self.assertEqual(second.returncode, 0)
+        windows = self.desktop.output(["xdotool", "search", "--onlyvisible", "--name",
+                                       "^Kewlink Console$"]).split()
+        self.assertEqual(windows, [console.window])
+        console.click(*CONNECT)
+        text = console.wait_text("Check port then try again")
+        self.assertIn("not set failed!", text)
+        self.assertEqual(console.close(), 0)
+
+
+class FaultySettings(Session):
+    def run_once(self):
+        console = Console(self.desktop, self.program)
+        console.wait_text("started")
+        self.assertEqual(console.close(), 0)
+
+    def test_the_program_opens_and_ends_whatever_the_settings_are(self):
+        with open(self.settings, "wb") as f:
+            f.write(bytes(range(256)) * 64)
+        self.run_once()
+        self.assertEqual(self.saved("MainW") is not None, True)
+        os.remove(self.settings)
+        os.mkdir(self.settings)
+        self.run_once()
+        shutil.rmtree(os.path.join(self.folder, "data"))
+        self.run_once()
+        self.assertFalse(os.path.exists(os.path.join(self.folder, "data")))
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,222 @@
+// The main window as start-up builds it, and the routes of its events, with a socket pair
+// as the link.
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <string>
+
+#include "base/Numbers.h"
+#include "link/Connection.h"
+#include "link/LinkPrimitives.h"
+#include "link/LinkSettings.h"
+#include "link/SerialPort.h"
+#include "shell/Dispatch.h"
+#include "shell/Poll.h"
+#include "shell/Presets.h"
+#include "shell/ShellSettings.h"
+#include "shell/StartUp.h"
+#include "terminal/screen/TerminalMode.h"
+#include "terminal/screen/TerminalScreen.h"
+#include "terminal/screen/TerminalSettings.h"
+#include "terminal/screen/TerminalSizing.h"
+#include "terminal/screen/TerminalText.h"
+#include "tests/support/VirtualClock.h"
+#include "ui/Gadgets.h"
+#include "ui/MenuItem.h"
+#include "ui/Windows.h"
+#include "upload/UploadOptions.h"
+
+namespace {
+
+class DispatchTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        AllocateLinkBuffers();
+        int ends[2];
+        ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0, ends), 0);
+        AdoptSerialLink(ends[0]);
+        device = ends[1];
+    }
+    void TearDown() override { close(device); }
+
+    std::string Sent() {
+        char bytes[4096];
+        const ssize_t count = read(device, bytes, sizeof bytes);
+        return count > 0 ? std::string(bytes, static_cast<size_t>(count)) : std::string();
+    }
+    void Receive(const std::string& bytes) {
+        ASSERT_EQ(write(device, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+        PollLink();
+    }
+    static QString Row(int row) {
+        return GetTerminalText(kTextVisible).split("\r\n").value(row - 1).trimmed();
+    }
+
+    VirtualClock clock;
+    int device = -1;
+};
+
+}  // namespace
+
+TEST_F(DispatchTest, StartUpShowsTheStoredLinkAndFallsBackToTheFirstPreset) {
+    LinkSettingsForTable().comPort = "TCPIP";
+    LinkSettingsForTable().tcpAddress = "board.local";
+    LinkSettingsForTable().deviceOnTcpip = 0;  // the port's name decides, not this
+    ShellSettingsForTable().lastUsedPreset = 7;
+    AddPreset({"first", "'target s\\maximite"});
+    AddPreset({"second", "'target s\\cmm2"});
+    BuildWindow();
+    EXPECT_TRUE(linkStatus.deviceOnTcpip);
+    EXPECT_FALSE(GadgetHidden(kAddressEntry));
+    EXPECT_TRUE(GadgetHidden(kSpeedCombo));
+    EXPECT_EQ(GadgetText(kAddressEntry), "board.local:3001");
+    EXPECT_EQ(GadgetText(kPortCombo), "TCPIP");
+    EXPECT_EQ(uploadOptions.familyName, "maximite");
+    EXPECT_EQ(GadgetText(kFirstPresetButton + 1), "second");
+    EXPECT_FALSE(GadgetDisabled(kFirstPresetButton + 1));
+    EXPECT_TRUE(GadgetDisabled(kFirstPresetButton + 2));
+    EXPECT_EQ(GadgetText(kFirstPresetButton + 2), "Device");
+    EXPECT_EQ(GadgetTooltip(kConnectButton), "Connnect to device");
+    EXPECT_TRUE(GadgetHidden(kDisconnectButton));
+    EXPECT_FALSE(MenuItemTick(kItemWordWrap));
+    EXPECT_TRUE(MenuItemTick(kItemLineEndingCrLf));
+    EXPECT_EQ(Row(1), "Kewlink Console");
+    EXPECT_TRUE(Row(2).startsWith("Build date: 20"));
+    EXPECT_EQ(FocusedGadget(), kTerminalCanvas);
+}
+
+TEST_F(DispatchTest, PickingAPortStoresItInCapitals) {
+    BuildWindow();
+    EXPECT_EQ(GadgetItemCount(kPortCombo), 9);
+    EXPECT_EQ(GadgetItemText(kPortCombo, 4), "ttyACM0");
+    SetGadgetText(kPortCombo, "ttyUSB1");
+    DispatchGadget(kPortCombo, kTypeValueChanged);
+    EXPECT_EQ(linkSettings.comPort, "TTYUSB1");
+    EXPECT_TRUE(GadgetHidden(kAddressEntry));
+    SetGadgetText(kPortCombo, "TCPIP");
+    DispatchGadget(kPortCombo, kTypeValueChanged);
+    EXPECT_TRUE(linkStatus.deviceOnTcpip);
+    EXPECT_TRUE(GadgetHidden(kSpeedCombo));
+}
+
+TEST_F(DispatchTest, AnOptionIsAppendedOnceWithItsBackslash) {
+    BuildWindow();
+    SetGadgetText(kSpecEntry, "'target s\\picomite");
+    for (int i = 0; i < 2; ++i) {
+        SetGadgetText(kOptionsCombo, "norun");
+        DispatchGadget(kOptionsCombo, kTypeValueChanged);
+    }
+    EXPECT_EQ(GadgetText(kSpecEntry), "'target s\\picomite norun\\");
+    EXPECT_TRUE(uploadOptions.noRun);
+}
+
+TEST_F(DispatchTest, ButtonsAndMenusSendTheirBytes) {
+    BuildWindow();
+    const struct {
+        int gadget;
+        const char* bytes;
+    } buttons[] = {{kEscButton, "\x1b"},    {kCtrlCButton, "\x03"}, {kCtrlZButton, "\x0f"},
+                   {kRunButton, "RUN\r\n"}, {117, "\x1b[11~"},      {121, "\x1b[15~"},
+                   {122, "\x1b[17~"},       {126, "\x1b[21~"},      {128, "\x1b[24~"}};
+    for (const auto& row : buttons) {
+        DispatchGadget(row.gadget, kTypeLeftClick);
+        EXPECT_EQ(Sent(), row.bytes) << row.gadget;
+    }
+    const struct {
+        int item;
+        const char* bytes;
+    } items[] = {{kItemSetTime, "Date$ = \"04/03/2026\"\r\nTime$ = \"05:06:0"},
+                 {kItemSetRtc, "RTC SETTIME 26,03,04,05,06,0"},
+                 {kItemListAll, "LIST ALL\r\n"},
+                 {kItemOptionList, "OPTION LIST\r\n"},
+                 {kItemFiles, "FILES\r\n"},
+                 {kItemNew, "NEW\r\n"},
+                 {kItemRun, "RUN\r\n"},
+                 {kShortcutLineEnding, "\r\n"},
+                 {kShortcutF10, "\x1b[21~"},
+                 {kShortcutShiftF10, "\x1b[34~"},
+                 {kShortcutCtrlZ, "\x1a"}};
+    for (const auto& row : items) {
+        DispatchMenu(row.item);
+        EXPECT_EQ(Sent().substr(0, std::string(row.bytes).size()), row.bytes) << row.item;
+    }
+    DispatchMenu(kItemLineEndingLf);
+    EXPECT_TRUE(MenuItemTick(kItemLineEndingLf) && !MenuItemTick(kItemLineEndingCrLf));
+    DispatchMenu(kItemRun);
+    EXPECT_EQ(Sent(), "RUN\n");
+}
+
+TEST_F(DispatchTest, ViewItemsHideRowsAndCloseTheGaps) {
+    BuildWindow();
+    const int top = mainWindowPlace.contentTop;
+    EXPECT_EQ(top, 155);
+    DispatchMenu(kFirstViewItem + 1);
+    DispatchMenu(kFirstViewItem + 4);
+    EXPECT_EQ(mainWindowPlace.linesToShow, "101101");
+    EXPECT_EQ(mainWindowPlace.contentTop, top - 50);
+    EXPECT_TRUE(GadgetHidden(kFirstToolbarRow + 1));
+    EXPECT_EQ(GadgetY(kFirstToolbarRow + 2), 30);
+    EXPECT_EQ(GadgetY(kTerminalScrollBar), top - 50);
+    EXPECT_FALSE(MenuItemTick(kFirstViewItem + 4));
+}
+
+TEST_F(DispatchTest, ThePollRoutesByModeAndStandsAside) {
+    BuildWindow();
+    ClearTerminal(kTerminalCanvas);
+    Receive("hello\r\n");
+    EXPECT_EQ(Row(1), "hello");
+    SetQuietTerminal(true);
+    Receive("thrown away\r\n");
+    SetQuietTerminal(false);
+    SetPollingSuspended(true);
+    Receive("waits\r\n");
+    EXPECT_EQ(Row(2), "");
+    SetPollingSuspended(false);
+    SetQueueBusy(true);
+    PollLink();
+    EXPECT_EQ(Row(2), "");
+    SetQueueBusy(false);
+    PollLink();
+    EXPECT_EQ(Row(2), "waits");
+    DispatchMenu(kFirstModeItem + kModeHelper);
+    EXPECT_EQ(GadgetText(kModeText), "External VT helper");
+    EXPECT_TRUE(MenuItemTick(kFirstModeItem + 1) && !MenuItemTick(kFirstModeItem));
+    Receive("vanishes");
+    DispatchMenu(kFirstModeItem);
+    EXPECT_EQ(Row(3), "");
+}
+
+TEST_F(DispatchTest, OneTickReadsAtMostOneBuffer) {
+    LinkSettingsForTable().commsBufferSize = kSmallestCommsBuffer;
+    FreeLinkBuffers();
+    AllocateLinkBuffers();
+    BuildWindow();
+    ClearTerminal(kTerminalCanvas);
+    Receive(std::string(kSmallestCommsBuffer, '\n') + "rest");
+    EXPECT_FALSE(GetTerminalText(kTextVisible).contains("rest"));
+    PollLink();
+    EXPECT_TRUE(GetTerminalText(kTextVisible).contains("rest"));
+}
+
+TEST_F(DispatchTest, TheReplyGoesOutAfterTheBlockAndOnlyTheLast) {
+    BuildWindow();
+    Receive("\x1b[2;3H\x1b[6n\x1b[7;5H\x1b[6n");
+    DispatchEvent(kEventTerminalReply, kMainWindow);
+    DispatchEvent(kEventTerminalReply, kMainWindow);
+    EXPECT_EQ(Sent(), "\x1b[7;5R");
+}
+
+TEST_F(DispatchTest, SwitchingTheSchemeClearsAndCloseEndsTheLoop) {
+    BuildWindow();
+    DispatchMenu(kItemDarkBackground);
+    EXPECT_FALSE(terminalScreen.darkBackground);
+    EXPECT_EQ(terminalScreen.curBg, 0xFFFFFFu);
+    EXPECT_EQ(Row(1), "");
+    EXPECT_FALSE(MenuItemTick(kItemDarkBackground));
+    DispatchEvent(kEventCloseWindow, kHelpWindow);
+    EXPECT_FALSE(exitRequested);
+    DispatchEvent(kEventCloseWindow, kMainWindow);
+    EXPECT_TRUE(exitRequested);
+    EXPECT_TRUE(WindowIsOpen(kMainWindow));
+}
