@@ -35,4 +35,6 @@ void ResolveAppPaths() {
     paths.dataFolder = paths.programFolder + "data" + paths.pathSeparator;
 }
 
-QString SettingsPath() { return paths.dataFolder + paths.settingsFileName; }
+QString SettingsPath() {
+    return paths.dataFolder + paths.settingsFileName;
+}

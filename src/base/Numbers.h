@@ -17,9 +17,9 @@ constexpr int kWindowClose = 4;
 constexpr int kWindowMaximize = 16;
 constexpr int kWindowMinimize = 32;
 constexpr int kWindowCentredOnParent = 256;
-constexpr int kStandardWindowFlags = kWindowSizable + kWindowClose + kWindowMaximize +
-                                     kWindowMinimize;                                       // 54
-constexpr int kHelpWindowFlags = kWindowSizable + kWindowMaximize + kWindowMinimize;        // 50
+constexpr int kStandardWindowFlags =
+    kWindowSizable + kWindowClose + kWindowMaximize + kWindowMinimize;                // 54
+constexpr int kHelpWindowFlags = kWindowSizable + kWindowMaximize + kWindowMinimize;  // 50
 
 // Gadgets of the main window.
 constexpr int kTerminalCanvas = 24;
@@ -47,7 +47,7 @@ constexpr int kClearCommandButton = 56;
 constexpr int kConnectButton = 62;
 constexpr int kDisconnectButton = 63;
 constexpr int kSaveMacroButton = 74;
-constexpr int kFirstMacroButton = 75;   // to 84
+constexpr int kFirstMacroButton = 75;  // to 84
 constexpr int kLastMacroButton = 84;
 constexpr int kFirstPresetButton = 92;  // to 103; the routes reach 107
 constexpr int kLastPresetButton = 103;

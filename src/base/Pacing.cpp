@@ -35,11 +35,17 @@ void SleepMs(int64_t ms) {
     currentClock->Sleep(ms);
 }
 
-int64_t NowMs() { return currentClock->Now(); }
+int64_t NowMs() {
+    return currentClock->Now();
+}
 
-int64_t WallClock() { return currentClock->LocalSeconds(); }
+int64_t WallClock() {
+    return currentClock->LocalSeconds();
+}
 
-void InstallClock(Clock* clock) { currentClock = clock ? clock : &kernelClock; }
+void InstallClock(Clock* clock) {
+    currentClock = clock ? clock : &kernelClock;
+}
 
 void SetBeforeSleep(void (*procedure)()) {
     beforeSleepThread = std::this_thread::get_id();

@@ -14,7 +14,9 @@ int64_t TextToInteger(const QString& text) {
     return strtoll(digits.constData(), nullptr, hexadecimal ? 16 : 10);
 }
 
-int32_t TextToInteger32(const QString& text) { return static_cast<int32_t>(TextToInteger(text)); }
+int32_t TextToInteger32(const QString& text) {
+    return static_cast<int32_t>(TextToInteger(text));
+}
 
 QString FieldOf(const QString& text, int index, QChar separator) {
     if (index < 1) return QString();
@@ -49,9 +51,13 @@ QString TrimBlanksAndTabs(const QString& text) {
     return TrimWhere(text, [](QChar c) { return c == ' ' || c == '\t'; });
 }
 
-QString NamePart(const QString& path) { return path.mid(path.lastIndexOf('/') + 1); }
+QString NamePart(const QString& path) {
+    return path.mid(path.lastIndexOf('/') + 1);
+}
 
-QString FolderPart(const QString& path) { return path.left(path.lastIndexOf('/') + 1); }
+QString FolderPart(const QString& path) {
+    return path.left(path.lastIndexOf('/') + 1);
+}
 
 QString ExtensionPart(const QString& path) {
     const QString name = NamePart(path);
@@ -63,7 +69,9 @@ QString ReplaceAnyCase(QString text, const QString& before, const QString& after
     return text.replace(before, after, Qt::CaseInsensitive);
 }
 
-QString ByteText(int value) { return QString(QChar(static_cast<ushort>(value))); }
+QString ByteText(int value) {
+    return QString(QChar(static_cast<ushort>(value)));
+}
 
 QString FormatDate(const QString& mask, int64_t seconds) {
     const time_t moment = static_cast<time_t>(seconds);
@@ -77,9 +85,9 @@ QString FormatDate(const QString& mask, int64_t seconds) {
         const char* token;
         QString value;
     } tokens[] = {
-        {"%yyyy", padded(year, 4)},         {"%yy", padded(year % 100, 2)},
+        {"%yyyy", padded(year, 4)},           {"%yy", padded(year % 100, 2)},
         {"%mm", padded(civil.tm_mon + 1, 2)}, {"%dd", padded(civil.tm_mday, 2)},
-        {"%hh", padded(civil.tm_hour, 2)},  {"%ii", padded(civil.tm_min, 2)},
+        {"%hh", padded(civil.tm_hour, 2)},    {"%ii", padded(civil.tm_min, 2)},
         {"%ss", padded(civil.tm_sec, 2)},
     };
     QString text = mask;

@@ -22,15 +22,25 @@ void RightButtonUp() {
     if (FocusedGadget() == kTerminalCanvas) ShowPopupMenu(kPopupMenu, kMainWindow);
 }
 
-void GadgetEvent() { DispatchGadget(EventObject(), EventType()); }
+void GadgetEvent() {
+    DispatchGadget(EventObject(), EventType());
+}
 
-void MenuEvent() { DispatchMenu(EventObject()); }
+void MenuEvent() {
+    DispatchMenu(EventObject());
+}
 
-void TimerEvent() { DispatchTimer(EventObject()); }
+void TimerEvent() {
+    DispatchTimer(EventObject());
+}
 
-void SendNext() { BatchSend(kQueueNext); }
+void SendNext() {
+    BatchSend(kQueueNext);
+}
 
-void ReceiveNext() { BatchReceive(kQueueNext); }
+void ReceiveNext() {
+    BatchReceive(kQueueNext);
+}
 
 // Nothing in the program posts this; the route is kept for who does.
 void LoadRequest() {
@@ -38,16 +48,26 @@ void LoadRequest() {
     SendFile(uploadSource.currentFile, false);
 }
 
-void ServerMessage() { HandleServerMessage(EventType()); }
+void ServerMessage() {
+    HandleServerMessage(EventType());
+}
 
-void ServerChunk() { HandleServerChunk(EventType()); }
+void ServerChunk() {
+    HandleServerChunk(EventType());
+}
 
-void SendReply() { SendText(TakeReplyText()); }
+void SendReply() {
+    SendText(TakeReplyText());
+}
 
 // Input of a canvas that comes by its own number is read and dropped.
-void CanvasInput() { EventAttribute(kTerminalCanvas, kAttributeInput); }
+void CanvasInput() {
+    EventAttribute(kTerminalCanvas, kAttributeInput);
+}
 
-void CloseWindow() { exitAsked = true; }
+void CloseWindow() {
+    exitAsked = true;
+}
 
 struct EventRow {
     int32_t event;
@@ -89,9 +109,13 @@ const bool& exitRequested = exitAsked;
 
 void DispatchEvent(int32_t event, int64_t window) {
     switch (window) {
-        case kMainWindow: return DispatchMainWindow(event);
-        case kHelpWindow: return DispatchHelpWindow(event, EventObject());
-        case kFileManagerWindow: return DispatchFileManagerWindow(event, EventObject());
-        default: return;  // the notice window takes no events of its own
+        case kMainWindow:
+            return DispatchMainWindow(event);
+        case kHelpWindow:
+            return DispatchHelpWindow(event, EventObject());
+        case kFileManagerWindow:
+            return DispatchFileManagerWindow(event, EventObject());
+        default:
+            return;  // the notice window takes no events of its own
     }
 }

@@ -31,14 +31,18 @@ constexpr int kKeyF10 = 0x01000039;
 constexpr int kKeyShiftF10 = 0x03000039;
 constexpr char kEscape[] = "\x1b";
 
-void OverrideClicked(int) { SetOverrideFileSettings(GadgetState(kOverrideCheck) != 0); }
+void OverrideClicked(int) {
+    SetOverrideFileSettings(GadgetState(kOverrideCheck) != 0);
+}
 
 void FamilyTextChanged(int) {
     SetFamilyName(GadgetText(kFamilyTextUnused));
     BuildDeviceSpec();
 }
 
-void UploadClicked(int) { UploadProgram(); }
+void UploadClicked(int) {
+    UploadProgram();
+}
 
 void TouchClicked(int) {
     SetPicoPort(GadgetText(kPortCombo));
@@ -57,7 +61,9 @@ void PortPicked(int) {
     BuildDeviceSpec();
 }
 
-void FamilyPicked(int) { BuildDeviceSpec(); }
+void FamilyPicked(int) {
+    BuildDeviceSpec();
+}
 
 void OptionPicked(int) {
     QString word = GadgetText(kOptionsCombo);
@@ -67,29 +73,43 @@ void OptionPicked(int) {
     BuildDeviceSpec();
 }
 
-void MouseClicked(int) { SetMouseMode(1 - mouseMode); }
+void MouseClicked(int) {
+    SetMouseMode(1 - mouseMode);
+}
 
-void SavePresetClicked(int) { SaveDevicePreset(); }
+void SavePresetClicked(int) {
+    SaveDevicePreset();
+}
 
 void ConnectClicked(int) {
     ConnectDevice();
     FocusGadget(kTerminalCanvas);
 }
 
-void DisconnectClicked(int) { DisconnectDevice(); }
+void DisconnectClicked(int) {
+    DisconnectDevice();
+}
 
-void SendClicked(int) { SubmitCommandBar(false); }
+void SendClicked(int) {
+    SubmitCommandBar(false);
+}
 
-void SendCrClicked(int) { SubmitCommandBar(true); }
+void SendCrClicked(int) {
+    SubmitCommandBar(true);
+}
 
 void ClearCommandClicked(int) {
     SetGadgetText(kCommandEntry, QString());
     FocusGadget(kCommandEntry);
 }
 
-void AddressFocused(int) { AddKeyboardShortcut(kMainWindow, kKeyReturn, kShortcutAddressReturn); }
+void AddressFocused(int) {
+    AddKeyboardShortcut(kMainWindow, kKeyReturn, kShortcutAddressReturn);
+}
 
-void AddressLeft(int) { RemoveKeyboardShortcut(kMainWindow, kKeyReturn); }
+void AddressLeft(int) {
+    RemoveKeyboardShortcut(kMainWindow, kKeyReturn);
+}
 
 void CommandFocused(int) {
     AddKeyboardShortcut(kMainWindow, kKeyReturn, kShortcutCommandReturn);
@@ -101,7 +121,9 @@ void CommandLeft(int) {
     for (int key : {kKeyReturn, kKeyUp, kKeyDown}) RemoveKeyboardShortcut(kMainWindow, key);
 }
 
-void SaveMacroClicked(int) { SaveMacro(); }
+void SaveMacroClicked(int) {
+    SaveMacro();
+}
 
 void EscClicked(int) {
     SendCommandLine(kEscape, false);
@@ -124,9 +146,13 @@ void RunClicked(int) {
     FocusGadget(kTerminalCanvas);
 }
 
-void PreviousClicked(int) { HistoryPrevious(); }
+void PreviousClicked(int) {
+    HistoryPrevious();
+}
 
-void NextClicked(int) { HistoryNext(); }
+void NextClicked(int) {
+    HistoryNext();
+}
 
 void Nothing(int) {}
 
@@ -142,9 +168,13 @@ void TerminalLeft(int) {
     PaintTerminalFrame(false);
 }
 
-void TerminalInput(int) { HandleTerminalInput(); }
+void TerminalInput(int) {
+    HandleTerminalInput();
+}
 
-void TerminalKey(int) { HandleTerminalKey(); }
+void TerminalKey(int) {
+    HandleTerminalKey();
+}
 
 void TerminalClicked(int) {
     if (mouseMode) SendMouseReport();

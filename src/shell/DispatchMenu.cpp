@@ -29,9 +29,13 @@ void ToggleAllowResize(int item) {
     SetMenuItemTick(item, terminalSettings.allowResize != 0);
 }
 
-void TerminalFont(int) { AskTerminalFont(); }
+void TerminalFont(int) {
+    AskTerminalFont();
+}
 
-void DarkBackground(int) { SwitchDarkBackground(); }
+void DarkBackground(int) {
+    SwitchDarkBackground();
+}
 
 void ToggleWordWrap(int item) {
     SetWordWrap(!terminalSettings.wordWrap);
@@ -43,19 +47,33 @@ void ChooseLineEnding(int item) {
     TickOneOf(kItemLineEndingCrLf, kItemLineEndingLf, item);
 }
 
-void AutosaveCode(int) { UploadPastedText(ClipboardText()); }
+void AutosaveCode(int) {
+    UploadPastedText(ClipboardText());
+}
 
-void PasteText(int) { PasteClipboard(0); }
+void PasteText(int) {
+    PasteClipboard(0);
+}
 
-void PasteSlowly(int) { PasteClipboard(linkSettings.lineDelay); }
+void PasteSlowly(int) {
+    PasteClipboard(linkSettings.lineDelay);
+}
 
-void CopyAll(int) { SetClipboardText(GetTerminalText(kTextAll)); }
+void CopyAll(int) {
+    SetClipboardText(GetTerminalText(kTextAll));
+}
 
-void CopyVisible(int) { SetClipboardText(GetTerminalText(kTextVisible)); }
+void CopyVisible(int) {
+    SetClipboardText(GetTerminalText(kTextVisible));
+}
 
-void SaveAll(int) { SaveTerminalText(kTextAll); }
+void SaveAll(int) {
+    SaveTerminalText(kTextAll);
+}
 
-void SaveVisible(int) { SaveTerminalText(kTextVisible); }
+void SaveVisible(int) {
+    SaveTerminalText(kTextVisible);
+}
 
 void ClearScreen(int) {
     ClearTerminal(kTerminalCanvas);
@@ -73,11 +91,17 @@ void EndCapture(int) {
     SaveTerminalText(kTextCapture);
 }
 
-void SendListing(int) { RequestListing(); }
+void SendListing(int) {
+    RequestListing();
+}
 
-void Help(int) { ShowHelpViewer(); }
+void Help(int) {
+    ShowHelpViewer();
+}
 
-void SendLineEnding(int) { SendText(lineEnding.bytes); }
+void SendLineEnding(int) {
+    SendText(lineEnding.bytes);
+}
 
 void AddressReturn(int) {
     QString address = linkSettings.tcpAddress;
@@ -85,23 +109,37 @@ void AddressReturn(int) {
     BuildDeviceSpec();
 }
 
-void CommandReturn(int) { SubmitCommandBar(true); }
+void CommandReturn(int) {
+    SubmitCommandBar(true);
+}
 
-void Previous(int) { HistoryPrevious(); }
+void Previous(int) {
+    HistoryPrevious();
+}
 
-void Next(int) { HistoryNext(); }
+void Next(int) {
+    HistoryNext();
+}
 
 void SendIfTerminalFocused(int byte) {
     if (FocusedGadget() == kTerminalCanvas) SendCommandLine(ByteText(byte), false);
 }
 
-void CtrlC(int) { SendIfTerminalFocused(3); }
+void CtrlC(int) {
+    SendIfTerminalFocused(3);
+}
 
-void CtrlZ(int) { SendIfTerminalFocused(26); }
+void CtrlZ(int) {
+    SendIfTerminalFocused(26);
+}
 
-void F10(int) { SendText("\x1b[21~"); }
+void F10(int) {
+    SendText("\x1b[21~");
+}
 
-void ShiftF10(int) { SendText("\x1b[34~"); }
+void ShiftF10(int) {
+    SendText("\x1b[34~");
+}
 
 // The text that this shortcut copies is one that nothing fills: it empties the clipboard.
 void AltC(int) {

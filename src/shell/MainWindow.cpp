@@ -27,12 +27,21 @@ constexpr int kRowHeight = 25;
 constexpr int kFirstRowTop = 5;
 constexpr int kGadgetTop = 1;
 constexpr int kGadgetHeight = 20;
-constexpr int kFrameMargin = 5;      // between frame canvas and terminal canvas
-constexpr int kScrollBarGap = 17;    // from the canvas's width to the bar's left edge
+constexpr int kFrameMargin = 5;    // between frame canvas and terminal canvas
+constexpr int kScrollBarGap = 17;  // from the canvas's width to the bar's left edge
 constexpr int kScrollBarWidth = 18;
-constexpr int kScrollBarPage = 40;   // page length, in lines
+constexpr int kScrollBarPage = 40;  // page length, in lines
 
-enum class Kind { kButton, kButtonDisabled, kButtonHidden, kEntry, kCombo, kCheck, kText, kTextHidden };
+enum class Kind {
+    kButton,
+    kButtonDisabled,
+    kButtonHidden,
+    kEntry,
+    kCombo,
+    kCheck,
+    kText,
+    kTextHidden
+};
 
 struct GadgetRow {
     int row;  // toolbar row, 1 to 6
@@ -92,7 +101,9 @@ void CreateGadget(const GadgetRow& row, int gadget, int x) {
         case Kind::kEntry:
             TextEntryGadget(gadget, x, kGadgetTop, row.width, kGadgetHeight, row.text);
             break;
-        case Kind::kCombo: ComboBoxGadget(gadget, x, kGadgetTop, row.width, kGadgetHeight); break;
+        case Kind::kCombo:
+            ComboBoxGadget(gadget, x, kGadgetTop, row.width, kGadgetHeight);
+            break;
         case Kind::kCheck:
             CheckBoxGadget(gadget, x, kGadgetTop, row.width, kGadgetHeight, row.text);
             break;

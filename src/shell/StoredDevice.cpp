@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int kPortsOfAKind = 4;       // ttyUSB0 to 3, ttyACM0 to 3
+constexpr int kPortsOfAKind = 4;  // ttyUSB0 to 3, ttyACM0 to 3
 constexpr int kLastPresetOfGroup0 = 9;
 
 void ShowPreset(const PresetEntry& preset) {
