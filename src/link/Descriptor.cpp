@@ -25,6 +25,6 @@ void ReplaceDescriptor(SharedDescriptor& descriptor, int fd) {
     const int earlier = descriptor.fd.exchange(fd);
     if (earlier < 1) return;
     shutdown(earlier, SHUT_RDWR);  // a terminal gives ENOTSOCK, which is as good
-    while (descriptor.users > 0) std::this_thread::yield();
+    for (int i = 0; descriptor.users > 0 && i < kMostYieldsForUsers; ++i) std::this_thread::yield();
     close(earlier);
 }

@@ -8,6 +8,10 @@
 // below this a library's stray message would go to the device.
 constexpr int kLowestLinkDescriptor = 3;
 
+// How often ReplaceDescriptor lets other threads run before it closes all the same: a
+// worker that was killed inside an operation never comes out of it.
+constexpr int kMostYieldsForUsers = 1000000;
+
 // `fd` itself, or, when it stands below kLowestLinkDescriptor because the program was
 // started with a standard stream closed, a duplicate above, with `fd` closed. 0 for an
 // `fd` below 0 and when no duplicate can be had. Any thread.

@@ -1,0 +1,194 @@
+// Bytes out and in, and the waits for a reply, at their step boundaries on the virtual
+// clock; the device is the far end of a socket pair.
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "base/LineEnding.h"
+#include "link/LinkPrimitives.h"
+#include "link/LinkSettings.h"
+#include "terminal/screen/Capture.h"
+#include "tests/support/FarEnd.h"
+#include "tests/support/VirtualClock.h"
+
+namespace {
+
+void UseBlocksOf(int size) {
+    LinkSettingsForTable().commsBufferSize = size;
+    AllocateLinkBuffers();
+}
+
+TEST(Primitives, WithoutALink) {
+    VirtualClock clock;
+    char block[4] = "abc";
+    for (const bool overTcp : {false, true}) {
+        SetDeviceOnTcpip(overTcp);
+        EXPECT_EQ(SendText("x"), -1);
+        EXPECT_EQ(SendText(""), 0);
+        EXPECT_EQ(SendByte(0), -1);
+        EXPECT_EQ(ReceiveBytes(block, 3), -1);
+        EXPECT_EQ(SendAndWait("x", 10), "");
+        EXPECT_EQ(SendAndWait("x", kWaitForLine), "***TIMEOUT***");
+    }
+    FarEnd device;  // on the other transport: enough for the first test of SendByte
+    SetDeviceOnTcpip(true);
+    EXPECT_EQ(SendByte(0), 0);
+    EXPECT_EQ(SendByte('a'), -1);
+}
+
+TEST(Primitives, BytesOverBothTransports) {
+    for (const bool overTcp : {false, true}) {
+        FarEnd device(overTcp);
+        EXPECT_EQ(SendBytes("a\0b", 3), 3);
+        for (const int value : {256, 255, 0, -7}) EXPECT_EQ(SendByte(value), value > 0) << value;
+        EXPECT_EQ(device.Read(), std::string("a\0b\0\xFF", 5));
+
+        char block[6] = "-----";
+        EXPECT_EQ(ReceiveBytes(block, 5), 0);
+        device.Write("1234");
+        EXPECT_EQ(ReceiveBytes(block, 0), 0);
+        EXPECT_EQ(ReceiveBytes(block, -1), 0);
+        EXPECT_EQ(ReceiveBytes(block, 3), 3);
+        EXPECT_STREQ(block, "123--");
+        EXPECT_EQ(ReceiveBytes(block, 5), 1);
+        device.Close();  // reads like a quiet line
+        EXPECT_EQ(ReceiveBytes(block, 5), 0);
+        EXPECT_STREQ(block, "423--");
+    }
+    FarEnd gone(true);
+    gone.Close();
+    EXPECT_EQ(SendText("no signal ends the program"), -1);
+    EXPECT_GT(linkStatus.netLink, 0);
+}
+
+TEST(Primitives, TextOut) {
+    UseBlocksOf(kSmallestCommsBuffer);
+    FarEnd device;
+    std::string bytes;
+    for (int unit = 0; unit < 256; ++unit) bytes += static_cast<char>(unit);
+    EXPECT_EQ(SendText(QString::fromLatin1(bytes.data(), 256)), 256);
+    EXPECT_EQ(device.Read(), bytes);
+    // Two characters above 255: the rest, a 0 byte, and what stood there before.
+    EXPECT_EQ(SendText("a→b→"), 4);
+    EXPECT_EQ(device.Read(), std::string("ab\0\x03", 4));
+
+    // Around the block's size: whole and in order, then the 0 byte; the count stands.
+    for (const int length : {2047, 2048, 2049, 3 * 2048 + 5}) {
+        QString text;
+        for (int i = 0; i < length; ++i) text += QChar('a' + i % 26);
+        EXPECT_EQ(SendText(text), length);
+        EXPECT_EQ(device.Read(), text.toStdString());
+        EXPECT_EQ(SendText("→→" + text), length + 2);
+        EXPECT_EQ(device.Read().substr(0, length + 1), text.toStdString() + '\0');
+    }
+    // What the kernel does not take is lost, and nothing behind it goes out alone.
+    const QString flood(4 << 20, 'x');
+    const int64_t taken = SendText(flood);
+    EXPECT_LT(taken, flood.size());
+    EXPECT_EQ(SendText("lost"), 0);
+    EXPECT_EQ(device.Read(), std::string(taken, 'x'));
+}
+
+TEST(Waits, TerminatorAtTheStepBoundaries) {
+    const QString reply = "ok\r\n>";
+    const struct {
+        int at;  // milliseconds
+        QString result;
+        int64_t took;
+    } cases[] = {
+        {1, reply, 20},         {20, reply, 20},        {21, reply, 40},
+        {3980, reply, 3980},    {3981, kTimeout, 4000}, {4001, kTimeout, 4020},
+        {4020, kTimeout, 4020}, {4021, kTimeout, 4020},
+    };
+    for (const int64_t delay : {kWaitForLine, kWaitForPrompt, int64_t{-99}}) {
+        for (const auto& each : cases) {
+            VirtualClock clock;
+            FarEnd device(delay == kWaitForLine);
+            clock.onTick = [&](int64_t now) {
+                if (now == each.at) device.Write(reply.toStdString());
+            };
+            EXPECT_EQ(SendAndWait("NEW", delay), each.result) << delay << " " << each.at;
+            EXPECT_EQ(clock.Now(), each.took) << delay << " " << each.at;
+            EXPECT_EQ(device.Read(), "NEW");
+        }
+    }
+}
+
+TEST(Waits, FixedWaitReadsOnce) {
+    VirtualClock clock;
+    FarEnd device;
+    LinkSettingsForTable().lineDelay = 150;
+    clock.onTick = [&](int64_t now) {
+        if (now == 100 || now == 101) device.Write("a");
+    };
+    EXPECT_EQ(SendAndWait("", 100), "a");
+    EXPECT_EQ(SendAndWait("", 0), "a");
+    EXPECT_EQ(SendAndWait("q", 30), "");
+    EXPECT_EQ(device.Read(), "q");
+    LinkSettingsForTable().lineDelay = 0;  // makes a delay of 0 a wait for the prompt
+    device.Write("echo\n>");
+    EXPECT_EQ(SendAndWait("", 0), "echo\n>");
+    EXPECT_EQ(clock.Now(), 100 + 150 + 30 + 20);
+}
+
+TEST(Waits, WhatOneReadHolds) {
+    VirtualClock clock;
+    FarEnd device;
+    // 8-bit characters, and nothing behind a 0 byte of the same read.
+    device.Write(std::string("\x80\xFFz\0lost>", 9));
+    clock.onTick = [&](int64_t now) {
+        if (now == 50) device.Write("more>");
+    };
+    EXPECT_EQ(SendAndWait("", kWaitForPrompt), QString(QChar(0x80)) + QChar(0xFF) + "zmore>");
+    // At most 5120 bytes, and no more than the block holds.
+    for (const int block : {kLargestCommsBuffer, kSmallestCommsBuffer}) {
+        UseBlocksOf(block);
+        device.Write(std::string(6000, 'r'));
+        EXPECT_EQ(SendAndWait("", 1).size(), std::min(block, 5120));
+        EXPECT_EQ(SendAndWait("", kWaitForLine), kTimeout);  // and takes the rest
+        EXPECT_EQ(SendAndWait("", 1), "");
+    }
+    // A device that never stops does not hold the wait up.
+    const int64_t start = clock.Now();
+    clock.onTick = [&](int64_t now) {
+        if (now % 20 == 0) device.Write(std::string(5120, 'x'));
+    };
+    EXPECT_EQ(SendAndWait("LIST", kWaitForPrompt), kTimeout);
+    EXPECT_EQ(clock.Now() - start, 4020);
+}
+
+TEST(CommandLine, CutsTwoLineEndCharactersAndPrints) {
+    VirtualClock clock;
+    FarEnd device;
+    SetLineEnding("CR");
+    const char* const cases[][2] = {{"a\r\n", "a"}, {"a\r\n\r\n", "a\r\n"}, {"a\n\n\n", "a\n"},
+                                    {"\r\n", ""},   {"a\r\nb", "a\r\nb"},   {"a\r\n ", "a\r\n "}};
+    for (const auto& [reply, shown] : cases) {
+        device.Write(reply);
+        StartCapture();
+        EXPECT_EQ(SendCommandLine("RUN", true), "");
+        EXPECT_EQ(TakeCapture(), shown);
+        EXPECT_EQ(device.Read(), "RUN\r");
+    }
+    SendCommandLine("\x1b", false);
+    EXPECT_EQ(device.Read(), "\x1b");
+    EXPECT_EQ(clock.Now(), 7 * linkSettings.lineDelay);
+}
+
+// Disconnecting ends a worker's send that waits for a far end which reads nothing. And a
+// key typed while a worker stages its command must not end up inside it.
+TEST(Threads, AWorkerOnALinkThatIsClosed) {
+    FarEnd device(true);
+    std::atomic<int64_t> sent{0};
+    const uint8_t* const staging = TxBuffer();
+    std::thread worker([&] {
+        EXPECT_NE(TxBuffer(), staging);
+        for (int64_t n = 1; n > 0; sent += n) n = SendBytes(TxBuffer(), LinkBufferSize());
+    });
+    while (sent < 65536) std::this_thread::yield();
+    AdoptTcpLink(0);
+    worker.join();
+    EXPECT_EQ(SendByte('x'), -1);
+}
+
+}  // namespace
