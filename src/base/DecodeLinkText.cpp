@@ -1,4 +1,4 @@
-#include "link/DecodeLinkText.h"
+#include "base/DecodeLinkText.h"
 
 #include <cstring>
 
