@@ -64,6 +64,9 @@ void ClearTerminal(int canvas);
 // right margin each further character replaces the last cell.
 void TerminalPutText(const QString& text);
 void TerminalPutText(const char16_t* text, int count);
+// Puts the cursor on a column of 1 to kLastColumn, which may lie past `cols`, and a row of
+// 1 to `rows`; values beyond are held at the ends. For the monitor views.
+void SetTerminalCursor(int x, int y);
 // Moves the view forward n lines, creating and trimming lines.
 void TerminalScrollUp(int n);
 // Moves the view back n lines.
