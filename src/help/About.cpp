@@ -19,8 +19,10 @@ const char kContact[] =
 
 QString AboutText() {
     return "Version: 5\nBuild date: " + FormatDate("%yyyy/%mm/%dd", kAboutStamp) +
-           FormatDate(" %hh:%ii:%ss", kAboutStamp) + "\rProgram folder: " +
-           appPaths.programFolder + "\rData folder: " + appPaths.dataFolder + "\r" + kContact;
+           FormatDate(" %hh:%ii:%ss", kAboutStamp) + "\rProgram folder: " + appPaths.programFolder +
+           "\rData folder: " + appPaths.dataFolder + "\r" + kContact;
 }
 
-void ShowAbout() { AskMessage("KewLink Console", AboutText(), MessageButtons::kOk); }
+void ShowAbout() {
+    AskMessage("KewLink Console", AboutText(), MessageButtons::kOk);
+}
