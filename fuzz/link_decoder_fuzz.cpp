@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <vector>
 
-#include "link/DecodeLinkText.h"
+#include "base/DecodeLinkText.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <QString>
 #include <cstdint>
 
-#include "link/DecodeLinkText.h"
+#include "base/DecodeLinkText.h"
 
 // Bytes that SendAndWait reads at the most in one go; less when the block is smaller.
 constexpr int kReplyRead = 5120;

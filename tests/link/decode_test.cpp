@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "link/DecodeLinkText.h"
+#include "base/DecodeLinkText.h"
 
 namespace {
 
