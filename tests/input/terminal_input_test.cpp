@@ -1,6 +1,8 @@
 // Keys, clicks and the wheel of the terminal canvas, as bytes at the far end of the link.
 #include <gtest/gtest.h>
 
+#include <climits>
+
 #include "base/LineEnding.h"
 #include "base/Numbers.h"
 #include "terminal/input/TerminalInput.h"
