@@ -90,25 +90,29 @@ TEST(Primitives, TextOut) {
 }
 
 TEST(Waits, TerminatorAtTheStepBoundaries) {
-    const QString reply = "ok\r\n>";
+    // When the terminator comes, when the wait ends, in milliseconds, and whether in time.
     const struct {
-        int at;  // milliseconds
-        QString result;
-        int64_t took;
+        int at, end;
+        bool good;
     } cases[] = {
-        {1, reply, 20},         {20, reply, 20},        {21, reply, 40},
-        {3980, reply, 3980},    {3981, kTimeout, 4000}, {4001, kTimeout, 4020},
-        {4020, kTimeout, 4020}, {4021, kTimeout, 4020},
+        {1, 20, true},       {20, 20, true},      {21, 40, true},      {3980, 3980, true},
+        {3981, 4000, false}, {4001, 4020, false}, {4020, 4020, false}, {4021, 4020, false},
     };
     for (const int64_t delay : {kWaitForLine, kWaitForPrompt, int64_t{-99}}) {
+        const bool forLine = delay == kWaitForLine;
+        const std::string other = forLine ? "ok> " : "ok\r\n";
+        const std::string terminator = forLine ? "\n" : ">";
         for (const auto& each : cases) {
             VirtualClock clock;
-            FarEnd device(delay == kWaitForLine);
+            FarEnd device(forLine);
+            device.Write(other);
             clock.onTick = [&](int64_t now) {
-                if (now == each.at) device.Write(reply.toStdString());
+                if (now == each.at) device.Write(terminator);
             };
-            EXPECT_EQ(SendAndWait("NEW", delay), each.result) << delay << " " << each.at;
-            EXPECT_EQ(clock.Now(), each.took) << delay << " " << each.at;
+            EXPECT_EQ(SendAndWait("NEW", delay).toStdString(),
+                      each.good ? other + terminator : "***TIMEOUT***")
+                << delay << " " << each.at;
+            EXPECT_EQ(clock.Now(), each.end) << delay << " " << each.at;
             EXPECT_EQ(device.Read(), "NEW");
         }
     }
