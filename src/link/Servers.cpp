@@ -1,12 +1,93 @@
 #include "link/Servers.h"
 
-// The local servers are not part of this build: nothing listens, so no client ever
-// connects and no server event is ever posted.
+#include <sys/eventfd.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
-void StartServers() {}
+#include <algorithm>
 
-void StopServers() {}
+#include "base/Numbers.h"
+#include "link/LinkSettings.h"
+#include "link/ServerWorker.h"
+#include "terminal/screen/TerminalScreen.h"
 
-void SendToDataClient(const void*, int64_t) {}
+namespace {
 
-void HandleServerMessage(int64_t) {}
+ServerRecord dataServer;
+ServerRecord controlServer;
+
+ServerRecord* FindRecord(int64_t identity) {
+    for (ServerRecord* record : {&dataServer, &controlServer}) {
+        if (record->running && record->identity == identity) return record;
+    }
+    return nullptr;
+}
+
+void StartServer(ServerRecord& record, int64_t identity, int port, const char* threadName) {
+    sem_init(&record.chunkSemaphore, 0, 0);
+    sem_init(&record.spareSemaphore, 0, 0);
+    record.port = port;
+    record.quit = false;
+    record.identity = identity;
+    record.buffer.assign(kServerBuffer, 0);
+    record.sockets.wake = std::max(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK), 0);
+    record.running = true;
+    StartWorker(record.thread, ServerWorker, &record, threadName);
+}
+
+// The kill. The one place where a worker can still be is its semaphore: the loop that
+// would have taken its chunk has ended. So it is let go from there and finds its flag
+// set. The thread is never torn down from outside, where it could hold what the process
+// still needs, and it closes its own sockets as ever.
+bool KillServer(ServerRecord& record) {
+    sem_post(&record.chunkSemaphore);
+    return WaitForWorker(record.thread, kServerKillWait);
+}
+
+void StopServer(ServerRecord& record) {
+    if (!record.running) return;
+    record.quit = true;
+    WakeServer(record.sockets);
+    record.running = false;
+    // A worker that comes on neither keeps what it could still touch until the process ends.
+    if (!WaitForWorker(record.thread, kServerEndWait) && !KillServer(record)) return;
+    sem_destroy(&record.chunkSemaphore);
+    sem_destroy(&record.spareSemaphore);
+    if (record.sockets.wake > 0) close(record.sockets.wake);
+    record.sockets.wake = 0;
+    delete record.message.exchange(nullptr);
+}
+
+}  // namespace
+
+void StartServers() {
+    StartServer(dataServer, kDataServerIdentity, linkSettings.dataPort, "data server");
+    StartServer(controlServer, kControlServerIdentity, linkSettings.controlPort, "control server");
+}
+
+void StopServers() {
+    StopServer(dataServer);
+    StopServer(controlServer);
+}
+
+void SendToDataClient(const void* bytes, int64_t count) {
+    const DescriptorUse use(dataServer.client);
+    if (use.fd < 1 || count < 1) return;
+    // A client that does not read has its socket's buffer for room; a failure is passed over.
+    send(use.fd, bytes, static_cast<size_t>(count), MSG_NOSIGNAL | MSG_DONTWAIT);
+}
+
+const ServerRecord* FindServer(int64_t identity) {
+    return FindRecord(identity);
+}
+
+void ReleaseServerWorker(int64_t identity) {
+    ServerRecord* record = FindRecord(identity);
+    if (!record) return;
+    record->text.clear();
+    sem_post(&record->chunkSemaphore);
+}
+
+void HandleServerMessage(int64_t identity) {
+    if (ServerRecord* record = FindRecord(identity)) TerminalPrintLine(TakeServerMessage(*record));
+}

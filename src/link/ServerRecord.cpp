@@ -1,0 +1,35 @@
+#include "link/ServerRecord.h"
+
+#include <cerrno>
+#include <memory>
+#include <thread>
+
+#include "base/Numbers.h"
+#include "ui/InterfaceEvent.h"
+
+// There is one slot: a line that was not shown yet is lost to the next one, whose event
+// then shows it and the event before an empty line.
+void PostServerMessage(ServerRecord& record, const QString& text) {
+    delete record.message.exchange(new QString(text));
+    if (record.unreadMessages >= kMostUnreadMessages) return;
+    ++record.unreadMessages;
+    PostInterfaceEvent(kEventServerMessage, kMainWindow, kNone, record.identity);
+}
+
+QString TakeServerMessage(ServerRecord& record) {
+    --record.unreadMessages;
+    const std::unique_ptr<QString> message(record.message.exchange(nullptr));
+    return message ? *message : QString();
+}
+
+void HandOverChunk(ServerRecord& record) {
+    PostInterfaceEvent(kEventServerChunk, kMainWindow, kNone, record.identity);
+    while (sem_wait(&record.chunkSemaphore) < 0 && errno == EINTR) {
+    }
+}
+
+void ForgetClient(ServerRecord& record) {
+    record.client.fd = 0;
+    // Short: a send to a client never waits.
+    while (record.client.users > 0) std::this_thread::yield();
+}

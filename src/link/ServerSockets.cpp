@@ -1,0 +1,112 @@
+#include "link/ServerSockets.h"
+
+#include <arpa/inet.h>
+#include <netinet/tcp.h>
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include "link/Descriptor.h"
+
+namespace {
+
+constexpr int kBacklog = 100;
+constexpr int kPeekedBytes = 8;
+constexpr int kLongestWait = 1000;  // milliseconds; only matters without a wake descriptor
+
+bool ListenOn(int fd, int64_t port) {
+    sockaddr_in address = {};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_ANY);
+    address.sin_port = htons(static_cast<uint16_t>(port));
+    // Without SO_REUSEADDR on purpose: a restart shortly after a close can fail.
+    return bind(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
+           listen(fd, kBacklog) == 0;
+}
+
+void SetOption(int fd, int level, int option, int value) {
+    setsockopt(fd, level, option, &value, sizeof value);
+}
+
+// Bytes go out as they come, a peer whose machine is gone is found in the end, and there
+// is room for a few polls' worth of a fast device from the first byte on.
+void PrepareClient(int fd) {
+    SetOption(fd, IPPROTO_TCP, TCP_NODELAY, 1);
+    SetOption(fd, SOL_SOCKET, SO_KEEPALIVE, 1);
+    int size = 0;
+    socklen_t length = sizeof size;
+    getsockopt(fd, SOL_SOCKET, SO_SNDBUF, &size, &length);
+    if (size < kClientSendBuffer) SetOption(fd, SOL_SOCKET, SO_SNDBUF, kClientSendBuffer);
+}
+
+// The new client's descriptor, 0 for none.
+int AcceptClient(ServerSockets& sockets) {
+    const int flags = SOCK_NONBLOCK | SOCK_CLOEXEC;
+    const int fd = AboveStandardStreams(accept4(sockets.listener, nullptr, nullptr, flags));
+    if (fd < 1) return 0;
+    if (sockets.clients.size() >= kMostServerClients) {
+        close(fd);
+        return 0;
+    }
+    PrepareClient(fd);
+    sockets.clients.push_back(fd);
+    return fd;
+}
+
+}  // namespace
+
+bool OpenServer(ServerSockets& sockets, int64_t port) {
+    // Close-on-exec, so that a program started from here does not keep the port.
+    const int flags = SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC;
+    const int fd = AboveStandardStreams(socket(AF_INET, flags, 0));
+    if (fd < 1) return false;
+    if (!ListenOn(fd, port)) {
+        close(fd);
+        return false;
+    }
+    sockets.listener = fd;
+    return true;
+}
+
+void WaitForServerEvent(const ServerSockets& sockets) {
+    std::vector<pollfd> watched;
+    watched.push_back({sockets.listener, POLLIN, 0});
+    if (sockets.wake > 0) watched.push_back({sockets.wake, POLLIN, 0});
+    for (const int client : sockets.clients) watched.push_back({client, POLLIN, 0});
+    poll(watched.data(), watched.size(), kLongestWait);
+}
+
+void WakeServer(const ServerSockets& sockets) {
+    if (sockets.wake > 0) eventfd_write(sockets.wake, 1);
+}
+
+ServerEvent TakeServerEvent(ServerSockets& sockets) {
+    if (const int fd = AcceptClient(sockets)) return {ServerEventKind::kNewClient, fd};
+    for (size_t i = 0; i < sockets.clients.size(); ++i) {
+        const int fd = sockets.clients[i];
+        char bytes[kPeekedBytes];
+        const ssize_t count = recv(fd, bytes, sizeof bytes, MSG_PEEK);
+        if (count > 0) return {ServerEventKind::kData, fd};
+        if (count < 0) continue;  // nothing there, or an error that the next call tells as gone
+        sockets.clients.erase(sockets.clients.begin() + static_cast<std::ptrdiff_t>(i));
+        return {ServerEventKind::kClientGone, fd};
+    }
+    return {};
+}
+
+void CloseServer(ServerSockets& sockets) {
+    if (sockets.listener > 0) close(sockets.listener);
+    for (const int client : sockets.clients) close(client);
+    sockets.listener = 0;
+    sockets.clients.clear();
+}
+
+QString ClientAddress(int client) {
+    sockaddr_in address = {};
+    socklen_t length = sizeof address;
+    getpeername(client, reinterpret_cast<sockaddr*>(&address), &length);
+    char text[INET_ADDRSTRLEN] = "";
+    inet_ntop(AF_INET, &address.sin_addr, text, sizeof text);
+    return text;
+}

@@ -1,0 +1,90 @@
+#include "link/ServerWorker.h"
+
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "base/DecodeLinkText.h"
+#include "base/Numbers.h"
+#include "base/Pacing.h"
+#include "link/LinkSettings.h"
+#include "terminal/screen/TerminalMode.h"
+#include "terminal/screen/TerminalScreen.h"
+
+namespace {
+
+const char kPlainVideo[] = "\x1b[0m";
+
+struct ServerRow {
+    int64_t identity;
+    const char* label;   // the blanks align the two first lines
+    int64_t startDelay;  // milliseconds; the data line is to come first
+};
+
+// clang-format off
+const ServerRow serverRows[] = {
+    {kDataServerIdentity,    "   Data",  50},
+    {kControlServerIdentity, "Control", 100},
+};
+// clang-format on
+
+const ServerRow& RowOf(const ServerRecord& record) {
+    return serverRows[record.identity == kControlServerIdentity];
+}
+
+bool StartListening(ServerRecord& record) {
+    const ServerRow& row = RowOf(record);
+    SleepMs(row.startDelay);
+    const bool open = OpenServer(record.sockets, record.port);
+    PostServerMessage(record, row.label + (" server on port " + QString::number(record.port)) +
+                                  (open ? " started" : " failed"));
+    return open;
+}
+
+// The new socket's send buffer is empty, so a welcome of any sane length is taken whole.
+void Welcome(ServerRecord& record, int client) {
+    PostServerMessage(record, kPlainVideo + ("connected- " + ClientAddress(client)));
+    if (terminalMode != kModeTerminal) return;
+    const QByteArray welcome = (linkSettings.welcomeMessage + "\r\n").toUtf8();
+    send(client, welcome.constData(), static_cast<size_t>(welcome.size()), MSG_NOSIGNAL);
+}
+
+void TakeChunk(ServerRecord& record, int client) {
+    record.length = recv(client, record.buffer.data(), record.buffer.size(), 0);
+    record.text = DecodeLinkText(record.buffer.data(), record.length);
+    HandOverChunk(record);
+    std::fill(record.buffer.begin(), record.buffer.end(), uint8_t{0});
+}
+
+// Whichever client goes, the one of the last event is forgotten: device bytes reach
+// nobody until the next event, even while another client is connected. This is meant.
+void DropClient(ServerRecord& record, int client) {
+    ForgetClient(record);
+    close(client);
+    if (linkSettings.debugMode) TerminalPrintLine(kPlainVideo + QString("Net Disconnected"));
+}
+
+void ActOn(ServerRecord& record, const ServerEvent& event) {
+    if (event.kind == ServerEventKind::kNone) return;
+    if (event.kind == ServerEventKind::kClientGone) return DropClient(record, event.client);
+    record.client.fd = event.client;
+    if (event.kind == ServerEventKind::kNewClient) return Welcome(record, event.client);
+    TakeChunk(record, event.client);
+}
+
+}  // namespace
+
+void ServerWorker(void* argument) {
+    ServerRecord& record = *static_cast<ServerRecord*>(argument);
+    if (!StartListening(record)) return;
+    while (!record.quit) {
+        WaitForServerEvent(record.sockets);
+        if (record.quit) break;
+        ActOn(record, TakeServerEvent(record.sockets));
+        SleepMs(kServerPace);
+    }
+    ForgetClient(record);
+    CloseServer(record.sockets);
+    record.buffer.clear();
+}
