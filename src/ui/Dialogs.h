@@ -16,8 +16,13 @@ struct FileChoice {
     int pattern = 0;  // position, from 0, of the chosen pattern; 0 when cancelled
 };
 
-// `patterns` is "Name (*.a)|*.a|Name (*.b)|*.b".
-FileChoice AskSaveFile(const QString& title, const QString& preset, const QString& patterns);
+// Who asks before a file that exists is overwritten.
+enum class OverwriteQuestion { kByDialog, kByCaller };
+
+// `patterns` is "Name (*.a)|*.a|Name (*.b)|*.b". `preset` is a folder ending in "/", or a
+// name with or without a folder.
+FileChoice AskSaveFile(const QString& title, const QString& preset, const QString& patterns,
+                       OverwriteQuestion question = OverwriteQuestion::kByDialog);
 FileChoice AskOpenFile(const QString& title, const QString& preset, const QString& patterns);
 
 struct FontChoice {

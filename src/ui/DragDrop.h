@@ -18,5 +18,7 @@ DropFormat EventDropFormat();
 QString EventDropFiles();
 QString EventDropText();
 
+// What other programs put on the clipboard is cut to this many characters.
+constexpr int kMaxClipboardText = 16 * 1024 * 1024;
 QString ClipboardText();
 void SetClipboardText(const QString& text);

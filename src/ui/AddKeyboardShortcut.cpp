@@ -1,0 +1,43 @@
+#include "ui/AddKeyboardShortcut.h"
+
+#include <QShortcut>
+#include <QVariant>
+
+#include "ui/PBMenuEvents.h"
+#include "ui/PBQMainWindow.h"
+#include "ui/WindowTable.h"
+
+namespace {
+
+// All shortcuts of a window, or those of one key.
+QList<QShortcut*> ShortcutsOf(const PBQMainWindow& window, int key) {
+    QList<QShortcut*> found;
+    for (QShortcut* shortcut :
+         window.findChildren<QShortcut*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (key == -1 || shortcut->key() == QKeySequence(key)) found += shortcut;
+    }
+    return found;
+}
+
+}  // namespace
+
+void AddKeyboardShortcut(int window, int key, int number) {
+    PBQMainWindow* const found = FindWindow(window);
+    if (!found || key == -1) return;
+    RemoveKeyboardShortcut(window, key);
+    auto* shortcut = new QShortcut(QKeySequence(key), found);
+    shortcut->setProperty(kShortcutProperty, number);
+    QObject::connect(shortcut, &QShortcut::activated, MenuEvents(), &PBMenuEvents::ShortcutPressed);
+}
+
+// Off at once, so that the key is free again; deleted later, since it may be the one whose
+// press is being handled.
+void RemoveKeyboardShortcut(int window, int key) {
+    PBQMainWindow* const found = FindWindow(window);
+    if (!found) return;
+    for (QShortcut* shortcut : ShortcutsOf(*found, key)) {
+        shortcut->setEnabled(false);
+        shortcut->setParent(nullptr);
+        shortcut->deleteLater();
+    }
+}

@@ -1,0 +1,63 @@
+#include "ui/AddWindowTimer.h"
+
+#include <QTimer>
+#include <QVariant>
+
+#include "base/Numbers.h"
+#include "ui/EventQueue.h"
+#include "ui/GadgetTable.h"
+#include "ui/InterfaceEvent.h"
+#include "ui/PBQMainWindow.h"
+#include "ui/PBTimerEvents.h"
+#include "ui/WindowTable.h"
+
+namespace {
+
+constexpr char kTimerProperty[] = "PB_TimerID";
+
+PBTimerEvents timerEvents;
+
+QTimer* FindTimer(const PBQMainWindow& window, int number) {
+    for (QTimer* timer : window.findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly)) {
+        const QVariant property = timer->property(kTimerProperty);
+        if (property.isValid() && property.toInt() == number) return timer;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+// A timer whose last event still waits is not raised again: a dialog that stands for
+// hours would otherwise leave thousands of them in the queue.
+void PBTimerEvents::Fired() {
+    const int number = sender()->property(kTimerProperty).toInt();
+    const auto* window = static_cast<const PBQMainWindow*>(sender()->parent());
+    if (FindWindow(window->Number()) != window) return;  // closed, and soon deleted
+    if (EventIsQueued(kEventTimer, number, window->Number())) return;
+    InterfaceEvent event;
+    event.number = kEventTimer;
+    event.object = number;
+    event.window = window->Number();
+    RaiseInterfaceEvent(event);
+}
+
+void AddWindowTimer(int window, int number, int periodMs) {
+    PBQMainWindow* const found = FindWindow(window);
+    if (!found) return;
+    RemoveWindowTimer(window, number);
+    auto* timer = new QTimer(found);
+    timer->setProperty(kTimerProperty, number);
+    timer->setTimerType(Qt::PreciseTimer);
+    QObject::connect(timer, &QTimer::timeout, &timerEvents, &PBTimerEvents::Fired);
+    timer->start(qMax(1, periodMs));  // a period of 0 would never let the program sleep
+}
+
+void RemoveWindowTimer(int window, int number) {
+    PBQMainWindow* const found = FindWindow(window);
+    QTimer* const timer = found ? FindTimer(*found, number) : nullptr;
+    if (!timer) return;
+    timer->stop();
+    timer->setProperty(kTimerProperty, QVariant());
+    timer->deleteLater();
+    DropQueuedEvents(kEventTimer, number);
+}

@@ -1,0 +1,78 @@
+#include "ui/BoundHandlers.h"
+
+#include <cassert>
+#include <map>
+#include <tuple>
+
+#include "base/Numbers.h"
+#include "ui/CurrentEvent.h"
+#include "ui/GadgetTable.h"
+#include "ui/InterfaceLayer.h"
+
+namespace {
+
+using HandlerKey = std::tuple<int32_t, int64_t, int64_t, int64_t>;
+
+std::map<HandlerKey, EventHandler> handlers;
+int running = 0;  // handlers on the stack
+
+// The procedure is looked up afresh for each key: one that ran may have changed the
+// bindings.
+void RunHandlerOf(const HandlerKey& key) {
+    const auto found = handlers.find(key);
+    if (found == handlers.end()) return;
+    const EventHandler handler = found->second;
+    ++running;
+    handler();
+    --running;
+}
+
+}  // namespace
+
+void BindHandler(int32_t number, int64_t window, int64_t object, int64_t type,
+                 EventHandler handler) {
+    assert(OnInterfaceThread());
+    const HandlerKey key(number, window, object, type);
+    if (handler) {
+        handlers[key] = handler;
+    } else {
+        handlers.erase(key);
+    }
+}
+
+// A typed binding holds in whatever window the gadget lies; no key leaves both the window
+// and the type open, so an untyped one is tied to the window that the gadget lies in now.
+void BindGadgetHandler(int gadget, EventHandler handler, int64_t type) {
+    if (type != kAnyType) {
+        BindHandler(kEventGadget, kAny, gadget, type, handler);
+    } else if (FindGadget(gadget)) {
+        BindHandler(kEventGadget, GadgetWindow(gadget), gadget, kAnyType, handler);
+    }
+}
+
+// Menu events have type 0.
+void BindMenuHandler(int item, EventHandler handler) {
+    BindHandler(kEventMenu, kAny, item, 0, handler);
+}
+
+void RunBoundHandlers(const InterfaceEvent& event) {
+    if (handlers.empty()) return;
+    const InterfaceEvent* outer = MakeEventCurrent(&event);
+    const HandlerKey keys[] = {
+        {event.number, event.window, event.object, event.type},
+        {event.number, event.window, event.object, kAnyType},
+        {event.number, event.window, kAny, kAnyType},
+        {event.number, kAny, kAny, kAnyType},
+        {event.number, kAny, event.object, event.type},
+    };
+    for (const HandlerKey& key : keys) RunHandlerOf(key);
+    MakeEventCurrent(outer);
+}
+
+bool HandlersAreRunning() {
+    return running > 0;
+}
+
+void DropAllHandlers() {
+    handlers.clear();
+}

@@ -1,0 +1,32 @@
+#include "ui/ButtonGadget.h"
+
+#include <QPushButton>
+
+#include "ui/Caption.h"
+#include "ui/GadgetTable.h"
+#include "ui/PBGadgetFunctions.h"
+
+namespace {
+
+class ButtonFunctions : public PBGadgetFunctions {
+  public:
+    ButtonFunctions(int gadget, QPushButton* shown)
+        : PBGadgetFunctions(gadget, shown), button(shown) {
+        connect(button, &QPushButton::clicked, this, &PBGadgetFunctions::LeftClicked);
+    }
+    void SetText(const QString& text) override { button->setText(ToCaption(text)); }
+    QString Text() const override { return FromCaption(button->text()); }
+
+  private:
+    QPushButton* const button;
+};
+
+}  // namespace
+
+void ButtonGadget(int gadget, int x, int y, int width, int height, const QString& text) {
+    QWidget* const parent = BeginGadget(gadget);
+    if (!parent) return;
+    auto* functions = new ButtonFunctions(gadget, new QPushButton(parent));
+    functions->SetText(text);
+    EnterGadget(functions, QRect(x, y, width, height));
+}

@@ -1,0 +1,55 @@
+#include "ui/CanvasEventData.h"
+
+#include "base/Numbers.h"
+#include "ui/CurrentEvent.h"
+#include "ui/GadgetTable.h"
+
+namespace {
+
+void FreeCanvasData(void* data) {
+    delete static_cast<CanvasEventData*>(data);
+}
+
+int Attribute(const CanvasEventData& data, int attribute) {
+    switch (attribute) {
+        case kAttributeMouseX:
+            return data.x;
+        case kAttributeMouseY:
+            return data.y;
+        case kAttributeButtons:
+            return static_cast<int>(data.buttons);
+        case kAttributeKey:
+            return static_cast<int>(data.key);
+        case kAttributeModifiers:
+            return static_cast<int>(data.modifiers);
+        case kAttributeWheel:
+            return data.wheel;
+        case kAttributeInput:
+            return static_cast<int>(data.input);
+        default:
+            return 0;
+    }
+}
+
+}  // namespace
+
+void RaiseCanvasEvent(int gadget, int64_t type, uint32_t flags, const CanvasEventData& data) {
+    InterfaceEvent event;
+    event.number = kEventGadget;
+    event.flags = flags;
+    event.object = gadget;
+    event.window = GadgetWindow(gadget);
+    event.type = type;
+    event.data = new CanvasEventData(data);
+    event.dataFree = FreeCanvasData;
+    RaiseInterfaceEvent(event);
+}
+
+// Who frees the data tells what it is: other events carry data of other kinds.
+int EventAttribute(int gadget, int attribute) {
+    const InterfaceEvent& event = CurrentEvent();
+    const bool ofThisCanvas =
+        event.number == kEventGadget && event.object == gadget && event.dataFree == FreeCanvasData;
+    return ofThisCanvas ? Attribute(*static_cast<const CanvasEventData*>(event.data), attribute)
+                        : 0;
+}

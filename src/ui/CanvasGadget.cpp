@@ -1,0 +1,27 @@
+#include "ui/CanvasGadget.h"
+
+#include "ui/CanvasAccess.h"
+#include "ui/GadgetTable.h"
+#include "ui/PBCanvasFunctions.h"
+
+PBCanvasFunctions* FindCanvas(int gadget) {
+    return qobject_cast<PBCanvasFunctions*>(FindGadget(gadget));
+}
+
+CanvasImage* CanvasImageOf(int gadget) {
+    PBCanvasFunctions* const functions = FindCanvas(gadget);
+    return functions ? &functions->Canvas().Image() : nullptr;
+}
+
+void CanvasChanged(int gadget, const QRect& area) {
+    if (PBCanvasFunctions* functions = FindCanvas(gadget)) functions->Canvas().ShowSoon(area);
+}
+
+void CanvasGadget(int gadget, int x, int y, int width, int height, int flags) {
+    QWidget* const parent = BeginGadget(gadget);
+    if (!parent) return;
+    auto* canvas = new PBCanvasWidget(parent, flags & kCanvasKeyboard);
+    if (flags & kCanvasFrame) canvas->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    EnterGadget(new PBCanvasFunctions(gadget, canvas), QRect(x, y, width, height));
+    if (flags & kCanvasContainer) OpenGadgetList(canvas);
+}

@@ -1,0 +1,12 @@
+#include "ui/ContainerGadget.h"
+
+#include "ui/GadgetTable.h"
+#include "ui/PBGadgetFunctions.h"
+
+void ContainerGadget(int gadget, int x, int y, int width, int height) {
+    QWidget* const parent = BeginGadget(gadget);
+    if (!parent) return;
+    auto* container = new QWidget(parent);
+    EnterGadget(new PBGadgetFunctions(gadget, container), QRect(x, y, width, height));
+    OpenGadgetList(container);
+}

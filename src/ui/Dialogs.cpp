@@ -1,0 +1,61 @@
+#include "ui/Dialogs.h"
+
+#include <QFontDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+#include "ui/DialogSeam.h"
+#include "ui/PBQMainWindow.h"
+#include "ui/WindowTable.h"
+
+namespace {
+
+const DialogAnswers* answers = nullptr;
+
+// The program joins lines by CR in places; a label breaks at LF.
+QString ShownLines(QString text) {
+    return text.replace("\r\n", "\n").replace('\r', '\n');
+}
+
+}  // namespace
+
+void AnswerDialogs(const DialogAnswers* given) {
+    answers = given;
+}
+
+const DialogAnswers* AnswersInPlace() {
+    return answers;
+}
+
+bool AskMessage(const QString& title, const QString& text, MessageButtons buttons) {
+    if (answers) return answers->message && answers->message(title, text);
+    QMessageBox box(ActiveProgramWindow());
+    box.setWindowTitle(title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(ShownLines(text));
+    const bool question = buttons == MessageButtons::kYesNo;
+    box.setStandardButtons(question ? QMessageBox::Yes | QMessageBox::No
+                                    : QMessageBox::StandardButtons(QMessageBox::Ok));
+    const int answer = box.exec();
+    return answer == QMessageBox::Yes || answer == QMessageBox::Ok;
+}
+
+QString AskText(const QString& title, const QString& prompt, const QString& preset) {
+    if (answers) return answers->text ? answers->text(title, prompt, preset) : QString();
+    bool accepted = false;
+    const QString text = QInputDialog::getText(ActiveProgramWindow(), title, prompt,
+                                               QLineEdit::Normal, preset, &accepted);
+    return accepted ? text : QString();
+}
+
+FontChoice AskFont(const QString& name, int size) {
+    if (answers) return answers->font ? answers->font(name, size) : FontChoice();
+    QFontDialog dialog(QFont(name, size), ActiveProgramWindow());
+    dialog.setOption(QFontDialog::DontUseNativeDialog);
+    FontChoice choice;
+    choice.accepted = dialog.exec() == QDialog::Accepted;
+    if (!choice.accepted) return choice;
+    choice.name = dialog.selectedFont().family();
+    choice.size = dialog.selectedFont().pointSize();
+    return choice;
+}

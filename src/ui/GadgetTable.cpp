@@ -1,0 +1,110 @@
+#include "ui/GadgetTable.h"
+
+#include <QVariant>
+#include <algorithm>
+#include <cassert>
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "ui/Gadgets.h"
+#include "ui/InterfaceLayer.h"
+#include "ui/PBEventFilter.h"
+#include "ui/PBGadgetFunctions.h"
+#include "ui/WindowTable.h"
+#include "ui/Windows.h"
+
+namespace {
+
+std::map<int, std::unique_ptr<PBGadgetFunctions>> gadgets;
+std::vector<QWidget*> openLists;  // the one that was opened last is at the end
+std::optional<QFont> defaultFont;
+
+int NumberIn(const QObject* object, const char* property) {
+    const QVariant value = object ? object->property(property) : QVariant();
+    return value.isValid() ? value.toInt() : -1;
+}
+
+}  // namespace
+
+PBGadgetFunctions* FindGadget(int gadget) {
+    assert(OnInterfaceThread());
+    const auto found = gadgets.find(gadget);
+    return found == gadgets.end() ? nullptr : found->second.get();
+}
+
+int GadgetOf(const QObject* object) {
+    return NumberIn(object, kGadgetProperty);
+}
+
+int GadgetAround(const QWidget* widget) {
+    int gadget = -1;
+    for (; widget && gadget < 0; widget = widget->parentWidget()) gadget = GadgetOf(widget);
+    return gadget;
+}
+
+int WindowOf(const QWidget* widget) {
+    return widget ? NumberIn(widget->window(), kWindowProperty) : -1;
+}
+
+int GadgetWindow(int gadget) {
+    const PBGadgetFunctions* functions = FindGadget(gadget);
+    return functions ? WindowOf(functions->Widget()) : -1;
+}
+
+QWidget* BeginGadget(int gadget) {
+    assert(OnInterfaceThread());
+    if (gadget < 0) return nullptr;
+    FreeGadget(gadget);
+    return openLists.empty() ? nullptr : openLists.back();
+}
+
+void EnterGadget(PBGadgetFunctions* functions, const QRect& place) {
+    QWidget* const widget = functions->Widget();
+    gadgets[functions->Gadget()].reset(functions);
+    if (defaultFont) widget->setFont(*defaultFont);
+    widget->installEventFilter(GadgetEventFilter());
+    widget->setGeometry(place);
+    widget->show();
+}
+
+void SetDefaultGadgetFont(const QFont& font) {
+    defaultFont = font;
+}
+
+void FreeGadget(int gadget) {
+    PBGadgetFunctions* const functions = FindGadget(gadget);
+    if (!functions) return;
+    QWidget* const widget = functions->Widget();
+    FreeGadgetsIn(widget);
+    gadgets.erase(gadget);
+    widget->setProperty(kGadgetProperty, QVariant());
+    RetireWidget(widget);
+}
+
+void FreeGadgetsIn(const QWidget* widget) {
+    std::vector<int> inside;
+    for (const auto& [number, functions] : gadgets) {
+        if (widget->isAncestorOf(functions->Widget())) inside.push_back(number);
+    }
+    for (const int number : inside) FreeGadget(number);
+}
+
+void RetireWidget(QWidget* widget) {
+    const auto goes = [=](const QWidget* list) {
+        return list == widget || widget->isAncestorOf(list);
+    };
+    openLists.erase(std::remove_if(openLists.begin(), openLists.end(), goes), openLists.end());
+    widget->hide();
+    widget->setParent(nullptr);
+    widget->deleteLater();
+}
+
+void OpenGadgetList(QWidget* parent) {
+    openLists.push_back(parent);
+}
+
+void CloseGadgetList() {
+    if (!openLists.empty()) openLists.pop_back();
+}

@@ -1,0 +1,166 @@
+#include "ui/Gadgets.h"
+
+#include <QApplication>
+#include <QFont>
+
+#include "ui/FontTable.h"
+#include "ui/GadgetTable.h"
+#include "ui/PBGadgetFunctions.h"
+#include "ui/Windows.h"
+
+namespace {
+
+QWidget* WidgetOf(int gadget) {
+    const PBGadgetFunctions* functions = FindGadget(gadget);
+    return functions ? functions->Widget() : nullptr;
+}
+
+// Asks a gadget for a value, or gives `none` for an unknown number.
+template <typename Value, typename... Arguments>
+Value Ask(int gadget, Value none, Value (PBGadgetFunctions::*question)(Arguments...) const,
+          Arguments... arguments) {
+    const PBGadgetFunctions* functions = FindGadget(gadget);
+    return functions ? (functions->*question)(arguments...) : none;
+}
+
+QRect PlaceOf(int gadget) {
+    const QWidget* widget = WidgetOf(gadget);
+    return widget ? widget->geometry() : QRect(0, 0, 0, 0);
+}
+
+int Kept(int wanted, int present) {
+    return wanted == kKeep ? present : wanted;
+}
+
+}  // namespace
+
+bool GadgetExists(int gadget) {
+    return FindGadget(gadget) != nullptr;
+}
+
+void HideGadget(int gadget, bool hidden) {
+    if (QWidget* widget = WidgetOf(gadget)) widget->setHidden(hidden);
+}
+
+bool GadgetHidden(int gadget) {
+    const QWidget* widget = WidgetOf(gadget);
+    return widget && widget->isHidden();
+}
+
+void DisableGadget(int gadget, bool disabled) {
+    if (QWidget* widget = WidgetOf(gadget)) widget->setDisabled(disabled);
+}
+
+bool GadgetDisabled(int gadget) {
+    const QWidget* widget = WidgetOf(gadget);
+    return widget && !widget->isEnabledTo(widget->parentWidget());
+}
+
+void SetGadgetText(int gadget, const QString& text) {
+    if (PBGadgetFunctions* functions = FindGadget(gadget)) functions->SetText(text);
+}
+
+QString GadgetText(int gadget) {
+    return Ask(gadget, QString(), &PBGadgetFunctions::Text);
+}
+
+void SetGadgetState(int gadget, int state) {
+    if (PBGadgetFunctions* functions = FindGadget(gadget)) functions->SetState(state);
+}
+
+int GadgetState(int gadget) {
+    return Ask(gadget, 0, &PBGadgetFunctions::State);
+}
+
+void ResizeGadget(int gadget, int x, int y, int width, int height) {
+    QWidget* const widget = WidgetOf(gadget);
+    if (!widget) return;
+    const QRect now = widget->geometry();
+    widget->setGeometry(Kept(x, now.x()), Kept(y, now.y()), Kept(width, now.width()),
+                        Kept(height, now.height()));
+}
+
+int GadgetX(int gadget) {
+    return PlaceOf(gadget).x();
+}
+int GadgetY(int gadget) {
+    return PlaceOf(gadget).y();
+}
+int GadgetWidth(int gadget) {
+    return PlaceOf(gadget).width();
+}
+int GadgetHeight(int gadget) {
+    return PlaceOf(gadget).height();
+}
+
+void FocusGadget(int gadget) {
+    if (QWidget* widget = WidgetOf(gadget)) widget->setFocus();
+}
+
+int FocusedGadget() {
+    return GadgetAround(QApplication::focusWidget());
+}
+
+// Readers of the screen say the tooltip as the gadget's name. Without one the toolkit
+// takes the caption.
+void SetGadgetTooltip(int gadget, const QString& text) {
+    QWidget* const widget = WidgetOf(gadget);
+    if (!widget) return;
+    widget->setToolTip(text);
+    widget->setAccessibleName(text);
+}
+
+QString GadgetTooltip(int gadget) {
+    const QWidget* widget = WidgetOf(gadget);
+    return widget ? widget->toolTip() : QString();
+}
+
+void SetGadgetFont(int gadget, int font) {
+    const QFont* look = NumberedFont(font);
+    if (!look) return;
+    if (gadget == -1) {
+        SetDefaultGadgetFont(*look);
+    } else if (QWidget* widget = WidgetOf(gadget)) {
+        widget->setFont(*look);
+    }
+}
+
+void AddGadgetItem(int gadget, const QString& text) {
+    if (PBGadgetFunctions* functions = FindGadget(gadget)) functions->AddItem(text);
+}
+
+void ClearGadgetItems(int gadget) {
+    if (PBGadgetFunctions* functions = FindGadget(gadget)) functions->ClearItems();
+}
+
+int GadgetItemCount(int gadget) {
+    return Ask(gadget, 0, &PBGadgetFunctions::ItemCount);
+}
+
+QString GadgetItemText(int gadget, int item) {
+    return Ask(gadget, QString(), &PBGadgetFunctions::ItemText, item);
+}
+
+bool GadgetItemSelected(int gadget, int item) {
+    return Ask(gadget, false, &PBGadgetFunctions::ItemSelected, item);
+}
+
+void SetGadgetItemSelected(int gadget, int item, bool selected) {
+    if (PBGadgetFunctions* functions = FindGadget(gadget)) {
+        functions->SetItemSelected(item, selected);
+    }
+}
+
+bool GadgetItemIsFile(int gadget, int item) {
+    return Ask(gadget, false, &PBGadgetFunctions::ItemIsFile, item);
+}
+
+int GadgetColumnWidth(int gadget, int column) {
+    return Ask(gadget, 0, &PBGadgetFunctions::ColumnWidth, column);
+}
+
+void SetGadgetColumnWidth(int gadget, int column, int width) {
+    if (PBGadgetFunctions* functions = FindGadget(gadget)) {
+        functions->SetColumnWidth(column, width);
+    }
+}

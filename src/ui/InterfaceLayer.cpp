@@ -1,0 +1,54 @@
+#include "ui/InterfaceLayer.h"
+
+#include <QApplication>
+#include <thread>
+
+#include "base/Pacing.h"
+#include "ui/BoundHandlers.h"
+#include "ui/Drawing.h"
+#include "ui/EventQueue.h"
+#include "ui/MenuTable.h"
+#include "ui/WaitEnd.h"
+#include "ui/Windows.h"
+
+namespace {
+
+std::thread::id interfaceThread;
+QApplication* application = nullptr;
+
+// The toolkit gets the program's name alone: every argument is the program's own, even
+// one that reads like an option of the toolkit.
+int toolkitArgumentCount = 1;
+
+void CreateApplication(char** argv) {
+    // Every pointer move counts for a selection, those of a burst too.
+    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
+    QGuiApplication::setFallbackSessionManagementEnabled(false);
+    application = new QApplication(toolkitArgumentCount, argv);
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+}
+
+}  // namespace
+
+void StartInterfaceLayer(int&, char** argv) {
+    interfaceThread = std::this_thread::get_id();
+    CreateApplication(argv);
+    StartWaiting();
+    SetBeforeSleep(FlushPainting);
+}
+
+void EndInterfaceLayer() {
+    SetBeforeSleep(nullptr);
+    CloseNumberedWindow(-1);
+    DropMenus();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    DropAllHandlers();
+    DropAllEvents();
+    StopWaiting();
+    delete application;
+    application = nullptr;
+}
+
+bool OnInterfaceThread() {
+    return std::this_thread::get_id() == interfaceThread;
+}

@@ -1,0 +1,129 @@
+#include "ui/MenuItem.h"
+
+#include <QAction>
+#include <QCursor>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPointer>
+#include <QWindow>
+#include <map>
+#include <vector>
+
+#include "ui/Caption.h"
+#include "ui/GadgetTable.h"
+#include "ui/MenuTable.h"
+#include "ui/PBMenuEvents.h"
+#include "ui/PBQMainWindow.h"
+#include "ui/WindowTable.h"
+
+namespace {
+
+// One number, in whatever menus it stands. An action goes with its menu.
+struct ItemRecord {
+    QString text;
+    bool ticked = false;  // as the program set it
+    std::vector<QPointer<QAction>> actions;
+};
+
+std::map<int, ItemRecord> items;
+std::map<int, QMenu*> popups;
+QPointer<PBQMainWindow> openBar;  // takes the next titles
+QPointer<QMenu> openMenu;         // takes the next items
+
+void ShowTick(const ItemRecord& record) {
+    for (const QPointer<QAction>& action : record.actions) {
+        if (!action) continue;
+        if (record.ticked) action->setCheckable(true);
+        action->setChecked(record.ticked);
+    }
+}
+
+// A pop-up has no parent window until it is shown; some platforms need one to place it.
+void TieToWindow(QMenu* menu, PBQMainWindow* window) {
+    menu->setProperty(kWindowProperty, window->Number());
+    menu->winId();
+    menu->windowHandle()->setTransientParent(window->windowHandle());
+}
+
+}  // namespace
+
+void CreateMenuBar(int, int window) {
+    PBQMainWindow* const found = FindWindow(window);
+    openBar = found;
+    openMenu = nullptr;
+    if (!found) return;
+    auto* bar = new QMenuBar;
+    bar->setNativeMenuBar(false);
+    found->setMenuBar(bar);
+    found->FitMenuBar();
+}
+
+void CreatePopupMenu(int menu) {
+    QMenu*& popup = popups[menu];
+    if (popup) popup->deleteLater();
+    popup = new QMenu;
+    openBar = nullptr;
+    openMenu = popup;
+}
+
+void MenuTitle(const QString& title) {
+    if (!openBar) return;
+    openMenu = openBar->menuBar()->addMenu(ToCaption(title));
+    openMenu->setProperty(kWindowProperty, openBar->Number());
+    openBar->FitMenuBar();
+}
+
+void MenuItem(int item, const QString& text) {
+    if (!openMenu) return;
+    auto* action = new QAction(ToCaption(text), openMenu);
+    action->setProperty(kMenuItemProperty, item);
+    action->setMenuRole(QAction::NoRole);
+    QObject::connect(action, &QAction::triggered, MenuEvents(), &PBMenuEvents::ItemChosen);
+    openMenu->addAction(action);
+    ItemRecord& record = items[item];
+    record.text = text;
+    record.actions.push_back(action);
+    ShowTick(record);
+}
+
+void SetMenuItemTick(int item, bool ticked) {
+    const auto found = items.find(item);
+    if (found == items.end()) return;
+    found->second.ticked = ticked;
+    ShowTick(found->second);
+}
+
+bool MenuItemTick(int item) {
+    const auto found = items.find(item);
+    return found != items.end() && found->second.ticked;
+}
+
+QString MenuItemText(int item) {
+    const auto found = items.find(item);
+    return found == items.end() ? QString() : found->second.text;
+}
+
+void ShowPopupMenu(int menu, int window) {
+    const auto found = popups.find(menu);
+    PBQMainWindow* const over = FindWindow(window);
+    if (found == popups.end() || !over) return;
+    TieToWindow(found->second, over);
+    found->second->popup(QCursor::pos());
+}
+
+void RestoreItemTick(int item) {
+    const auto found = items.find(item);
+    if (found != items.end()) ShowTick(found->second);
+}
+
+int MenuWindow(const QObject* action) {
+    const QObject* menu = action->parent();
+    const QVariant window = menu ? menu->property(kWindowProperty) : QVariant();
+    return window.isValid() ? window.toInt() : -1;
+}
+
+void DropMenus() {
+    for (const auto& [number, popup] : popups) delete popup;
+    popups.clear();
+    items.clear();
+}

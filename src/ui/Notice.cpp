@@ -1,0 +1,19 @@
+#include "ui/Notice.h"
+
+#include "base/Numbers.h"
+#include "ui/AddWindowTimer.h"
+#include "ui/TextGadget.h"
+#include "ui/Windows.h"
+
+void ShowNotice(const QString& text, int ms) {
+    const int parent = WindowIsOpen(kFileManagerWindow) ? kFileManagerWindow : kMainWindow;
+    OpenNumberedWindow(kNoticeWindow, 10, 10, 200, 80, "Notice", kWindowCentredOnParent, parent);
+    TextGadget(kNoticeText, 5, 5, 190, 70, text);
+    CloseGadgetList();
+    AddWindowTimer(kMainWindow, kNoticeTimer, ms);
+}
+
+void CloseNotice() {
+    RemoveWindowTimer(kMainWindow, kNoticeTimer);
+    CloseNumberedWindow(kNoticeWindow);
+}

@@ -1,0 +1,182 @@
+#include "ui/PBCanvasWidget.h"
+
+#include <QApplication>
+#include <QPaintEvent>
+#include <QPainter>
+#include <set>
+
+#include "base/Numbers.h"
+#include "ui/CanvasEventData.h"
+#include "ui/GadgetTable.h"
+#include "ui/InterfaceEvent.h"
+
+namespace {
+
+// The least time between two showings. A stream of text changes the picture far more
+// often than anybody can see.
+constexpr int kShowEveryMs = 16;
+constexpr int kMaxPendingRects = 16;  // beyond them their bounding box is simpler
+constexpr int kWheelStep = 120;       // the toolkit's units of one wheel step
+
+// Input of the user is never merged: none of it may be lost while a handler keeps the
+// loop from taking events.
+constexpr uint32_t kUserInput = kEventUnmerged;
+
+std::set<PBCanvasWidget*> canvases;
+
+uint32_t ButtonBits(Qt::MouseButtons buttons) {
+    return (buttons & Qt::LeftButton ? kButtonLeft : 0) |
+           (buttons & Qt::RightButton ? kButtonRight : 0) |
+           (buttons & Qt::MiddleButton ? kButtonMiddle : 0);
+}
+
+uint32_t ModifierBits(Qt::KeyboardModifiers modifiers) {
+    return (modifiers & Qt::ShiftModifier ? kModifierShift : 0) |
+           (modifiers & Qt::AltModifier ? kModifierAlt : 0) |
+           (modifiers & Qt::ControlModifier ? kModifierControl : 0);
+}
+
+CanvasEventData DataAt(const QPoint& pointer, Qt::MouseButtons buttons,
+                       Qt::KeyboardModifiers modifiers) {
+    CanvasEventData data;
+    data.x = pointer.x();
+    data.y = pointer.y();
+    data.buttons = ButtonBits(buttons);
+    data.modifiers = ModifierBits(modifiers);
+    return data;
+}
+
+CanvasEventData DataOf(const QMouseEvent& event) {
+    return DataAt(event.pos(), event.buttons(), event.modifiers());
+}
+
+// For an event that carries no position.
+CanvasEventData DataWithoutPlace(const QWidget* canvas, Qt::KeyboardModifiers modifiers) {
+    return DataAt(canvas->mapFromGlobal(QCursor::pos()), QApplication::mouseButtons(), modifiers);
+}
+
+}  // namespace
+
+PBCanvasWidget::PBCanvasWidget(QWidget* parent, bool keyboard)
+    : QFrame(parent), image(1, 1), takesKeyboard(keyboard) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    if (keyboard) {
+        setFocusPolicy(static_cast<Qt::FocusPolicy>(Qt::StrongFocus | Qt::WheelFocus));
+        setAttribute(Qt::WA_InputMethodEnabled);  // dead keys and composed characters
+    }
+    showTimer.setSingleShot(true);
+    showTimer.setTimerType(Qt::PreciseTimer);
+    connect(&showTimer, &QTimer::timeout, this, &PBCanvasWidget::ShowPending);
+    sinceShown.start();
+    canvases.insert(this);
+}
+
+PBCanvasWidget::~PBCanvasWidget() {
+    canvases.erase(this);
+}
+
+void PBCanvasWidget::ShowSoon(const QRect& area) {
+    pending += area & rect();
+    if (pending.rectCount() > kMaxPendingRects) pending = pending.boundingRect();
+    if (showTimer.isActive()) return;
+    const qint64 since = sinceShown.elapsed();
+    if (since >= kShowEveryMs) {
+        ShowPending();
+    } else {
+        showTimer.start(kShowEveryMs - static_cast<int>(since));
+    }
+}
+
+void PBCanvasWidget::ShowPending() {
+    showTimer.stop();
+    if (pending.isEmpty()) return;
+    update(pending);
+    pending = QRegion();
+}
+
+void PBCanvasWidget::ShowAllPending() {
+    for (PBCanvasWidget* canvas : canvases) canvas->ShowPending();
+}
+
+// A widget larger than an image can be stays blank beyond it.
+void PBCanvasWidget::paintEvent(QPaintEvent* event) {
+    const QImage& picture = image.Picture();
+    QPainter painter(this);
+    for (const QRect& part : event->region()) {
+        const QRect covered = part & picture.rect();
+        if (covered != part) painter.fillRect(part, palette().window());
+        painter.drawImage(covered.topLeft(), picture, covered);
+    }
+    if (frameShape() != QFrame::NoFrame) drawFrame(&painter);
+    sinceShown.restart();
+}
+
+void PBCanvasWidget::resizeEvent(QResizeEvent* event) {
+    image.Resize(event->size().width(), event->size().height());
+}
+
+void PBCanvasWidget::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) pressed = true;
+}
+
+// The second press of a double click is a press like any other.
+void PBCanvasWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event);
+}
+
+// A click is a press and a release inside. A release of the left button is told wherever
+// the pointer went meanwhile, and before the click that it completes.
+void PBCanvasWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    const int gadget = GadgetOf(this);
+    RaiseCanvasEvent(gadget, kTypeLeftButtonUp, kUserInput, DataOf(*event));
+    const bool clicked = pressed && rect().contains(event->pos());
+    pressed = false;
+    if (clicked) RaiseCanvasEvent(gadget, kTypeLeftClick, kUserInput, DataOf(*event));
+}
+
+// A selection follows each move of a held button. Of moves with no button down the last
+// one counts.
+void PBCanvasWidget::mouseMoveEvent(QMouseEvent* event) {
+    const uint32_t flags = event->buttons() == Qt::NoButton ? 0 : kUserInput;
+    RaiseCanvasEvent(GadgetOf(this), kTypeMouseMove, flags, DataOf(*event));
+}
+
+// A wheel may report parts of a step; they are added up until they make whole ones. The
+// event can merge, since what is bound to it runs for each that is raised.
+void PBCanvasWidget::wheelEvent(QWheelEvent* event) {
+    wheelRest += event->angleDelta().y();
+    const int steps = wheelRest / kWheelStep;
+    wheelRest %= kWheelStep;
+    if (steps == 0) return;
+    CanvasEventData carried =
+        DataAt(event->position().toPoint(), event->buttons(), event->modifiers());
+    carried.wheel = steps;
+    RaiseCanvasEvent(GadgetOf(this), kTypeMouseWheel, 0, carried);
+}
+
+void PBCanvasWidget::keyPressEvent(QKeyEvent* event) {
+    CanvasEventData carried = DataWithoutPlace(this, event->modifiers());
+    carried.key = static_cast<uint32_t>(event->key());
+    RaiseCanvasEvent(GadgetOf(this), kTypeKeyDown, kUserInput, carried);
+    carried.key = 0;
+    RaiseInput(event->text(), carried);
+}
+
+void PBCanvasWidget::inputMethodEvent(QInputMethodEvent* event) {
+    RaiseInput(event->commitString(), DataWithoutPlace(this, QApplication::keyboardModifiers()));
+}
+
+void PBCanvasWidget::RaiseInput(const QString& text, CanvasEventData carried) {
+    const int gadget = GadgetOf(this);
+    for (const QChar unit : text) {
+        carried.input = unit.unicode();
+        RaiseCanvasEvent(gadget, kTypeInput, kUserInput, carried);
+    }
+}
+
+// Tab and Shift+Tab are keys of a terminal; they do not move the focus away from it.
+bool PBCanvasWidget::focusNextPrevChild(bool next) {
+    return !takesKeyboard && QFrame::focusNextPrevChild(next);
+}

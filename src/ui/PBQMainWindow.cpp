@@ -1,0 +1,95 @@
+#include "ui/PBQMainWindow.h"
+
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QMouseEvent>
+
+#include "base/Numbers.h"
+#include "ui/InterfaceEvent.h"
+#include "ui/PBMainWindowWidget.h"
+#include "ui/WindowTable.h"
+
+void RaiseWindowEvent(int window, int number) {
+    if (!FindWindow(window)) return;
+    InterfaceEvent event;
+    event.number = number;
+    event.window = window;
+    RaiseInterfaceEvent(event);
+}
+
+PBQMainWindow::PBQMainWindow(int window, QWidget* parent, Qt::WindowFlags flags, bool fixed)
+    : QMainWindow(parent, flags), number(window), fixedSize(fixed) {
+    setProperty(kWindowProperty, window);
+    setCentralWidget(new PBMainWindowWidget(this));
+}
+
+// The toolkit's own rule for the height that a window's layout gives its menu bar. A
+// window without one must not be asked for it, which would create it.
+int PBQMainWindow::MenuBarHeight(int width) const {
+    const QWidget* bar = menuWidget();
+    if (!bar || bar->isHidden()) return 0;
+    const int height = bar->heightForWidth(qMax(width, bar->minimumWidth()));
+    return height >= 0 ? height : bar->sizeHint().height();
+}
+
+QSize PBQMainWindow::InnerSize() const {
+    return QSize(width(), qMax(0, height() - MenuBarHeight(width())));
+}
+
+void PBQMainWindow::SetInnerSize(const QSize& inner) {
+    wantedInner = inner;
+    FitMenuBar();
+}
+
+void PBQMainWindow::FitMenuBar() {
+    const QSize outer(wantedInner.width(),
+                      wantedInner.height() + MenuBarHeight(wantedInner.width()));
+    if (fixedSize) {
+        setFixedSize(outer);
+    } else {
+        resize(outer);
+    }
+}
+
+// The program decides what closing means; the window itself stays open.
+void PBQMainWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    RaiseWindowEvent(number, kEventCloseWindow);
+}
+
+void PBQMainWindow::moveEvent(QMoveEvent*) {
+    RaiseWindowEvent(number, kEventMoveWindow);
+}
+
+void PBQMainWindow::resizeEvent(QResizeEvent*) {
+    RaiseWindowEvent(number, kEventSizeWindow);
+}
+
+void PBQMainWindow::paintEvent(QPaintEvent*) {
+    RaiseWindowEvent(number, kEventRepaint);
+}
+
+void PBQMainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange) {
+        RaiseWindowEvent(number, isActiveWindow() ? kEventActivateWindow : kEventDeactivateWindow);
+    } else if (event->type() == QEvent::WindowStateChange) {
+        const int change = isMinimized()   ? kEventMinimizeWindow
+                           : isMaximized() ? kEventMaximizeWindow
+                                           : kEventRestoreWindow;
+        RaiseWindowEvent(number, change);
+    }
+}
+
+void PBQMainWindow::mouseDoubleClickEvent(QMouseEvent* event) {
+    doubleClicked = event->button() == Qt::LeftButton;
+}
+
+void PBQMainWindow::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::RightButton) {
+        RaiseWindowEvent(number, kEventRightButtonUp);
+    } else if (event->button() == Qt::LeftButton) {
+        RaiseWindowEvent(number, doubleClicked ? kEventLeftDoubleClickUp : kEventLeftButtonUp);
+        doubleClicked = false;
+    }
+}

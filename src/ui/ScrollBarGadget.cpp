@@ -1,0 +1,40 @@
+#include "ui/ScrollBarGadget.h"
+
+#include <QScrollBar>
+#include <QSignalBlocker>
+
+#include "ui/GadgetTable.h"
+#include "ui/PBGadgetFunctions.h"
+
+namespace {
+
+class ScrollBarFunctions : public PBGadgetFunctions {
+  public:
+    ScrollBarFunctions(int gadget, QScrollBar* shown)
+        : PBGadgetFunctions(gadget, shown), bar(shown) {
+        // Its own context menu would run a loop of its own and hold up the program.
+        bar->setContextMenuPolicy(Qt::NoContextMenu);
+        connect(bar, &QScrollBar::valueChanged, this, &PBGadgetFunctions::LeftClicked);
+    }
+    void SetState(int state) override {
+        const QSignalBlocker quiet(bar);
+        bar->setValue(state);
+    }
+    int State() const override { return bar->value(); }
+
+  private:
+    QScrollBar* const bar;
+};
+
+}  // namespace
+
+void ScrollBarGadget(int gadget, int x, int y, int width, int height, int minimum, int maximum,
+                     int pageLength, ScrollDirection direction) {
+    QWidget* const parent = BeginGadget(gadget);
+    if (!parent) return;
+    const bool upright = direction == ScrollDirection::kVertical;
+    auto* bar = new QScrollBar(upright ? Qt::Vertical : Qt::Horizontal, parent);
+    bar->setRange(minimum, qMax(minimum, maximum - pageLength));
+    bar->setPageStep(pageLength);
+    EnterGadget(new ScrollBarFunctions(gadget, bar), QRect(x, y, width, height));
+}

@@ -1,0 +1,16 @@
+// The table of windows by number. Interface thread.
+#pragma once
+
+class PBQMainWindow;
+
+// The dynamic property that holds a window's number.
+constexpr char kWindowProperty[] = "PB_WindowID";
+
+// The window of a number; null for none.
+PBQMainWindow* FindWindow(int window);
+
+// The program's window that has the keyboard, or else the one opened first; null for none.
+PBQMainWindow* ActiveProgramWindow();
+
+// Shows what is dirty in every open window at once.
+void PaintAllWindows();

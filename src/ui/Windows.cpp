@@ -1,0 +1,170 @@
+#include "ui/Windows.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <cassert>
+#include <map>
+#include <vector>
+
+#include "base/Numbers.h"
+#include "ui/EventQueue.h"
+#include "ui/GadgetTable.h"
+#include "ui/InterfaceLayer.h"
+#include "ui/PBQMainWindow.h"
+#include "ui/WindowTable.h"
+
+namespace {
+
+std::map<int, PBQMainWindow*> windows;
+
+struct FlagRow {
+    int flag;  // of base/Numbers.h
+    Qt::WindowFlags look;
+};
+
+const FlagRow kFlagRows[] = {
+    {kWindowClose, Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint},
+    {kWindowMaximize, Qt::WindowMaximizeButtonHint},
+    {kWindowMinimize, Qt::WindowMinimizeButtonHint},
+};
+
+// A window that stands centred over its parent is a dialog to the window manager: it keeps
+// above the parent and out of the task list.
+Qt::WindowFlags LookOf(int flags) {
+    Qt::WindowFlags look = Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+    look |= flags & kWindowCentredOnParent ? Qt::Dialog : Qt::Window;
+    for (const FlagRow& row : kFlagRows) {
+        if (flags & row.flag) look |= row.look;
+    }
+    return look;
+}
+
+void PlaceWindow(PBQMainWindow* window, int x, int y, int flags, const QWidget* parent) {
+    if (!(flags & kWindowCentredOnParent)) {
+        window->move(x, y);
+    } else if (parent) {
+        const QSize spare = (parent->frameGeometry().size() - window->size()) / 2;
+        window->move(parent->frameGeometry().topLeft() + QPoint(spare.width(), spare.height()));
+    }
+}
+
+// The keyboard stays where it is when a centred window opens. Any other takes it, which
+// has to be asked for where no window manager runs.
+void ShowWindow(PBQMainWindow* window, int flags) {
+    const bool centred = flags & kWindowCentredOnParent;
+    window->setAttribute(Qt::WA_ShowWithoutActivating, centred);
+    window->show();
+    if (!centred) window->activateWindow();
+}
+
+void CloseOne(PBQMainWindow* window) {
+    std::vector<PBQMainWindow*> children;
+    for (const auto& [number, other] : windows) {
+        if (other->parentWidget() == window) children.push_back(other);
+    }
+    for (PBQMainWindow* child : children) CloseOne(child);
+    const int number = window->Number();
+    windows.erase(number);
+    FreeGadgetsIn(window);
+    RetireWidget(window);
+    DropWindowEvents(number);
+}
+
+int Kept(int wanted, int present) {
+    return wanted == kKeep ? present : wanted;
+}
+
+// The rectangle that a measure means, in screen coordinates.
+QRect Measured(int window, WindowMeasure measure) {
+    const PBQMainWindow* found = FindWindow(window);
+    if (!found) return QRect(0, 0, 0, 0);
+    if (measure == WindowMeasure::kFrame) return found->frameGeometry();
+    const QPoint corner = found->mapToGlobal(QPoint(0, 0));
+    const QSize inner = found->InnerSize();
+    return QRect(corner.x(), corner.y() + found->height() - inner.height(), inner.width(),
+                 inner.height());
+}
+
+}  // namespace
+
+PBQMainWindow* FindWindow(int window) {
+    assert(OnInterfaceThread());
+    const auto found = windows.find(window);
+    return found == windows.end() ? nullptr : found->second;
+}
+
+PBQMainWindow* ActiveProgramWindow() {
+    if (PBQMainWindow* active = FindWindow(WindowOf(QApplication::activeWindow()))) return active;
+    return windows.empty() ? nullptr : windows.begin()->second;
+}
+
+void PaintAllWindows() {
+    for (const auto& [number, window] : windows) {
+        QEvent request(QEvent::UpdateRequest);
+        if (window->isVisible()) QCoreApplication::sendEvent(window, &request);
+    }
+}
+
+bool OpenNumberedWindow(int window, int x, int y, int width, int height, const QString& title,
+                        int flags, int parentWindow) {
+    if (window < 0) return false;
+    CloseNumberedWindow(window);
+    PBQMainWindow* const parent = FindWindow(parentWindow);
+    const bool fixedSize = !(flags & (kWindowSizable | kWindowMaximize));
+    auto* opened = new PBQMainWindow(window, parent, LookOf(flags), fixedSize);
+    windows[window] = opened;
+    opened->setWindowTitle(title);
+    opened->SetInnerSize(QSize(qMax(width, 0), qMax(height, 0)));
+    PlaceWindow(opened, x, y, flags, parent);
+    ShowWindow(opened, flags);
+    OpenGadgetList(opened->centralWidget());
+    return true;
+}
+
+void CloseNumberedWindow(int window) {
+    if (PBQMainWindow* found = FindWindow(window)) CloseOne(found);
+    while (window == -1 && !windows.empty()) CloseOne(windows.begin()->second);
+}
+
+bool WindowIsOpen(int window) {
+    return FindWindow(window) != nullptr;
+}
+
+void ActivateNumberedWindow(int window) {
+    PBQMainWindow* const found = FindWindow(window);
+    if (!found) return;
+    if (found->isMinimized()) found->setWindowState(found->windowState() & ~Qt::WindowMinimized);
+    found->raise();
+    found->activateWindow();
+}
+
+void SetWindowTitle(int window, const QString& title) {
+    if (PBQMainWindow* found = FindWindow(window)) found->setWindowTitle(title);
+}
+
+QString WindowTitle(int window) {
+    const PBQMainWindow* found = FindWindow(window);
+    return found ? found->windowTitle() : QString();
+}
+
+int WindowX(int window, WindowMeasure measure) {
+    return Measured(window, measure).x();
+}
+int WindowY(int window, WindowMeasure measure) {
+    return Measured(window, measure).y();
+}
+int WindowWidth(int window, WindowMeasure measure) {
+    return Measured(window, measure).width();
+}
+int WindowHeight(int window, WindowMeasure measure) {
+    return Measured(window, measure).height();
+}
+
+void ResizeNumberedWindow(int window, int x, int y, int width, int height) {
+    PBQMainWindow* const found = FindWindow(window);
+    if (!found) return;
+    if (x != kKeep || y != kKeep) found->move(Kept(x, found->x()), Kept(y, found->y()));
+    const QSize inner = found->InnerSize();
+    const QSize wanted(qMax(0, Kept(width, inner.width())), qMax(0, Kept(height, inner.height())));
+    if (wanted != inner) found->SetInnerSize(wanted);
+}
