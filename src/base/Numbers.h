@@ -96,6 +96,10 @@ constexpr int kPcPathEntry = 180;
 constexpr int kFamilyNameText = 181;
 constexpr int kEditFileButton = 182;
 
+// Gadget of the notice window. The design leaves it without a number; this one lies
+// beyond all others.
+constexpr int kNoticeText = 65536;
+
 // Fonts with fixed numbers.
 constexpr int kInterfaceFont = 57;
 constexpr int kTerminalEntryFont = 58;
