@@ -1,6 +1,7 @@
 #include "terminal/screen/Selection.h"
 
 #include <QString>
+#include <algorithm>
 #include <cstdint>
 #include <utility>
 
@@ -21,6 +22,9 @@ constexpr uint32_t kHighlight = 0x404040;  // red, green and blue 64
 constexpr int kMargin = 2;                 // of the drawn cells, in pixels
 constexpr int kCopiedNoticeMs = 2000;
 
+// A pointer counts as no farther than this many cells from the first, either way.
+constexpr int64_t kFarthestCell = 1 << 20;
+
 // Columns and rows count from 0 here; a cell index is cols * row + column. A negative
 // start means that no selection is under way.
 struct Selection {
@@ -33,7 +37,9 @@ struct Selection {
 
 Selection selection;
 
-bool UnderWay() { return selection.startColumn >= 0 && selection.startRow >= 0; }
+bool UnderWay() {
+    return selection.startColumn >= 0 && selection.startRow >= 0;
+}
 
 struct CellRange {
     int first = 0, last = 0;
@@ -72,39 +78,62 @@ void SetEnds() {
     selection.endRow = last / cols;
 }
 
+// Cells more than a row outside the picture show nothing of their boxes.
 void FlipCells(const CellRange& range) {
     if (!StartDrawing(kTerminalCanvas)) return;
+    const int cols = terminalScreen.cols;
     const int width = terminalMetrics.charWidth;
     const int height = terminalMetrics.charHeight;
-    for (int i = range.first; i <= range.last; ++i) {
-        DrawXorBox(width * (i % terminalScreen.cols) + kMargin,
-                   i / terminalScreen.cols * height + kMargin, width, height, kHighlight);
+    const int first = std::max(range.first, -2 * cols);
+    const int last = std::min(range.last, (terminalScreen.rows + 2) * cols);
+    for (int i = first; i <= last; ++i) {
+        DrawXorBox(width * (i % cols) + kMargin, i / cols * height + kMargin, width, height,
+                   kHighlight);
     }
     StopDrawing();
 }
 
+// Columns and rows outside the canvas count as they come: one past the right edge runs
+// into the next row.
+int CellIndex(int column, int row) {
+    const int64_t p = static_cast<int64_t>(terminalScreen.cols) * row + column;
+    return static_cast<int>(std::clamp(p, -kFarthestCell, kFarthestCell));
+}
+
 void BeginSelection(int column, int row) {
-    const int p = terminalScreen.cols * row + column;
+    const int p = CellIndex(column, row);
     selection = {column, row, column, row, p, p, p};
+}
+
+// A pointer that goes in front of the first cell makes the start negative, which ends the
+// selection; its highlight stays lit until the next repaint.
+void MoveHead(int p) {
+    if (p == selection.last) return;
+    selection.last = p;
+    CellRange range = FlipRange(p);
+    if (range.first > range.last) std::swap(range.first, range.last);
+    SetEnds();
+    FlipCells(range);
 }
 
 // An empty cell adds nothing, so blanks that were never written vanish. On the last row the
 // end does not depend on the line's length: old cells beyond it are read.
-void AppendRow(QString* text, int row) {
-    const TerminalLine* line = TerminalLineAt(terminalScreen.topLine + row);
-    if (!line || line->length <= 0) return;
+void AppendRow(QString* text, const TerminalLine& line, int row) {
+    if (line.length <= 0) return;
     const int first = row == selection.startRow + 1 ? selection.startColumn + 1 : 1;
-    int last = row == selection.endRow + 1 ? selection.endColumn + 1 : line->length;
-    if (last > kLastColumn) last = kLastColumn;
-    for (int column = first; column <= last; ++column) {
-        if (line->cells[column].ch) *text += QChar(line->cells[column].ch);
+    const int end = row == selection.endRow + 1 ? selection.endColumn + 1 : line.length;
+    for (int column = first; column <= std::min(end, kLastColumn); ++column) {
+        if (line.cells[column].ch) *text += QChar(line.cells[column].ch);
     }
 }
 
+// Of a selection that ends below the last line held, each row beyond reads that line again.
 QString SelectedText() {
     QString text;
+    const TerminalLine* line = nullptr;
     for (int row = selection.startRow + 1; row <= selection.endRow + 1; ++row) {
-        AppendRow(&text, row);
+        if (const TerminalLine* next = TerminalLineAt(terminalScreen.topLine + row)) line = next;
+        if (line) AppendRow(&text, *line, row);
         // Rows are joined by CR alone, whatever the line ending says.
         if (row <= selection.endRow) text += '\r';
     }
@@ -116,20 +145,11 @@ QString SelectedText() {
 void ExtendSelection() {
     if (terminalMetrics.charWidth <= 0 || terminalMetrics.charHeight <= 0) return;
     // The two pixels of margin in the drawing are not taken off.
-    const int column = EventAttribute(kTerminalCanvas, kAttributeMouseX) / terminalMetrics.charWidth;
+    const int column =
+        EventAttribute(kTerminalCanvas, kAttributeMouseX) / terminalMetrics.charWidth;
     const int row = EventAttribute(kTerminalCanvas, kAttributeMouseY) / terminalMetrics.charHeight;
     if (!UnderWay()) return BeginSelection(column, row);
-    // Held inside the canvas's cells, so that a pointer dragged far outside flips a bounded
-    // number of them.
-    const int cells = terminalScreen.cols * terminalScreen.rows;
-    int p = terminalScreen.cols * row + column;
-    p = p < 0 ? 0 : p > 2 * cells ? 2 * cells : p;
-    if (p == selection.last) return;
-    selection.last = p;
-    CellRange range = FlipRange(p);
-    if (range.first > range.last) std::swap(range.first, range.last);
-    SetEnds();
-    FlipCells(range);
+    MoveHead(CellIndex(column, row));
 }
 
 void FinishSelection() {
