@@ -1,0 +1,182 @@
+// The store on real files: what is found, where things are put, and files that somebody
+// spoiled.
+#include "shell/PreferencesStore.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <QDir>
+#include <csignal>
+#include <thread>
+
+#include "shell/PreferencesText.h"
+#include "tests/shell/scratch_folder.h"
+
+namespace {
+
+constexpr char kFile[] = "store.inf";
+constexpr char kMark[] = "\xEF\xBB\xBF\n";
+constexpr int kFlags = kPreferenceGroupSpace;
+
+class PreferencesStoreTest : public testing::Test {
+  protected:
+    // Opens the text, acts, closes; what the file then holds, without the mark.
+    template <typename Action>
+    static std::string After(const QByteArray& text, Action action) {
+        ScratchFolder::Put(kFile, text);
+        EXPECT_TRUE(OpenPreferences(kFile, kFlags));
+        action();
+        ClosePreferences();
+        return ScratchFolder::Get(kFile).replace(kMark, "").toStdString();
+    }
+    // A load and a change of a file that cannot be rewritten for `why`.
+    static void Touch() {
+        OpenPreferences(kFile, kFlags);
+        PreferenceGroup("A");
+        PreferenceComment("new");
+        ClosePreferences();
+    }
+
+    ScratchFolder scratch;
+};
+
+// Rights bind nobody but an ordinary user, which a test need not run as.
+void AsOrdinaryUser(bool ordinary) {
+    constexpr uid_t kNobody = 65534;
+    const uid_t user = ordinary && getuid() == 0 ? kNobody : getuid();
+    ASSERT_EQ(seteuid(user), 0);
+}
+
+}  // namespace
+
+TEST_F(PreferencesStoreTest, ReadsByGroupWithoutRegardToCase) {
+    ScratchFolder::Put(kFile,
+                       "early = 1\n[One]\nKey = a\nkey = b\n[Two]\nN = 12x\n[ONE]\nkey = c\nz=1\n"
+                       "[Numbers]\nspace =  \t 7 \nminus=-3\nhex=$10\nword=x\nbig=4294967301\n"
+                       "huge=99999999999999999999\nempty =\n");
+    EXPECT_TRUE(OpenPreferences(kFile, kFlags));
+    EXPECT_EQ(ReadPreferenceLong("EARLY", 0), 1);
+    EXPECT_TRUE(PreferenceGroup("one"));
+    EXPECT_EQ(ReadPreferenceString("KEY", ""), "a");
+    EXPECT_EQ(ReadPreferenceLong("z", 5), 5);  // stands in the second group of that name
+    EXPECT_EQ(ReadPreferenceLong("N", 5), 5);
+    EXPECT_FALSE(PreferenceGroup("missing"));
+    EXPECT_EQ(ReadPreferenceString("key", "default"), "default");
+    EXPECT_TRUE(PreferenceGroup("Two"));
+    EXPECT_EQ(ReadPreferenceLong("n", 0), 12);
+    PreferenceGroup("Numbers");
+    const struct {
+        const char* key;
+        int32_t value;
+    } numbers[] = {{"space", 7}, {"minus", -3}, {"hex", 0},  {"word", 0},
+                   {"big", 5},   {"huge", -1},  {"empty", 0}};
+    for (const auto& row : numbers) EXPECT_EQ(ReadPreferenceLong(row.key, 9), row.value) << row.key;
+    EXPECT_EQ(ReadPreferenceString("space", ""), "7");
+    EXPECT_EQ(ReadPreferenceString("empty", "default"), "");
+    ClosePreferences();
+    EXPECT_EQ(ReadPreferenceLong("early", 9), 9);
+}
+
+TEST_F(PreferencesStoreTest, PutsThingsWhereTheyBelong) {
+    const QByteArray text = "[A]\nk = 1\nl = 2\n[B]\nm = 3\n";
+    const std::string kept = text.toStdString();
+    EXPECT_EQ(After(text, [] { PreferenceGroup("C"); }), kept);  // not dirty: not touched
+    EXPECT_EQ(After(text,
+                    [] {
+                        PreferenceGroup("a");
+                        WritePreferenceLong("K", -7);  // replaced, its spelling stays
+                        PreferenceComment("behind k");
+                        WritePreferenceString("new", "\u00E4");  // at the end of the group
+                        PreferenceComment("behind new");
+                    }),
+              "[A]\nk = -7\n; behind k\nl = 2\nnew = \xC3\xA4\n; behind new\n\n[B]\nm = 3\n");
+    EXPECT_EQ(After(text,
+                    [] {
+                        PreferenceGroup("A");
+                        ReadPreferenceLong("l", 0);
+                        ReadPreferenceLong("missing", 0);
+                        PreferenceComment("behind l");
+                        PreferenceGroup("C");
+                        PreferenceComment("heads C");
+                        WritePreferenceLong("n", 4);
+                        EXPECT_EQ(ReadPreferenceLong("N", 0), 4);
+                    }),
+              "[A]\nk = 1\nl = 2\n; behind l\n\n[B]\nm = 3\n\n[C]\n; heads C\nn = 4\n");
+    EXPECT_EQ(After(text + "junk\n", [] { WritePreferenceLong("top", 1); }),
+              "top = 1\n[A]\nk = 1\nl = 2\n\n[B]\nm = 3\njunk = \n");
+}
+
+TEST_F(PreferencesStoreTest, ShrinksGrowsAndCreates) {
+    EXPECT_FALSE(OpenPreferences(kFile, kFlags));
+    ClosePreferences();
+    EXPECT_FALSE(QFile::exists(kFile));  // nothing changed, nothing made
+    Touch();
+    EXPECT_EQ(ScratchFolder::Get(kFile), QByteArray(kMark) + "[A]\n; new\n");
+    ASSERT_TRUE(CreatePreferences(kFile, kFlags));
+    EXPECT_EQ(ScratchFolder::Get(kFile), "");
+    ClosePreferences();
+    EXPECT_EQ(ScratchFolder::Get(kFile), kMark);
+    EXPECT_FALSE(CreatePreferences("no/such/folder", kFlags));
+    WritePreferenceLong("k", 1);
+    ClosePreferences();
+}
+
+TEST_F(PreferencesStoreTest, EachThreadHasItsOwn) {
+    ScratchFolder::Put(kFile, "k = 1\n");
+    OpenPreferences(kFile, kFlags);
+    std::thread([] { EXPECT_EQ(ReadPreferenceLong("k", 2), 2); }).join();
+    EXPECT_EQ(ReadPreferenceLong("k", 2), 1);
+}
+
+// What cannot be read, or not as a whole, is left as it is.
+TEST_F(PreferencesStoreTest, SpoiledFilesNeitherBlockNorGetLost) {
+    ASSERT_EQ(mkfifo("pipe", 0666), 0);
+    QDir().mkdir("folder");
+    for (const char* path : {"pipe", "folder", "/dev/zero", "store.inf/below", ""}) {
+        EXPECT_FALSE(OpenPreferences(path, kFlags)) << path;
+        PreferenceComment("new");
+        ClosePreferences();
+        EXPECT_FALSE(CreatePreferences(path, kFlags)) << path;
+    }
+    const QByteArray tooLong = "k = 12\nrest = " + QByteArray(kLargestPreferences, 'x') + "\nl=3\n";
+    ScratchFolder::Put(kFile, tooLong);
+    EXPECT_TRUE(OpenPreferences(kFile, kFlags));
+    EXPECT_EQ(ReadPreferenceLong("k", 0), 12);
+    EXPECT_EQ(ReadPreferenceString("rest", "cut"), "cut");  // no half line
+    WritePreferenceLong("k", 1);
+    ClosePreferences();
+    EXPECT_EQ(ScratchFolder::Get(kFile), tooLong);
+    const QByteArray tooMany = QByteArray("a=1\n").repeated(kMostPreferenceEntries + 1);
+    EXPECT_EQ(After(tooMany, [] { WritePreferenceLong("a", 2); }), tooMany.toStdString());
+}
+
+TEST_F(PreferencesStoreTest, FileRightsAreHonoured) {
+    ScratchFolder::Put(kFile, "k = 1\n");
+    ASSERT_EQ(chmod(".", 0777), 0);
+    for (mode_t mode : {0444, 0222, 0000}) {
+        ASSERT_EQ(chmod(kFile, mode), 0);
+        AsOrdinaryUser(true);
+        EXPECT_EQ(OpenPreferences(kFile, kFlags), mode == 0444);
+        EXPECT_EQ(ReadPreferenceLong("k", 9), mode == 0444 ? 1 : 9);
+        WritePreferenceLong("k", 2);
+        ClosePreferences();
+        AsOrdinaryUser(false);
+    }
+    ASSERT_EQ(chmod(kFile, 0644), 0);
+    EXPECT_EQ(ScratchFolder::Get(kFile), "k = 1\n");
+}
+
+// A full disk, as a limit on the file's size shows it: the old contents stay.
+TEST_F(PreferencesStoreTest, NoRoomForMoreLeavesTheFile) {
+    const QByteArray text = "k = " + QByteArray(90, 'x') + "\n";
+    ScratchFolder::Put(kFile, text);
+    signal(SIGXFSZ, SIG_IGN);
+    rlimit before = {};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit tight = {100, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
+    Touch();
+    setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_EQ(ScratchFolder::Get(kFile), text);
+}
