@@ -189,6 +189,7 @@ constexpr int kEventSendDone = 65541;
 constexpr int kEventSendStatus = 65542;
 constexpr int kEventReceiveDone = 65543;
 constexpr int kEventReceiveStatus = 65544;
+constexpr int kEventPrintLine = 65545;  // another thread handed over a line for the terminal
 
 // Sub-types of gadget events.
 constexpr int64_t kTypeLeftClick = 0;

@@ -7,6 +7,9 @@ constexpr int kListingIdle = 0;
 constexpr int kListingWaiting = 1;   // for the prompt
 constexpr int kListingComplete = 2;  // not yet handed over
 
+// Beyond this many code units what arrives is not recorded any more.
+constexpr int kLongestCapture = 128 * 1024 * 1024;
+
 struct Capture {
     bool on = false;     // TerminalFeed appends what it is given to `buffer`
     QString buffer;      // raw received text, sequences and line ends as they came

@@ -58,15 +58,23 @@ const TerminalLine* TerminalLineAt(int element);
 // Elements in the line list: rows + 1 + topLimit.
 int TerminalLineCount();
 
+// Changes of single fields. Each holds its values inside their range.
+void MoveTerminalCursor(int x, int y);  // x 1 to kLastColumn, y 1 to rows
+void SetTextAttribute(int attribute);
+void SetCurrentColours(uint32_t foreground, uint32_t background);
+void SetPendingColours(uint32_t foreground, uint32_t background);
+void SetDefaultColours(bool dark);  // darkBackground and the scheme's two colours
+void ResetDimColour();
+void SetCursorVisible(bool visible);
+void SetScreenSize(int cols, int rows);  // the line list stays; ClearTerminal must follow
+void SetScrollBackLimits(int scrollBack, int maxLineLength);
+
 // Empties the screen and all scrollback.
 void ClearTerminal(int canvas);
 // Writes text at the cursor with the current attribute and colours. No wrap: at the
 // right margin each further character replaces the last cell.
 void TerminalPutText(const QString& text);
 void TerminalPutText(const char16_t* text, int count);
-// Puts the cursor on a column of 1 to kLastColumn, which may lie past `cols`, and a row of
-// 1 to `rows`; values beyond are held at the ends. For the monitor views.
-void SetTerminalCursor(int x, int y);
 // Moves the view forward n lines, creating and trimming lines.
 void TerminalScrollUp(int n);
 // Moves the view back n lines.
@@ -75,3 +83,13 @@ void TerminalScrollDown(int n);
 // line. From another thread the line is handed to the interface thread, which prints it
 // in order with that thread's posted events.
 void TerminalPrintLine(const QString& text);
+// Prints the oldest handed line: the answer to one event kEventPrintLine.
+void PrintHandedLines();
+// Lines that may wait at a time; of a thread that hands over more the rest is dropped,
+// since it must never wait for the interface thread.
+constexpr int kMostHandedLines = 4096;
+
+// While a feed is under way, what only the window shows is held back: the scroll bar's
+// position and the window's layout. They follow at its end.
+void SetFeedUnderWay(bool underWay);
+bool FeedUnderWay();

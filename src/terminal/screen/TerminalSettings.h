@@ -38,3 +38,5 @@ void SetTerminalFont(const QString& name, int size);
 void SetAllowResize(bool on);
 void SetWordWrap(bool on);
 void SetCanvasSize(int width, int height);
+void SetAskedSize(int cols, int rows);
+void SetDarkBackground(bool dark);

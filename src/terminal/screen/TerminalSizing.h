@@ -25,18 +25,34 @@ struct TerminalMetrics {
 };
 extern const TerminalMetrics& terminalMetrics;
 
+// Of the frame canvas around the terminal canvas, on each side, in pixels.
+constexpr int kTerminalFrameWidth = 5;
+// Cells of a strange font or setting are held to this many pixels each way.
+constexpr int kLargestCell = 1024;
+
+// Measures the cell in the normal font and computes the canvas size from it.
+void MeasureTerminal();
 // Loads the three terminal fonts from the settings, freeing those loaded before,
 // measures the cell and computes the canvas size.
 void LoadTerminalFonts();
 // Start of the terminal: fonts, canvas size, `rows` lines, ClearTerminal.
 void SetUpTerminal();
 
-// 1 if the size changed, 0 if not. Values are held inside the bounds of TerminalScreen.h.
+// 1 if the size changed, 0 if not. A value of 0 or less leaves its side as it is; one
+// beyond the bounds of TerminalScreen.h is cut to them.
 int SetTerminalSize(int cols, int rows);
 // ClearTerminal, ShowTerminalSize, resize of the window, LayoutMainWindow.
 void ApplyTerminalSize();
-// SetTerminalSize and ApplyTerminalSize for a size that the device asks for.
+// SetTerminalSize and ApplyTerminalSize for a size that the device asks for. During a feed
+// the window itself follows at the feed's end, by FinishRemoteResize, so that a flood of
+// such requests lays it out once.
 void RemoteResize(int cols, int rows);
+void FinishRemoteResize();
+// The window's part of a resize: the size text, the window's own size, and the places of
+// all that lies in it. Paints nothing in the terminal.
+void FitMainWindow();
+// TerminalRepaint, on a picture that has the terminal's size from then on.
+void RepaintAtFullSize();
 void ShowTerminalSize();
 QString TerminalSizeText();
 void AskTerminalSize();

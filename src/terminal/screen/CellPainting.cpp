@@ -1,0 +1,88 @@
+#include "terminal/screen/CellPainting.h"
+
+#include <utility>
+
+#include "terminal/screen/TerminalScreen.h"
+#include "terminal/screen/TerminalSizing.h"
+
+namespace {
+
+int16_t FontOf(int attribute) {
+    const int font = attribute & kAttributeBold        ? terminalMetrics.boldFont
+                     : attribute & kAttributeThirdFont ? terminalMetrics.thirdFont
+                                                       : terminalMetrics.normalFont;
+    return static_cast<int16_t>(font);
+}
+
+bool LookAlike(const TerminalCell& a, const TerminalCell& b) {
+    return a.attr == b.attr && a.bg == b.bg && a.fg == b.fg;
+}
+
+// The cells of a line up to its length, as runs of one look.
+struct RowRuns {
+    explicit RowRuns(const TerminalLine& line, bool fillAll) {
+        for (int column = 1; column <= line.length;) {
+            const TerminalCell& first = line.cells[column];
+            CellRun& run = runs[count++];
+            run.text = text + column;
+            run.look = LookOf(first.attr, first.fg, first.bg);
+            run.look.fillBox = fillAll || (first.attr & kAttributeInverse);
+            const int start = column;
+            while (column <= line.length && LookAlike(line.cells[column], first)) {
+                text[column] = line.cells[column].ch;
+                ++column;
+            }
+            run.count = column - start;
+        }
+    }
+    char16_t text[kLineCells];
+    CellRun runs[kLineCells];
+    int count = 0;
+};
+
+}  // namespace
+
+int ColumnX(int column) {
+    return (column - 1) * terminalMetrics.charWidth + kCanvasMargin;
+}
+
+int WritingY(int row) {
+    return (row - 1) * terminalMetrics.charHeight + kCanvasMargin;
+}
+
+int RepaintY(int row) {
+    return (row - 1) * terminalMetrics.charHeight;
+}
+
+CellLook LookOf(int attribute, uint32_t foreground, uint32_t background) {
+    CellLook look;
+    look.font = FontOf(attribute);
+    if (attribute & kAttributeHidden) foreground = background;
+    if (attribute & kAttributeDim) foreground = terminalScreen.dimColour;
+    if (attribute & kAttributeInverse) std::swap(foreground, background);
+    look.foreground = foreground;
+    look.background = background;
+    return look;
+}
+
+void DrawWrittenCells(int column, int row, const CellRun& run, bool stacked) {
+    const int width = terminalMetrics.charWidth;
+    DrawCells(ColumnX(column), WritingY(row), &run, 1,
+              {stacked ? 0 : width, width + 1, terminalMetrics.charHeight});
+}
+
+void DrawScrolledRow(KeptLine* kept, int row) {
+    const int y = RepaintY(row);
+    if (DrawCellsAgain(y, kept->painted)) return;
+    const int width = terminalMetrics.charWidth;
+    const RowRuns runs(kept->line, true);
+    kept->painted = DrawCells(ColumnX(1), y, runs.runs, runs.count,
+                              {width, width + 1, terminalMetrics.charHeight});
+}
+
+void DrawRepaintedRow(const TerminalLine& line, int row) {
+    const int width = terminalMetrics.charWidth;
+    const RowRuns runs(line, false);
+    DrawCells(ColumnX(1), RepaintY(row), runs.runs, runs.count,
+              {width, width, terminalMetrics.charHeight});
+}

@@ -1,0 +1,52 @@
+#include "ui/Fonts.h"
+
+#include <algorithm>
+#include <map>
+
+#include "ui/CanvasImage.h"
+#include "ui/FontTable.h"
+#include "ui/GlyphMasks.h"
+
+namespace {
+
+constexpr int kFirstNewFont = 1000;  // above every number that the program gives itself
+constexpr int kLastFont = 32767;     // cells name their font in 16 bits
+constexpr int kSmallestSize = 1;     // points
+constexpr int kLargestSize = 255;
+
+std::map<int, QFont> fonts;
+
+int NewFontNumber() {
+    int font = kFirstNewFont;
+    while (fonts.count(font)) ++font;
+    return font;
+}
+
+// What was drawn with the font so far keeps its look.
+void ForgetFont(int font) {
+    if (!fonts.count(font)) return;
+    MakeAllPictures();
+    ForgetGlyphs(font);
+    fonts.erase(font);
+}
+
+}  // namespace
+
+int LoadNumberedFont(int font, const QString& name, int size, int style) {
+    if (font == kAnyFont) font = NewFontNumber();
+    if (font < 0 || font > kLastFont) return kAnyFont;
+    ForgetFont(font);
+    QFont loaded(name, std::clamp(size, kSmallestSize, kLargestSize));
+    loaded.setBold((style & kFontBold) != 0);
+    fonts[font] = loaded;
+    return font;
+}
+
+void FreeNumberedFont(int font) {
+    ForgetFont(font);
+}
+
+const QFont* NumberedFont(int font) {
+    const auto found = fonts.find(font);
+    return found == fonts.end() ? nullptr : &found->second;
+}

@@ -1,0 +1,260 @@
+#include "ui/PaintRecord.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "ui/GlyphMasks.h"
+
+namespace {
+
+// Cells that begin further left are not drawn at all; keeps sums of positions small.
+constexpr int kLeftmostCells = -(1 << 24);
+
+uint64_t latestStamp = 0;
+
+// Drops the operations that cannot be seen any more. Their spans stay, since others may
+// share them.
+void DropHidden(PaintRecord* record) {
+    VisibleParts visible;
+    FindVisibleParts(*record, &visible);
+    std::vector<PaintOperation> kept;
+    int32_t last = -1;
+    for (const VisiblePart& part : visible.parts) {
+        if (part.operation == last) continue;
+        last = part.operation;
+        kept.push_back(record->operations[last]);
+    }
+    record->operations.assign(kept.rbegin(), kept.rend());
+}
+
+void MakeRoom(PaintRecord* record, int spans, size_t text) {
+    if (record->spans.size() + spans > kMostPaintSpans ||
+        record->text.size() + text > kMostPaintText) {
+        return MakePixels(record);
+    }
+    if (record->operations.size() < kMostPaintOperations) return;
+    DropHidden(record);
+    if (record->operations.size() > kMostPaintOperations / 2) MakePixels(record);
+}
+
+void NoteChange(PaintRecord* record, int x, int y, int width, int height) {
+    const QRect area = QRect(x, y, width, height) & QRect(0, 0, record->width, record->height);
+    if (!area.isEmpty() && !record->changed.contains(area)) record->changed |= area;
+}
+
+void Append(PaintRecord* record, PaintOperation operation) {
+    NoteChange(record, operation.x, operation.y, operation.width, operation.height);
+    operation.y += record->origin;
+    record->operations.push_back(operation);
+}
+
+bool CoversPicture(const PaintRecord& record, const QRect& box) {
+    return box.contains(QRect(0, 0, record.width, record.height));
+}
+
+// A box cut to the picture, so that later sums of its sides stay small.
+QRect CutToPicture(const PaintRecord& record, int x, int y, int width, int height) {
+    const int64_t left = std::max<int64_t>(x, 0);
+    const int64_t top = std::max<int64_t>(y, 0);
+    const int64_t right = std::min<int64_t>(int64_t{x} + width, record.width);
+    const int64_t bottom = std::min<int64_t>(int64_t{y} + height, record.height);
+    if (left >= right || top >= bottom) return QRect();
+    return QRect(static_cast<int>(left), static_cast<int>(top), static_cast<int>(right - left),
+                 static_cast<int>(bottom - top));
+}
+
+bool IsPlainAscii(char16_t c) {
+    return static_cast<char16_t>(c - ' ') <= '~' - ' ';
+}
+
+int WidestGlyph(const char16_t* text, int count, int font) {
+    int widest = WidestAsciiGlyph(font);
+    bool plain = true;
+    for (int i = 0; i < count; ++i) plain &= IsPlainAscii(text[i]);
+    if (plain) return widest;
+    for (int i = 0; i < count; ++i) {
+        if (!IsPlainAscii(text[i]) && text[i]) {
+            widest = std::max(widest, GlyphWidth(font, text[i]));
+        }
+    }
+    return widest;
+}
+
+// With no pitch all cells fall on one place. Then only the last stays to be seen, and what
+// reaches out of its box.
+int CopyStackedCells(const CellRun& run, const CellBoxes& boxes, char16_t* out) {
+    const int font = run.look.font;
+    const bool boxesCover = run.look.fillBox && GlyphHeight(font) <= boxes.height;
+    const bool asciiFits = WidestAsciiGlyph(font) <= boxes.width;
+    int kept = 0;
+    for (int i = 0; i < run.count; ++i) {
+        const char16_t c = run.text[i];
+        const bool fits = (asciiFits && IsPlainAscii(c)) || GlyphWidth(font, c) <= boxes.width;
+        if (i + 1 == run.count || !boxesCover || !fits) out[kept++] = c;
+    }
+    return kept;
+}
+
+PaintSpan AppendSpan(PaintRecord* record, const CellRun& run, const CellBoxes& boxes) {
+    PaintSpan span;
+    span.text = static_cast<int32_t>(record->text.size());
+    span.count = run.count;
+    span.foreground = ImageColour(run.look.foreground);
+    span.background = ImageColour(run.look.background);
+    span.font = run.look.font;
+    span.fillBox = run.look.fillBox;
+    record->text.resize(record->text.size() + run.count);
+    char16_t* out = record->text.data() + span.text;
+    if (boxes.pitch > 0) {
+        memcpy(out, run.text, run.count * sizeof(char16_t));
+    } else {
+        span.count = CopyStackedCells(run, boxes, out);
+        record->text.resize(span.text + span.count);
+    }
+    span.widest = static_cast<int16_t>(WidestGlyph(out, span.count, span.font));
+    record->spans.push_back(span);
+    return span;
+}
+
+CellBoxes Bounded(const CellBoxes& boxes) {
+    return {std::clamp(boxes.pitch, 0, kBoxSideLimit), std::clamp(boxes.width, 0, kBoxSideLimit),
+            std::clamp(boxes.height, 0, kBoxSideLimit)};
+}
+
+// The cells that can reach into the picture from x on; the rest is not kept.
+int ReachingCells(const PaintRecord& record, int64_t x, int count, int pitch) {
+    if (pitch <= 0 || count <= 0) return std::max(count, 0);
+    const int64_t reaching = (record.width - x + pitch - 1) / pitch;
+    return static_cast<int>(std::clamp<int64_t>(reaching, 0, count));
+}
+
+// Appends the spans of `runs` and works out the area of all their cells.
+void AppendSpans(PaintRecord* record, const CellRun* runs, int count, KeptCells* kept) {
+    const CellBoxes& boxes = kept->boxes;
+    int cells = 0;
+    bool filled = boxes.width >= boxes.pitch;
+    for (int i = 0; i < count; ++i) {
+        CellRun run = runs[i];
+        const int64_t left = kept->x + int64_t{cells} * boxes.pitch;
+        run.count = ReachingCells(*record, left, run.count, boxes.pitch);
+        if (run.count <= 0) continue;
+        const PaintSpan span = AppendSpan(record, run, boxes);
+        cells += boxes.pitch > 0 ? span.count : 0;
+        const int before = boxes.pitch > 0 ? (cells - 1) * boxes.pitch : 0;
+        const int box = span.fillBox ? boxes.width : 0;
+        kept->width = std::max(kept->width, before + std::max<int>(box, span.widest));
+        kept->height =
+            std::max({kept->height, span.fillBox ? boxes.height : 0, GlyphHeight(span.font)});
+        kept->coverWidth = before + box;
+        filled &= span.fillBox;
+        ++kept->spans;
+    }
+    if (!filled) kept->coverWidth = 0;
+    kept->coverHeight = kept->coverWidth > 0 ? boxes.height : 0;
+}
+
+size_t CellsOf(const CellRun* runs, int count) {
+    size_t cells = 0;
+    for (int i = 0; i < count; ++i) cells += runs[i].count > 0 ? runs[i].count : 0;
+    return cells;
+}
+
+}  // namespace
+
+void ForgetOperations(PaintRecord* record) {
+    record->operations.clear();
+    record->spans.clear();
+    record->text.clear();
+    record->origin = 0;
+    record->stamp = ++latestStamp;
+}
+
+void MakeUniform(PaintRecord* record, QRgb colour) {
+    ForgetOperations(record);
+    record->uniform = true;
+    record->uniformColour = colour;
+    NoteChange(record, 0, 0, record->width, record->height);
+}
+
+void RecordBox(PaintRecord* record, int x, int y, int width, int height, QRgb colour) {
+    const QRect box = CutToPicture(*record, x, y, width, height);
+    if (box.isEmpty()) return;
+    if (CoversPicture(*record, box)) return MakeUniform(record, colour);
+    MakeRoom(record, 0, 0);
+    PaintOperation operation;
+    operation.x = box.x();
+    operation.y = box.y();
+    operation.width = operation.coverWidth = box.width();
+    operation.height = operation.coverHeight = box.height();
+    operation.colour = colour;
+    Append(record, operation);
+}
+
+void RecordXorBox(PaintRecord* record, int x, int y, int width, int height, QRgb colour) {
+    const QRect box = CutToPicture(*record, x, y, width, height);
+    if (box.isEmpty()) return;
+    MakeRoom(record, 0, 0);
+    PaintOperation operation;
+    operation.kind = PaintKind::kXorBox;
+    operation.x = box.x();
+    operation.y = box.y();
+    operation.width = box.width();
+    operation.height = box.height();
+    operation.colour = colour & 0xFFFFFF;
+    Append(record, operation);
+}
+
+KeptCells RecordCells(PaintRecord* record, int x, int y, const CellRun* runs, int count,
+                      const CellBoxes& boxes) {
+    KeptCells kept;
+    kept.x = x;
+    kept.boxes = Bounded(boxes);
+    const size_t text = CellsOf(runs, count);
+    if (text == 0 || text > kMostPaintText || count > kMostPaintSpans) return kept;
+    if (x < kLeftmostCells) return kept;
+    MakeRoom(record, count, text);
+    kept.firstSpan = static_cast<int32_t>(record->spans.size());
+    AppendSpans(record, runs, count, &kept);
+    kept.stamp = record->stamp;
+    RecordKeptCells(record, y, kept);
+    return kept;
+}
+
+bool RecordKeptCells(PaintRecord* record, int y, const KeptCells& kept) {
+    MakeRoom(record, 0, 0);
+    if (kept.stamp != record->stamp) return false;
+    if (kept.spans == 0 || kept.x >= record->width) return true;
+    if (y >= record->height || y <= -kept.height) return true;
+    PaintOperation operation;
+    operation.kind = PaintKind::kCells;
+    operation.pitch = static_cast<int16_t>(kept.boxes.pitch);
+    operation.boxWidth = static_cast<int16_t>(kept.boxes.width);
+    operation.boxHeight = static_cast<int16_t>(kept.boxes.height);
+    operation.x = kept.x;
+    operation.y = y;
+    operation.width = kept.width;
+    operation.height = kept.height;
+    operation.coverWidth = kept.coverWidth;
+    operation.coverHeight = kept.coverHeight;
+    operation.firstSpan = kept.firstSpan;
+    operation.spans = kept.spans;
+    Append(record, operation);
+    return true;
+}
+
+void RecordMove(PaintRecord* record, int top, int height, int target, QRgb background) {
+    // What of the strip lies in the picture before and after the move.
+    const int64_t shift = int64_t{target} - top;
+    const int64_t first = std::max<int64_t>({top, 0, -shift});
+    const int64_t end =
+        std::min<int64_t>({int64_t{top} + height, record->height, record->height - shift});
+    if (first >= end) {
+        return RecordBox(record, 0, 0, record->width, record->height, background);
+    }
+    const int keptTop = static_cast<int>(first + shift);
+    const int keptBottom = static_cast<int>(end + shift);
+    record->origin -= static_cast<int>(shift);
+    NoteChange(record, 0, 0, record->width, record->height);
+    RecordBox(record, 0, 0, record->width, keptTop, background);
+    RecordBox(record, 0, keptBottom, record->width, record->height - keptBottom, background);
+}
