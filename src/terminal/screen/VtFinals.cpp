@@ -128,9 +128,18 @@ struct FinalRow {
 // clang-format off
 constexpr FinalRow kFinals[] = {
     // final  what it does
-    {'A',     CursorBackward},
-    {'H',     ClearTwo},
-    {'f',     ResizeFromDevice},
+    {'A',     CursorUp},
+    {'B',     CursorDown},
+    {'C',     CursorForward},
+    {'D',     CursorBackward},
+    {'H',     PlaceCursor},
+    {'J',     EraseDisplay},
+    {'K',     EraseInLine},
+    {'M',     ClearTwo},
+    {'f',     PlaceCursor},
+    {'m',     SelectGraphics},
+    {'n',     ReportStatus},
+    {'t',     ResizeFromDevice},
 };
 // clang-format on
 

@@ -111,8 +111,12 @@ struct ControlRow {
 // clang-format off
 constexpr ControlRow kControls[] = {
     // unit           what it does
-    {kBackSpace,       Ignore},
-    {kEscape,          Delete},
+    {kBackSpace,      BackSpace},
+    {kTab,            Tab},
+    {kLineFeed,       LineFeed},
+    {kCarriageReturn, Ignore},
+    {kEscape,         StartEscape},
+    {kDelete,         Delete},
 };
 // clang-format on
 
