@@ -1,0 +1,219 @@
+// The queue: what is merged, in which order bound handlers run, and posts from threads.
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QTimer>
+#include <ctime>
+#include <string>
+#include <thread>
+
+#include "base/Numbers.h"
+#include "tests/ui/Gestures.h"
+#include "ui/BoundHandlers.h"
+#include "ui/InterfaceEvent.h"
+#include "ui/WaitWindowEvent.h"
+
+namespace {
+
+InterfaceEvent Event(int32_t number, int64_t window = 0, int64_t object = kNone, int64_t type = 0,
+                     uint32_t flags = 0) {
+    InterfaceEvent event;
+    event.number = number;
+    event.window = window;
+    event.object = object;
+    event.type = type;
+    event.flags = flags;
+    return event;
+}
+
+int released = 0;
+void CountRelease(void*) {
+    ++released;
+}
+
+InterfaceEvent WithData(InterfaceEvent event) {
+    event.data = &released;
+    event.dataFree = CountRelease;
+    return event;
+}
+
+std::string log;
+
+}  // namespace
+
+TEST(EventQueue, MergesOnlyWithTheNewestEqualEvent) {
+    const InterfaceEvent size = Event(kEventSizeWindow, 3);
+    RaiseInterfaceEvent(size);
+    RaiseInterfaceEvent(size);                        // merged
+    RaiseInterfaceEvent(Event(kEventSizeWindow, 4));  // another window
+    RaiseInterfaceEvent(size);                        // not the newest any more
+    RaiseInterfaceEvent(Event(kEventGadget, 3, 7, 1));
+    RaiseInterfaceEvent(Event(kEventGadget, 3, 7, 2));  // another type
+    RaiseInterfaceEvent(Event(kEventGadget, 3, 8, 2));  // another object
+    RaiseInterfaceEvent(Event(kEventGadget, 3, 8, 2, kEventUnmerged));
+    RaiseInterfaceEvent(Event(65535));
+    RaiseInterfaceEvent(Event(65535));  // the last number that merges
+    RaiseInterfaceEvent(Event(65536));
+    RaiseInterfaceEvent(Event(65536));
+    PostInterfaceEvent(6, 3, kNone, 0);
+    PostInterfaceEvent(6, 3, kNone, 0);  // posted events never merge
+    EXPECT_EQ(QueuedEventCount(), 12);
+    const std::vector<Seen> expected = {{6, 3, -1, 0},     {6, 4, -1, 0},     {6, 3, -1, 0},
+                                        {3, 3, 7, 1},      {3, 3, 7, 2},      {3, 3, 8, 2},
+                                        {3, 3, 8, 2},      {65535, 0, -1, 0}, {65536, 0, -1, 0},
+                                        {65536, 0, -1, 0}, {6, 3, -1, 0},     {6, 3, -1, 0}};
+    EXPECT_EQ(TakeEvents(), expected);
+}
+
+TEST(EventQueue, BlockedEventsAreDroppedUnlessUnblockable) {
+    BlockInterfaceEvents(true);
+    RaiseInterfaceEvent(WithData(Event(5)));
+    RaiseInterfaceEvent(Event(6, 0, kNone, 0, kEventUnblockable));
+    PostInterfaceEvent(65541, 0, kNone, 0);
+    BlockInterfaceEvents(false);
+    EXPECT_EQ(released, 1);
+    EXPECT_EQ(TakeEvents(), (std::vector<Seen>{{6, 0, -1, 0}, {65541, 0, -1, 0}}));
+}
+
+TEST(EventQueue, DataIsReleasedOnceWhateverBecomesOfTheEvent) {
+    RaiseInterfaceEvent(WithData(Event(6)));
+    RaiseInterfaceEvent(WithData(Event(6)));  // merged: the older data goes
+    EXPECT_EQ(released, 1);
+    RaiseInterfaceEvent(WithData(Event(15, 0, 114)));
+    DropQueuedEvents(15, 114);
+    EXPECT_EQ(released, 2);
+    EXPECT_EQ(WaitForEvent(0), 6);
+    EXPECT_EQ(released, 2);  // the current event keeps its own
+    RaiseInterfaceEvent(Event(7));
+    EXPECT_EQ(WaitForEvent(0), 7);
+    EXPECT_EQ(released, 3);
+}
+
+TEST(EventQueue, BoundHandlersRunInKeyOrderWithTheirEventCurrent) {
+    BindHandler(3, 1, 2, 768, [] { log += "a"; });
+    BindHandler(3, 1, 2, kAnyType, [] { log += "b"; });
+    BindHandler(3, 1, kAny, kAnyType, [] { log += "c"; });
+    BindHandler(3, kAny, kAny, kAnyType, [] { log += "d"; });
+    BindHandler(3, kAny, 2, 768, [] {
+        log += "e" + std::to_string(EventObject()) + std::to_string(EventType());
+        RaiseInterfaceEvent(Event(6, 9));  // from within: its own handlers, then ours again
+        log += "/" + std::to_string(EventNumber());
+    });
+    BindHandler(6, 9, kAny, kAnyType, [] { log += "(" + std::to_string(EventWindow()) + ")"; });
+
+    PostInterfaceEvent(65541, 0, kNone, 0);
+    ASSERT_EQ(WaitForEvent(0), 65541);
+    RaiseInterfaceEvent(Event(3, 1, 2, 768));
+    EXPECT_EQ(log, "abcde2768(9)/3");
+    EXPECT_EQ(EventNumber(), 65541);  // current again
+
+    log.clear();
+    RaiseInterfaceEvent(Event(3, 5, 2, 768));  // another window
+    EXPECT_EQ(log, "de2768(9)/3");
+    log.clear();
+    RaiseInterfaceEvent(Event(3, 1, 2, 0));  // another type
+    EXPECT_EQ(log, "bcd");
+
+    // The events were queued all the same.
+    const std::vector<Seen> queued = {
+        {3, 1, 2, 768}, {6, 9, -1, 0}, {3, 5, 2, 768}, {6, 9, -1, 0}, {3, 1, 2, 0}};
+    EXPECT_EQ(TakeEvents(), queued);
+}
+
+TEST(EventQueue, UnmergedEventsRunTheirHandlersWhenTaken) {
+    BindMenuHandler(28, [] { log += "menu"; });
+    PostInterfaceEvent(kEventMenu, 0, 28, 0);
+    EXPECT_EQ(log, "");
+    EXPECT_EQ(WaitForEvent(0), kEventMenu);
+    EXPECT_EQ(log, "menu");
+}
+
+// A handler that drops the very event it runs for, as closing its window does, must not
+// pull the data away from under itself; a merge into that event must not either.
+TEST(EventQueue, AnEventDroppedByItsOwnHandlerLivesUntilTheHandlerEnds) {
+    BindHandler(3, kAny, 5, 0, [] {
+        if (log.empty()) {
+            log += "outer ";
+            RaiseInterfaceEvent(WithData(Event(3, 0, 5)));
+        }
+        DropQueuedEvents(3, 5);
+        log += std::to_string(EventObject()) + ":" + std::to_string(released) + " ";
+    });
+    RaiseInterfaceEvent(WithData(Event(3, 0, 5)));
+    EXPECT_EQ(log, "outer 5:0 5:1 ");
+    EXPECT_EQ(released, 2);
+    EXPECT_EQ(QueuedEventCount(), 0);
+}
+
+TEST(EventQueue, TheHandlersOfAMergedEventRunAgain) {
+    BindHandler(3, kAny, 27, 0, [] { log += "x"; });
+    RaiseInterfaceEvent(Event(3, 0, 27));
+    RaiseInterfaceEvent(Event(3, 0, 27));
+    EXPECT_EQ(log, "xx");
+    EXPECT_EQ(QueuedEventCount(), 1);
+}
+
+TEST(EventQueue, ThousandsOfPostsFromThreadsAllArriveInTheOrderOfEach) {
+    constexpr int kEach = 2000;
+    std::vector<std::thread> posters;
+    for (int64_t id = 0; id < 3; ++id) {
+        posters.emplace_back([id] {
+            for (int i = 0; i < kEach; ++i) PostInterfaceEvent(65538, 0, i, id);
+        });
+    }
+    std::vector<int64_t> next(3, 0);
+    QElapsedTimer deadline;
+    deadline.start();
+    for (int taken = 0; taken < 3 * kEach && deadline.elapsed() < 20000;) {
+        if (WaitForEvent(100) == kNoEvent) continue;
+        ++taken;
+        ASSERT_EQ(EventObject(), next[EventType()]++);
+    }
+    for (std::thread& poster : posters) poster.join();
+    EXPECT_EQ(next, std::vector<int64_t>(3, kEach));
+}
+
+// Each round: sleep without limit, be woken by another thread at once.
+TEST(WaitForEvent, APostFromAThreadEndsAnEndlessWaitAtOnce) {
+    for (int round = 0; round < 200; ++round) {
+        std::thread poster([round] {
+            if (round % 2) std::this_thread::yield();
+            PostInterfaceEvent(65537, 0, round, 0);
+        });
+        ASSERT_EQ(WaitForEvent(-1), 65537);
+        EXPECT_EQ(EventObject(), round);
+        poster.join();
+    }
+}
+
+TEST(WaitForEvent, AnEventRaisedMeanwhileEndsTheWaitLongBeforeItsTime) {
+    QElapsedTimer clock;
+    clock.start();
+    QTimer::singleShot(5, [] { RaiseInterfaceEvent(Event(7)); });
+    EXPECT_EQ(WaitForEvent(60000), 7);
+    EXPECT_LT(clock.elapsed(), 10000);
+}
+
+TEST(WaitForEvent, WaitsItsTimeAndServesTheToolkitMeanwhile) {
+    bool served = false;
+    QTimer::singleShot(1, [&] { served = true; });
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_EQ(WaitForEvent(40), kNoEvent);
+    EXPECT_GE(clock.elapsed(), 39);
+    EXPECT_TRUE(served);
+    EXPECT_EQ(WaitForEvent(0), kNoEvent);
+}
+
+// An endless wait that polled would use the processor; this one may not.
+TEST(WaitForEvent, AnEndlessWaitCostsNothing) {
+    QTimer::singleShot(400, [] { RaiseInterfaceEvent(Event(7)); });
+    const clock_t before = clock();
+    EXPECT_EQ(WaitForEvent(-1), 7);
+    EXPECT_LT(clock() - before, CLOCKS_PER_SEC / 50);
+}
+
+TEST(WaitForEventDeathTest, AHandlerMustNotTakeEvents) {
+    BindHandler(7, kAny, kAny, kAnyType, [] { WaitForEvent(0); });
+    EXPECT_DEATH(RaiseInterfaceEvent(Event(7)), "must not take events");
+}

@@ -1,0 +1,39 @@
+// What a user does, sent straight to the widgets, and the events that come of it.
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <cstdint>
+#include <vector>
+
+// A taken event.
+struct Seen {
+    int32_t number;
+    int64_t window;
+    int64_t object;
+    int64_t type;
+    bool operator==(const Seen& o) const {
+        return number == o.number && window == o.window && object == o.object && type == o.type;
+    }
+};
+
+constexpr int kTestWindow = 0;
+
+// Opens a sizable window of 400 by 300 with a gadget list, and takes its first events.
+void OpenTestWindow();
+
+QWidget* WidgetOfGadget(int gadget);
+QWidget* WidgetOfWindow(int window);
+
+// Serves the toolkit once and takes all events that wait.
+std::vector<Seen> TakeEvents();
+// The same, but only those of one number.
+std::vector<Seen> TakeEventsOf(int32_t number);
+
+void Press(QWidget* widget, QPoint at, Qt::MouseButton button);
+void Release(QWidget* widget, QPoint at, Qt::MouseButton button);
+void Click(QWidget* widget, QPoint at = QPoint(5, 5));
+void Move(QWidget* widget, QPoint to, Qt::MouseButtons held);
+void Turn(QWidget* widget, int wheelUnits);
+void Key(QWidget* widget, int key, const QString& text = QString(),
+         Qt::KeyboardModifiers modifiers = Qt::NoModifier);
