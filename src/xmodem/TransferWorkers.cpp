@@ -1,14 +1,125 @@
 #include "xmodem/TransferWorkers.h"
 
-// File transfers are not part of this build: no worker is ever started, so none runs,
-// none posts a status, and there is none to stop.
+#include <pthread.h>
 
-bool XmodemSendWorkerRuns() { return false; }
+#include "base/LineEnding.h"
+#include "base/Numbers.h"
+#include "ui/InterfaceEvent.h"
+#include "xmodem/Receive.h"
+#include "xmodem/Send.h"
+#include "xmodem/XmodemJob.h"
 
-bool XmodemReceiveWorkerRuns() { return false; }
+namespace {
 
-void StopTransferWorkers() {}
+constexpr int64_t kStatusInterval = 10;  // milliseconds, while a worker is waited for
 
-void ShowSendStatus() {}
+struct WorkerRow {
+    void (*body)(XmodemJob& job);
+    const char* threadName;
+    int32_t endEvent;
+};
 
-void ShowReceiveStatus() {}
+constexpr WorkerRow kSendRow = {XmodemSendWorker, "xmodem-send", kEventSendDone};
+constexpr WorkerRow kReceiveRow = {XmodemReceiveWorker, "xmodem-receive", kEventReceiveDone};
+
+const WorkerRow& RowOf(const XmodemJob& job) {
+    return job.direction == Direction::kSend ? kSendRow : kReceiveRow;
+}
+
+// Marks a worker that was killed as ended, too: it never comes back from its body.
+struct EndMark {
+    explicit EndMark(WorkerThread& marked) : thread(marked) {}
+    ~EndMark() { thread.ended = true; }
+    WorkerThread& thread;
+};
+
+// Cancellation is off but where the worker's calls turn it on.
+void RunJob(void* argument) {
+    pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, nullptr);
+    XmodemJob& job = *static_cast<XmodemJob*>(argument);
+    const EndMark mark(job.thread);
+    RowOf(job).body(job);
+}
+
+// The status lines are served here because the loop, which otherwise does it, stands
+// still meanwhile: a worker that slept on its semaphore would never meet its abort flag.
+bool EndsByItself(XmodemJob& job) {
+    job.abort = true;
+    for (int64_t waited = 0; waited < kTimeToEnd; waited += kStatusInterval) {
+        if (WaitForWorker(job.thread, kStatusInterval)) return true;
+        ServeJobStatus(job);
+    }
+    return WaitForWorker(job.thread, 0);
+}
+
+bool EndsWhenKilled(XmodemJob& job) {
+    if (!job.killed) pthread_cancel(job.thread.handle);
+    job.killed = true;
+    return WaitForWorker(job.thread, kTimeToUnwind);
+}
+
+// False when the worker is still there.
+bool StopJob(XmodemJob& job) {
+    if (!job.thread.started) return true;
+    const bool gone = (!job.killed && EndsByItself(job)) || EndsWhenKilled(job);
+    if (!gone) return false;
+    job.killed = false;
+    job.statusWaits = false;
+    sem_destroy(&job.semaphore);
+    return true;
+}
+
+void StartJob(XmodemJob& job, const QString& firstName, const QString& secondName) {
+    if (!StopJob(job)) return;
+    const WorkerRow& row = RowOf(job);
+    DropQueuedEvents(row.endEvent, 0);
+    sem_init(&job.semaphore, 0, 0);
+    job.abort = false;
+    job.firstName = firstName;
+    job.secondName = secondName;
+    job.lineEnd = lineEnding.bytes;
+    if (!StartWorker(job.thread, RunJob, &job, row.threadName)) sem_destroy(&job.semaphore);
+}
+
+bool JobRuns(const XmodemJob& job) {
+    return WorkerRuns(job.thread) && !job.killed;
+}
+
+}  // namespace
+
+void StartSendWorker(const QString& pcPath, const QString& deviceName) {
+    StartJob(JobOf(Direction::kSend), pcPath, deviceName);
+}
+
+void StartReceiveWorker(const QString& deviceName, const QString& pcPath) {
+    StartJob(JobOf(Direction::kReceive), deviceName, pcPath);
+}
+
+bool XmodemSendWorkerRuns() {
+    return JobRuns(JobOf(Direction::kSend));
+}
+
+bool XmodemReceiveWorkerRuns() {
+    return JobRuns(JobOf(Direction::kReceive));
+}
+
+void StopSendWorker() {
+    StopJob(JobOf(Direction::kSend));
+}
+
+void StopReceiveWorker() {
+    StopJob(JobOf(Direction::kReceive));
+}
+
+void StopTransferWorkers() {
+    StopSendWorker();
+    StopReceiveWorker();
+}
+
+void ShowSendStatus() {
+    ServeJobStatus(JobOf(Direction::kSend));
+}
+
+void ShowReceiveStatus() {
+    ServeJobStatus(JobOf(Direction::kReceive));
+}
