@@ -29,7 +29,7 @@ endfunction()
 
 # kewlink_tests(NAME LIBRARIES...): one test program from all *_test.cpp of the
 # current folder. CTest runs every test in a process of its own, so each starts
-# from fresh program state.
+# from fresh program state. A test with "Threads" in its name gets the label threads.
 function(kewlink_tests name)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp
     ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
@@ -39,4 +39,11 @@ function(kewlink_tests name)
     KWCC_SOURCE_DIR="${PROJECT_SOURCE_DIR}" KWCC_BINARY_DIR="${PROJECT_BINARY_DIR}")
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_LOGGING_RULES=qt.qpa.*=false")
+  # Read by CTest behind the list of tests that the program itself gave.
+  set(labels ${CMAKE_CURRENT_BINARY_DIR}/${name}_labels.cmake)
+  file(WRITE ${labels} "foreach(test IN LISTS ${name}_TESTS)\n"
+    "  if(test MATCHES Threads)\n"
+    "    set_tests_properties(\${test} PROPERTIES LABELS threads)\n"
+    "  endif()\nendforeach()\n")
+  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${labels})
 endfunction()
