@@ -30,7 +30,7 @@ class Bench:
         self.listener = socket.create_server(("127.0.0.1", 0))
         port = self.listener.getsockname()[1]
         with open(os.path.join(self.folder, "data", "KWCC.inf"), "w", encoding="ascii") as f:
-            f.write("[Windows]\nMainX = 10\nMainY = 10\nMainW = 870\nMainH = 1000\n[Device]\n"
+            f.write("[Windows]\nMainX = 10\nMainY = 10\nMainW = 960\nMainH = 1000\n[Device]\n"
                     f"Comport = TCPIP\nTCPIP address = 127.0.0.1\nTCPIP port = {port}\n" + self.extra)
         self.desktop = Desktop().__enter__()
         self.console = None

@@ -2,7 +2,7 @@
 
 #include <unistd.h>
 
-#include <QByteArray>
+#include <string>
 
 #include "base/TextRules.h"
 
@@ -17,10 +17,10 @@ QString LinkTarget(const char* link) {
     constexpr int kStep = 256;
     constexpr int kLongest = 64 * 1024;
     for (int size = kFirstSize; size < kLongest; size += kStep) {
-        QByteArray buffer(size, '\0');
-        const ssize_t length = readlink(link, buffer.data(), static_cast<size_t>(size));
+        std::string buffer(static_cast<size_t>(size), '\0');
+        const ssize_t length = readlink(link, &buffer[0], buffer.size());
         if (length < 0) return QString();
-        if (length < size) return QString::fromUtf8(buffer.constData(), static_cast<int>(length));
+        if (length < size) return QString::fromUtf8(buffer.data(), static_cast<int>(length));
     }
     return QString();
 }

@@ -6,6 +6,7 @@
 #include "link/SerialPort.h"
 #include "shell/CommandHistory.h"
 #include "shell/Dispatch.h"
+#include "shell/FunctionKeyRow.h"
 #include "shell/Macros.h"
 #include "shell/Presets.h"
 #include "shell/StoredDevice.h"

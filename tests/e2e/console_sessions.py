@@ -41,7 +41,7 @@ class Session(unittest.TestCase):
 
     def write_settings(self, device, rest=""):
         with open(self.settings, "w", encoding="ascii") as f:
-            f.write("[Windows]\nMainX = 30\nMainY = 20\nMainW = 870\nMainH = 1000\n[Device]\n" +
+            f.write("[Windows]\nMainX = 30\nMainY = 20\nMainW = 960\nMainH = 1000\n[Device]\n" +
                     device + "Line ending = CR\n" + rest)
 
     def start_board(self, *arguments):

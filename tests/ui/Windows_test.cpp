@@ -1,0 +1,219 @@
+// Numbered windows: measures, places, flags, and the events that they raise.
+#include "ui/Windows.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QMainWindow>
+#include <QMouseEvent>
+
+#include "base/Numbers.h"
+#include "tests/ui/Gestures.h"
+#include "ui/AddWindowTimer.h"
+#include "ui/ButtonGadget.h"
+#include "ui/ContainerGadget.h"
+#include "ui/Drawing.h"
+#include "ui/Gadgets.h"
+#include "ui/InterfaceEvent.h"
+#include "ui/MenuItem.h"
+#include "ui/Notice.h"
+#include "ui/WaitWindowEvent.h"
+
+namespace {
+
+QSize InnerSize(int window) {
+    return QSize(WindowWidth(window, WindowMeasure::kInner),
+                 WindowHeight(window, WindowMeasure::kInner));
+}
+
+QWidget* CentralWidget(int window) {
+    return static_cast<QMainWindow*>(WidgetOfWindow(window))->centralWidget();
+}
+
+}  // namespace
+
+TEST(Windows, TheInnerSizeLiesBelowTheMenuBar) {
+    OpenTestWindow();
+    EXPECT_EQ(InnerSize(0), QSize(400, 300));
+    CreateMenuBar(kMainMenu, 0);
+    for (const char* title : {"Setup", "Edit", "Action"}) {
+        MenuTitle(title);
+        MenuItem(7, "Allow resize");
+    }
+    TakeEvents();
+    // What the program reads is what gadgets have, and the bar did not eat of it.
+    EXPECT_EQ(InnerSize(0), QSize(400, 300));
+    EXPECT_EQ(CentralWidget(0)->size(), QSize(400, 300));
+    const int bar = CentralWidget(0)->y();
+    EXPECT_GT(bar, 5);
+    EXPECT_EQ(WindowY(0, WindowMeasure::kInner), CentralWidget(0)->mapToGlobal(QPoint(0, 0)).y());
+    EXPECT_GE(WindowHeight(0, WindowMeasure::kFrame), 300 + bar);
+
+    ResizeNumberedWindow(0, kKeep, kKeep, 500, kKeep);
+    TakeEvents();
+    EXPECT_EQ(CentralWidget(0)->size(), QSize(500, 300));
+    ResizeNumberedWindow(0, 70, 80, kKeep, 250);
+    TakeEvents();
+    EXPECT_EQ(CentralWidget(0)->size(), QSize(500, 250));
+    EXPECT_EQ(WindowX(0, WindowMeasure::kFrame), 70);
+    EXPECT_EQ(WindowY(0, WindowMeasure::kFrame), 80);
+}
+
+TEST(Windows, AStoredPlaceAndSizeOpenTheSameWindowAgain) {
+    OpenTestWindow();
+    CloseGadgetList();
+    const QRect stored(WindowX(0, WindowMeasure::kFrame), WindowY(0, WindowMeasure::kFrame),
+                       WindowWidth(0, WindowMeasure::kInner),
+                       WindowHeight(0, WindowMeasure::kInner));
+    EXPECT_EQ(stored, QRect(50, 60, 400, 300));
+    OpenNumberedWindow(155, stored.x(), stored.y(), stored.width(), stored.height(), "Again", 50);
+    EXPECT_EQ(WindowX(155, WindowMeasure::kFrame), 50);
+    EXPECT_EQ(WindowY(155, WindowMeasure::kFrame), 60);
+    EXPECT_EQ(InnerSize(155), QSize(400, 300));
+}
+
+TEST(Windows, FlagsBecomeTheFrame) {
+    OpenNumberedWindow(1, 0, 0, 200, 100, "all", kStandardWindowFlags);
+    OpenNumberedWindow(2, 0, 0, 200, 100, "help", kHelpWindowFlags);
+    OpenNumberedWindow(3, 0, 0, 200, 100, "fixed", kWindowClose + kWindowMinimize);
+    OpenNumberedWindow(4, 0, 0, 200, 80, "centred", kWindowCentredOnParent, 1);
+    const Qt::WindowFlags all = WidgetOfWindow(1)->windowFlags();
+    EXPECT_TRUE(all & Qt::WindowCloseButtonHint);
+    EXPECT_TRUE(all & Qt::WindowMaximizeButtonHint);
+    EXPECT_TRUE(all & Qt::WindowMinimizeButtonHint);
+    EXPECT_FALSE(WidgetOfWindow(2)->windowFlags() & Qt::WindowCloseButtonHint);
+    EXPECT_FALSE(WidgetOfWindow(3)->windowFlags() & Qt::WindowMaximizeButtonHint);
+    EXPECT_EQ(WidgetOfWindow(3)->minimumSize(), WidgetOfWindow(3)->maximumSize());
+    EXPECT_NE(WidgetOfWindow(2)->minimumSize(), WidgetOfWindow(2)->maximumSize());
+    ResizeNumberedWindow(3, kKeep, kKeep, 220, kKeep);
+    EXPECT_EQ(InnerSize(3), QSize(220, 100));
+    const QPoint off = WidgetOfWindow(4)->geometry().center() -
+                       WidgetOfWindow(1)->geometry().center();
+    EXPECT_LT(off.manhattanLength(), 8);  // the frame's own width is not known beforehand
+    EXPECT_EQ(WidgetOfWindow(4)->parentWidget(), WidgetOfWindow(1));
+}
+
+TEST(Windows, ClosingRaisesEventTwoAndLeavesTheWindowOpen) {
+    OpenTestWindow();
+    WidgetOfWindow(0)->close();
+    EXPECT_EQ(TakeEventsOf(kEventCloseWindow).size(), 1u);
+    EXPECT_TRUE(WidgetOfWindow(0)->isVisible());
+    EXPECT_TRUE(WindowIsOpen(0));
+}
+
+TEST(Windows, SizesMovesAndStatesAreEventsAndBurstsCollapse) {
+    OpenTestWindow();
+    WidgetOfWindow(0)->resize(410, 310);
+    WidgetOfWindow(0)->resize(420, 320);
+    EXPECT_EQ(TakeEventsOf(kEventSizeWindow).size(), 1u);
+    WidgetOfWindow(0)->move(90, 95);
+    EXPECT_EQ(TakeEventsOf(kEventMoveWindow).size(), 1u);
+    WidgetOfWindow(0)->showMinimized();
+    EXPECT_EQ(TakeEventsOf(kEventMinimizeWindow).size(), 1u);
+    WidgetOfWindow(0)->showMaximized();
+    EXPECT_EQ(TakeEventsOf(kEventMaximizeWindow).size(), 1u);
+    WidgetOfWindow(0)->showNormal();
+    EXPECT_EQ(TakeEventsOf(kEventRestoreWindow).size(), 1u);
+    OpenNumberedWindow(155, 0, 0, 200, 100, "other", kHelpWindowFlags);
+    EXPECT_EQ(TakeEventsOf(kEventDeactivateWindow), (std::vector<Seen>{{8, 0, -1, 0}}));
+    ActivateNumberedWindow(0);
+    EXPECT_EQ(TakeEventsOf(kEventActivateWindow), (std::vector<Seen>{{7, 0, -1, 0}}));
+}
+
+TEST(Windows, ButtonsReleasedOverTheWindowAreEvents) {
+    OpenTestWindow();
+    ButtonGadget(62, 10, 10, 80, 20, "Connect");
+    TakeEvents();
+    QWidget* const window = CentralWidget(0);
+    Click(window, QPoint(300, 200));
+    EXPECT_EQ(TakeEventsOf(kEventLeftButtonUp), (std::vector<Seen>{{17, 0, -1, 0}}));
+    QMouseEvent second(QEvent::MouseButtonDblClick, QPoint(300, 200), Qt::LeftButton,
+                       Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &second);
+    Release(window, QPoint(300, 200), Qt::LeftButton);
+    Release(window, QPoint(300, 200), Qt::RightButton);
+    Release(WidgetOfGadget(62), QPoint(5, 5), Qt::RightButton);  // over a gadget as well
+    const std::vector<Seen> expected = {{18, 0, -1, 0}, {16, 0, -1, 0}};
+    EXPECT_EQ(TakeEvents(), expected);
+}
+
+TEST(Windows, AClosedWindowTakesItsGadgetsTimersAndEventsAlong) {
+    OpenTestWindow();
+    OpenNumberedWindow(161, 0, 0, 300, 200, "files", kStandardWindowFlags);
+    ContainerGadget(166, 0, 0, 100, 40);
+    ButtonGadget(168, 2, 2, 50, 25, ">>>");
+    OpenNumberedWindow(183, 0, 0, 100, 50, "child", kWindowCentredOnParent, 161);
+    CloseGadgetList();
+    AddWindowTimer(161, 9, 1);
+    TakeEvents();
+    Click(WidgetOfGadget(168));
+    WidgetOfWindow(161)->close();
+    PostInterfaceEvent(65541, 161, kNone, 0);
+    CloseNumberedWindow(161);
+    EXPECT_FALSE(WindowIsOpen(161));
+    EXPECT_FALSE(WindowIsOpen(183));
+    EXPECT_FALSE(GadgetExists(166));
+    EXPECT_FALSE(GadgetExists(168));
+    EXPECT_EQ(WindowWidth(161, WindowMeasure::kInner), 0);
+    ButtonGadget(170, 0, 0, 10, 10, "x");  // the list of the closed window is closed: it
+    EXPECT_EQ(WidgetOfGadget(170)->window(), WidgetOfWindow(0));  // lies in the one before
+    std::vector<Seen> left;
+    for (const Seen& event : TakeEvents()) {
+        if (event.window == 161) left.push_back(event);
+    }
+    EXPECT_EQ(left, (std::vector<Seen>{{65541, 161, -1, 0}}));  // the program's own message
+    CloseNumberedWindow(-1);
+    EXPECT_FALSE(WindowIsOpen(0));
+    CloseNumberedWindow(0);
+    ResizeNumberedWindow(0, 1, 1, 1, 1);
+    ActivateNumberedWindow(0);
+}
+
+TEST(Notice, StandsOverItsParentUntilItsTimerIsHandled) {
+    OpenTestWindow();
+    ButtonGadget(62, 10, 10, 80, 20, "Connect");
+    FocusGadget(62);
+    TakeEvents();
+    ShowNotice("Selection copied to clipboard", 1);
+    EXPECT_EQ(WindowTitle(kNoticeWindow), "Notice");
+    EXPECT_EQ(InnerSize(kNoticeWindow), QSize(200, 80));
+    EXPECT_EQ(FocusedGadget(), 62);
+    EXPECT_EQ(GadgetText(kNoticeText), "Selection copied to clipboard");
+    int number = 0;
+    while (number != kEventTimer) number = WaitForEvent(5000);
+    EXPECT_EQ(EventObject(), kNoticeTimer);
+    CloseNotice();
+    EXPECT_FALSE(WindowIsOpen(kNoticeWindow));
+    EXPECT_EQ(WaitForEvent(20), kNoEvent);
+    CloseNotice();
+    ShowNotice("once", 1000);
+    ShowNotice("twice", 1000);
+    EXPECT_EQ(GadgetText(kNoticeText), "twice");
+}
+
+// What a blocking procedure did must be on the screen before it sleeps.
+TEST(FlushPainting, ShowsChangesWithoutTheLoop) {
+    OpenTestWindow();
+    ButtonGadget(62, 10, 10, 80, 20, "Connect");
+    TakeEvents();
+    struct PaintCounter : QObject {
+        int paints = 0;
+        bool eventFilter(QObject*, QEvent* event) override {
+            paints += event->type() == QEvent::Paint;
+            return false;
+        }
+    } counter;
+    FlushPainting();
+    WidgetOfGadget(62)->installEventFilter(&counter);
+    FlushPainting();
+    EXPECT_EQ(counter.paints, 0);  // nothing changed
+    SetGadgetText(62, "Disconnect");
+    FlushPainting();
+    EXPECT_EQ(counter.paints, 1);
+    HideGadget(62, true);
+    FlushPainting();
+    EXPECT_EQ(counter.paints, 1);
+    HideGadget(62, false);
+    FlushPainting();
+    EXPECT_EQ(counter.paints, 2);
+}
