@@ -17,8 +17,6 @@ void HandleTerminalDrop() {
     if (EventObject() != kTerminalCanvas) return;
     if (EventDropFormat() != DropFormat::kText) return HandleWindowDrop();
     const QString text = EventDropText();
-    SetPasteSource(true);
-    SetUploadText(text);
     TerminalPrintLine("Drop text");
-    UploadProgram();
+    UploadPastedText(text);
 }
