@@ -79,7 +79,7 @@ bool ReadWholeSource(const QString& path, QString& text) {
                           " MB and is not uploaded.");
         return false;
     }
-    text = QString::fromLatin1(bytes.constData(), bytes.size());
+    text = QLatin1String(bytes.constData(), bytes.size());
     return true;
 }
 

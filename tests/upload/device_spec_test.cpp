@@ -1,0 +1,168 @@
+#include "upload/DeviceSpec.h"
+
+#include <stdlib.h>
+
+#include "base/LineEnding.h"
+#include "tests/upload/upload_bench.h"
+#include "ui/MenuItem.h"
+#include "upload/DeviceFamily.h"
+
+class DeviceSpec : public UploadBench {
+  protected:
+    // family|start|end|flags: r noRun, n noNew, t setTime, c setRtc, d disconnectAfter. Ends
+    // are named: Z and C for Ctrl-Z and Ctrl-C, F1 and F2 for those keys, - for none.
+    static QString Options() {
+        const UploadOptions& o = uploadOptions;
+        const QStringList codes = {"\x1a", "\x03", "\x1b[11~", "\x1b[12~", ""};
+        const QString ends[] = {"?", "Z", "C", "F1", "F2", "-"};
+        QString text = o.familyName + '|' + o.autosaveStart + '|';
+        text += ends[codes.indexOf(o.autosaveEnd) + 1] + '|';
+        return text + (o.noRun ? "r" : "") + (o.noNew ? "n" : "") + (o.setTime ? "t" : "") +
+               (o.setRtc ? "c" : "") + (o.disconnectAfter ? "d" : "");
+    }
+    static QString Serial() { return linkSettings.comPort + ':' + linkSettings.serialSpeed; }
+    static QString Tcp() { return linkSettings.tcpAddress + ':' + linkSettings.tcpPort; }
+};
+
+struct SpecRow {
+    const char* spec;
+    const char* options;
+};
+
+// clang-format off
+static const SpecRow targetRows[] = {
+    {"", "|AUTOSAVE|Z|"}, {"s\\", "|AUTOSAVE|Z|"}, {"s", "|AUTOSAVE|Z|"},
+    {"'target s\\micromite", "micromite|AUTOSAVE|Z|"}, {"' target syn\\vgamite", "vgamite|AUTOSAVE|Z|"},
+    {"S\\Maximite", "maximite|AUTO|C|"}, {"s\\PI", "pi-cromite|AUTOSAVE|C|"},
+    {"s\\pi-cromite", "pi-cromite|AUTOSAVE|C|"}, {"s\\pico", "picomite|AUTOSAVE|Z|"},
+    {"s\\cmd", "command||-|rn"}, {"s\\command s\\picomite", "picomite|AUTOSAVE|Z|rn"},
+    {"s\\micromite+", "micromite+|AUTOSAVE|Z|"}, {"s\\cmm2 s\\x", "x|AUTOSAVE \"p.bas\"|F2|r"},
+    {"' target s\\cmm2 norun", "cmm2|AUTOSAVE \"p.bas\"|F1|r"},
+    {"' target norun s\\cmm2", "cmm2|AUTOSAVE \"p.bas\"|F2|r"},
+    {"s\\cmm2 file\\no", "cmm2|AUTOSAVE \"p.bas\"|F2|r"}, {"s\\cmm2 FILE\\", "cmm2|AUTOSAVE \"\"|F2|r"},
+    {"s\\cmm2 file\\A.bas\\x", "cmm2|AUTOSAVE \"A.bas\"|F2|r"},
+    {"file\\A.bas s\\cmm2", "cmm2|AUTOSAVE \"p.bas\"|F2|r"}, {"s\\pico file\\A", "picomite|AUTOSAVE|Z|"},
+    {"SetTime setRTC NORUN nonew\\ discon\\x dev\\y zz", "|AUTOSAVE|Z|rntcd"},
+    {"port\\COM1 s\\cmm2", "cmm2|AUTOSAVE \"p.bas\"|F2|r"}, {"A 'target s\\pico", "picomite|AUTOSAVE|Z|"},
+    {"'target s\\picomite 'norun", "picomite|AUTOSAVE|Z|"}, {"s\\pico 'norun", "picomite|AUTOSAVE|Z|"},
+    {"'target\ts\\pico", "|AUTOSAVE|Z|"},  // a tab parts no words
+    {"norun         nonew", "|AUTOSAVE|Z|r"}, {"norun        nonew", "|AUTOSAVE|Z|rn"},  // 9 and 8
+    {"norun\nnonew", "|AUTOSAVE|Z|r"},
+};
+static const SpecRow onloadRows[] = {
+    {"'onload", "micromite|AUTOSAVE|Z|d"}, {"'onload maximite", "maximite|AUTO|C|d"},
+    {"'onload settime setrtc norun nonew", "micromite|AUTOSAVE|Z|rntcd"},
+    {"'onload PI-cromite", "pi-cromite|AUTOSAVE|C|d"}, {"' onload vgamite", "micromite|AUTOSAVE|Z|d"},
+    {"'onload picomite command", "picomite|AUTOSAVE|Z|rnd"},  // the order of the tests counts
+    {"'onload micromite pi-cromite", "micromite|AUTOSAVE|Z|d"},
+    {"'onload cmm2 maximite", "cmm2|AUTOSAVE \"temp.bas\"|F2|rd"},
+    {"'onload cmm2 norun", "cmm2|AUTOSAVE \"temp.bas\"|F1|rd"},
+    {"'onload norun cmm2", "cmm2|AUTOSAVE \"temp.bas\"|F1|rd"},
+    {"'onload file\\b.bas File/C.bas cmm2", "cmm2|AUTOSAVE \"c.bas\"|F2|rd"},
+    {"'onload file\\b.bas cmm2", "cmm2|AUTOSAVE \"b.bas\"|F2|rd"},
+    {"'onload cmm2 file/*", "cmm2|AUTOSAVE \"p.bas\"|F2|rd"},
+    {"'onload xnonew norunning\tsettime", "micromite|AUTOSAVE|Z|rd"},
+};
+// clang-format on
+
+TEST_F(DeviceSpec, WordsSetTheOptions) {
+    SetCurrentFile("/home/me/p.bas");
+    for (const SpecRow& row : targetRows) {
+        SetFamilyName("");
+        EXPECT_EQ(ApplyDeviceSpec(row.spec), QString(row.spec) + "\n");
+        EXPECT_EQ(Options(), row.options) << row.spec;
+    }
+    for (const SpecRow& row : onloadRows) {
+        ApplyDeviceSpec("");
+        EXPECT_EQ(ApplyOnloadLine(row.spec), row.spec);
+        EXPECT_EQ(Options(), row.options) << row.spec;
+    }
+    SetCurrentFile("");
+    ApplyDeviceSpec("s\\cmm2");
+    EXPECT_EQ(Options(), "cmm2|AUTOSAVE \"temp.bas\"|F2|r");
+    ApplyDeviceSpec("norun");  // the family stays
+    EXPECT_EQ(Options(), "cmm2|AUTOSAVE|F1|r");
+    ApplyDeviceSpec("s\\Micromite+");
+    EXPECT_EQ(GadgetText(kFamilyCombo), "micromite+");
+    ApplyDeviceSpec(QString("nonew ").repeated(kMostOptionWords) + "norun");
+    EXPECT_EQ(Options(), "micromite+|AUTOSAVE|Z|n");
+    ApplyDeviceSpec(QString(8'000'000, ' ') + "norun" + QString(8'000'000, ' ') + "nonew");
+    EXPECT_EQ(Options(), "micromite+|AUTOSAVE|Z|r");
+}
+
+TEST_F(DeviceSpec, LineEndingTicksAndCrunchInOrder) {
+    CreatePopupMenu(kPopupMenu);
+    for (int i = kItemLineEndingCrLf; i <= kItemLineEndingLf; ++i) MenuItem(i, "x");
+    const QStringList names = {"CRLF", "CR", "LF"};
+    for (const QString word :
+         {"le\\CrLf", "LE\\cr", "le\\lf", "le\\CR", "le", "le\\crlf", "le\\x"}) {
+        ApplyDeviceSpec(word);
+        const int known = names.indexOf(word.mid(3).toUpper());
+        const int expected = known < 0 ? 2 : known;
+        EXPECT_EQ(lineEnding.name, names[expected]) << word.toStdString();
+        for (int i = 0; i < 3; ++i) EXPECT_EQ(MenuItemTick(kItemLineEndingCrLf + i), i == expected);
+    }
+    EXPECT_EQ(ApplyDeviceSpec("'target CRUNCH\n A  'x\n\nB"), "A\nB\n");
+    EXPECT_EQ(ApplyDeviceSpec("crunch le\\cr\nB"), "crunch le\\cr\nB\n");
+    EXPECT_EQ(ApplyDeviceSpec("B\n'target crunch\n"), "B\n'target crunch\n\n");
+    EXPECT_EQ(ApplyOnloadLine("'onload COM3:38400 crunch\nA 'b\n"),
+              "'onload COM3:38400 crunch\rA\r");
+    EXPECT_EQ(Serial(), "com3:38400");
+    ApplyOnloadLine("'onload command com4:9600");  // the family word begins as the port word does
+    EXPECT_EQ(Serial(), "command:");
+}
+
+TEST_F(DeviceSpec, PortAndAddressChooseTheLink) {
+    const int far = posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_TRUE(far >= 0 && unlockpt(far) == 0);
+    const QString endpoint = QString(ptsname(far)).mid(5) + ":38400";  // behind "/dev/"
+    ApplyDeviceSpec("s\\pico port\\" + endpoint);
+    ASSERT_NE(ConnectDevice(), 0);
+    EXPECT_EQ(
+        Serial() + linkStatus.linkLabel + GadgetText(kPortCombo) + ':' + GadgetText(kSpeedCombo),
+        endpoint.repeated(3));
+    EXPECT_EQ(uploadSettings.picoPort + ":38400", endpoint);
+    ApplyDeviceSpec("ip\\" + endpoint);  // the text is the same, so the link stays
+    EXPECT_TRUE(linkStatus.linkConnected && linkStatus.deviceOnTcpip);
+    EXPECT_EQ(Tcp() + GadgetText(kAddressEntry), endpoint.repeated(2));
+    EXPECT_EQ(uploadSettings.picoPort, "");
+    EXPECT_FALSE(WindowIsOpen(kNoticeWindow));
+    ApplyDeviceSpec("s\\cmm2 port\\COM1");
+    EXPECT_FALSE(linkStatus.linkConnected || SerialLinkIsOpen() || linkStatus.deviceOnTcpip);
+    EXPECT_TRUE(WindowIsOpen(kNoticeWindow));
+    EXPECT_EQ(Serial() + uploadSettings.picoPort, "COM1:");
+    close(far);
+}
+
+TEST_F(DeviceSpec, RebuiltFromTheGadgets) {
+    const auto build = [](const char* field, const char* port) {
+        SetGadgetText(kSpecEntry, field);
+        SetGadgetText(kPortCombo, port);
+        SetGadgetText(kSpeedCombo, "57600");
+        SetGadgetText(kFamilyCombo, "maximite");
+        SetGadgetText(kAddressEntry, "10.0.0.7:4000");
+        SetFamilyName("");
+        BuildDeviceSpec();
+        EXPECT_EQ(GadgetText(kSpecEntry), field);
+        return Serial() + ' ' + Options();
+    };
+    EXPECT_EQ(build("S\\pico nonew", "ttyUSB1"),
+              "not set:38400 picomite|AUTOSAVE|Z|n");  // as typed
+    EXPECT_EQ(build("", "ttyUSB1"), "ttyUSB1:57600 maximite|AUTO|C|");
+    EXPECT_EQ(build("'target port\\C:1 norun syn\\pico", "x"), "x:57600 maximite|AUTO|C|r");
+    EXPECT_EQ(build("ip port         nonew", ""), ":57600 |AUTOSAVE|Z|n");
+    build("port\\C:1", "TCPIP");
+    EXPECT_EQ(Tcp(), "10.0.0.7:4000");
+}
+
+TEST(DeviceFamily, RowsAreReadFoundAndWritten) {
+    AddFamily(ParseFamilyRow(" Pico-X | autosave |\\026|1|2|3| files |4|5"));
+    AddFamily(ParseFamilyRow("pico-x||| 7 |z|12x||99999999999|1|1|1|more"));
+    AddDefaultFamilies();
+    ASSERT_EQ(deviceFamilies.size(), 9u);
+    EXPECT_EQ(FormatFamilyRow(*FindFamily("PICO-X")), "Pico-X|autosave|\\026|1|2|3|files|4|5|0|0");
+    EXPECT_EQ(FormatFamilyRow(deviceFamilies[1]), "pico-x|||7|0|12||1215752191|1|1|1");
+    EXPECT_EQ(FormatFamilyRow(*FindFamily("CMM2")), "cmm2|autosave|\\027[12~|1|1|3|ls|0|1|0|30");
+    EXPECT_EQ(FormatFamilyRow(deviceFamilies[8]), "command|||0|1|0|files|0|1|0|0");
+    EXPECT_EQ(FindFamily("vgamite"), nullptr);
+}

@@ -1,0 +1,93 @@
+// A window with the gadgets that an upload touches, and a board at the far end of the link,
+// on the virtual clock, that answers each byte by a rule and keeps all it was sent.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QStringList>
+#include <deque>
+
+#include "base/Numbers.h"
+#include "link/LinkPrimitives.h"
+#include "link/LinkSettings.h"
+#include "terminal/screen/TerminalScreen.h"
+#include "terminal/screen/TerminalSizing.h"
+#include "tests/support/FarEnd.h"
+#include "tests/support/VirtualClock.h"
+#include "ui/ButtonGadget.h"
+#include "ui/CanvasGadget.h"
+#include "ui/ComboBoxGadget.h"
+#include "ui/Gadgets.h"
+#include "ui/TextEntryGadget.h"
+#include "ui/TextGadget.h"
+#include "ui/Windows.h"
+#include "upload/UploadOptions.h"
+#include "upload/UploadProgram.h"
+
+class UploadBench : public testing::Test {
+  protected:
+    VirtualClock clock;
+    std::string received;
+    std::function<std::string(char byte)> answer = Echo;
+    std::function<void(int64_t now)> onTick = [](int64_t) {};
+    int64_t delay = 0;  // milliseconds before the answer goes out
+    std::deque<std::pair<int64_t, std::string>> pending;
+
+    UploadBench() {
+        AllocateLinkBuffers();
+        OpenNumberedWindow(kMainWindow, 0, 0, 900, 700, "Test", kStandardWindowFlags);
+        for (int combo : {kPortCombo, kSpeedCombo, kFamilyCombo}) ComboBoxGadget(combo, 0, 0, 9, 9);
+        for (int entry : {kAddressEntry, kSpecEntry}) TextEntryGadget(entry, 0, 0, 9, 9, "");
+        TextGadget(kProgressText, 0, 0, 60, 20, "");
+        ButtonGadget(kSaveMacroButton, 0, 0, 60, 20, "Save");
+        CanvasGadget(kTerminalCanvas, 0, 30, 800, 600, kCanvasKeyboard);
+        SetUpTerminal();
+    }
+    ~UploadBench() override { FreeLinkBuffers(); }
+
+    void Serve(FarEnd& line) {
+        clock.onTick = [this, &line](int64_t now) {
+            for (char byte : line.Read()) {
+                received += byte;
+                const std::string text = answer(byte);  // may set the delay
+                pending.push_back({now + delay, text});
+            }
+            for (; !pending.empty() && pending.front().first <= now; pending.pop_front()) {
+                line.Write(pending.front().second);
+            }
+            onTick(now);
+        };
+    }
+
+    // At once; a line end brings the prompt, and so do Ctrl-C and Ctrl-Z.
+    static std::string Echo(char byte) {
+        if (byte == '\r' || byte == '\x03') return "\r\n> ";
+        if (byte == '\x1a') return "\r\nSaved 9 bytes\r\n> ";
+        return byte == '\n' ? std::string() : std::string(1, byte);
+    }
+    static std::string Silence(char) { return std::string(); }
+
+    // Uploads a text under a specification field and gives the milliseconds it took.
+    int64_t Send(const QString& field, const QString& text) {
+        SetGadgetText(kSpecEntry, field);
+        SetUploadText(text);
+        received.clear();
+        const int64_t start = clock.Now();
+        UploadProgram();
+        EXPECT_TRUE(GadgetHidden(kProgressText) && GadgetText(kProgressText).isEmpty());
+        EXPECT_FALSE(GadgetHidden(kSaveMacroButton));
+        return clock.Now() - start;
+    }
+
+    // The last `count` lines of the terminal that hold anything, joined by "|".
+    static QString Printed(int count = 999) {
+        QStringList lines;
+        for (int i = 1; i < TerminalLineCount(); ++i) {
+            QString line;
+            for (const TerminalCell& cell : TerminalLineAt(i)->cells) line += QChar(cell.ch);
+            line = line.replace(QChar(0), ' ').trimmed();
+            if (!line.isEmpty()) lines += line;
+        }
+        return lines.mid(std::max(0, lines.size() - count)).join('|');
+    }
+};
