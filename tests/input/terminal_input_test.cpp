@@ -35,8 +35,9 @@ class InputTest : public testing::Test {
     // What the device gets when `handler` acts on the event.
     std::string Sent(int64_t type, const CanvasEventData& data, void (*handler)()) {
         RaiseCanvasEvent(kTerminalCanvas, type, kEventUnmerged, data);
-        while (WaitForEvent(0) != kNoEvent && EventType() != type) {
-        }
+        do {
+            if (WaitForEvent(0) == kNoEvent) return "no event";
+        } while (EventObject() != kTerminalCanvas || EventType() != type);
         handler();
         return device.Read();
     }
