@@ -1,5 +1,6 @@
 // Showing what was painted, without the event loop.
 #include <QCoreApplication>
+#include <QEvent>
 
 #include "ui/Drawing.h"
 #include "ui/PBCanvasWidget.h"
@@ -15,6 +16,10 @@ void FlushPainting() {
     if (flushing || !QCoreApplication::instance()) return;
     flushing = true;
     PBCanvasWidget::ShowAllPending();
+    // What the toolkit put off: a new layout, and the first showing of a gadget that was
+    // hidden. Nothing else of its queue is delivered.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
     PaintAllWindows();
     flushing = false;
 }

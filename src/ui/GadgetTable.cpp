@@ -86,15 +86,15 @@ void FreeGadget(int gadget) {
 void FreeGadgetsIn(const QWidget* widget) {
     std::vector<int> inside;
     for (const auto& [number, functions] : gadgets) {
-        if (widget->isAncestorOf(functions->Widget())) inside.push_back(number);
+        // To the toolkit a widget is an ancestor of itself.
+        const QWidget* other = functions->Widget();
+        if (other != widget && widget->isAncestorOf(other)) inside.push_back(number);
     }
     for (const int number : inside) FreeGadget(number);
 }
 
 void RetireWidget(QWidget* widget) {
-    const auto goes = [=](const QWidget* list) {
-        return list == widget || widget->isAncestorOf(list);
-    };
+    const auto goes = [=](const QWidget* list) { return widget->isAncestorOf(list); };
     openLists.erase(std::remove_if(openLists.begin(), openLists.end(), goes), openLists.end());
     widget->hide();
     widget->setParent(nullptr);

@@ -18,6 +18,8 @@
 
 namespace {
 
+constexpr char kMenuWindowProperty[] = "PB_MenuWindow";  // window of a menu
+
 // One number, in whatever menus it stands. An action goes with its menu.
 struct ItemRecord {
     QString text;
@@ -40,7 +42,7 @@ void ShowTick(const ItemRecord& record) {
 
 // A pop-up has no parent window until it is shown; some platforms need one to place it.
 void TieToWindow(QMenu* menu, PBQMainWindow* window) {
-    menu->setProperty(kWindowProperty, window->Number());
+    menu->setProperty(kMenuWindowProperty, window->Number());
     menu->winId();
     menu->windowHandle()->setTransientParent(window->windowHandle());
 }
@@ -55,6 +57,7 @@ void CreateMenuBar(int, int window) {
     auto* bar = new QMenuBar;
     bar->setNativeMenuBar(false);
     found->setMenuBar(bar);
+    bar->show();
     found->FitMenuBar();
 }
 
@@ -69,7 +72,7 @@ void CreatePopupMenu(int menu) {
 void MenuTitle(const QString& title) {
     if (!openBar) return;
     openMenu = openBar->menuBar()->addMenu(ToCaption(title));
-    openMenu->setProperty(kWindowProperty, openBar->Number());
+    openMenu->setProperty(kMenuWindowProperty, openBar->Number());
     openBar->FitMenuBar();
 }
 
@@ -118,7 +121,7 @@ void RestoreItemTick(int item) {
 
 int MenuWindow(const QObject* action) {
     const QObject* menu = action->parent();
-    const QVariant window = menu ? menu->property(kWindowProperty) : QVariant();
+    const QVariant window = menu ? menu->property(kMenuWindowProperty) : QVariant();
     return window.isValid() ? window.toInt() : -1;
 }
 

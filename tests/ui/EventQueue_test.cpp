@@ -174,7 +174,7 @@ TEST(EventQueue, ThousandsOfPostsFromThreadsAllArriveInTheOrderOfEach) {
 }
 
 // Each round: sleep without limit, be woken by another thread at once.
-TEST(WaitForEvent, APostFromAThreadEndsAnEndlessWaitAtOnce) {
+TEST(WaitForEvent, PostsFromThreadsEndAnEndlessWaitAtOnce) {
     for (int round = 0; round < 200; ++round) {
         std::thread poster([round] {
             if (round % 2) std::this_thread::yield();

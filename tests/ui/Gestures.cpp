@@ -70,6 +70,11 @@ void Click(QWidget* widget, QPoint at) {
     Release(widget, at, Qt::LeftButton);
 }
 
+void ClickAgain(QWidget* widget, QPoint at) {
+    SendMouse(widget, QEvent::MouseButtonDblClick, at, Qt::LeftButton, Qt::LeftButton);
+    Release(widget, at, Qt::LeftButton);
+}
+
 void Move(QWidget* widget, QPoint to, Qt::MouseButtons held) {
     SendMouse(widget, QEvent::MouseMove, to, Qt::NoButton, held);
 }

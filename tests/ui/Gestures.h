@@ -4,6 +4,7 @@
 #include <QString>
 #include <QWidget>
 #include <cstdint>
+#include <ostream>
 #include <vector>
 
 // A taken event.
@@ -16,6 +17,11 @@ struct Seen {
         return number == o.number && window == o.window && object == o.object && type == o.type;
     }
 };
+
+inline std::ostream& operator<<(std::ostream& out, const Seen& event) {
+    return out << event.number << " of window " << event.window << " object " << event.object
+               << " type " << event.type;
+}
 
 constexpr int kTestWindow = 0;
 
@@ -33,6 +39,8 @@ std::vector<Seen> TakeEventsOf(int32_t number);
 void Press(QWidget* widget, QPoint at, Qt::MouseButton button);
 void Release(QWidget* widget, QPoint at, Qt::MouseButton button);
 void Click(QWidget* widget, QPoint at = QPoint(5, 5));
+// The second press and release, behind a Click.
+void ClickAgain(QWidget* widget, QPoint at);
 void Move(QWidget* widget, QPoint to, Qt::MouseButtons held);
 void Turn(QWidget* widget, int wheelUnits);
 void Key(QWidget* widget, int key, const QString& text = QString(),

@@ -3,9 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
+#include <QEvent>
 #include <QMainWindow>
-#include <QMouseEvent>
 
 #include "base/Numbers.h"
 #include "tests/ui/Gestures.h"
@@ -87,8 +86,8 @@ TEST(Windows, FlagsBecomeTheFrame) {
     EXPECT_NE(WidgetOfWindow(2)->minimumSize(), WidgetOfWindow(2)->maximumSize());
     ResizeNumberedWindow(3, kKeep, kKeep, 220, kKeep);
     EXPECT_EQ(InnerSize(3), QSize(220, 100));
-    const QPoint off = WidgetOfWindow(4)->geometry().center() -
-                       WidgetOfWindow(1)->geometry().center();
+    const QPoint off =
+        WidgetOfWindow(4)->geometry().center() - WidgetOfWindow(1)->geometry().center();
     EXPECT_LT(off.manhattanLength(), 8);  // the frame's own width is not known beforehand
     EXPECT_EQ(WidgetOfWindow(4)->parentWidget(), WidgetOfWindow(1));
 }
@@ -127,10 +126,7 @@ TEST(Windows, ButtonsReleasedOverTheWindowAreEvents) {
     QWidget* const window = CentralWidget(0);
     Click(window, QPoint(300, 200));
     EXPECT_EQ(TakeEventsOf(kEventLeftButtonUp), (std::vector<Seen>{{17, 0, -1, 0}}));
-    QMouseEvent second(QEvent::MouseButtonDblClick, QPoint(300, 200), Qt::LeftButton,
-                       Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(window, &second);
-    Release(window, QPoint(300, 200), Qt::LeftButton);
+    ClickAgain(window, QPoint(300, 200));
     Release(window, QPoint(300, 200), Qt::RightButton);
     Release(WidgetOfGadget(62), QPoint(5, 5), Qt::RightButton);  // over a gadget as well
     const std::vector<Seen> expected = {{18, 0, -1, 0}, {16, 0, -1, 0}};

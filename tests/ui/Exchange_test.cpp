@@ -1,0 +1,172 @@
+// What comes from and goes to other programs and the user: drops, the clipboard, dialogs
+// and web pages.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QDragEnterEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QTimer>
+#include <QUrl>
+
+#include "base/Numbers.h"
+#include "tests/ui/Gestures.h"
+#include "ui/CanvasGadget.h"
+#include "ui/Dialogs.h"
+#include "ui/DragDrop.h"
+#include "ui/Gadgets.h"
+#include "ui/InterfaceEvent.h"
+#include "ui/PBDropHandler.h"
+#include "ui/WaitWindowEvent.h"
+#include "ui/WebGadget.h"
+
+namespace {
+
+// Drags something over a widget and drops it there; true when it was taken as a copy.
+bool Drop(QWidget* target, const QMimeData& data) {
+    QDragEnterEvent enter(QPoint(5, 5), Qt::MoveAction | Qt::CopyAction, &data, Qt::LeftButton,
+                          Qt::NoModifier);
+    enter.setDropAction(Qt::MoveAction);
+    QApplication::sendEvent(target, &enter);
+    if (!enter.isAccepted()) return false;
+    QDropEvent drop(QPoint(5, 5), Qt::MoveAction | Qt::CopyAction, &data, Qt::LeftButton,
+                    Qt::NoModifier);
+    QApplication::sendEvent(target, &drop);
+    return drop.isAccepted() && drop.dropAction() == Qt::CopyAction;
+}
+
+// Acts on the dialog that stands a moment from now.
+template <typename Action>
+void WithDialog(Action action) {
+    QTimer::singleShot(20, [action] {
+        if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            action(dialog);
+    });
+}
+
+}  // namespace
+
+TEST(Drops, GoToTheCallForTheirFormat) {
+    OpenTestWindow();
+    CanvasGadget(kTerminalCanvas, 0, 0, 100, 100, kCanvasKeyboard);
+    EnableWindowDrop(kTestWindow, DropFormat::kFiles);
+    EnableGadgetDrop(kTerminalCanvas, DropFormat::kText);
+    EnableGadgetDrop(kTerminalCanvas, DropFormat::kFiles);
+    EnableGadgetDrop(99, DropFormat::kFiles);
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile("/tmp/a b.bas"), QUrl("http://example.org/x"),
+                   QUrl::fromLocalFile("/tmp/two\nlines"), QUrl::fromLocalFile("/tmp/c.bas")});
+    files.setText("as file managers add it");
+    QMimeData text;
+    text.setText("PRINT 1");
+    EXPECT_TRUE(Drop(WidgetOfWindow(kTestWindow), files));
+    EXPECT_FALSE(Drop(WidgetOfWindow(kTestWindow), text));
+    EXPECT_TRUE(Drop(WidgetOfGadget(kTerminalCanvas), files));
+    EXPECT_TRUE(Drop(WidgetOfGadget(kTerminalCanvas), text));
+    EXPECT_TRUE(Drop(WidgetOfGadget(kTerminalCanvas), text));  // a drop like it is another one
+
+    ASSERT_EQ(WaitForEvent(0), kEventWindowDrop);
+    EXPECT_EQ(EventWindow(), kTestWindow);
+    EXPECT_EQ(EventDropFormat(), DropFormat::kFiles);
+    EXPECT_EQ(EventDropFiles(), "/tmp/a b.bas\n/tmp/c.bas");
+    EXPECT_EQ(EventDropText(), "");
+    ASSERT_EQ(WaitForEvent(0), kEventGadgetDrop);
+    EXPECT_EQ(EventObject(), kTerminalCanvas);
+    EXPECT_EQ(EventDropFormat(), DropFormat::kFiles);
+    for (int i = 0; i < 2; ++i) {
+        ASSERT_EQ(WaitForEvent(0), kEventGadgetDrop);
+        EXPECT_EQ(EventDropFormat(), DropFormat::kText);
+        EXPECT_EQ(EventDropText(), "PRINT 1");
+        EXPECT_EQ(EventDropFiles(), "");
+    }
+    PostInterfaceEvent(65541, 0, kNone, 0);
+    WaitForEvent(0);
+    EXPECT_EQ(EventDropText(), "");
+}
+
+TEST(Drops, AreBounded) {
+    OpenTestWindow();
+    EnableWindowDrop(kTestWindow, DropFormat::kFiles);
+    EnableWindowDrop(kTestWindow, DropFormat::kText);
+    QMimeData data;
+    QList<QUrl> urls;
+    for (int i = 0; i < kMaxDropFiles + 5; ++i) urls += QUrl::fromLocalFile("/a");
+    data.setUrls(urls);
+    EXPECT_TRUE(Drop(WidgetOfWindow(kTestWindow), data));
+    WaitForEvent(0);
+    EXPECT_EQ(EventDropFiles().count('\n') + 1, kMaxDropFiles);
+    QMimeData text;
+    text.setText(QString(kMaxDropText + 5, 'x'));
+    EXPECT_TRUE(Drop(WidgetOfWindow(kTestWindow), text));
+    WaitForEvent(0);
+    EXPECT_EQ(EventDropText().size(), kMaxDropText);
+}
+
+TEST(Clipboard, HoldsTextUpToItsBound) {
+    SetClipboardText(QString::fromUtf8("10 PRINT \"é\"\r\n"));
+    EXPECT_EQ(ClipboardText(), QString::fromUtf8("10 PRINT \"é\"\r\n"));
+    SetClipboardText("");
+    EXPECT_EQ(ClipboardText(), "");
+    SetClipboardText(QString(kMaxClipboardText + 1, 'x'));
+    EXPECT_EQ(ClipboardText().size(), kMaxClipboardText);
+}
+
+TEST(Dialogs, AnswersTakeTheirPlace) {
+    static QString asked;
+    DialogAnswers answers;
+    answers.message = [](const QString& title, const QString& text) {
+        asked = title + ":" + text;
+        return true;
+    };
+    answers.text = [](const QString&, const QString&, const QString& preset) {
+        return preset + " x 25";
+    };
+    AnswerDialogs(&answers);
+    EXPECT_TRUE(AskMessage("Warning!", "Continue?", MessageButtons::kYesNo));
+    EXPECT_EQ(asked, "Warning!:Continue?");
+    EXPECT_EQ(AskText("New size", "Enter", "80"), "80 x 25");
+    EXPECT_EQ(AskSaveFile("Save", "", "Basic|*.bas").path, "");  // no answer: cancelled
+    EXPECT_FALSE(AskFont("Liberation Mono", 9).accepted);
+    AnswerDialogs(nullptr);
+}
+
+TEST(Dialogs, RealOnesStandOverTheProgramsWindow) {
+    OpenTestWindow();
+    WithDialog([](QDialog* dialog) {
+        EXPECT_EQ(dialog->parentWidget(), WidgetOfWindow(kTestWindow));
+        EXPECT_EQ(dialog->windowTitle(), "New size");
+        dialog->findChild<QLineEdit*>()->setText("80x24");
+        dialog->accept();
+    });
+    EXPECT_EQ(AskText("New size", "Enter", "101 x 50"), "80x24");
+    WithDialog([](QDialog* dialog) { dialog->reject(); });
+    EXPECT_EQ(AskText("New size", "Enter", "101 x 50"), "");
+    WithDialog([](QDialog* dialog) {
+        // Lines joined by CR stand below each other, and markup is text.
+        EXPECT_EQ(dialog->findChild<QLabel*>("qt_msgbox_label")->text(), "<b>one</b>\ntwo");
+        EXPECT_EQ(dialog->findChild<QLabel*>("qt_msgbox_label")->textFormat(), Qt::PlainText);
+        dialog->reject();
+    });
+    EXPECT_FALSE(AskMessage("About", "<b>one</b>\rtwo", MessageButtons::kYesNo));
+    WithDialog([](QDialog* dialog) { dialog->reject(); });
+    const FileChoice none = AskSaveFile("Save", "/tmp/*.bas", "Basic (*.bas)|*.bas|All (*.*)|*.*");
+    EXPECT_EQ(none.path, "");
+    EXPECT_EQ(none.pattern, 0);
+    WithDialog([](QDialog* dialog) { dialog->accept(); });
+    const FontChoice font = AskFont("Liberation Mono", 9);
+    EXPECT_TRUE(font.accepted);
+    EXPECT_EQ(font.size, 9);
+}
+
+TEST(Web, PagesAreLoadedAndLinksFollowed) {
+    OpenTestWindow();
+    WebGadget(kHelpWebView, 0, 0, 400, 300);
+    ASSERT_STREQ(WidgetOfGadget(kHelpWebView)->metaObject()->className(), "QWebView");
+    LoadWebPage(kHelpWebView, "file:///nowhere%20at%20all.htm");
+    WebGadgetBack(kHelpWebView);
+    WebGadgetForward(kHelpWebView);
+    EXPECT_EQ(WidgetOfGadget(kHelpWebView)->property("url").toUrl().toEncoded(),
+              "file:///nowhere%20at%20all.htm");
+}

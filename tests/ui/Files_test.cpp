@@ -1,0 +1,132 @@
+// The explorer list, the path box and the patterns of file dialogs.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTreeWidget>
+
+#include "base/Numbers.h"
+#include "tests/ui/Gestures.h"
+#include "ui/ExplorerListGadget.h"
+#include "ui/FilePatterns.h"
+#include "ui/Gadgets.h"
+#include "ui/PathBoxGadget.h"
+
+namespace {
+
+void MakeFile(const QString& path, int size) {
+    QFile file(path);
+    file.open(QIODevice::WriteOnly);
+    file.write(QByteArray(size, 'x'));
+}
+
+QString Rows() {
+    QString rows;
+    for (int row = 0; row < GadgetItemCount(kPcList); ++row) {
+        rows += GadgetItemText(kPcList, row) + (GadgetItemIsFile(kPcList, row) ? "|" : "/|");
+    }
+    return rows;
+}
+
+void DoubleClickRow(int row) {
+    auto* list = static_cast<QTreeWidget*>(WidgetOfGadget(kPcList));
+    const QPoint at = list->visualItemRect(list->topLevelItem(row)).center();
+    Click(list->viewport(), at);
+    ClickAgain(list->viewport(), at);
+}
+
+std::vector<Seen> GadgetEvents() {
+    return TakeEventsOf(kEventGadget);
+}
+
+const std::vector<Seen> kFolderChanged = {{kEventGadget, kTestWindow, kPcList, kTypeValueChanged}};
+const std::vector<Seen> kNothing;
+
+}  // namespace
+
+TEST(ExplorerList, ListsFoldersFirstAndIsWalkedByDoubleClicks) {
+    const QTemporaryDir top;
+    QDir(top.path()).mkpath("Beta/inner");
+    QDir(top.path()).mkpath("alpha");
+    MakeFile(top.filePath("b.bas"), 1234);
+    MakeFile(top.filePath("A.BAS"), 5);
+    OpenTestWindow();
+    ExplorerListGadget(kPcList, 0, 0, 400, 300, top.path());
+    TakeEvents();
+    EXPECT_EQ(GadgetText(kPcList), top.path() + "/");
+    EXPECT_EQ(Rows(), "../|alpha/|Beta/|A.BAS|b.bas|");
+    EXPECT_FALSE(GadgetItemIsFile(kPcList, 0) || GadgetItemIsFile(kPcList, 1));
+
+    DoubleClickRow(3);  // a file stays where it is
+    EXPECT_EQ(GadgetEvents(), kNothing);
+    DoubleClickRow(2);
+    EXPECT_EQ(GadgetText(kPcList), top.path() + "/Beta/");
+    EXPECT_EQ(GadgetEvents(), kFolderChanged);
+    DoubleClickRow(0);
+    EXPECT_EQ(GadgetText(kPcList), top.path() + "/");
+    EXPECT_EQ(GadgetEvents(), kFolderChanged);
+
+    // Setting the folder lists it anew; one that is not there changes nothing.
+    MakeFile(top.filePath("c.bas"), 1);
+    SetGadgetText(kPcList, GadgetText(kPcList));
+    EXPECT_EQ(Rows(), "../|alpha/|Beta/|A.BAS|b.bas|c.bas|");
+    SetGadgetText(kPcList, top.filePath("nowhere"));
+    SetGadgetText(kPcList, "");
+    EXPECT_EQ(GadgetText(kPcList), top.path() + "/");
+    SetGadgetText(kPcList, "/");
+    EXPECT_EQ(GadgetText(kPcList), "/");
+    EXPECT_NE(GadgetItemText(kPcList, 0), "..");
+    EXPECT_EQ(GadgetEvents(), kNothing);
+}
+
+TEST(ExplorerList, SelectionAndColumns) {
+    const QTemporaryDir top;
+    MakeFile(top.filePath("a.bas"), 1234);
+    MakeFile(top.filePath("b.bas"), 5);
+    OpenTestWindow();
+    ExplorerListGadget(kPcList, 0, 0, 400, 300, top.path());
+    EXPECT_EQ(GadgetState(kPcList), -1);
+    SetGadgetItemSelected(kPcList, 2, true);
+    SetGadgetItemSelected(kPcList, 1, true);
+    EXPECT_EQ(GadgetState(kPcList), 1);
+    EXPECT_TRUE(GadgetItemSelected(kPcList, 2));
+    EXPECT_FALSE(GadgetItemSelected(kPcList, 0) || GadgetItemSelected(kPcList, 9));
+    SetGadgetState(kPcList, -1);
+    EXPECT_EQ(GadgetState(kPcList), -1);
+    for (int column = 0; column < 3; ++column) SetGadgetColumnWidth(kPcList, column, 90 + column);
+    EXPECT_EQ(GadgetColumnWidth(kPcList, 0), 90);
+    EXPECT_EQ(GadgetColumnWidth(kPcList, 2), 92);
+    EXPECT_EQ(GadgetColumnWidth(kPcList, 3) + GadgetColumnWidth(kPcList, -1), 0);
+    SetGadgetColumnWidth(kPcList, 7, 10);
+}
+
+// Who marks a change as its own counts on the echo, so it comes for an equal text too.
+TEST(PathBox, TellsOfEveryChangeAndOfTheChoice) {
+    OpenTestWindow();
+    PathBoxGadget(kPcPathEntry, 0, 0, 400, 30, "/tmp/");
+    EXPECT_EQ(GadgetText(kPcPathEntry), "/tmp/");
+    EXPECT_EQ(GadgetEvents(), kNothing);
+    const Seen changed = {kEventGadget, kTestWindow, kPcPathEntry, kTypePathChanged};
+    const Seen chosen = {kEventGadget, kTestWindow, kPcPathEntry, kTypePathChosen};
+    SetGadgetText(kPcPathEntry, "/usr/");
+    EXPECT_EQ(GadgetEvents(), (std::vector<Seen>{changed}));
+    SetGadgetText(kPcPathEntry, "/usr/");
+    EXPECT_EQ(GadgetEvents(), (std::vector<Seen>{changed}));
+    Key(WidgetOfGadget(kPcPathEntry), Qt::Key_L, "l");
+    EXPECT_EQ(GadgetText(kPcPathEntry), "/usr/l");
+    EXPECT_EQ(GadgetEvents(), (std::vector<Seen>{changed}));
+    Key(WidgetOfGadget(kPcPathEntry), Qt::Key_Return, "\r");
+    EXPECT_EQ(GadgetEvents(), (std::vector<Seen>{chosen}));
+    FreeGadget(kPcPathEntry);
+    EXPECT_EQ(GadgetEvents(), kNothing);
+}
+
+TEST(FilePatterns, BecomeTheToolkitsForm) {
+    EXPECT_EQ(ToolkitPatterns("Basic (*.bas)|*.bas|Text (*.txt)|*.txt|All files (*.*)|*.*"),
+              (QStringList{"Basic (*.bas)", "Text (*.txt)", "All files (*)"}));
+    EXPECT_EQ(ToolkitPatterns("Source|*.bas; *.inc"), QStringList{"Source (*.bas *.inc)"});
+    EXPECT_EQ(ToolkitPatterns("alone"), QStringList());
+}

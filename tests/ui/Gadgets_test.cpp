@@ -1,0 +1,225 @@
+// The kinds of gadgets: state, text, items, and which changes are events.
+#include "ui/Gadgets.h"
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScrollBar>
+#include <QSplitter>
+
+#include "base/Numbers.h"
+#include "tests/ui/Gestures.h"
+#include "ui/ButtonGadget.h"
+#include "ui/CheckBoxGadget.h"
+#include "ui/ComboBoxGadget.h"
+#include "ui/ContainerGadget.h"
+#include "ui/InterfaceEvent.h"
+#include "ui/ListGadget.h"
+#include "ui/ScrollBarGadget.h"
+#include "ui/SplitterGadget.h"
+#include "ui/TextEntryGadget.h"
+#include "ui/TextGadget.h"
+#include "ui/WebGadget.h"
+#include "ui/Windows.h"
+
+namespace {
+
+Seen GadgetEvent(int gadget, int64_t type) {
+    return {kEventGadget, kTestWindow, gadget, type};
+}
+
+int scrolledTo = -1;
+
+}  // namespace
+
+TEST(Gadgets, UnknownNumbersDoNothing) {
+    ButtonGadget(1, 0, 0, 10, 10, "no list is open");
+    OpenTestWindow();
+    ButtonGadget(-1, 0, 0, 10, 10, "no number");
+    EXPECT_FALSE(GadgetExists(1));
+    EXPECT_FALSE(GadgetExists(-1));
+    FreeGadget(1);
+    HideGadget(1, true);
+    DisableGadget(1, true);
+    SetGadgetText(1, "x");
+    SetGadgetState(1, 4);
+    ResizeGadget(1, 1, 1, 1, 1);
+    FocusGadget(1);
+    SetGadgetFont(1, 57);
+    AddGadgetItem(1, "x");
+    SplitterGadget(164, 0, 0, 10, 10, 1, 2);
+    EXPECT_EQ(GadgetText(1) + GadgetTooltip(1) + GadgetItemText(1, 0), "");
+    EXPECT_EQ(GadgetState(1) + GadgetWidth(1) + GadgetItemCount(1) + GadgetColumnWidth(1, 0), 0);
+    EXPECT_FALSE(GadgetHidden(1) || GadgetDisabled(1) || GadgetItemSelected(1, 0));
+    EXPECT_FALSE(GadgetExists(164));
+    LoadWebPage(1, "file:///");
+    EXPECT_TRUE(TakeEventsOf(kEventGadget).empty());
+}
+
+TEST(Gadgets, LieInContainersAndGoWithThem) {
+    OpenTestWindow();
+    ContainerGadget(201, 5, 30, 300, 25);
+    ButtonGadget(92, 66, 1, 65, 20, "R&D");
+    CloseGadgetList();
+    CheckBoxGadget(50, 5, 60, 100, 20, "Override");
+    EXPECT_EQ(WidgetOfGadget(92)->parentWidget(), WidgetOfGadget(201));
+    EXPECT_EQ(WidgetOfGadget(50)->window(), WidgetOfWindow(0));
+    EXPECT_EQ(GadgetX(92), 66);
+    EXPECT_EQ(GadgetText(92), "R&D");  // no mnemonic
+    ResizeGadget(92, kKeep, 2, 70, kKeep);
+    EXPECT_EQ(QRect(GadgetX(92), GadgetY(92), GadgetWidth(92), GadgetHeight(92)),
+              QRect(66, 2, 70, 20));
+    SetGadgetTooltip(92, "Copy selected files");
+    EXPECT_EQ(WidgetOfGadget(92)->accessibleName(), "Copy selected files");
+    DisableGadget(201, true);
+    EXPECT_FALSE(GadgetDisabled(92));  // its own setting
+    DisableGadget(92, true);
+    DisableGadget(201, false);
+    EXPECT_TRUE(GadgetDisabled(92));
+    HideGadget(92, true);
+    EXPECT_TRUE(GadgetHidden(92));
+    ButtonGadget(50, 5, 60, 100, 20, "takes the number over");
+    EXPECT_EQ(GadgetText(50), "takes the number over");
+    FreeGadget(201);
+    EXPECT_FALSE(GadgetExists(92));
+}
+
+TEST(Gadgets, ClicksAndTicksAreEventsOfTheUserAlone) {
+    OpenTestWindow();
+    ButtonGadget(62, 5, 5, 80, 20, "Connect");
+    CheckBoxGadget(50, 5, 60, 100, 20, "Override");
+    SetGadgetState(50, 1);
+    EXPECT_TRUE(TakeEventsOf(kEventGadget).empty());
+    Click(WidgetOfGadget(62));
+    Click(WidgetOfGadget(50));
+    EXPECT_EQ(GadgetState(50), 0);
+    EXPECT_EQ(TakeEventsOf(kEventGadget),
+              (std::vector<Seen>{GadgetEvent(62, 0), GadgetEvent(50, 0)}));
+}
+
+// A handler may free the very gadget whose click it handles.
+TEST(Gadgets, AHandlerMayFreeItsOwnGadget) {
+    OpenTestWindow();
+    ButtonGadget(62, 5, 5, 80, 20, "Connect");
+    BindGadgetHandler(62, [] { FreeGadget(62); });
+    Click(WidgetOfGadget(62));
+    EXPECT_FALSE(GadgetExists(62));
+    TakeEvents();
+    EXPECT_EQ(WidgetOfGadget(62), nullptr);
+}
+
+TEST(Gadgets, TextEntriesAndTheDigitRule) {
+    OpenTestWindow();
+    TextEntryGadget(41, 5, 5, 80, 20, "a1");
+    TextEntryGadget(42, 5, 35, 80, 20, "", EntryRule::kDigits);
+    SetGadgetText(41, "10.0.0.1:3001");
+    EXPECT_EQ(GadgetText(41), "10.0.0.1:3001");
+    TakeEvents();
+    for (const char* key : {"1", "x", "-", " ", "\xD9\xA3", "9"}) {
+        Key(WidgetOfGadget(42), 0, QString::fromUtf8(key));
+    }
+    EXPECT_EQ(GadgetText(42), "19");
+    EXPECT_EQ(TakeEventsOf(kEventGadget), (std::vector<Seen>{GadgetEvent(42, kTypeValueChanged)}));
+}
+
+TEST(Gadgets, AComboShowsATextThatIsNoItem) {
+    OpenTestWindow();
+    ComboBoxGadget(kPortCombo, 5, 5, 90, 20);
+    EXPECT_EQ(GadgetState(kPortCombo), -1);
+    for (const char* port : {"ttyUSB0", "ttyUSB1", "TCPIP"}) AddGadgetItem(kPortCombo, port);
+    EXPECT_EQ(GadgetState(kPortCombo), -1);
+    EXPECT_EQ(GadgetText(kPortCombo), "");
+    SetGadgetText(kPortCombo, "TTYUSB1");  // exact case
+    EXPECT_EQ(GadgetText(kPortCombo), "TTYUSB1");
+    EXPECT_EQ(GadgetState(kPortCombo), -1);
+    SetGadgetText(kPortCombo, "TCPIP");
+    EXPECT_EQ(GadgetState(kPortCombo), 2);
+    SetGadgetText(kPortCombo, "Comport");
+    EXPECT_EQ(GadgetItemCount(kPortCombo), 3);
+    EXPECT_TRUE(TakeEventsOf(kEventGadget).empty());
+
+    auto* combo = static_cast<QComboBox*>(WidgetOfGadget(kPortCombo));
+    const auto pick = [&](int item) {
+        combo->setCurrentIndex(item);
+        Q_EMIT combo->activated(item);
+    };
+    pick(1);
+    pick(1);  // the same again is a pick as well
+    EXPECT_EQ(GadgetText(kPortCombo), "ttyUSB1");
+    EXPECT_EQ(TakeEventsOf(kEventGadget).size(), 1u);  // merged, since neither was taken
+    ClearGadgetItems(kPortCombo);
+    EXPECT_EQ(GadgetText(kPortCombo), "");
+}
+
+TEST(Gadgets, AScrollBarTellsOfTheUserAloneAndCapsItsRange) {
+    OpenTestWindow();
+    ScrollBarGadget(27, 380, 5, 18, 200, 0, 1000, 40, ScrollDirection::kVertical);
+    BindGadgetHandler(27, [] { scrolledTo = GadgetState(27); });
+    SetGadgetState(27, 990);
+    EXPECT_EQ(GadgetState(27), 960);
+    SetGadgetState(27, -3);
+    EXPECT_EQ(GadgetState(27), 0);
+    EXPECT_EQ(scrolledTo, -1);
+    static_cast<QScrollBar*>(WidgetOfGadget(27))->triggerAction(QScrollBar::SliderPageStepAdd);
+    EXPECT_EQ(scrolledTo, 40);
+    EXPECT_EQ(TakeEventsOf(kEventGadget), (std::vector<Seen>{GadgetEvent(27, 0)}));
+}
+
+TEST(Gadgets, AListHasRowsAndAMultipleSelection) {
+    OpenTestWindow();
+    ListGadget(kDeviceList, 5, 5, 200, 200);
+    EXPECT_EQ(GadgetState(kDeviceList), -1);
+    for (const char* row : {"..", "<DIR> games", "a.bas", "b.bas"}) AddGadgetItem(kDeviceList, row);
+    EXPECT_EQ(GadgetState(kDeviceList), -1);
+    SetGadgetItemSelected(kDeviceList, 3, true);
+    SetGadgetItemSelected(kDeviceList, 2, true);
+    SetGadgetItemSelected(kDeviceList, 9, true);
+    EXPECT_EQ(GadgetState(kDeviceList), 2);  // the first one
+    EXPECT_EQ(GadgetText(kDeviceList), "a.bas");
+    EXPECT_TRUE(GadgetItemSelected(kDeviceList, 3));
+    EXPECT_EQ(GadgetItemText(kDeviceList, 1), "<DIR> games");
+    EXPECT_EQ(GadgetItemText(kDeviceList, -1) + GadgetItemText(kDeviceList, 4), "");
+    SetGadgetState(kDeviceList, 0);
+    EXPECT_FALSE(GadgetItemSelected(kDeviceList, 3));
+
+    auto* list = static_cast<QListWidget*>(WidgetOfGadget(kDeviceList));
+    const QPoint second = list->visualItemRect(list->item(1)).center();
+    Click(list->viewport(), second);
+    EXPECT_EQ(GadgetState(kDeviceList), 1);
+    ClickAgain(list->viewport(), second);
+    Click(list->viewport(), QPoint(50, 190));  // below the rows
+    EXPECT_EQ(TakeEventsOf(kEventGadget),
+              (std::vector<Seen>{GadgetEvent(163, 0), GadgetEvent(163, 2)}));
+    ClearGadgetItems(kDeviceList);
+    EXPECT_EQ(GadgetItemCount(kDeviceList), 0);
+}
+
+TEST(Gadgets, ASplitterHoldsTwoGadgetsAndItsBar) {
+    OpenTestWindow();
+    ListGadget(162, 0, 0, 10, 10);
+    ListGadget(163, 0, 0, 10, 10);
+    SplitterGadget(164, 5, 80, 390, 200, 162, 163);
+    SetGadgetState(164, 300);
+    EXPECT_EQ(GadgetState(164), 300);
+    TakeEvents();
+    EXPECT_EQ(GadgetState(164), 300);
+    EXPECT_EQ(GadgetWidth(162), 300);
+    EXPECT_EQ(WidgetOfGadget(163)->parentWidget(), WidgetOfGadget(164));
+    ResizeGadget(164, kKeep, kKeep, 500, kKeep);  // what is new goes to the right
+    EXPECT_EQ(GadgetState(164), 300);
+    SetGadgetState(164, 5000);
+    EXPECT_LE(GadgetState(164), 500);
+    FreeGadget(164);
+    EXPECT_FALSE(GadgetExists(162));
+}
+
+TEST(Gadgets, TextsStandAsTheyAre) {
+    OpenTestWindow();
+    TextGadget(208, 5, 5, 250, 20, "<b>101 x 50</b> & more");
+    EXPECT_EQ(GadgetText(208), "<b>101 x 50</b> & more");
+    const QSize plain = WidgetOfGadget(208)->sizeHint();
+    SetGadgetText(208, "101 x 50 & more");
+    EXPECT_LT(WidgetOfGadget(208)->sizeHint().width(), plain.width());  // markup was shown
+}

@@ -1,0 +1,184 @@
+// Menus and their ticks, keyboard shortcuts, window timers.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QShortcut>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+
+#include "base/Numbers.h"
+#include "tests/ui/Gestures.h"
+#include "ui/AddKeyboardShortcut.h"
+#include "ui/AddWindowTimer.h"
+#include "ui/CanvasGadget.h"
+#include "ui/Gadgets.h"
+#include "ui/InterfaceEvent.h"
+#include "ui/MenuItem.h"
+#include "ui/TextEntryGadget.h"
+#include "ui/WaitWindowEvent.h"
+#include "ui/Windows.h"
+
+namespace {
+
+// All actions of an item, wherever they stand.
+QList<QAction*> ActionsOf(int item) {
+    QList<QAction*> actions;
+    for (QWidget* widget : QApplication::allWidgets()) {
+        for (QAction* action :
+             widget->findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly)) {
+            const QVariant number = action->property("PB_MenuItem");
+            if (number.isValid() && number.toInt() == item) actions += action;
+        }
+    }
+    return actions;
+}
+
+Seen MenuEvent(int item) {
+    return {kEventMenu, kTestWindow, item, 0};
+}
+
+// A key by the window system's road, on which shortcuts come before the focus.
+void PressKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(WidgetOfWindow(kTestWindow)->windowHandle(), Qt::Key(key), modifiers);
+}
+
+int ranFor = 0;
+
+}  // namespace
+
+TEST(Menus, AnItemRaisesItsNumberFromEveryMenuThatHoldsIt) {
+    OpenTestWindow();
+    CreateMenuBar(kMainMenu, kTestWindow);
+    MenuTitle("Edit");
+    MenuItem(kItemPasteText, "Paste text");
+    MenuItem(kItemAbout, "About");
+    CreatePopupMenu(kPopupMenu);
+    MenuItem(kItemPasteText, "Paste text");
+    ShowPopupMenu(kPopupMenu, kTestWindow);
+    TakeEvents();
+    const QList<QAction*> actions = ActionsOf(kItemPasteText);
+    ASSERT_EQ(actions.size(), 2);
+    actions[0]->trigger();
+    EXPECT_EQ(TakeEventsOf(kEventMenu), (std::vector<Seen>{MenuEvent(kItemPasteText)}));
+    actions[1]->trigger();
+    EXPECT_EQ(TakeEventsOf(kEventMenu), (std::vector<Seen>{MenuEvent(kItemPasteText)}));
+    EXPECT_EQ(MenuItemText(kItemPasteText), "Paste text");
+
+    // What is bound runs at once, from the layer itself.
+    BindMenuHandler(kItemAbout, [] { ranFor = static_cast<int>(EventObject()); });
+    ActionsOf(kItemAbout)[0]->trigger();
+    EXPECT_EQ(ranFor, kItemAbout);
+    EXPECT_EQ(TakeEventsOf(kEventMenu), (std::vector<Seen>{MenuEvent(kItemAbout)}));
+    ShowPopupMenu(99, kTestWindow);
+    ShowPopupMenu(kPopupMenu, 99);
+}
+
+TEST(Menus, TheTickIsTheProgramsAlone) {
+    OpenTestWindow();
+    CreateMenuBar(kMainMenu, kTestWindow);
+    MenuTitle("View");
+    MenuItem(185, "Presets");
+    EXPECT_FALSE(MenuItemTick(185));
+    SetMenuItemTick(185, true);
+    CreatePopupMenu(kPopupMenu);
+    MenuItem(185, "Presets");  // a later menu shows the tick as well
+    for (QAction* action : ActionsOf(185)) EXPECT_TRUE(action->isChecked());
+    ActionsOf(185)[0]->trigger();  // the toolkit would flip it
+    for (QAction* action : ActionsOf(185)) EXPECT_TRUE(action->isChecked());
+    EXPECT_TRUE(MenuItemTick(185));
+    SetMenuItemTick(185, false);
+    ActionsOf(185)[0]->trigger();
+    for (QAction* action : ActionsOf(185)) EXPECT_FALSE(action->isChecked());
+    SetMenuItemTick(99, true);
+    EXPECT_FALSE(MenuItemTick(99));
+}
+
+TEST(Shortcuts, ComeBeforeTheFocusOnlyWhileTheyStand) {
+    OpenTestWindow();
+    CanvasGadget(kTerminalCanvas, 0, 0, 100, 100, kCanvasKeyboard);
+    FocusGadget(kTerminalCanvas);
+    AddKeyboardShortcut(kTestWindow, 0x01000039, kShortcutF10);
+    AddKeyboardShortcut(kTestWindow, 0x03000039, kShortcutShiftF10);
+    AddKeyboardShortcut(kTestWindow, 0x08000043, kShortcutAltC);
+    TakeEvents();
+    for (int i = 0; i < 2; ++i) PressKey(Qt::Key_F10);  // two presses are two
+    PressKey(Qt::Key_F10, Qt::ShiftModifier);
+    PressKey(Qt::Key_C, Qt::AltModifier);
+    std::vector<Seen> expected = {MenuEvent(126), MenuEvent(126), MenuEvent(129), MenuEvent(67)};
+    EXPECT_EQ(TakeEventsOf(kEventMenu), expected);
+
+    AddKeyboardShortcut(kTestWindow, 0x01000039, 200);  // replaces
+    PressKey(Qt::Key_F10);
+    EXPECT_EQ(TakeEvents(), (std::vector<Seen>{MenuEvent(200)}));
+    RemoveKeyboardShortcut(kTestWindow, 0x01000039);
+    RemoveKeyboardShortcut(kTestWindow, 0x01000039);
+    PressKey(Qt::Key_F10);
+    EXPECT_EQ(TakeEvents(), (std::vector<Seen>{{kEventGadget, 0, kTerminalCanvas, kTypeKeyDown}}));
+    RemoveKeyboardShortcut(kTestWindow, -1);
+    PressKey(Qt::Key_F10, Qt::ShiftModifier);  // Shift itself is a key of the canvas, too
+    const Seen keyDown = {kEventGadget, 0, kTerminalCanvas, kTypeKeyDown};
+    EXPECT_EQ(TakeEvents(), (std::vector<Seen>{keyDown, keyDown}));
+}
+
+// Return, Up and Down in an entry: the entry itself must not keep them.
+TEST(Shortcuts, ReachPastTheEntryThatHasTheFocus) {
+    OpenTestWindow();
+    TextEntryGadget(53, 0, 0, 100, 20, "print");
+    FocusGadget(53);
+    const int keys[] = {0x01000004, 0x01000013, 0x01000015};
+    const int numbers[] = {kShortcutCommandReturn, kShortcutHistoryPrevious, kShortcutHistoryNext};
+    for (int i = 0; i < 3; ++i) AddKeyboardShortcut(kTestWindow, keys[i], numbers[i]);
+    TakeEvents();
+    for (const int key : keys) PressKey(key);
+    EXPECT_EQ(TakeEventsOf(kEventMenu),
+              (std::vector<Seen>{MenuEvent(53), MenuEvent(150), MenuEvent(151)}));
+}
+
+TEST(Timers, FireWithTheirNumberUntilRemoved) {
+    OpenTestWindow();
+    AddWindowTimer(kTestWindow, 114, 1);
+    for (int i = 0; i < 3; ++i) {
+        ASSERT_EQ(WaitForEvent(5000), kEventTimer);
+        EXPECT_EQ(EventObject(), 114);
+        EXPECT_EQ(EventWindow(), kTestWindow);
+    }
+    AddWindowTimer(kTestWindow, 114, 100000);  // replaces, queued events and all
+    EXPECT_EQ(WaitForEvent(30), kNoEvent);
+    AddWindowTimer(kTestWindow, 114, 0);
+    AddWindowTimer(kTestWindow, 115, 1);
+    QTimer::singleShot(30, [] { RaiseInterfaceEvent(InterfaceEvent()); });
+    QEventLoop().processEvents(QEventLoop::AllEvents, 40);
+    // However long nobody takes them, one event of each timer waits.
+    EXPECT_LE(QueuedEventCount(), 3);
+    RemoveWindowTimer(kTestWindow, 114);
+    RemoveWindowTimer(kTestWindow, 115);
+    RemoveWindowTimer(kTestWindow, 115);
+    RemoveWindowTimer(99, 115);
+    AddWindowTimer(99, 115, 1);
+    EXPECT_TRUE(TakeEventsOf(kEventTimer).empty());
+    EXPECT_EQ(WaitForEvent(20), kNoEvent);
+}
+
+// A slot finds a number by the property on the real object.
+TEST(Properties, StandOnWidgetsActionsTimersAndShortcuts) {
+    OpenTestWindow();
+    CanvasGadget(kTerminalCanvas, 0, 0, 100, 100, kCanvasKeyboard);
+    AddWindowTimer(kTestWindow, 114, 1000);
+    AddKeyboardShortcut(kTestWindow, Qt::Key_F1, 67);
+    const QWidget* window = WidgetOfWindow(kTestWindow);
+    EXPECT_STREQ(window->metaObject()->className(), "PBQMainWindow");
+    EXPECT_STREQ(WidgetOfGadget(kTerminalCanvas)->metaObject()->className(), "PBCanvasWidget");
+    EXPECT_STREQ(WidgetOfGadget(kTerminalCanvas)->parent()->metaObject()->className(),
+                 "PBMainWindowWidget");
+    std::vector<int> numbers;
+    for (const QTimer* timer : window->findChildren<QTimer*>()) {
+        if (timer->property("PB_TimerID").isValid()) {
+            numbers.push_back(timer->property("PB_TimerID").toInt());
+        }
+    }
+    numbers.push_back(window->findChild<QShortcut*>()->property("PB_ShortcutID").toInt());
+    EXPECT_EQ(numbers, (std::vector<int>{114, 67}));
+}
