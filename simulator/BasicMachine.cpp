@@ -1,0 +1,182 @@
+#include "simulator/BasicMachine.h"
+
+#include "simulator/BasicCommands.h"
+#include "simulator/BasicFlow.h"
+#include "simulator/BasicStatements.h"
+#include "simulator/BasicSubs.h"
+#include "simulator/Board.h"
+
+namespace {
+
+constexpr int64_t kFullOutputWaitMs = 5;
+
+void RunSlice(Board& board);
+const BoardActivity kRunning = {nullptr, RunSlice, BreakToPrompt};
+
+bool IsRunning(const Board& board) {
+    return board.activity->time == RunSlice;
+}
+
+// Steps over a line number or a label at the start of a program line.
+void SkipLabel(Board& board) {
+    BasicPlace& place = board.basic.place;
+    if (place.direct || place.at != 0) return;
+    const char c = PeekChar(board);
+    const std::string& line = CurrentLine(board);
+    if (c >= '0' && c <= '9') {
+        while (place.at < line.size() && line[place.at] >= '0' && line[place.at] <= '9') ++place.at;
+        return;
+    }
+    const size_t length = WordLength(line, place.at);
+    const size_t end = place.at + length;
+    if (length == 0 || end >= line.size() || line[end] != ':') return;
+    const std::string word = UpperText(std::string_view(line).substr(place.at, length));
+    if (!FindCommand(board.facts, word)) place.at = end + 1;
+}
+
+// The cursor to the start of the next statement; false when there is none.
+bool FindStatement(Board& board) {
+    while (true) {
+        SkipLabel(board);
+        while (TakeChar(board, ':')) {
+        }
+        const char c = PeekChar(board);
+        if (c != '\0' && c != '\'') return true;
+        if (!GoToNextLine(board)) return false;
+    }
+}
+
+bool IsAssignment(Board& board) {
+    const BasicPlace before = board.basic.place;
+    TakeWord(board);
+    const char c = PeekChar(board);
+    board.basic.place = before;
+    return c == '=' || c == '(';
+}
+
+void RunNamed(Board& board) {
+    const BasicPlace before = board.basic.place;
+    const std::string word = TakeWord(board);
+    const BasicCommand* command = FindCommand(board.facts, word);
+    if (command) {
+        command->run(board);
+        if (command->openEnd) return;
+    } else if (IsSub(board, word)) {
+        CallSub(board, word);
+    } else {
+        board.basic.place = before;
+        if (word.empty() || !IsAssignment(board)) {
+            Fail(board, "Unknown command");
+            return;
+        }
+        RunLet(board);
+    }
+    if (!board.basic.failed && IsRunning(board) && !AtStatementEnd(board)) Fail(board, "Syntax");
+}
+
+// One statement; false when the slice is over for another reason than its budget.
+bool RunStatement(Board& board) {
+    BasicMachine& basic = board.basic;
+    if (!FindStatement(board)) {
+        EndBasic(board);
+        return false;
+    }
+    basic.statement = basic.place;
+    basic.depth = 0;
+    ++basic.cost;
+    if (TakeChar(board, '?')) {
+        RunPrint(board);
+    } else {
+        RunNamed(board);
+    }
+    if (!basic.failed) return IsRunning(board);
+    const std::string message = basic.error;
+    basic.failed = false;
+    FailWith(board, message);
+    return false;
+}
+
+void RunSlice(Board& board) {
+    if (OutputIsFull(board)) {
+        WakeIn(board, kFullOutputWaitMs);
+        return;
+    }
+    WakeIn(board, 1);
+    board.basic.cost = 0;
+    while (board.basic.cost < board.facts.statementsPerMs) {
+        if (!RunStatement(board)) return;
+    }
+}
+
+void StartRunning(Board& board, const BasicPlace& place) {
+    BasicMachine& basic = board.basic;
+    UnwindSubs(board);
+    basic.loops.clear();
+    basic.failed = false;
+    basic.place = place;
+    basic.statement = place;
+    ResumeBasic(board);
+}
+
+}  // namespace
+
+void StartDirectLine(Board& board, const std::string& line) {
+    board.basic.directLine = line;
+    StartRunning(board, BasicPlace{true, 0, 0});
+}
+
+void RunProgram(Board& board) {
+    board.prompt.loud = true;
+    if (board.program.lines.empty()) {
+        if (board.facts.prompt.errorStyle == BoardErrorStyle::kInLine) {
+            FailWith(board, "Nothing to run");
+        } else {
+            ReturnToPrompt(board);
+        }
+        return;
+    }
+    ClearVariables(board);
+    board.basic.timerStart = board.now;
+    ChainProgram(board);
+}
+
+void ChainProgram(Board& board) {
+    board.prompt.loud = true;
+    board.prompt.subBroken = false;
+    StartRunning(board, BasicPlace{false, 0, 0});
+}
+
+void ResumeBasic(Board& board) {
+    StartActivity(board, kRunning);
+    WakeIn(board, 0);
+}
+
+void StopProgram(Board& board) {
+    UnwindSubs(board);
+    board.basic.loops.clear();
+    board.basic.inputNames.clear();
+    board.basic.failed = false;
+    board.basic.place = BasicPlace();
+    board.basic.directLine.clear();
+}
+
+void ClearVariables(Board& board) {
+    UnwindSubs(board);
+    board.basic.variables.clear();
+    board.basic.elements = 0;
+    board.basic.explicitNames = false;
+}
+
+bool Fail(Board& board, std::string_view message) {
+    if (!board.basic.failed) board.basic.error = message;
+    board.basic.failed = true;
+    return false;
+}
+
+void EndBasic(Board& board) {
+    if (board.prompt.subRuns) {
+        PromptSubIsOver(board);
+    } else {
+        ReturnToPrompt(board);
+    }
+}

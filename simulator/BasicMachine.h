@@ -1,0 +1,102 @@
+// The small BASIC of the simulated board: its state, and how a line or a program runs.
+// Programs are run from their text, statement by statement, a few for each millisecond
+// of board time. Every store and depth is bounded, so no program can hang the board.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+struct Board;
+
+constexpr size_t kMaximumString = 255;  // characters of a string value
+constexpr size_t kMaximumVariables = 512;
+constexpr size_t kMaximumName = 32;
+constexpr size_t kMaximumElements = 16384;  // of all arrays together
+constexpr size_t kMaximumNesting = 50;      // FOR, DO and GOSUB
+constexpr int kMaximumDepth = 32;           // brackets and functions in an expression
+
+// A place in the line that was typed, or in the program.
+struct BasicPlace {
+    bool direct = true;
+    int line = 0;   // index into the program
+    size_t at = 0;  // character of the line
+};
+
+struct BasicValue {
+    bool isText = false;
+    double number = 0;
+    std::string text;
+};
+
+struct BasicVariable {
+    BasicValue value;
+    std::vector<BasicValue> elements;  // of an array, rows one after the other
+    std::vector<int> bounds;           // highest index of each dimension; none: no array
+};
+
+enum class BasicLoopKind { kFor, kDo };
+
+struct BasicLoop {
+    BasicLoopKind kind;
+    std::string variable;  // of a FOR
+    double limit = 0;
+    double step = 0;
+    BasicPlace body;  // FOR: behind the head; DO: behind the word DO
+};
+
+// What a SUB puts back when it ends.
+struct BasicCall {
+    BasicPlace back;
+    size_t loops;  // open at the call
+    bool isSub;
+    std::map<std::string, BasicVariable> hidden;  // variables that its own ones hide
+    std::vector<std::string> own;
+};
+
+struct BasicMachine {
+    std::string directLine;
+    BasicPlace place;      // the cursor
+    BasicPlace statement;  // start of the current statement
+    BasicPlace failedAt;
+    bool failed = false;  // `error` is to be printed
+    std::string error;
+    int depth = 0;  // of the expression
+    int cost = 0;   // what the current slice has used of its budget
+    std::map<std::string, BasicVariable> variables;
+    size_t elements = 0;  // of all arrays
+    bool explicitNames = false;
+    std::vector<BasicLoop> loops;
+    std::vector<BasicCall> calls;
+    std::unordered_map<std::string, int> labels;  // label, line number or "SUB name": line
+    int64_t timerStart = 0;                       // ms
+    std::vector<std::string> inputNames;          // of the INPUT that waits
+    std::string typed;                            // a line that was read
+};
+
+// Runs one line that was entered at the prompt.
+void StartDirectLine(Board& board, const std::string& line);
+
+// Runs the program from its first line, with no variables.
+void RunProgram(Board& board);
+
+// The same with the variables as they are.
+void ChainProgram(Board& board);
+
+// Goes on behind a command that took its time.
+void ResumeBasic(Board& board);
+
+// Nothing runs any more. Variables stay.
+void StopProgram(Board& board);
+
+void ClearVariables(Board& board);
+
+// Sets the error of the current statement, unless there is one already. Always false.
+bool Fail(Board& board, std::string_view message);
+
+// Leaves the current program or line: the prompt follows.
+void EndBasic(Board& board);

@@ -1,0 +1,19 @@
+// Variables and arrays.
+#pragma once
+
+#include "simulator/BasicExpression.h"
+
+// Reads the name at the cursor, with its index if it has one.
+BasicValue ReadVariable(Board& board);
+
+// The place that a name at the cursor stands for, made if need be. nullptr with an error.
+BasicValue* TakePlace(Board& board);
+
+// The same for a plain name.
+BasicValue* PlaceOf(Board& board, const std::string& name);
+
+// Puts a value into a place; types must agree. `name` tells of the "%" mark.
+void AssignValue(Board& board, BasicValue* place, const std::string& name, const BasicValue& value);
+
+// DIM's one item at the cursor: name, bounds, "= value".
+void DimensionOne(Board& board, bool text);

@@ -1,0 +1,65 @@
+// The whole state of one simulated board. Each part's record and procedures stand in the
+// part's own header; this one only puts them together.
+#pragma once
+
+#include "simulator/BasicCommands.h"
+#include "simulator/BasicExpression.h"
+#include "simulator/BasicMachine.h"
+#include "simulator/BoardActivity.h"
+#include "simulator/BoardClock.h"
+#include "simulator/BoardFacts.h"
+#include "simulator/BoardInput.h"
+#include "simulator/BoardOutput.h"
+#include "simulator/BoardText.h"
+#include "simulator/FileStore.h"
+#include "simulator/FlashSlots.h"
+#include "simulator/FullScreen.h"
+#include "simulator/LineEditor.h"
+#include "simulator/LineReader.h"
+#include "simulator/OptionCommands.h"
+#include "simulator/Pager.h"
+#include "simulator/ProgramMemory.h"
+#include "simulator/ProgramReceive.h"
+#include "simulator/Prompt.h"
+#include "simulator/SimulatedBoard.h"
+#include "simulator/XmodemBoard.h"
+
+struct Board {
+    Board(const BoardFacts& boardFacts, const BoardSetup& boardSetup);
+
+    const BoardFacts& facts;
+    const BoardSetup setup;
+
+    int64_t now = 0;        // ms
+    int64_t poweredAt = 0;  // ms
+    bool powered = false;
+    bool listening = true;
+    int64_t awayUntil = 0;         // the port is gone until then, ms
+    int64_t nextStorm = kNeverMs;  // ms
+    uint64_t random;               // state of Draw, never 0
+
+    const BoardActivity* activity;
+    int64_t wakeAt = kNeverMs;  // of the activity, ms
+    void (*afterBusy)(Board& board) = nullptr;
+    void (*answered)(Board& board, bool yes) = nullptr;  // of the question that waits
+    std::vector<std::string> toDelete;                   // KILL: paths, the next one last
+
+    BoardOutput out;
+    BoardInput in;
+    PromptState prompt;
+    LineEditor editor;
+    LineReader reader;
+    ProgramReceive receive;
+    ProgramMemory program;
+    FlashSlots flash;
+    FileStore files;
+    Pager pager;
+    FullScreen fullScreen;
+    XmodemBoard xmodem;
+    BasicMachine basic;
+    BoardOptions options;
+    BoardClock clock;
+};
+
+// A number from 0 to below - 1, from the seed alone.
+int Draw(Board& board, int below);

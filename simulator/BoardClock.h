@@ -1,0 +1,32 @@
+// The board's own clock, and the clock chip that may stand beside it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+struct Board;
+
+// 2024-01-01 00:00:00: a board without a battery begins there.
+constexpr int64_t kPowerUpSeconds = 1704067200;
+
+struct BoardClock {
+    int64_t seconds = kPowerUpSeconds;  // since 1970 in civil time, at setAt
+    int64_t setAt = 0;                  // ms
+    int64_t chipAhead = 0;              // seconds that the chip is ahead of the board
+};
+
+struct CivilTime {
+    int year, month, day, hour, minute, second;
+};
+
+int64_t BoardSeconds(const Board& board);
+CivilTime CivilFromSeconds(int64_t seconds);
+int64_t SecondsFromCivil(const CivilTime& time);
+
+std::string BoardDate(const Board& board);  // DD-MM-YYYY
+std::string BoardTime(const Board& board);  // HH:MM:SS
+
+// The statements DATE$ = and TIME$ =, and RTC.
+void RunSetDate(Board& board);
+void RunSetTime(Board& board);
+void RunRtc(Board& board);

@@ -1,0 +1,41 @@
+#include "simulator/BoardInput.h"
+
+#include "simulator/Board.h"
+
+namespace {
+
+constexpr unsigned char kCtrlC = 3;
+
+// A UART has no flow control: a full ring throws its oldest byte away. Over USB the host
+// waits; one that doesn't loses what it sends too much.
+void Store(Board& board, unsigned char c) {
+    BoardInput& in = board.in;
+    if (in.ring.size() >= board.facts.line.ring) {
+        if (board.facts.line.baud == 0 && !board.facts.line.telnet) return;
+        in.ring.pop_front();
+    }
+    in.ring.push_back(c);
+}
+
+}  // namespace
+
+void AcceptByte(Board& board, unsigned char c) {
+    const BoardFaults& faults = board.setup.faults;
+    if (faults.lostInPerMille > 0 && Draw(board, 1000) < faults.lostInPerMille) return;
+    if (board.activity->deaf) return;
+    if (board.facts.line.sevenBits && !board.activity->eightBits) c &= 0x7f;
+    if (c == kCtrlC && board.activity->stop) {
+        board.in.ring.clear();
+        board.activity->stop(board);
+        return;
+    }
+    Store(board, c);
+}
+
+void PumpInput(Board& board) {
+    while (board.activity->byte && !board.in.ring.empty()) {
+        const unsigned char c = board.in.ring.front();
+        board.in.ring.pop_front();
+        board.activity->byte(board, c);
+    }
+}

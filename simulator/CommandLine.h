@@ -1,0 +1,8 @@
+// A line that was entered at the prompt: its short forms, then the board's language.
+#pragma once
+
+#include <string>
+
+struct Board;
+
+void ExecuteCommandLine(Board& board, const std::string& line);

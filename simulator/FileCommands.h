@@ -1,0 +1,23 @@
+// Commands on files and folders. All print nothing on success.
+#pragma once
+
+#include <string>
+
+struct Board;
+
+void RunChdir(Board& board);
+void RunMkdir(Board& board);
+void RunRmdir(Board& board);
+void RunKill(Board& board);
+void RunDrive(Board& board);
+void RunLoad(Board& board);
+void RunSave(Board& board);
+
+// The name at the cursor as a whole path; false with an error set.
+bool TakePath(Board& board, std::string* path);
+
+// The same for a program: ".bas" is added.
+bool TakeProgramPath(Board& board, std::string* path);
+
+// Reads a program from a file into memory; false with an error set.
+bool LoadProgram(Board& board, const std::string& path);

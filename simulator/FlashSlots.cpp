@@ -1,0 +1,116 @@
+#include "simulator/FlashSlots.h"
+
+#include "simulator/Board.h"
+#include "simulator/ListCommand.h"
+
+namespace {
+
+FlashSlot* TakeSlot(Board& board) {
+    const int number = TakeInteger(board, 1, kFlashSlots);
+    if (board.basic.failed) return nullptr;
+    return &board.flash.slots[static_cast<size_t>(number - 1)];
+}
+
+// Flash work takes its time; what is typed meanwhile waits.
+void WorkThen(Board& board, void (*then)(Board& board)) {
+    BusyThen(board, board.facts.flash.slotMs, then);
+}
+
+std::string SlotLine(int number, const FlashSlot& slot) {
+    if (!slot.used) return BoardFormat(" Slot %d available", number);
+    if (slot.lines.empty()) return BoardFormat(" Slot %d in use", number);
+    return BoardFormat(" Slot %d in use: \"", number) + RecasedLine(slot.lines[0]) + "\"";
+}
+
+void ListSlots(Board& board) {
+    if (!AtStatementEnd(board)) {
+        const FlashSlot* slot = TakeSlot(board);
+        const bool all = TakeChar(board, ',') && TakeKeyword(board, "ALL");
+        if (slot) ListLines(board, slot->lines, !all);
+        return;
+    }
+    for (int i = 0; i < kFlashSlots; ++i) {
+        Put(board, SlotLine(i + 1, board.flash.slots[static_cast<size_t>(i)]));
+        NewLine(board);
+    }
+}
+
+void StoreInSlot(Board& board, FlashSlot* slot) {
+    *slot = {true, board.program.lines, board.program.name};
+    WorkThen(board, ResumeBasic);
+}
+
+void SaveToSlot(Board& board) {
+    FlashSlot* slot = TakeSlot(board);
+    if (!slot) return;
+    if (slot->used) {
+        Fail(board, "Already programmed");
+        return;
+    }
+    StoreInSlot(board, slot);
+}
+
+void OverwriteSlot(Board& board) {
+    if (FlashSlot* slot = TakeSlot(board)) StoreInSlot(board, slot);
+}
+
+void EraseSlots(Board& board) {
+    if (TakeKeyword(board, "ALL")) {
+        board.flash = FlashSlots();
+    } else if (FlashSlot* slot = TakeSlot(board)) {
+        *slot = FlashSlot();
+    } else {
+        return;
+    }
+    WorkThen(board, ResumeBasic);
+}
+
+bool FetchSlot(Board& board) {
+    const FlashSlot* slot = TakeSlot(board);
+    if (!slot) return false;
+    if (!slot->used) return Fail(board, "Flash slot empty");
+    board.program.lines = slot->lines;
+    board.program.name = slot->name;
+    BuildLabels(board);
+    return true;
+}
+
+void RunFetched(Board& board) {
+    RunProgram(board);
+}
+void ChainFetched(Board& board) {
+    ChainProgram(board);
+}
+
+void LoadSlot(Board& board) {
+    if (FetchSlot(board)) WorkThen(board, EndBasic);
+}
+
+void RunSlot(Board& board) {
+    if (FetchSlot(board)) WorkThen(board, RunFetched);
+}
+
+void ChainSlot(Board& board) {
+    if (FetchSlot(board)) WorkThen(board, ChainFetched);
+}
+
+struct FlashRow {
+    const char* word;
+    void (*run)(Board& board);
+};
+
+const FlashRow kFlashRows[] = {
+    {"LIST", ListSlots}, {"SAVE", SaveToSlot}, {"OVERWRITE", OverwriteSlot}, {"ERASE", EraseSlots},
+    {"LOAD", LoadSlot},  {"RUN", RunSlot},     {"CHAIN", ChainSlot},
+};
+
+}  // namespace
+
+void RunFlash(Board& board) {
+    for (const FlashRow& row : kFlashRows) {
+        if (!TakeKeyword(board, row.word)) continue;
+        row.run(board);
+        return;
+    }
+    Fail(board, "Syntax");
+}

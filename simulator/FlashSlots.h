@@ -1,0 +1,22 @@
+// The flash slots of the PicoMite family: whole programs behind numbers.
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+struct Board;
+
+constexpr int kFlashSlots = 3;
+
+struct FlashSlot {
+    bool used = false;
+    std::vector<std::string> lines;
+    std::string name;  // of the file that the program came from
+};
+
+struct FlashSlots {
+    std::array<FlashSlot, kFlashSlots> slots;
+};
+
+void RunFlash(Board& board);

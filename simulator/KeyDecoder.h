@@ -1,0 +1,44 @@
+// Keys out of bytes: escape sequences of VT keyboards become the firmware's own key
+// codes. A lone ESC holds what follows for a moment, because a sequence may come.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+// Key codes of the firmware; characters stand for themselves. The same codes count when
+// they come as raw bytes.
+constexpr unsigned char kKeyUp = 0x80;
+constexpr unsigned char kKeyDown = 0x81;
+constexpr unsigned char kKeyLeft = 0x82;
+constexpr unsigned char kKeyRight = 0x83;
+constexpr unsigned char kKeyInsert = 0x84;
+constexpr unsigned char kKeyHome = 0x86;
+constexpr unsigned char kKeyEnd = 0x87;
+constexpr unsigned char kKeyPageUp = 0x88;
+constexpr unsigned char kKeyPageDown = 0x89;
+constexpr unsigned char kKeyF1 = 0x91;
+constexpr unsigned char kKeyF2 = 0x92;
+constexpr unsigned char kKeyF3 = 0x93;
+constexpr unsigned char kKeyF4 = 0x94;
+constexpr unsigned char kKeyF6 = 0x96;
+constexpr unsigned char kKeyF10 = 0x9a;
+constexpr unsigned char kKeyF11 = 0x9b;
+constexpr unsigned char kKeyF12 = 0x9c;
+
+// How long an unfinished sequence is held, ms.
+constexpr int64_t kEscapeHoldMs = 30;
+
+struct KeyDecoder {
+    std::string held;  // an unfinished sequence with its ESC; at most 5 bytes
+};
+
+// Takes one byte and appends the keys that are complete to *keys: none while a sequence
+// is held, several when a held one turned out to be plain characters.
+void DecodeKeyByte(KeyDecoder& decoder, unsigned char c, std::string* keys);
+
+// Time is up for what is held: it was characters.
+void DecodeKeyTimeout(KeyDecoder& decoder, std::string* keys);
+
+// The length of the key sequence at the start of `bytes` (1 for a plain character) and
+// its code through *key; 0 for empty bytes.
+size_t FirstKey(const std::string& bytes, unsigned char* key);

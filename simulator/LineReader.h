@@ -1,0 +1,15 @@
+// Reads one line for INPUT and for the PIN question: plain editing with "\b \b".
+#pragma once
+
+#include <string>
+
+struct Board;
+
+struct LineReader {
+    std::string line;
+    void (*done)(Board& board, const std::string& line) = nullptr;
+    bool afterCr = false;  // an LF behind a CR may be skipped
+};
+
+// The console belongs to the reader until Enter; then `done` gets the line.
+void ReadLine(Board& board, void (*done)(Board& board, const std::string& line));

@@ -1,0 +1,76 @@
+#include "simulator/ListCommand.h"
+
+#include "simulator/Board.h"
+#include "simulator/FileCommands.h"
+#include "simulator/FileListing.h"
+
+namespace {
+
+void StartListing(Board& board, bool stops) {
+    const ListingFacts& facts = board.facts.listing;
+    if (board.facts.prompt.listingIsLoud) board.prompt.loud = true;
+    if (!stops) {
+        StartPager(board, 0, 0, 0);
+    } else if (facts.newListPager) {
+        StartWalkingPager(board, facts.listPage);
+    } else {
+        StartPager(board, facts.listPage, facts.listPage, 0);
+    }
+}
+
+// At the last blank that fits, else in the middle of the word.
+void AddWrapped(Pager& pager, std::string_view line, size_t width) {
+    while (line.size() > width) {
+        const size_t blank = line.rfind(' ', width);
+        const bool found = blank != std::string_view::npos && blank > 0;
+        pager.lines.emplace_back(line.substr(0, found ? blank : width));
+        line.remove_prefix(found ? blank + 1 : width);
+    }
+    pager.lines.emplace_back(line);
+}
+
+// Empty lines of a file are dropped, as the firmware does.
+void ListFile(Board& board, const std::string& data, bool stops) {
+    board.pager = Pager();
+    for (const std::string& line : SplitFields(data, '\n', data.size() + 1)) {
+        std::string clean;
+        for (const char c : line) {
+            if (c != '\r') clean += c;
+        }
+        if (!clean.empty()) AddWrapped(board.pager, clean, static_cast<size_t>(board.facts.width));
+    }
+    StartListing(board, stops);
+}
+
+}  // namespace
+
+void ListLines(Board& board, const std::vector<std::string>& lines, bool stops) {
+    // The CMM2 lists its file, all others the tokens.
+    const bool fromFile = board.facts.receive.needsName;
+    board.pager = Pager();
+    for (const std::string& line : lines) {
+        AddPagedLine(board.pager, fromFile ? line : RecasedLine(line), board.facts.width);
+    }
+    StartListing(board, stops);
+}
+
+void RunList(Board& board) {
+    if (TakeKeyword(board, "FILES")) {
+        RunFiles(board);
+        return;
+    }
+    const bool all = TakeKeyword(board, "ALL");
+    TakeChar(board, ',');
+    if (AtStatementEnd(board)) {
+        ListLines(board, board.program.lines, !all);
+        return;
+    }
+    std::string path;
+    if (!TakeProgramPath(board, &path)) return;
+    const StoredFile* file = FindFile(board.files, path);
+    if (!file || file->isFolder) {
+        Fail(board, "Could not find the file");
+        return;
+    }
+    ListFile(board, file->data, !all);
+}

@@ -1,0 +1,35 @@
+// The program in memory: plain lines, as they were received, without line ends.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct Board;
+
+// A longer line can't be stored.
+constexpr size_t kMaximumLine = 254;
+
+struct ProgramMemory {
+    std::vector<std::string> lines;
+    std::string name;  // of the file it was loaded from: a hidden first line; empty: none
+};
+
+// Replaces the program by `text`, or appends it. CR, LF and CR LF end a line; a trailing
+// empty line is not stored, other characters below 32 are dropped, a tab is a blank.
+// nullptr, or the words of an error; the lines before the fault are stored then.
+const char* StoreProgram(Board& board, std::string_view text, bool append);
+
+void ClearProgram(Board& board);
+
+// Line `index`, counted from 0; empty for one that isn't there.
+const std::string& ProgramLine(const Board& board, int index);
+
+// All lines, each ended by `lineEnd`.
+std::string JoinProgram(const Board& board, const char* lineEnd);
+
+// What "Saved N bytes" tells: the size as tokens and the firmware's scan count.
+size_t TokenisedSize(const Board& board);
+
+// `text` without comments, indentation and empty lines.
+std::string CrunchText(std::string_view text);

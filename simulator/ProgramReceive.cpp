@@ -1,0 +1,224 @@
+#include "simulator/ProgramReceive.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "simulator/Board.h"
+
+namespace {
+
+constexpr unsigned char kCtrlZ = 0x1a;
+constexpr size_t kHeldEchoLimit = 64;
+constexpr int64_t kEchoHoldMs = 100;
+
+void FlushEcho(Board& board) {
+    const std::string held = std::move(board.out.held);
+    board.out.held.clear();
+    Echo(board, held);
+}
+
+void EchoReceived(Board& board, std::string_view text) {
+    if (board.receive.quiet) return;
+    if (!board.facts.receive.holdsEcho) {
+        Echo(board, text);
+        return;
+    }
+    board.out.held += text;
+    if (board.out.held.size() >= kHeldEchoLimit) FlushEcho(board);
+}
+
+// CR ends a line and its echo comes at once; LF behind it is nothing; LF alone comes back
+// as it is on boards that hold the echo, and stays held.
+void TakeLineEnd(Board& board, char c) {
+    ProgramReceive& receive = board.receive;
+    if (c == '\n' && receive.afterCr) return;
+    receive.text += '\n';
+    if (c == '\n' && board.facts.receive.holdsEcho) {
+        EchoReceived(board, "\n");
+        return;
+    }
+    EchoReceived(board, "\r\n");
+    if (board.facts.receive.holdsEcho) FlushEcho(board);
+}
+
+void Saved(Board& board) {
+    ProgramReceive& receive = board.receive;
+    if (!receive.fileName.empty()) {
+        Put(board, "\r\n> Saved to SDcard\r\n");
+    } else if (board.facts.receive.saysSaved) {
+        FreshLine(board);
+        Put(board, BoardFormat("Saved %zu bytes\r\n", TokenisedSize(board)));
+    }
+    board.prompt.loud = true;
+    if (receive.runs) {
+        RunProgram(board);
+    } else {
+        ReturnToPrompt(board);
+    }
+}
+
+const char* StoreReceived(Board& board) {
+    ProgramReceive& receive = board.receive;
+    if (receive.crunch) receive.text = CrunchText(receive.text);
+    if (!receive.fileName.empty()) {
+        std::string data;
+        for (const char c : receive.text)
+            data += c == '\n' ? std::string("\r\n") : std::string(1, c);
+        const char* error = WriteFile(board.files, receive.fileName, data, BoardSeconds(board));
+        if (error || !(receive.loads || receive.runs)) return error;
+    }
+    return StoreProgram(board, receive.text, receive.append);
+}
+
+void EndReceive(Board& board, bool runs) {
+    FlushEcho(board);
+    board.receive.runs = runs;
+    const char* error = StoreReceived(board);
+    board.receive.text.clear();
+    if (error) {
+        FailWith(board, error);
+        return;
+    }
+    // The flash is written with the interrupts off: what is typed now is lost.
+    BusyThen(board, board.facts.flash.saveMs, Saved, true);
+}
+
+void EndByCtrlC(Board& board) {
+    EndReceive(board, false);
+}
+
+void AbortReceive(Board& board) {
+    FlushEcho(board);
+    board.receive.text.clear();
+    BreakToPrompt(board);
+}
+
+// Is the key an end code of this board? Sets what follows it.
+bool IsEndKey(Board& board, unsigned char key, bool* runs) {
+    *runs = key == kKeyF2;
+    switch (board.facts.receive.end) {
+        case BoardReceiveEnd::kCtrlC:
+            return false;
+        case BoardReceiveEnd::kCtrlZ:
+            return key == kCtrlZ;
+        case BoardReceiveEnd::kCtrlZOrFunctionKey:
+            return key == kCtrlZ || key == kKeyF1 || key == kKeyF2;
+        case BoardReceiveEnd::kFunctionKey:
+            board.receive.loads = key == kKeyF1;
+            return key == kKeyF1 || key == kKeyF2 || key == kKeyF6;
+    }
+    return false;
+}
+
+// True while the board still receives.
+bool TakeKey(Board& board, unsigned char key) {
+    ProgramReceive& receive = board.receive;
+    bool runs = false;
+    if (IsEndKey(board, key, &runs)) {
+        EndReceive(board, runs);
+        return false;
+    }
+    const char c = static_cast<char>(key == '\t' ? ' ' : key);
+    const bool first = std::exchange(receive.atStart, false);
+    if (c == '\r' || c == '\n') {
+        if (!(first && c == '\n')) TakeLineEnd(board, c);
+        receive.afterCr = c == '\r';
+    } else if (c >= ' ' && c < 0x7f) {
+        receive.text += c;
+        receive.afterCr = false;
+        EchoReceived(board, std::string_view(&c, 1));
+    }
+    if (receive.text.size() <= board.facts.flash.programBytes) return true;
+    FlushEcho(board);
+    receive.text.clear();
+    FailWith(board, "Not enough memory");
+    return false;
+}
+
+void TakeKeys(Board& board, const std::string& keys) {
+    for (const char key : keys) {
+        if (!TakeKey(board, static_cast<unsigned char>(key))) return;
+    }
+    const bool held = !board.receive.keys.held.empty();
+    const bool waits = !board.out.held.empty() || board.receive.quiet;
+    if (held) {
+        WakeIn(board, kEscapeHoldMs);
+    } else if (waits) {
+        WakeIn(board, std::max<int64_t>(0, board.receive.lastByteAt + kEchoHoldMs - board.now));
+    } else {
+        WakeNever(board);
+    }
+}
+
+void TakeByte(Board& board, unsigned char c) {
+    board.receive.lastByteAt = board.now;
+    std::string keys;
+    if (board.facts.prompt.editor == BoardEditor::kFull) {
+        DecodeKeyByte(board.receive.keys, c, &keys);
+    } else {
+        keys += static_cast<char>(c);
+    }
+    TakeKeys(board, keys);
+}
+
+const char* ExitHint(const Board& board) {
+    return board.facts.receive.end == BoardReceiveEnd::kFunctionKey
+               ? "Enter F1 ,F2 or F6 to exit\r\n"
+               : "Enter ctrl-Z, F1, or F2 to exit\r\n";
+}
+
+// A pause in the input. AUTOSAVE N takes the first one for a human being: it prints its
+// hint, in the middle of the text, and echoes from then on.
+void InputPauses(Board& board) {
+    WakeNever(board);
+    std::string keys;
+    DecodeKeyTimeout(board.receive.keys, &keys);
+    if (board.now - board.receive.lastByteAt >= kEchoHoldMs) {
+        if (std::exchange(board.receive.quiet, false)) Put(board, ExitHint(board));
+        FlushEcho(board);
+    }
+    TakeKeys(board, keys);
+}
+
+const BoardActivity kReceiving = {TakeByte, InputPauses, AbortReceive};
+const BoardActivity kReceivingToCtrlC = {TakeByte, InputPauses, EndByCtrlC};
+
+// The words behind the command; false with an error set.
+bool ReadOptions(Board& board) {
+    const ReceiveFacts& facts = board.facts.receive;
+    ProgramReceive& receive = board.receive;
+    while (true) {
+        if (facts.hasQuiet && TakeKeyword(board, "N")) {
+            receive.quiet = true;
+        } else if (facts.allOptions && TakeKeyword(board, "C")) {
+            receive.crunch = true;
+        } else if (facts.allOptions && TakeKeyword(board, "APPEND")) {
+            receive.append = true;
+        } else {
+            break;
+        }
+        TakeChar(board, ',');
+    }
+    if (facts.needsName) {
+        if (AtStatementEnd(board)) return Fail(board, "Syntax");
+        receive.fileName = WithExtension(TakeText(board));
+        if (board.basic.failed) return false;
+        if (!ResolvePath(board.files, receive.fileName, &receive.fileName)) {
+            return Fail(board, "Could not find the path");
+        }
+    }
+    return AtStatementEnd(board) || Fail(board, "Syntax");
+}
+
+}  // namespace
+
+void StartProgramReceive(Board& board) {
+    board.receive = ProgramReceive();
+    if (!ReadOptions(board)) return;
+    const ReceiveFacts& facts = board.facts.receive;
+    if (!facts.needsName && !board.receive.append) ClearProgram(board);
+    StopProgram(board);
+    board.receive.lastByteAt = board.now;
+    StartActivity(board, facts.end == BoardReceiveEnd::kCtrlC ? kReceivingToCtrlC : kReceiving);
+    if (board.receive.quiet) WakeIn(board, kEchoHoldMs);
+}

@@ -1,0 +1,26 @@
+// AUTOSAVE and AUTO: the board takes a program text as it is typed, until an end code.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "simulator/KeyDecoder.h"
+
+struct Board;
+
+struct ProgramReceive {
+    std::string text;
+    std::string fileName;  // where the text goes; empty: program memory
+    KeyDecoder keys;
+    bool crunch = false;
+    bool append = false;
+    bool quiet = false;   // AUTOSAVE N, until the hint was printed
+    bool atStart = true;  // nothing has come yet: one LF is skipped
+    bool afterCr = false;
+    bool runs = false;       // RUN follows the save
+    bool loads = false;      // a text that went to a file becomes the program too
+    int64_t lastByteAt = 0;  // ms
+};
+
+// The command itself; the cursor stands behind its word.
+void StartProgramReceive(Board& board);

@@ -1,0 +1,145 @@
+#include "simulator/SimulatedBoard.h"
+
+#include <algorithm>
+
+#include "simulator/Board.h"
+
+namespace {
+
+// Steps of one call; what is left of a longer stretch of time passes at once.
+constexpr int kMaximumStepsPerAdvance = 20000;
+
+const BoardActivity kOff = {nullptr, nullptr, nullptr, true};
+
+int64_t PerByteUs(const BoardFacts& facts, const BoardSetup& setup) {
+    constexpr int64_t kBitsPerByte = 10;  // with start and stop bit
+    int baud = setup.baud;
+    if (baud < 0) baud = setup.paced ? facts.line.baud : 0;
+    return baud > 0 ? std::max<int64_t>(1, kBitsPerByte * 1000000 / baud) : 0;
+}
+
+void SendStorm(Board& board) {
+    const BoardStorm& storm = board.setup.faults.storm;
+    const int64_t end = board.poweredAt + storm.fromMs + storm.forMs;
+    if (storm.forMs > 0 && board.now >= end) {
+        board.nextStorm = kNeverMs;
+        return;
+    }
+    if ((!storm.inXmodemOnly || board.activity->xmodem) && !OutputIsFull(board)) {
+        PutRaw(board, storm.pattern);
+    }
+    board.nextStorm = board.now + std::max(storm.intervalMs, 1);
+}
+
+// Everything that is due by `now`, in the order of its times.
+void RunUntil(Board& board, int64_t now) {
+    for (int step = 0; step < kMaximumStepsPerAdvance; ++step) {
+        PumpInput(board);
+        const int64_t due = std::min(board.wakeAt, board.nextStorm);
+        if (due > now) break;
+        board.now = std::max(board.now, due);
+        if (board.nextStorm <= board.wakeAt) {
+            SendStorm(board);
+        } else {
+            board.activity->time(board);
+        }
+    }
+    board.now = std::max(board.now, now);
+}
+
+}  // namespace
+
+Board::Board(const BoardFacts& boardFacts, const BoardSetup& boardSetup)
+    : facts(boardFacts), setup(boardSetup), activity(&kOff) {
+    random = setup.faults.seed * 0x9e3779b97f4a7c15u + 1;
+    if (random == 0) random = 1;
+    out.perByteUs = PerByteUs(facts, setup);
+    prompt.pin = facts.prompt.pinDelayMs < 0 ? 0 : setup.pin;
+    files.fat = facts.fat;
+    files.sdCard = setup.sdCard;
+    if (setup.clockSeconds > 0) clock.seconds = setup.clockSeconds;
+    PresetOptions(*this);
+}
+
+// Marsaglia's xorshift: small, and the same everywhere.
+int Draw(Board& board, int below) {
+    uint64_t& x = board.random;
+    x ^= x << 13;
+    x ^= x >> 7;
+    x ^= x << 17;
+    return static_cast<int>((x >> 11) % static_cast<uint64_t>(std::max(below, 1)));
+}
+
+SimulatedBoard::SimulatedBoard(const BoardFacts& facts, const BoardSetup& setup)
+    : board(std::make_unique<Board>(facts, setup)) {}
+
+SimulatedBoard::~SimulatedBoard() = default;
+
+void SimulatedBoard::PowerUp(int64_t nowMs) {
+    board->now = std::max(board->now, nowMs);
+    board->poweredAt = board->now;
+    board->clock.setAt = board->now;
+    board->powered = true;
+    const BoardStorm& storm = board->setup.faults.storm;
+    if (!storm.pattern.empty()) board->nextStorm = board->now + storm.fromMs;
+    PrintSignOn(*board);
+    ReturnToPrompt(*board);
+}
+
+void SimulatedBoard::Receive(std::string_view bytes, int64_t nowMs) {
+    Advance(nowMs);
+    for (const char c : bytes) {
+        if (!LinkIsUp()) return;
+        AcceptByte(*board, static_cast<unsigned char>(c));
+        RunUntil(*board, board->now);
+    }
+}
+
+size_t SimulatedBoard::InputRoom() const {
+    const size_t waiting = board->in.ring.size();
+    return board->facts.line.ring - std::min(waiting, board->facts.line.ring);
+}
+
+void SimulatedBoard::Advance(int64_t nowMs) {
+    if (board->powered) RunUntil(*board, nowMs);
+}
+
+std::string SimulatedBoard::TakeOutput() {
+    return TakeReady(*board);
+}
+
+int64_t SimulatedBoard::NextWake() const {
+    return std::min({board->wakeAt, board->nextStorm, NextReadyMs(*board)});
+}
+
+bool SimulatedBoard::LinkIsUp() const {
+    return board->powered && !board->out.cut && board->awayUntil <= board->now;
+}
+
+void SimulatedBoard::SetListening(bool listening) {
+    board->listening = listening;
+}
+
+bool SimulatedBoard::AddFile(std::string_view path, std::string_view data, int64_t stamp) {
+    std::string whole;
+    if (!ResolvePath(board->files, path, &whole)) return false;
+    for (size_t slash = whole.find('/', 3); slash != std::string::npos;
+         slash = whole.find('/', slash + 1)) {
+        const std::string folder = whole.substr(0, slash);
+        if (!FolderExists(board->files, folder) && MakeFolder(board->files, folder)) return false;
+    }
+    return WriteFile(board->files, whole, data, stamp) == nullptr;
+}
+
+bool SimulatedBoard::ReadFile(std::string_view path, std::string* data) const {
+    std::string whole;
+    if (!ResolvePath(board->files, path, &whole)) return false;
+    const StoredFile* file = FindFile(board->files, whole);
+    if (!file || file->isFolder) return false;
+    *data = file->data;
+    return true;
+}
+
+std::string SimulatedBoard::ProgramText() const {
+    return JoinProgram(*board, "\n");
+}

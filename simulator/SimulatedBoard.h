@@ -1,0 +1,81 @@
+// A small BASIC computer as seen through its console: bytes and time in, bytes out. It has
+// no thread, no socket and no clock of its own, so a driver may step it on the real clock
+// or on a virtual one. Everything that happens depends on the bytes, the times and the
+// seed alone.
+//
+// A driver calls Receive for what arrives, Advance when NextWake has come, and TakeOutput
+// after each. Times are milliseconds of any monotonic clock; they never go back.
+// Not for use by two threads at once. A hostile stream can neither hang it nor make it
+// grow: every queue, store and depth has a bound.
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "simulator/BoardFacts.h"
+#include "simulator/BoardFaults.h"
+
+constexpr int64_t kNeverMs = std::numeric_limits<int64_t>::max();
+
+// What may be chosen for one board beyond its row of facts.
+struct BoardSetup {
+    int baud = -1;             // pace of the output, bits/s; 0: no limit, -1: no limit too,
+                               // but a UART row uses its own speed when `paced` is set
+    bool paced = false;        // output at the row's own speed
+    int pin = 0;               // 0: none, else the PIN that locks the console
+    bool sdCard = false;       // a card stands in drive B:
+    bool i2c = true;           // OPTION SYSTEM I2C is set
+    bool clockChip = true;     // a clock chip answers
+    int summaryGapMs = 40;     // silence inside the summary line of FILES
+    int64_t clockSeconds = 0;  // the board's own clock at power-up, seconds since 1970;
+                               // 0: 2024-01-01 00:00:00, as a board without a battery
+    BoardFaults faults;
+};
+
+class SimulatedBoard {
+  public:
+    explicit SimulatedBoard(const BoardFacts& facts, const BoardSetup& setup = BoardSetup());
+    ~SimulatedBoard();
+    SimulatedBoard(const SimulatedBoard&) = delete;
+    SimulatedBoard& operator=(const SimulatedBoard&) = delete;
+
+    // Switches the power on: sign-on and prompt. Until then nothing is read or sent.
+    void PowerUp(int64_t nowMs);
+
+    // Bytes from the host. Those that find no room go the way of the board's kind.
+    void Receive(std::string_view bytes, int64_t nowMs);
+
+    // How many bytes a host may send before a USB board would make it wait.
+    size_t InputRoom() const;
+
+    // Lets time pass up to nowMs.
+    void Advance(int64_t nowMs);
+
+    // What the board has sent by the time of the last call. Empty for nothing.
+    std::string TakeOutput();
+
+    // When Advance is wanted next; kNeverMs while the board only waits for bytes.
+    int64_t NextWake() const;
+
+    // Does the board stand on the line? False while it restarts and after a cut.
+    bool LinkIsUp() const;
+
+    // Does a host listen (DTR)? What a USB board prints with nobody listening is lost.
+    void SetListening(bool listening);
+
+    // Puts a file on a drive, with its folders: "games/x.bas" or "B:/x.bas". `stamp` is
+    // seconds since 1970 in local civil time, 0 for none. False if it doesn't fit.
+    bool AddFile(std::string_view path, std::string_view data, int64_t stamp);
+
+    // The file's bytes through *data; false if there is none.
+    bool ReadFile(std::string_view path, std::string* data) const;
+
+    // The text in program memory, lines ended by LF.
+    std::string ProgramText() const;
+
+  private:
+    std::unique_ptr<struct Board> board;
+};

@@ -1,0 +1,33 @@
+#include "simulator/TelnetCoding.h"
+
+namespace {
+
+constexpr char kFf = '\xff';
+
+}  // namespace
+
+std::string TelnetGreeting() {
+    return {"\xff\xfb\x03\xff\xfd\x03\xff\xfb\x01\xff\xfd\x22\xff\xfe\x22\x00", 16};
+}
+
+std::string EncodeTelnet(std::string_view bytes) {
+    std::string coded;
+    for (const char c : bytes) {
+        coded += c;
+        if (c == '\r') coded += '\0';
+        if (c == kFf) coded += kFf;
+    }
+    return coded;
+}
+
+std::string DecodeTelnet(TelnetCoding& coding, std::string_view segment) {
+    std::string plain;
+    if (!segment.empty() && segment[0] == kFf) return plain;
+    for (const char c : segment) {
+        const bool dropped = (coding.afterCr && c == '\0') || (coding.afterFf && c == kFf);
+        coding.afterCr = c == '\r';
+        coding.afterFf = c == kFf && !dropped;
+        if (!dropped) plain += c;
+    }
+    return plain;
+}

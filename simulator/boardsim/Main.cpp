@@ -1,0 +1,220 @@
+// boardsim: the simulated board as a program that serves one host at a time.
+#include <poll.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+
+#include "simulator/TelnetCoding.h"
+#include "simulator/boardsim/DriveFiles.h"
+#include "simulator/boardsim/Endpoint.h"
+#include "simulator/boardsim/SimOptions.h"
+
+namespace {
+
+constexpr size_t kReadBlock = 4096;
+constexpr size_t kWaitingLimit = 16384;  // bytes that a slow host leaves behind
+
+volatile std::sig_atomic_t stopAsked = 0;
+
+void AskToStop(int) {
+    stopAsked = 1;
+}
+
+int64_t ClockMs() {
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
+struct Session {
+    const SimOptions& options;
+    SimulatedBoard& board;
+    Endpoint& endpoint;
+    TelnetCoding telnet = {};
+    std::string waiting = {};  // for the host
+    bool ended = false;
+};
+
+bool SpeaksTelnet(const Session& session) {
+    return session.options.facts->line.telnet && !session.endpoint.isPty;
+}
+
+void Tell(const char* text) {
+    std::printf("boardsim: %s\n", text);
+    std::fflush(stdout);
+}
+
+void PowerUpOnce(Session& session) {
+    if (!session.board.LinkIsUp() && session.board.NextWake() == kNeverMs) {
+        session.board.PowerUp(ClockMs());
+    }
+}
+
+void WelcomeHost(Session& session) {
+    if (!AcceptHost(session.endpoint)) return;
+    Tell("connected");
+    session.waiting = SpeaksTelnet(session) ? TelnetGreeting() : std::string();
+    session.telnet = TelnetCoding();
+    session.board.SetListening(true);
+    PowerUpOnce(session);
+}
+
+void LoseHost(Session& session) {
+    if (session.endpoint.isPty) {
+        session.ended = true;
+        return;
+    }
+    DropHost(session.endpoint);
+    session.board.SetListening(false);
+    session.waiting.clear();
+    Tell("disconnected");
+    if (session.options.once) session.ended = true;
+}
+
+void ReadHost(Session& session) {
+    // A UART doesn't make its host wait; its ring loses the oldest bytes instead.
+    char block[kReadBlock];
+    size_t room = sizeof block;
+    if (session.options.facts->line.baud == 0) room = std::min(room, session.board.InputRoom());
+    if (room == 0) return;
+    const ssize_t count = read(session.endpoint.line, block, room);
+    if (count < 0 && (errno == EAGAIN || errno == EINTR)) return;
+    if (count <= 0) {
+        LoseHost(session);
+        return;
+    }
+    std::string bytes(block, static_cast<size_t>(count));
+    if (SpeaksTelnet(session)) bytes = DecodeTelnet(session.telnet, bytes);
+    session.board.Receive(bytes, ClockMs());
+}
+
+void WriteHost(Session& session) {
+    std::string& waiting = session.waiting;
+    while (!waiting.empty() && session.endpoint.line >= 0) {
+        const size_t size =
+            SpeaksTelnet(session) ? std::min(waiting.size(), kTelnetSegment) : waiting.size();
+        const ssize_t count = write(session.endpoint.line, waiting.data(), size);
+        if (count < 0 && (errno == EAGAIN || errno == EINTR)) return;
+        if (count <= 0) {
+            LoseHost(session);
+            return;
+        }
+        waiting.erase(0, static_cast<size_t>(count));
+    }
+}
+
+void CollectOutput(Session& session) {
+    if (session.waiting.size() >= kWaitingLimit) return;
+    std::string bytes = session.board.TakeOutput();
+    if (SpeaksTelnet(session)) bytes = EncodeTelnet(bytes);
+    if (session.endpoint.line >= 0) session.waiting += bytes;
+    WriteHost(session);
+}
+
+// Milliseconds until the board wants to act; -1: only a host can wake it.
+int WaitMs(const Session& session) {
+    constexpr int64_t kLongest = 60000;
+    // A host that takes nothing has to be waited for, not the clock.
+    if (session.waiting.size() >= kWaitingLimit) return -1;
+    const int64_t wake = session.board.NextWake();
+    if (wake == kNeverMs) return -1;
+    return static_cast<int>(std::clamp<int64_t>(wake - ClockMs(), 0, kLongest));
+}
+
+// Sleeps until a host, a signal or the board's time. Signals only come through here.
+void WaitAndServe(Session& session, const sigset_t& openSignals) {
+    Endpoint& endpoint = session.endpoint;
+    const bool busy = endpoint.line >= 0;
+    pollfd watched = {busy ? endpoint.line : endpoint.listener, POLLIN, 0};
+    const bool full = session.options.facts->line.baud == 0 && session.board.InputRoom() == 0;
+    if (busy && full) watched.events = 0;
+    if (!session.waiting.empty()) watched.events |= POLLOUT;
+    const int ms = WaitMs(session);
+    const timespec limit = {ms / 1000, (ms % 1000) * 1000000L};
+    if (ppoll(&watched, 1, ms < 0 ? nullptr : &limit, &openSignals) <= 0) return;
+    if (!busy) {
+        WelcomeHost(session);
+        return;
+    }
+    if (watched.revents & POLLOUT) WriteHost(session);
+    if (watched.revents & (POLLIN | POLLHUP | POLLERR)) ReadHost(session);
+}
+
+// A board that leaves the bus, or a link that is cut, hangs up on a TCP host.
+void HangUpIfGone(Session& session) {
+    if (session.endpoint.isPty || session.endpoint.line < 0 || session.board.LinkIsUp()) return;
+    LoseHost(session);
+}
+
+void Serve(Session& session, const sigset_t& openSignals) {
+    while (!stopAsked && !session.ended) {
+        session.board.Advance(ClockMs());
+        CollectOutput(session);
+        HangUpIfGone(session);
+        if (!session.ended) WaitAndServe(session, openSignals);
+    }
+}
+
+// SIGINT and SIGTERM wait until the loop sleeps, so none is missed.
+sigset_t CatchSignals() {
+    struct sigaction action = {};
+    action.sa_handler = AskToStop;
+    sigset_t blocked, open;
+    sigemptyset(&blocked);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        sigaddset(&blocked, signal);
+        sigaction(signal, &action, nullptr);
+    }
+    sigprocmask(SIG_BLOCK, &blocked, &open);
+    std::signal(SIGPIPE, SIG_IGN);
+    return open;
+}
+
+int RunBoard(const SimOptions& options) {
+    const sigset_t openSignals = CatchSignals();
+    Endpoint endpoint;
+    if (!OpenEndpoint(options, &endpoint)) {
+        CloseEndpoint(endpoint);
+        return 1;
+    }
+    SimulatedBoard board(*options.facts, options.setup);
+    if (!options.folder.empty() && !AddFolder(board, options.folder)) {
+        std::fprintf(stderr, "boardsim: can't read the folder %s\n", options.folder.c_str());
+        CloseEndpoint(endpoint);
+        return 1;
+    }
+    if (options.folder.empty() && !options.empty) AddSampleFiles(board);
+    std::printf("boardsim: %s\nboardsim: %s%s\n", endpoint.place.c_str(), options.facts->title,
+                endpoint.link.empty() ? "" : (", linked as " + endpoint.link).c_str());
+    std::fflush(stdout);
+    board.SetListening(endpoint.isPty);
+    if (endpoint.isPty || options.alreadyOn) board.PowerUp(ClockMs());
+    Session session{options, board, endpoint};
+    Serve(session, openSignals);
+    CloseEndpoint(endpoint);
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const SimOptions options = ReadSimOptions(argc, argv);
+    switch (options.command) {
+        case SimCommand::kHelp:
+            PrintSimHelp();
+            return 0;
+        case SimCommand::kListBoards:
+            PrintBoardList();
+            return 0;
+        case SimCommand::kWrong:
+            std::fprintf(stderr, "boardsim: %s\nboardsim --help tells all options.\n",
+                         options.error.c_str());
+            return 2;
+        case SimCommand::kServe:
+            break;
+    }
+    return RunBoard(options);
+}
