@@ -35,6 +35,7 @@ struct Session {
     Endpoint& endpoint;
     TelnetCoding telnet = {};
     std::string waiting = {};  // for the host
+    bool powered = false;
     bool ended = false;
 };
 
@@ -48,9 +49,8 @@ void Tell(const char* text) {
 }
 
 void PowerUpOnce(Session& session) {
-    if (!session.board.LinkIsUp() && session.board.NextWake() == kNeverMs) {
-        session.board.PowerUp(ClockMs());
-    }
+    if (!session.powered) session.board.PowerUp(ClockMs());
+    session.powered = true;
 }
 
 void WelcomeHost(Session& session) {
@@ -128,7 +128,9 @@ int WaitMs(const Session& session) {
 void WaitAndServe(Session& session, const sigset_t& openSignals) {
     Endpoint& endpoint = session.endpoint;
     const bool busy = endpoint.line >= 0;
-    pollfd watched = {busy ? endpoint.line : endpoint.listener, POLLIN, 0};
+    // A board that is away takes no host; one that comes waits until it is back.
+    const bool away = session.powered && !session.board.LinkIsUp();
+    pollfd watched = {busy ? endpoint.line : away ? -1 : endpoint.listener, POLLIN, 0};
     const bool full = session.options.facts->line.baud == 0 && session.board.InputRoom() == 0;
     if (busy && full) watched.events = 0;
     if (!session.waiting.empty()) watched.events |= POLLOUT;
@@ -191,8 +193,8 @@ int RunBoard(const SimOptions& options) {
                 endpoint.link.empty() ? "" : (", linked as " + endpoint.link).c_str());
     std::fflush(stdout);
     board.SetListening(endpoint.isPty);
-    if (endpoint.isPty || options.alreadyOn) board.PowerUp(ClockMs());
     Session session{options, board, endpoint};
+    if (endpoint.isPty || options.alreadyOn) PowerUpOnce(session);
     Serve(session, openSignals);
     CloseEndpoint(endpoint);
     return 0;
