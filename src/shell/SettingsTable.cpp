@@ -11,7 +11,6 @@
 #include "shell/ShellSettings.h"
 #include "terminal/input/TerminalInput.h"
 #include "terminal/screen/TerminalMode.h"
-#include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
 #include "terminal/screen/TerminalSizing.h"
 #include "ui/Gadgets.h"
@@ -215,12 +214,6 @@ const std::vector<SettingRow>& settingsTable = rows;
 void TakeLiveValues() {
     lineEndingName = lineEnding.name;
     terminal.terminalMode = terminalMode;
-    terminal.darkBackground = terminalScreen.darkBackground ? 1 : 0;
-    // Before the fonts are measured the screen has not taken the stored size over.
-    if (terminalMetrics.charWidth > 0) {
-        terminal.cols = terminalScreen.cols;
-        terminal.rows = terminalScreen.rows;
-    }
     shell.activeDevice = GadgetText(kNicknameEntry) + "|" + GadgetText(kSpecEntry);
 }
 

@@ -45,8 +45,8 @@ struct SettingRow {
 
 extern const std::vector<SettingRow>& settingsTable;
 
-// Before a save: takes over what the program keeps elsewhere while it runs, as the
-// terminal's size and mode, the line ending and the two device entries of the window.
+// Before a save: takes over what the program keeps elsewhere while it runs: the terminal's
+// mode, the line ending and the two device entries of the window.
 void TakeLiveValues();
-// After a load: hands the same values to those who keep them.
+// After a load: hands mode, line ending, transport and colour scheme to those who keep them.
 void GiveLiveValues();

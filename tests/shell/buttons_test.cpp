@@ -1,0 +1,183 @@
+// Presets, macros, the command history and the function-key row in the real window, with
+// the device's side of the line.
+#include <gtest/gtest.h>
+
+#include "base/Numbers.h"
+#include "link/LinkPrimitives.h"
+#include "shell/CommandHistory.h"
+#include "shell/FunctionKeyRow.h"
+#include "shell/Macros.h"
+#include "shell/MainWindow.h"
+#include "shell/Presets.h"
+#include "shell/ShellSettings.h"
+#include "tests/support/FarEnd.h"
+#include "tests/support/VirtualClock.h"
+#include "ui/Dialogs.h"
+#include "ui/Gadgets.h"
+#include "ui/Windows.h"
+#include "upload/UploadOptions.h"
+
+namespace {
+
+class ButtonsTest : public testing::Test {
+  protected:
+    ButtonsTest() {
+        AllocateLinkBuffers();
+        OpenMainWindow();
+        CreateToolbarRows();
+        CreateTerminal();
+        DressGadgets();
+    }
+    ~ButtonsTest() override { FreeLinkBuffers(); }
+
+    static void SavePreset(const QString& nickname, const QString& spec) {
+        SetGadgetText(kNicknameEntry, nickname);
+        SetGadgetText(kSpecEntry, spec);
+        SaveDevicePreset();
+    }
+    void Submit(const QString& text, bool cr = false) {
+        SetGadgetText(kCommandEntry, text);
+        SubmitCommandBar(cr);
+        EXPECT_EQ(GadgetText(kCommandEntry), "");
+    }
+    static QString Bar() { return GadgetText(kCommandEntry); }
+
+    VirtualClock clock;
+    FarEnd device;
+};
+
+QString macroLabel;
+
+QString AnswerLabel(const QString& title, const QString& prompt, const QString& preset) {
+    EXPECT_EQ(title + "," + prompt + "," + preset, "Macro,Nickname for macro?,");
+    return macroLabel;
+}
+
+void NameMacro(const QString& label) {
+    macroLabel = label;
+    SaveMacro();
+}
+
+}  // namespace
+
+TEST_F(ButtonsTest, PresetsAreSavedUpToTheirLimit) {
+    SavePreset("  ", "s\\cmm2");
+    EXPECT_TRUE(presetList.empty());
+    SavePreset(" Desk ", " port\\ttyUSB0:9600 ");
+    EXPECT_EQ(presetList.at(0).nickname + "," + presetList[0].spec,
+              "Desk,'target port\\ttyUSB0:9600");
+    EXPECT_EQ(GadgetText(kFirstPresetButton), "Desk");
+    EXPECT_FALSE(GadgetDisabled(kFirstPresetButton));
+    const struct {
+        const char* spec;
+        const char* stored;
+    } specs[] = {{"", ""},
+                 {"'TARGET x", "'TARGET x"},
+                 {"'onLoad", "'onLoad"},
+                 {"' onload", "' onload"},
+                 {"' target x", "'target ' target x"}};
+    for (const auto& row : specs) {
+        SavePreset("Desk", row.spec);
+        EXPECT_EQ(presetList[0].spec, row.stored);
+    }
+    AddPreset({"Desk", "twin"});
+    SavePreset("Desk", "'target both");
+    EXPECT_EQ(presetList[1].spec, "'target both");
+    SavePreset("desk", "");  // another name
+    for (int i = 3; i < 14; ++i) SavePreset(QString("p%1").arg(i), "x");
+    ASSERT_EQ(presetList.size(), 12u);
+    EXPECT_EQ(GadgetText(kLastPresetButton), "p11");
+    SavePreset("p11", "y");  // a name that is there still takes a new specification
+    EXPECT_EQ(presetList[11].spec, "'target y");
+}
+
+TEST_F(ButtonsTest, PresetButtonAppliesItsEntry) {
+    AddPreset({"One", "'target s\\cmm2"});
+    AddPreset({"Two", "'target s\\picomite"});
+    PresetButtonClicked(kFirstPresetButton + 1);
+    EXPECT_EQ(GadgetText(kNicknameEntry) + GadgetText(kSpecEntry), "Two'target s\\picomite");
+    EXPECT_EQ(uploadOptions.familyName, "picomite");
+    EXPECT_EQ(shellSettings.lastUsedPreset, 1);
+    EXPECT_FALSE(WindowIsOpen(kNoticeWindow));
+    for (int gadget : {kFirstPresetButton + 2, kLastPresetRoute, kFirstPresetButton - 1}) {
+        PresetButtonClicked(gadget);
+        EXPECT_EQ(shellSettings.lastUsedPreset, 1);
+    }
+    ConnectDevice();
+    PresetButtonClicked(kFirstPresetButton + 1);  // the same one: no notice
+    EXPECT_FALSE(WindowIsOpen(kNoticeWindow));
+    PresetButtonClicked(kFirstPresetButton);
+    EXPECT_TRUE(WindowIsOpen(kNoticeWindow));
+    EXPECT_TRUE(linkStatus.linkConnected);
+    EXPECT_EQ(uploadOptions.familyName, "cmm2");
+}
+
+TEST_F(ButtonsTest, MacrosAreNamedHereAndSent) {
+    DialogAnswers answers;
+    answers.text = AnswerLabel;
+    AnswerDialogs(&answers);
+    AddMacro({"Go", "RUN\\013"});
+    SetGadgetText(kCommandEntry, "not stored");
+    NameMacro("");
+    for (int i = 1; i < 12; ++i) NameMacro(QString("m%1").arg(i));
+    ASSERT_EQ(macroList.size(), 10u);
+    EXPECT_EQ(macroList[9].label + "," + macroList[9].text, "m9,");
+    EXPECT_EQ(GadgetText(kLastMacroButton), "m9");
+    EXPECT_FALSE(GadgetDisabled(kLastMacroButton));
+    MacroButtonClicked(kFirstMacroButton);
+    EXPECT_EQ(device.Read(), "RUN\r");
+    NameMacro("go");
+    EXPECT_EQ(macroList[0].text, "RUN\\013");
+    NameMacro("Go");  // empties it, with the list full
+    EXPECT_EQ(macroList[0].text, "");
+    ClearMacros();
+    MacroButtonClicked(kFirstMacroButton);
+    EXPECT_EQ(device.Read(), "");
+    AnswerDialogs(nullptr);
+}
+
+TEST_F(ButtonsTest, FunctionKeyRowSkipsTwoNumbers) {
+    const int numbers[] = {11, 12, 13, 14, 15, 17, 18, 19, 20, 21, 23, 24};
+    for (int i = 0; i < 12; ++i) {
+        FunctionKeyButtonClicked(kFirstFunctionKeyButton + i);
+        EXPECT_EQ(device.Read(), "\x1b[" + std::to_string(numbers[i]) + "~");
+    }
+}
+
+TEST_F(ButtonsTest, HistoryKeepsEachCommandOnce) {
+    HistoryPrevious();
+    HistoryNext();
+    EXPECT_EQ(Bar(), "");
+    Submit("a", true);
+    Submit("b");
+    Submit("");
+    EXPECT_EQ(device.Read(), "a\rb");
+    EXPECT_EQ(historyList, (std::vector<QString>{"a", "b"}));
+    Submit("a");
+    EXPECT_EQ(historyList, (std::vector<QString>{"b", "a"}));
+    HistoryPrevious();
+    EXPECT_EQ(Bar(), "a");
+    HistoryPrevious();
+    HistoryPrevious();  // stays at the oldest
+    EXPECT_EQ(Bar(), "b");
+    EXPECT_EQ(historyIndex, 0);
+    Submit("");  // leaves the position
+    EXPECT_EQ(historyIndex, 0);
+    HistoryNext();
+    EXPECT_EQ(Bar(), "a");
+    HistoryNext();
+    HistoryNext();
+    EXPECT_EQ(Bar(), "");
+    EXPECT_EQ(historyIndex, 2);
+    for (int i = 0; i < 30; ++i) Submit(QString::number(i));
+    EXPECT_EQ(historyList.size(), 30u);
+    EXPECT_EQ(historyList.front(), "0");
+    EXPECT_EQ(historyIndex, 30);
+}
+
+TEST_F(ButtonsTest, CommandBarIsEmptiedWithoutALink) {
+    AdoptSerialLink(0);
+    Submit("kept", true);
+    EXPECT_EQ(historyList.size(), 1u);
+    EXPECT_FALSE(linkStatus.linkConnected);
+}
