@@ -9,6 +9,7 @@
 namespace {
 
 std::set<PaintRecord*> allRecords;
+int changes = 0;  // of allRecords
 
 QSize HeldSize(int width, int height) {
     const int heldWidth = std::clamp(width, 1, kLongestPictureSide);
@@ -25,11 +26,13 @@ void SetSize(PaintRecord* record, QSize size) {
 
 CanvasImage::CanvasImage(int width, int height) : record(std::make_unique<PaintRecord>()) {
     allRecords.insert(record.get());
+    ++changes;
     Reset(width, height);
 }
 
 CanvasImage::~CanvasImage() {
     allRecords.erase(record.get());
+    ++changes;
 }
 
 void CanvasImage::Resize(int width, int height) {
@@ -52,7 +55,7 @@ void CanvasImage::Resize(int width, int height) {
 
 void CanvasImage::Reset(int width, int height) {
     SetSize(record.get(), HeldSize(width, height));
-    record->changed = QRect();
+    record->changed = PaintArea();
     MakeUniform(record.get(), ImageColour(0xFFFFFF));
 }
 
@@ -66,12 +69,17 @@ int CanvasImage::Height() const {
 
 const QImage& CanvasImage::Picture() {
     MakePixels(record.get());
-    record->changed = QRect();
+    record->changed = PaintArea();
     return record->picture;
 }
 
 QRect CanvasImage::Changed() const {
-    return record->changed;
+    const PaintArea& area = record->changed;
+    return QRect(area.left, area.top, area.right - area.left, area.bottom - area.top);
+}
+
+int CanvasImageChanges() {
+    return changes;
 }
 
 void MakeAllPictures() {

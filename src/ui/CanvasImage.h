@@ -34,5 +34,8 @@ class CanvasImage {
     std::unique_ptr<PaintRecord> record;
 };
 
+// How often an image was made or destroyed; while it stays the same, so do all pointers.
+int CanvasImageChanges();
+
 // Makes the missing pixels of every picture, for a change that recorded calls must not see.
 void MakeAllPictures();

@@ -21,6 +21,22 @@ struct OpenDrawing {
 
 OpenDrawing open;
 
+// The canvas that was drawn on last, so that its image need not be looked up for each run.
+struct LatestCanvas {
+    int canvas = kNoCanvas;
+    int changes = 0;  // CanvasImageChanges at that time
+    CanvasImage* image = nullptr;
+};
+
+LatestCanvas latest;
+
+CanvasImage* ImageOf(int canvas) {
+    if (latest.canvas != canvas || latest.changes != CanvasImageChanges()) {
+        latest = {canvas, CanvasImageChanges(), CanvasImageOf(canvas)};
+    }
+    return latest.image;
+}
+
 }  // namespace
 
 bool StartDrawing(int canvas) {
@@ -29,7 +45,7 @@ bool StartDrawing(int canvas) {
         ++open.depth;
         return true;
     }
-    CanvasImage* image = CanvasImageOf(canvas);
+    CanvasImage* image = ImageOf(canvas);
     if (!image) return false;
     open = {canvas, 1, image, &image->Record(), image->Changed()};
     return true;

@@ -87,15 +87,18 @@ void DropAllMasks() {
 }
 
 // The alpha of opaque text on a clear image is the coverage itself, whatever the colours
-// will be. Ink outside the glyph's box is cut.
+// will be. Ink outside the glyph's box is cut. At x 0 the toolkit places a glyph a fraction
+// of a pixel off where it stands at every other x.
 QImage DrawGlyph(const KnownFont& known, int width, char16_t character) {
-    QImage image(width, known.height, QImage::Format_ARGB32_Premultiplied);
+    constexpr int kLeft = 4;
+    QImage image(kLeft + width, known.height, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setFont(known.font);
     painter.setPen(Qt::white);
-    painter.drawText(0, known.ascent, QString(QChar(character)));
-    return image;
+    painter.drawText(kLeft, known.ascent, QString(QChar(character)));
+    painter.end();
+    return image.copy(kLeft, 0, width, known.height);
 }
 
 void TakeCoverage(const QImage& image, KnownGlyph* glyph) {
@@ -126,20 +129,27 @@ void Draw(const KnownFont& known, char16_t character, KnownGlyph* glyph) {
     maskBytes += static_cast<int>(glyph->coverage.size());
 }
 
+const GlyphMask kNoGlyph;
+
+const GlyphMask& LearnGlyph(int font, char16_t character) {
+    KnownFont* known = FontOf(font);
+    if (!known) return kNoGlyph;
+    if (maskBytes >= kMostMaskBytes) DropAllMasks();
+    KnownGlyph& glyph = EntryOf(known, character);
+    if (!glyph.drawn) Draw(*known, character, &glyph);
+    return glyph.mask;
+}
+
 }  // namespace
 
 const GlyphMask& GlyphOf(int font, char16_t character) {
-    static const GlyphMask kNoGlyph;
-    KnownFont* known = FontOf(font);
-    if (!known) return kNoGlyph;
-    KnownGlyph* glyph = &EntryOf(known, character);
-    if (glyph->drawn) return glyph->mask;
-    if (maskBytes >= kMostMaskBytes) {
-        DropAllMasks();
-        glyph = &EntryOf(known, character);
+    if (font == latestNumber) {
+        const Page* page = latestFont->pages[character / kPageGlyphs].get();
+        if (page && (*page)[character % kPageGlyphs].drawn) {
+            return (*page)[character % kPageGlyphs].mask;
+        }
     }
-    Draw(*known, character, glyph);
-    return glyph->mask;
+    return LearnGlyph(font, character);
 }
 
 int GlyphWidth(int font, char16_t character) {

@@ -7,20 +7,15 @@
 
 namespace {
 
-struct PictureArea {
-    int left, top, right, bottom;  // right and bottom are outside
-    bool Empty() const { return left >= right || top >= bottom; }
-};
-
-PictureArea AreaOf(const PaintRecord& record, const PaintOperation& operation, int width,
-                   int height) {
+PaintArea AreaOf(const PaintRecord& record, const PaintOperation& operation, int width,
+                 int height) {
     const int top = operation.y - record.origin;
     return {std::max(operation.x, 0), std::max(top, 0), std::min(operation.x + width, record.width),
             std::min(top + height, record.height)};
 }
 
 // The columns of an area that lie outside the covered ones, with what is between.
-CoveredColumns Uncovered(const PictureArea& area, const CoveredColumns& covered) {
+CoveredColumns Uncovered(const PaintArea& area, const CoveredColumns& covered) {
     CoveredColumns open = {area.left, area.right};
     if (covered.left <= open.left && covered.right > open.left) {
         open.left = std::min(covered.right, open.right);
@@ -32,7 +27,7 @@ CoveredColumns Uncovered(const PictureArea& area, const CoveredColumns& covered)
 }
 
 // Adds one part for each band of neighbouring rows that are covered alike.
-void AddParts(const PictureArea& area, int operation, VisibleParts* visible) {
+void AddParts(const PaintArea& area, int operation, VisibleParts* visible) {
     const std::vector<CoveredColumns>& covered = visible->covered;
     for (int row = area.top; row < area.bottom;) {
         const int top = row;
@@ -45,7 +40,7 @@ void AddParts(const PictureArea& area, int operation, VisibleParts* visible) {
 }
 
 // One interval a row: an area that touches it widens it, of two apart the wider one stays.
-void Cover(const PictureArea& area, VisibleParts* visible) {
+void Cover(const PaintArea& area, VisibleParts* visible) {
     for (int row = area.top; row < area.bottom; ++row) {
         CoveredColumns& covered = visible->covered[row];
         if (covered.left <= area.right && area.left <= covered.right) {
@@ -64,10 +59,10 @@ void FindVisibleParts(const PaintRecord& record, VisibleParts* visible) {
     visible->covered.assign(record.height, CoveredColumns());
     for (int i = static_cast<int>(record.operations.size()) - 1; i >= 0; --i) {
         const PaintOperation& operation = record.operations[i];
-        const PictureArea area = AreaOf(record, operation, operation.width, operation.height);
+        const PaintArea area = AreaOf(record, operation, operation.width, operation.height);
         if (area.Empty()) continue;
         AddParts(area, i, visible);
-        const PictureArea filled =
+        const PaintArea filled =
             AreaOf(record, operation, operation.coverWidth, operation.coverHeight);
         if (!filled.Empty()) Cover(filled, visible);
     }

@@ -73,9 +73,11 @@ struct Cut {
 
 void FillBox(const Target& target, int x, int y, int width, int height, QRgb colour) {
     const Cut cut(target, x, y, width, height);
-    if (cut.left >= cut.right) return;
-    for (int row = cut.top; row < cut.bottom; ++row) {
-        std::fill(target.At(cut.left, row), target.At(cut.right, row), colour);
+    const int columns = cut.right - cut.left;
+    if (columns <= 0) return;
+    QRgb* out = target.At(cut.left, cut.top);
+    for (int row = cut.top; row < cut.bottom; ++row, out += target.stride) {
+        std::fill_n(out, columns, colour);
     }
 }
 
@@ -92,10 +94,12 @@ void PaintGlyphRows(const Target& target, const GlyphMask& glyph, int x, int y, 
     const Cut cut(target, x, y + from, glyph.width, to - from);
     const int columns = cut.right - cut.left;
     if (columns <= 0) return;
+    const uint8_t* coverage = glyph.coverage + (cut.top - y) * glyph.width + (cut.left - x);
+    QRgb* out = target.At(cut.left, cut.top);
     for (int row = cut.top; row < cut.bottom; ++row) {
-        const uint8_t* coverage = glyph.coverage + (row - y) * glyph.width + (cut.left - x);
-        QRgb* out = target.At(cut.left, row);
         for (int i = 0; i < columns; ++i) out[i] = ramp[coverage[i]];
+        coverage += glyph.width;
+        out += target.stride;
     }
 }
 

@@ -1,7 +1,6 @@
 #include "ui/PaintRecord.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "ui/GlyphMasks.h"
 
@@ -37,30 +36,61 @@ void MakeRoom(PaintRecord* record, int spans, size_t text) {
     if (record->operations.size() > kMostPaintOperations / 2) MakePixels(record);
 }
 
-void NoteChange(PaintRecord* record, int x, int y, int width, int height) {
-    const QRect area = QRect(x, y, width, height) & QRect(0, 0, record->width, record->height);
-    if (!area.isEmpty() && !record->changed.contains(area)) record->changed |= area;
+void NoteChange(PaintRecord* record, const PaintArea& area) {
+    PaintArea& changed = record->changed;
+    if (area.left >= changed.left && area.top >= changed.top && area.right <= changed.right &&
+        area.bottom <= changed.bottom) {
+        return;
+    }
+    const PaintArea cut = {std::max(area.left, 0), std::max(area.top, 0),
+                           std::min(area.right, record->width),
+                           std::min(area.bottom, record->height)};
+    if (cut.Empty()) return;
+    if (changed.Empty()) {
+        changed = cut;
+        return;
+    }
+    changed.left = std::min(changed.left, cut.left);
+    changed.top = std::min(changed.top, cut.top);
+    changed.right = std::max(changed.right, cut.right);
+    changed.bottom = std::max(changed.bottom, cut.bottom);
 }
 
-void Append(PaintRecord* record, PaintOperation operation) {
-    NoteChange(record, operation.x, operation.y, operation.width, operation.height);
-    operation.y += record->origin;
-    record->operations.push_back(operation);
+void NoteWholeChange(PaintRecord* record) {
+    record->changed = {0, 0, record->width, record->height};
 }
 
-bool CoversPicture(const PaintRecord& record, const QRect& box) {
-    return box.contains(QRect(0, 0, record.width, record.height));
+// A new operation with its place, in picture coordinates, and the size it may touch.
+PaintOperation& Append(PaintRecord* record, int x, int y, int width, int height) {
+    NoteChange(record, {x, y, x + width, y + height});
+    record->operations.emplace_back();
+    PaintOperation& operation = record->operations.back();
+    operation.x = x;
+    operation.y = y + record->origin;
+    operation.width = width;
+    operation.height = height;
+    return operation;
 }
 
-// A box cut to the picture, so that later sums of its sides stay small.
-QRect CutToPicture(const PaintRecord& record, int x, int y, int width, int height) {
-    const int64_t left = std::max<int64_t>(x, 0);
-    const int64_t top = std::max<int64_t>(y, 0);
+PaintOperation& AppendBox(PaintRecord* record, const PaintArea& box, QRgb colour) {
+    MakeRoom(record, 0, 0);
+    PaintOperation& operation =
+        Append(record, box.left, box.top, box.right - box.left, box.bottom - box.top);
+    operation.colour = colour;
+    return operation;
+}
+
+// A box cut to the picture.
+PaintArea CutToPicture(const PaintRecord& record, int x, int y, int width, int height) {
     const int64_t right = std::min<int64_t>(int64_t{x} + width, record.width);
     const int64_t bottom = std::min<int64_t>(int64_t{y} + height, record.height);
-    if (left >= right || top >= bottom) return QRect();
-    return QRect(static_cast<int>(left), static_cast<int>(top), static_cast<int>(right - left),
-                 static_cast<int>(bottom - top));
+    return {std::max(x, 0), std::max(y, 0), static_cast<int>(std::max<int64_t>(right, 0)),
+            static_cast<int>(std::max<int64_t>(bottom, 0))};
+}
+
+bool CoversPicture(const PaintRecord& record, const PaintArea& area) {
+    return area.left == 0 && area.top == 0 && area.right == record.width &&
+           area.bottom == record.height;
 }
 
 bool IsPlainAscii(char16_t c) {
@@ -95,24 +125,25 @@ int CopyStackedCells(const CellRun& run, const CellBoxes& boxes, char16_t* out) 
     return kept;
 }
 
-PaintSpan AppendSpan(PaintRecord* record, const CellRun& run, const CellBoxes& boxes) {
-    PaintSpan span;
-    span.text = static_cast<int32_t>(record->text.size());
-    span.count = run.count;
+const PaintSpan& AppendSpan(PaintRecord* record, const CellRun& run, int count,
+                            const CellBoxes& boxes) {
+    const size_t at = record->text.size();
+    if (boxes.pitch > 0) {
+        record->text.insert(record->text.end(), run.text, run.text + count);
+    } else {
+        record->text.resize(at + count);
+        count = CopyStackedCells(run, boxes, record->text.data() + at);
+        record->text.resize(at + count);
+    }
+    record->spans.emplace_back();
+    PaintSpan& span = record->spans.back();
+    span.text = static_cast<int32_t>(at);
+    span.count = count;
     span.foreground = ImageColour(run.look.foreground);
     span.background = ImageColour(run.look.background);
     span.font = run.look.font;
     span.fillBox = run.look.fillBox;
-    record->text.resize(record->text.size() + run.count);
-    char16_t* out = record->text.data() + span.text;
-    if (boxes.pitch > 0) {
-        memcpy(out, run.text, run.count * sizeof(char16_t));
-    } else {
-        span.count = CopyStackedCells(run, boxes, out);
-        record->text.resize(span.text + span.count);
-    }
-    span.widest = static_cast<int16_t>(WidestGlyph(out, span.count, span.font));
-    record->spans.push_back(span);
+    span.widest = static_cast<int16_t>(WidestGlyph(record->text.data() + at, count, run.look.font));
     return span;
 }
 
@@ -134,11 +165,10 @@ void AppendSpans(PaintRecord* record, const CellRun* runs, int count, KeptCells*
     int cells = 0;
     bool filled = boxes.width >= boxes.pitch;
     for (int i = 0; i < count; ++i) {
-        CellRun run = runs[i];
         const int64_t left = kept->x + int64_t{cells} * boxes.pitch;
-        run.count = ReachingCells(*record, left, run.count, boxes.pitch);
-        if (run.count <= 0) continue;
-        const PaintSpan span = AppendSpan(record, run, boxes);
+        const int reaching = ReachingCells(*record, left, runs[i].count, boxes.pitch);
+        if (reaching <= 0) continue;
+        const PaintSpan& span = AppendSpan(record, runs[i], reaching, boxes);
         cells += boxes.pitch > 0 ? span.count : 0;
         const int before = boxes.pitch > 0 ? (cells - 1) * boxes.pitch : 0;
         const int box = span.fillBox ? boxes.width : 0;
@@ -173,35 +203,23 @@ void MakeUniform(PaintRecord* record, QRgb colour) {
     ForgetOperations(record);
     record->uniform = true;
     record->uniformColour = colour;
-    NoteChange(record, 0, 0, record->width, record->height);
+    NoteWholeChange(record);
 }
 
 void RecordBox(PaintRecord* record, int x, int y, int width, int height, QRgb colour) {
-    const QRect box = CutToPicture(*record, x, y, width, height);
-    if (box.isEmpty()) return;
+    const PaintArea box = CutToPicture(*record, x, y, width, height);
+    if (box.Empty()) return;
     if (CoversPicture(*record, box)) return MakeUniform(record, colour);
-    MakeRoom(record, 0, 0);
-    PaintOperation operation;
-    operation.x = box.x();
-    operation.y = box.y();
-    operation.width = operation.coverWidth = box.width();
-    operation.height = operation.coverHeight = box.height();
-    operation.colour = colour;
-    Append(record, operation);
+    PaintOperation& operation = AppendBox(record, box, colour);
+    operation.coverWidth = operation.width;
+    operation.coverHeight = operation.height;
 }
 
 void RecordXorBox(PaintRecord* record, int x, int y, int width, int height, QRgb colour) {
-    const QRect box = CutToPicture(*record, x, y, width, height);
-    if (box.isEmpty()) return;
-    MakeRoom(record, 0, 0);
-    PaintOperation operation;
-    operation.kind = PaintKind::kXorBox;
-    operation.x = box.x();
-    operation.y = box.y();
-    operation.width = box.width();
-    operation.height = box.height();
-    operation.colour = colour & 0xFFFFFF;
-    Append(record, operation);
+    const PaintArea box = CutToPicture(*record, x, y, width, height);
+    if (box.Empty()) return;
+    constexpr QRgb kColourBits = 0xFFFFFF;
+    AppendBox(record, box, colour & kColourBits).kind = PaintKind::kXorBox;
 }
 
 KeptCells RecordCells(PaintRecord* record, int x, int y, const CellRun* runs, int count,
@@ -225,20 +243,15 @@ bool RecordKeptCells(PaintRecord* record, int y, const KeptCells& kept) {
     if (kept.stamp != record->stamp) return false;
     if (kept.spans == 0 || kept.x >= record->width) return true;
     if (y >= record->height || y <= -kept.height) return true;
-    PaintOperation operation;
+    PaintOperation& operation = Append(record, kept.x, y, kept.width, kept.height);
     operation.kind = PaintKind::kCells;
     operation.pitch = static_cast<int16_t>(kept.boxes.pitch);
     operation.boxWidth = static_cast<int16_t>(kept.boxes.width);
     operation.boxHeight = static_cast<int16_t>(kept.boxes.height);
-    operation.x = kept.x;
-    operation.y = y;
-    operation.width = kept.width;
-    operation.height = kept.height;
     operation.coverWidth = kept.coverWidth;
     operation.coverHeight = kept.coverHeight;
     operation.firstSpan = kept.firstSpan;
     operation.spans = kept.spans;
-    Append(record, operation);
     return true;
 }
 
@@ -254,7 +267,7 @@ void RecordMove(PaintRecord* record, int top, int height, int target, QRgb backg
     const int keptTop = static_cast<int>(first + shift);
     const int keptBottom = static_cast<int>(end + shift);
     record->origin -= static_cast<int>(shift);
-    NoteChange(record, 0, 0, record->width, record->height);
+    NoteWholeChange(record);
     RecordBox(record, 0, 0, record->width, keptTop, background);
     RecordBox(record, 0, keptBottom, record->width, record->height - keptBottom, background);
 }

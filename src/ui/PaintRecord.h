@@ -7,7 +7,6 @@
 #pragma once
 
 #include <QImage>
-#include <QRect>
 #include <cstdint>
 #include <vector>
 
@@ -43,6 +42,12 @@ struct PaintOperation {
     int32_t firstSpan = 0, spans = 0;         // of cells
 };
 
+// A rectangle of the picture or of its document; right and bottom are outside.
+struct PaintArea {
+    int left = 0, top = 0, right = 0, bottom = 0;
+    bool Empty() const { return left >= right || top >= bottom; }
+};
+
 struct PaintRecord {
     int width = 0, height = 0;  // of the picture
     int origin = 0;             // document row of the picture's first row
@@ -55,7 +60,7 @@ struct PaintRecord {
     std::vector<PaintSpan> spans;
     std::vector<char16_t> text;
     uint64_t stamp = 0;  // no two states of any record's spans share it
-    QRect changed;       // picture rows and columns, since the last look
+    PaintArea changed;   // of the picture, since the last look
 };
 
 // A colour of the program, BBGGRR, as the image holds it.

@@ -20,12 +20,17 @@ bool LookAlike(const TerminalCell& a, const TerminalCell& b) {
 
 // The cells of a line up to its length, as runs of one look.
 struct RowRuns {
-    explicit RowRuns(const TerminalLine& line, bool fillAll) {
+    char16_t text[kLineCells];
+    CellRun runs[kLineCells];
+    int count = 0;
+
+    void Gather(const TerminalLine& line, bool fillAll) {
+        count = 0;
         for (int column = 1; column <= line.length;) {
             const TerminalCell& first = line.cells[column];
             CellRun& run = runs[count++];
             run.text = text + column;
-            run.look = LookOf(first.attr, first.fg, first.bg);
+            SetLook(&run.look, first.attr, first.fg, first.bg);
             run.look.fillBox = fillAll || (first.attr & kAttributeInverse);
             const int start = column;
             while (column <= line.length && LookAlike(line.cells[column], first)) {
@@ -35,10 +40,9 @@ struct RowRuns {
             run.count = column - start;
         }
     }
-    char16_t text[kLineCells];
-    CellRun runs[kLineCells];
-    int count = 0;
 };
+
+RowRuns row;  // of the row that is being drawn
 
 }  // namespace
 
@@ -46,43 +50,41 @@ int ColumnX(int column) {
     return (column - 1) * terminalMetrics.charWidth + kCanvasMargin;
 }
 
-int WritingY(int row) {
-    return (row - 1) * terminalMetrics.charHeight + kCanvasMargin;
+int WritingY(int screenRow) {
+    return (screenRow - 1) * terminalMetrics.charHeight + kCanvasMargin;
 }
 
-int RepaintY(int row) {
-    return (row - 1) * terminalMetrics.charHeight;
+int RepaintY(int screenRow) {
+    return (screenRow - 1) * terminalMetrics.charHeight;
 }
 
-CellLook LookOf(int attribute, uint32_t foreground, uint32_t background) {
-    CellLook look;
-    look.font = FontOf(attribute);
+void SetLook(CellLook* look, int attribute, uint32_t foreground, uint32_t background) {
     if (attribute & kAttributeHidden) foreground = background;
     if (attribute & kAttributeDim) foreground = terminalScreen.dimColour;
     if (attribute & kAttributeInverse) std::swap(foreground, background);
-    look.foreground = foreground;
-    look.background = background;
-    return look;
+    look->font = FontOf(attribute);
+    look->foreground = foreground;
+    look->background = background;
 }
 
-void DrawWrittenCells(int column, int row, const CellRun& run, bool stacked) {
+void DrawWrittenCells(int column, int screenRow, const CellRun& run, bool stacked) {
     const int width = terminalMetrics.charWidth;
-    DrawCells(ColumnX(column), WritingY(row), &run, 1,
+    DrawCells(ColumnX(column), WritingY(screenRow), &run, 1,
               {stacked ? 0 : width, width + 1, terminalMetrics.charHeight});
 }
 
-void DrawScrolledRow(KeptLine* kept, int row) {
-    const int y = RepaintY(row);
+void DrawScrolledRow(KeptLine* kept, int screenRow) {
+    const int y = RepaintY(screenRow);
     if (DrawCellsAgain(y, kept->painted)) return;
     const int width = terminalMetrics.charWidth;
-    const RowRuns runs(kept->line, true);
-    kept->painted = DrawCells(ColumnX(1), y, runs.runs, runs.count,
+    row.Gather(kept->line, true);
+    kept->painted = DrawCells(ColumnX(1), y, row.runs, row.count,
                               {width, width + 1, terminalMetrics.charHeight});
 }
 
-void DrawRepaintedRow(const TerminalLine& line, int row) {
+void DrawRepaintedRow(const TerminalLine& line, int screenRow) {
     const int width = terminalMetrics.charWidth;
-    const RowRuns runs(line, false);
-    DrawCells(ColumnX(1), RepaintY(row), runs.runs, runs.count,
+    row.Gather(line, false);
+    DrawCells(ColumnX(1), RepaintY(screenRow), row.runs, row.count,
               {width, width, terminalMetrics.charHeight});
 }

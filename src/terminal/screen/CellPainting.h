@@ -15,8 +15,8 @@ int ColumnX(int column);
 int WritingY(int row);
 int RepaintY(int row);
 
-// The look of cells of an attribute and colours as they are stored.
-CellLook LookOf(int attribute, uint32_t foreground, uint32_t background);
+// The look of cells of an attribute and colours as they are stored; fillBox stays.
+void SetLook(CellLook* look, int attribute, uint32_t foreground, uint32_t background);
 
 // A run at its column and writing row. Stacked: all of it in that one column.
 void DrawWrittenCells(int column, int row, const CellRun& run, bool stacked);

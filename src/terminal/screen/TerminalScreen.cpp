@@ -56,12 +56,15 @@ void StoreCells(KeptLine* kept, const WrittenPlace& place, const char16_t* text)
 }
 
 void DrawWritten(const WrittenPlace& place, const char16_t* text) {
-    const CellLook look = LookOf(screen.textAttr, screen.curFg, screen.curBg);
-    DrawWrittenCells(place.first, screen.cursorY, {text, place.inRow, look}, false);
-    if (place.stacked > 0) {
-        DrawWrittenCells(screen.cols, screen.cursorY, {text + place.inRow, place.stacked, look},
-                         true);
-    }
+    CellRun run;
+    run.text = text;
+    run.count = place.inRow;
+    SetLook(&run.look, screen.textAttr, screen.curFg, screen.curBg);
+    DrawWrittenCells(place.first, screen.cursorY, run, false);
+    if (place.stacked <= 0) return;
+    run.text = text + place.inRow;
+    run.count = place.stacked;
+    DrawWrittenCells(screen.cols, screen.cursorY, run, true);
 }
 
 // Lines may be asked to scroll by any number; more than there can be makes no difference.

@@ -28,9 +28,9 @@ enum class Change : uint8_t {
 };
 
 struct GraphicRow {
-    int64_t code;
-    Change change;
-    int value;  // attribute, or entry of the palette
+    int code = 0;
+    Change change = Change::kNone;
+    int value = 0;  // attribute, or entry of the palette
 };
 
 // Attributes replace each other. 97 gives black, 107 a black background, and 100 to 106
@@ -74,13 +74,21 @@ constexpr GraphicRow kGraphics[] = {
 };
 // clang-format on
 
-constexpr GraphicRow kUnknown = {-1, Change::kNone, 0};
+constexpr int kCodes = 108;  // 0 to 107
+
+// The rows by their code. A code without one does nothing.
+struct GraphicIndex {
+    constexpr GraphicIndex() : rows() {
+        for (const GraphicRow& row : kGraphics) rows[row.code] = row;
+    }
+    GraphicRow rows[kCodes];
+};
+
+constexpr GraphicIndex kIndex;
+constexpr GraphicRow kUnknown = {0, Change::kNone, 0};
 
 const GraphicRow& GraphicOf(uint64_t code) {
-    for (const GraphicRow& row : kGraphics) {
-        if (static_cast<uint64_t>(row.code) == code) return row;
-    }
-    return kUnknown;
+    return code < kCodes ? kIndex.rows[code] : kUnknown;
 }
 
 void SetForeground(uint32_t colour) {

@@ -1,0 +1,143 @@
+// The terminal's road in process: text through the parser into the screen, and a look at
+// the picture after each piece, as a showing on the display would. Figures are bytes of
+// the stream in a second. run: QT_QPA_PLATFORM=offscreen parser_bench
+#include <benchmark/benchmark.h>
+
+#include <QString>
+#include <string>
+#include <vector>
+
+#include "base/Numbers.h"
+#include "bench/Corpora.h"
+#include "terminal/screen/TerminalPainters.h"
+#include "terminal/screen/TerminalScreen.h"
+#include "terminal/screen/VtParser.h"
+#include "tests/screen/ScreenRig.h"
+#include "ui/Drawing.h"
+#include "ui/InterfaceLayer.h"
+
+namespace {
+
+constexpr size_t kCorpusSize = 4'000'000;
+constexpr int kFloodSize = 16384;
+
+enum Corpus { kAscii, kColour, kCursor };
+
+std::string CorpusOf(int64_t which) {
+    if (which == kAscii) return AsciiCorpus(kCorpusSize);
+    return which == kColour ? ColourCorpus(kCorpusSize) : CursorCorpus(kCorpusSize);
+}
+
+std::vector<QByteArray> PiecesOf(const std::string& text, size_t size) {
+    std::vector<QByteArray> pieces;
+    for (size_t at = 0; at < text.size(); at += size) {
+        pieces.push_back(QByteArray::fromStdString(text.substr(at, size)));
+    }
+    return pieces;
+}
+
+// Arguments: corpus, bytes in a piece, whether each piece is looked at. The conversion from
+// bytes to text is measured with it.
+void BM_Feed(benchmark::State& state) {
+    const std::string corpus = CorpusOf(state.range(0));
+    const std::vector<QByteArray> pieces = PiecesOf(corpus, static_cast<size_t>(state.range(1)));
+    Feed("\x1b[0m");
+    ClearTerminal(kTerminalCanvas);
+    for (auto _ : state) {
+        for (const QByteArray& piece : pieces) {
+            TerminalFeed(QString::fromUtf8(piece));
+            if (state.range(2)) benchmark::DoNotOptimize(TerminalPicture().constBits());
+        }
+    }
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * corpus.size()));
+}
+BENCHMARK(BM_Feed)
+    ->ArgNames({"corpus", "piece", "look"})
+    ->ArgsProduct({{kAscii, kColour, kCursor}, {1024, 4608, 16384, 65536}, {0, 1}})
+    ->Unit(benchmark::kMillisecond);
+
+// What the bytes cost before they reach the parser.
+void BM_Decode(benchmark::State& state) {
+    const QByteArray piece = QByteArray::fromStdString(CorpusOf(state.range(0)).substr(0, 16384));
+    for (auto _ : state) benchmark::DoNotOptimize(QString::fromUtf8(piece));
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations()) * piece.size());
+}
+BENCHMARK(BM_Decode)->ArgName("corpus")->Arg(kAscii);
+
+// One read of a hostile stream: a sequence repeated over 16,384 bytes, on a full screen.
+struct Flood {
+    const char* name;
+    std::string unit;
+};
+
+const Flood kFloods[] = {
+    {"ESC M", "\x1bM"},
+    {"ESC D", "\x1b\x44"},
+    {"CSI t", "\x1b[t"},
+    {"CSI 8;50;101t, 8;49;100t", "\x1b[8;50;101t\x1b[8;49;100t"},
+    {"CSI 8;9t, text", "\x1b[8;250;256tx\x1b[8;249;255ty"},
+    {"CSI 2J", "\x1b[2J"},
+    {"TAB", "\t"},
+    {"a TAB", "a\t"},
+    {"CSI 6n", "\x1b[6n"},
+    {"LF", "\n"},
+    {"ESC M, text", "\x1bMx"},
+    {"ESC D, ESC M", "\x1b\x44\x1bM"},
+    {"CSI 38 m, one character", "\x1b[38;2;1;2;3mx"},
+    {"BS", "\b"},
+};
+
+void BM_Flood(benchmark::State& state) {
+    const Flood& flood = kFloods[state.range(0)];
+    std::string text;
+    while (text.size() < kFloodSize) text += flood.unit;
+    const std::string screen = ColourCorpus(20000);
+    for (auto _ : state) {
+        state.PauseTiming();
+        Feed("\x1b[0m\x1b[8;50;101t" + screen);
+        TerminalPicture();
+        state.ResumeTiming();
+        Feed(text);
+        benchmark::DoNotOptimize(TerminalPicture().constBits());
+    }
+    TakeReplyText();
+    state.SetLabel(flood.name);
+}
+BENCHMARK(BM_Flood)->DenseRange(0, std::size(kFloods) - 1)->Unit(benchmark::kMillisecond);
+
+void BM_Repaint(benchmark::State& state) {
+    Feed("\x1b[0m\x1b[8;50;101t" + AsciiCorpus(20000));
+    for (auto _ : state) {
+        TerminalRepaint();
+        benchmark::DoNotOptimize(TerminalPicture().constBits());
+    }
+}
+BENCHMARK(BM_Repaint)->Unit(benchmark::kMicrosecond);
+
+void BM_ScrollOneLine(benchmark::State& state) {
+    Feed("\x1b[0m\x1b[8;50;101t" + AsciiCorpus(20000));
+    for (auto _ : state) {
+        TerminalScrollUp(1);
+        benchmark::DoNotOptimize(TerminalPicture().constBits());
+    }
+}
+BENCHMARK(BM_ScrollOneLine)->Unit(benchmark::kMicrosecond);
+
+void BM_Blink(benchmark::State& state) {
+    for (auto _ : state) {
+        NotifyCursorBlink();
+        benchmark::DoNotOptimize(TerminalPicture().constBits());
+    }
+}
+BENCHMARK(BM_Blink)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    StartInterfaceLayer(argc, argv);
+    OpenScreenRig();
+    benchmark::RunSpecifiedBenchmarks();
+    EndInterfaceLayer();
+    return 0;
+}

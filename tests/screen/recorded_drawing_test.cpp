@@ -1,0 +1,241 @@
+// Recorded drawing gives, pixel for pixel, what drawing at once gives.
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+#include "base/Numbers.h"
+#include "tests/screen/PlainPicture.h"
+#include "ui/CanvasAccess.h"
+#include "ui/CanvasGadget.h"
+#include "ui/CanvasImage.h"
+#include "ui/Fonts.h"
+#include "ui/PaintRecord.h"
+#include "ui/Windows.h"
+
+namespace {
+
+// Random drawing, done both ways.
+class BothWays {
+  public:
+    explicit BothWays(unsigned seed) : random(seed), plain(1, 1) {
+        Reset();
+        StartDrawing(kTerminalCanvas);
+    }
+    ~BothWays() { StopDrawing(); }
+
+    int Number(int least, int most) {
+        return std::uniform_int_distribution<int>(least, most)(random);
+    }
+    bool OneIn(int n) { return Number(1, n) == 1; }
+
+    void Step() {
+        const int kind = Number(0, 99);
+        if (kind < 20) {
+            Box();
+        } else if (kind < 26) {
+            XorBox();
+        } else if (kind < 75) {
+            Cells();
+        } else if (kind < 85) {
+            CellsAgain();
+        } else {
+            Move();
+        }
+    }
+
+    void Compare(const QString& what) {
+        ExpectSamePicture(CanvasImageOf(kTerminalCanvas)->Picture(), plain.Image(), what);
+    }
+
+    void Resize() {
+        const int newWidth = Number(20, 140);
+        const int newHeight = Number(20, 120);
+        CanvasImageOf(kTerminalCanvas)->Resize(newWidth, newHeight);
+        plain.Resize(newWidth, newHeight);
+        width = newWidth;
+        height = newHeight;
+    }
+
+  private:
+    struct DrawnCells {
+        std::vector<char16_t> text;
+        std::vector<CellRun> runs;
+        CellBoxes boxes;
+        int x = 0;
+        KeptCells kept;
+    };
+
+    void Reset() {
+        width = Number(20, 140);
+        height = Number(20, 120);
+        ResetCanvasPicture(kTerminalCanvas, width, height);
+        plain = PlainPicture(width, height);
+    }
+
+    uint32_t Colour() {
+        static const uint32_t kColours[] = {0, 0xFFFFFF, 0x0000CD, 0xE10000, 0xFF123456};
+        return OneIn(6) ? static_cast<uint32_t>(Number(0, 0xFFFFFF)) : kColours[Number(0, 4)];
+    }
+
+    char16_t Character() {
+        static const char16_t kOthers[] = {0, 7, 0xE9, 0x301, 0x4E2D, 0xD83D, 0xFFFF, 0x2588};
+        return OneIn(8) ? kOthers[Number(0, 7)] : static_cast<char16_t>(Number(' ', '~'));
+    }
+
+    void Box() {
+        const int x = OneIn(3) ? 0 : Number(-10, width);
+        const int y = OneIn(8) ? 0 : Number(-10, height);
+        const int w = OneIn(3) ? width : Number(-1, 60);
+        const int h = OneIn(8) ? height : Number(-1, 30);
+        const uint32_t colour = Colour();
+        DrawBox(x, y, w, h, colour);
+        plain.Box(x, y, w, h, colour);
+    }
+
+    void XorBox() {
+        const int x = Number(-10, width), y = Number(-10, height);
+        const int w = Number(0, 60), h = Number(0, 30);
+        const uint32_t colour = Colour();
+        DrawXorBox(x, y, w, h, colour);
+        plain.XorBox(x, y, w, h, colour);
+    }
+
+    // A row as a terminal draws it, or one of strange measures.
+    void Cells() {
+        DrawnCells cells;
+        cells.boxes = OneIn(3) ? CellBoxes{Number(0, 14), Number(0, 16), Number(0, 22)}
+                               : CellBoxes{9, OneIn(4) ? 9 : 10, 16};
+        cells.x = OneIn(3) ? Number(-20, width + 5) : 2;
+        const int runs = Number(1, 4);
+        for (int i = 0; i < 40; ++i) cells.text.push_back(Character());
+        for (int i = 0, at = 0; i < runs; ++i) {
+            const int count = Number(0, 9);
+            const CellLook look = {Colour(), Colour(), static_cast<int16_t>(Number(1, 4)),
+                                   !OneIn(5)};
+            cells.runs.push_back({cells.text.data() + at, count, look});
+            at += count;
+        }
+        const int y = RowY();
+        cells.kept = DrawCells(cells.x, y, cells.runs.data(), runs, cells.boxes);
+        plain.Cells(cells.x, y, cells.runs.data(), runs, cells.boxes);
+        if (drawn.size() < 8) drawn.emplace_back();
+        std::swap(drawn[Number(0, static_cast<int>(drawn.size()) - 1)], cells);
+    }
+
+    void CellsAgain() {
+        if (drawn.empty()) return;
+        const DrawnCells& cells = drawn[Number(0, static_cast<int>(drawn.size()) - 1)];
+        const int y = RowY();
+        if (!DrawCellsAgain(y, cells.kept)) return;
+        plain.Cells(cells.x, y, cells.runs.data(), static_cast<int>(cells.runs.size()),
+                    cells.boxes);
+    }
+
+    // The strips of a terminal that scrolls by a few rows, or any other.
+    void Move() {
+        const uint32_t colour = Colour();
+        const int shift = Number(1, 3) * 16;
+        switch (Number(0, 2)) {
+            case 0:
+                return MoveBoth(shift + 2, height - shift - 1, 2, colour);
+            case 1:
+                return MoveBoth(2, height - shift, 2 + shift, colour);
+            default:
+                MoveBoth(Number(-20, height), Number(-1, height + 20), Number(-20, height), colour);
+        }
+    }
+
+    void MoveBoth(int top, int stripHeight, int target, uint32_t colour) {
+        MovePicture(top, stripHeight, target, colour);
+        plain.Move(top, stripHeight, target, colour);
+    }
+
+    int RowY() { return Number(-1, height / 16) * 16 + (OneIn(2) ? 2 : 0); }
+
+    std::mt19937 random;
+    int width = 1, height = 1;
+    PlainPicture plain;
+    std::vector<DrawnCells> drawn;
+};
+
+class RecordedDrawing : public testing::Test {
+  protected:
+    void SetUp() override {
+        OpenNumberedWindow(kMainWindow, 0, 0, 300, 200, "", kStandardWindowFlags);
+        CanvasGadget(kTerminalCanvas, 0, 0, 100, 100, 0);
+        // Number 4 stays unknown. The third is proportional and larger than its cells.
+        LoadNumberedFont(1, "Liberation Mono", 9, kFontPlain);
+        LoadNumberedFont(2, "Liberation Mono", 9, kFontBold);
+        LoadNumberedFont(3, "Liberation Sans", 14, kFontPlain);
+    }
+};
+
+TEST_F(RecordedDrawing, EqualsDrawingAtOnceWhateverIsDrawnAndWheneverOneLooks) {
+    const unsigned first = std::random_device()();
+    for (unsigned seed = first; seed != first + 500 && !HasFatalFailure(); ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        BothWays both(seed);
+        const int steps = both.Number(1, 60);
+        for (int step = 0; step < steps; ++step) {
+            both.Step();
+            if (both.OneIn(25)) both.Compare("a look on the way");
+            if (both.OneIn(60)) both.Resize();
+        }
+        both.Compare("at the end");
+    }
+}
+
+// Records that are full become pixels on their own, and those that scroll for long forget
+// what left the picture.
+TEST_F(RecordedDrawing, EqualsDrawingAtOnceBeyondTheBoundsOfARecord) {
+    BothWays both(4711);
+    for (int step = 0; step < 3 * kMostPaintOperations; ++step) both.Step();
+    both.Compare("100,000 operations without a look");
+
+    const std::vector<char16_t> text(kMostPaintText / 4, 'x');
+    PlainPicture plain(200, 40);
+    ResetCanvasPicture(kTerminalCanvas, 200, 40);
+    const CellBoxes side = {9, 10, 16}, stacked = {0, 10, 16};
+    for (int i = 0; i < 6; ++i) {
+        const CellRun run = {text.data(), static_cast<int>(text.size()), {0xFF, 0xFF00, 1, true}};
+        const CellRun small = {text.data(), 50, {0xFF, 0xFF00, 1, true}};
+        DrawCells(100 * i - 300, 2, &run, 1, i % 2 ? side : stacked);
+        plain.Cells(100 * i - 300, 2, &small, 1, i % 2 ? side : stacked);
+    }
+    ExpectSamePicture(CanvasPicture(kTerminalCanvas), plain.Image(), "long runs");
+}
+
+// A font that is freed or replaced leaves what was drawn with it as it was.
+TEST_F(RecordedDrawing, KeepsTheLookOfAFontThatIsReplaced) {
+    const char16_t text[] = u"Wg@";
+    const CellRun run = {text, 3, {0xFFFFFF, 0, 1, true}};
+    PlainPicture plain(100, 60);
+    ResetCanvasPicture(kTerminalCanvas, 100, 60);
+    const int fonts[] = {9, 20, 12};
+    for (int i = 0; i < 3; ++i) {
+        LoadNumberedFont(1, "Liberation Mono", fonts[i], kFontPlain);
+        ASSERT_TRUE(StartDrawing(kTerminalCanvas));
+        DrawCells(2, i * 20, &run, 1, {9, 10, 16});
+        StopDrawing();
+        plain.Cells(2, i * 20, &run, 1, {9, 10, 16});
+    }
+    FreeNumberedFont(1);
+    ExpectSamePicture(CanvasPicture(kTerminalCanvas), plain.Image(), "three sizes of one number");
+    EXPECT_EQ(TextWidthOf(1, "W"), 0);
+}
+
+TEST_F(RecordedDrawing, OpensOneCanvasAtATimeAndNestsOnIt) {
+    CanvasGadget(kFrameCanvas, 0, 0, 50, 50, 0);
+    EXPECT_FALSE(StartDrawing(kTerminalScrollBar));
+    EXPECT_TRUE(StartDrawing(kTerminalCanvas));
+    EXPECT_FALSE(StartDrawing(kFrameCanvas));
+    EXPECT_TRUE(StartDrawing(kTerminalCanvas));
+    StopDrawing();
+    EXPECT_FALSE(StartDrawing(kFrameCanvas));
+    StopDrawing();
+    EXPECT_TRUE(StartDrawing(kFrameCanvas));
+    StopDrawing();
+}
+
+}  // namespace
