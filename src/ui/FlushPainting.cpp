@@ -15,6 +15,7 @@ bool flushing = false;  // a procedure that runs while painting may wait as well
 void FlushPainting() {
     if (flushing || !QCoreApplication::instance()) return;
     flushing = true;
+    ShowNewWindows();
     PBCanvasWidget::ShowAllPending();
     // What the toolkit put off: a new layout, and the first showing of a gadget that was
     // hidden. Nothing else of its queue is delivered.

@@ -146,6 +146,7 @@ void PBCanvasWidget::mouseMoveEvent(QMouseEvent* event) {
 // A wheel may report parts of a step; they are added up until they make whole ones. The
 // event can merge, since what is bound to it runs for each that is raised.
 void PBCanvasWidget::wheelEvent(QWheelEvent* event) {
+    event->accept();  // else the canvas around this one would get it as well
     wheelRest += event->angleDelta().y();
     const int steps = wheelRest / kWheelStep;
     wheelRest %= kWheelStep;

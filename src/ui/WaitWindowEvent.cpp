@@ -11,6 +11,7 @@
 #include "ui/EventQueue.h"
 #include "ui/InterfaceLayer.h"
 #include "ui/WaitEnd.h"
+#include "ui/WindowTable.h"
 
 namespace {
 
@@ -75,6 +76,7 @@ int32_t WaitForEvent(int timeoutMs) {
     assert(!inWait && !HandlersAreRunning() && "a handler must not take events");
     if (inWait || HandlersAreRunning() || !waiter) return kNoEvent;
     inWait = true;
+    ShowNewWindows();
     bool came = TakeQueuedEvent();
     if (!came && timeoutMs >= 0) {
         ServeToolkit(timeoutMs);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <algorithm>
 #include <cassert>
 #include <map>
 #include <vector>
@@ -16,6 +17,7 @@
 namespace {
 
 std::map<int, PBQMainWindow*> windows;
+std::vector<PBQMainWindow*> unshown;  // opened, and not on the screen yet
 
 struct FlagRow {
     int flag;  // of base/Numbers.h
@@ -48,15 +50,6 @@ void PlaceWindow(PBQMainWindow* window, int x, int y, int flags, const QWidget* 
     }
 }
 
-// The keyboard stays where it is when a centred window opens. Any other takes it, which
-// has to be asked for where no window manager runs.
-void ShowWindow(PBQMainWindow* window, int flags) {
-    const bool centred = flags & kWindowCentredOnParent;
-    window->setAttribute(Qt::WA_ShowWithoutActivating, centred);
-    window->show();
-    if (!centred) window->activateWindow();
-}
-
 void CloseOne(PBQMainWindow* window) {
     std::vector<PBQMainWindow*> children;
     for (const auto& [number, other] : windows) {
@@ -65,6 +58,7 @@ void CloseOne(PBQMainWindow* window) {
     for (PBQMainWindow* child : children) CloseOne(child);
     const int number = window->Number();
     windows.erase(number);
+    unshown.erase(std::remove(unshown.begin(), unshown.end(), window), unshown.end());
     FreeGadgetsIn(window);
     RetireWidget(window);
     DropWindowEvents(number);
@@ -94,8 +88,20 @@ PBQMainWindow* FindWindow(int window) {
 }
 
 PBQMainWindow* ActiveProgramWindow() {
+    ShowNewWindows();
     if (PBQMainWindow* active = FindWindow(WindowOf(QApplication::activeWindow()))) return active;
     return windows.empty() ? nullptr : windows.begin()->second;
+}
+
+// The keyboard stays where it is when a window opens that asks for no activation. Any
+// other takes it, which has to be asked for where no window manager runs.
+void ShowNewWindows() {
+    while (!unshown.empty()) {
+        PBQMainWindow* const window = unshown.front();
+        unshown.erase(unshown.begin());
+        window->show();
+        if (!window->testAttribute(Qt::WA_ShowWithoutActivating)) window->activateWindow();
+    }
 }
 
 void PaintAllWindows() {
@@ -116,7 +122,8 @@ bool OpenNumberedWindow(int window, int x, int y, int width, int height, const Q
     opened->setWindowTitle(title);
     opened->SetInnerSize(QSize(qMax(width, 0), qMax(height, 0)));
     PlaceWindow(opened, x, y, flags, parent);
-    ShowWindow(opened, flags);
+    opened->setAttribute(Qt::WA_ShowWithoutActivating, flags & kWindowCentredOnParent);
+    unshown.push_back(opened);
     OpenGadgetList(opened->centralWidget());
     return true;
 }
@@ -133,6 +140,7 @@ bool WindowIsOpen(int window) {
 void ActivateNumberedWindow(int window) {
     PBQMainWindow* const found = FindWindow(window);
     if (!found) return;
+    ShowNewWindows();
     if (found->isMinimized()) found->setWindowState(found->windowState() & ~Qt::WindowMinimized);
     found->raise();
     found->activateWindow();

@@ -16,7 +16,8 @@ enum class WindowMeasure {
 // place the frame, width and height size the inner area. A window without "sizable"
 // or "maximize" is fixed to its size. With kWindowCentredOnParent the position is
 // ignored and the window stands centred over `parentWindow`. A gadget list for the
-// window is opened: gadgets created next lie in it.
+// window is opened: gadgets created next lie in it. It comes to the screen when the
+// program next waits or sleeps.
 bool OpenNumberedWindow(int window, int x, int y, int width, int height, const QString& title,
                         int flags, int parentWindow = -1);
 
