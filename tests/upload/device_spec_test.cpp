@@ -9,16 +9,16 @@
 
 class DeviceSpec : public UploadBench {
   protected:
-    // family|start|end|flags: r noRun, n noNew, t setTime, c setRtc, d disconnectAfter. Ends
-    // are named: Z and C for Ctrl-Z and Ctrl-C, F1 and F2 for those keys, - for none.
+    // family|start|end|flags: r noRun, n noNew, t setTime, c setRtc, d disconnectAfter. "*"
+    // stands for AUTOSAVE; ends are Z and C for Ctrl-Z and Ctrl-C, F1, F2, - for none.
     static QString Options() {
         const UploadOptions& o = uploadOptions;
         const QStringList codes = {"\x1a", "\x03", "\x1b[11~", "\x1b[12~", ""};
-        const QString ends[] = {"?", "Z", "C", "F1", "F2", "-"};
-        QString text = o.familyName + '|' + o.autosaveStart + '|';
-        text += ends[codes.indexOf(o.autosaveEnd) + 1] + '|';
-        return text + (o.noRun ? "r" : "") + (o.noNew ? "n" : "") + (o.setTime ? "t" : "") +
-               (o.setRtc ? "c" : "") + (o.disconnectAfter ? "d" : "");
+        const char* const ends[] = {"|?|", "|Z|", "|C|", "|F1|", "|F2|", "|-|"};
+        return o.familyName + '|' + QString(o.autosaveStart).replace("AUTOSAVE", "*") +
+               ends[codes.indexOf(o.autosaveEnd) + 1] + (o.noRun ? "r" : "") +
+               (o.noNew ? "n" : "") + (o.setTime ? "t" : "") + (o.setRtc ? "c" : "") +
+               (o.disconnectAfter ? "d" : "");
     }
     static QString Serial() { return linkSettings.comPort + ':' + linkSettings.serialSpeed; }
     static QString Tcp() { return linkSettings.tcpAddress + ':' + linkSettings.tcpPort; }
@@ -31,37 +31,33 @@ struct SpecRow {
 
 // clang-format off
 static const SpecRow targetRows[] = {
-    {"", "|AUTOSAVE|Z|"}, {"s\\", "|AUTOSAVE|Z|"}, {"s", "|AUTOSAVE|Z|"},
-    {"'target s\\micromite", "micromite|AUTOSAVE|Z|"}, {"' target syn\\vgamite", "vgamite|AUTOSAVE|Z|"},
-    {"S\\Maximite", "maximite|AUTO|C|"}, {"s\\PI", "pi-cromite|AUTOSAVE|C|"},
-    {"s\\pi-cromite", "pi-cromite|AUTOSAVE|C|"}, {"s\\pico", "picomite|AUTOSAVE|Z|"},
-    {"s\\cmd", "command||-|rn"}, {"s\\command s\\picomite", "picomite|AUTOSAVE|Z|rn"},
-    {"s\\micromite+", "micromite+|AUTOSAVE|Z|"}, {"s\\cmm2 s\\x", "x|AUTOSAVE \"p.bas\"|F2|r"},
-    {"' target s\\cmm2 norun", "cmm2|AUTOSAVE \"p.bas\"|F1|r"},
-    {"' target norun s\\cmm2", "cmm2|AUTOSAVE \"p.bas\"|F2|r"},
-    {"s\\cmm2 file\\no", "cmm2|AUTOSAVE \"p.bas\"|F2|r"}, {"s\\cmm2 FILE\\", "cmm2|AUTOSAVE \"\"|F2|r"},
-    {"s\\cmm2 file\\A.bas\\x", "cmm2|AUTOSAVE \"A.bas\"|F2|r"},
-    {"file\\A.bas s\\cmm2", "cmm2|AUTOSAVE \"p.bas\"|F2|r"}, {"s\\pico file\\A", "picomite|AUTOSAVE|Z|"},
-    {"SetTime setRTC NORUN nonew\\ discon\\x dev\\y zz", "|AUTOSAVE|Z|rntcd"},
-    {"port\\COM1 s\\cmm2", "cmm2|AUTOSAVE \"p.bas\"|F2|r"}, {"A 'target s\\pico", "picomite|AUTOSAVE|Z|"},
-    {"'target s\\picomite 'norun", "picomite|AUTOSAVE|Z|"}, {"s\\pico 'norun", "picomite|AUTOSAVE|Z|"},
-    {"'target\ts\\pico", "|AUTOSAVE|Z|"},  // a tab parts no words
-    {"norun         nonew", "|AUTOSAVE|Z|r"}, {"norun        nonew", "|AUTOSAVE|Z|rn"},  // 9 and 8
-    {"norun\nnonew", "|AUTOSAVE|Z|r"},
+    {"", "|*|Z|"}, {"s\\", "|*|Z|"}, {"s", "|*|Z|"}, {"'target s\\micromite", "micromite|*|Z|"},
+    {"' target syn\\vgamite", "vgamite|*|Z|"}, {"S\\Maximite", "maximite|AUTO|C|"},
+    {"s\\PI", "pi-cromite|*|C|"}, {"s\\pi-cromite", "pi-cromite|*|C|"}, {"s\\pico", "picomite|*|Z|"},
+    {"s\\cmd", "command||-|rn"}, {"s\\command s\\picomite", "picomite|*|Z|rn"},
+    {"s\\micromite+", "micromite+|*|Z|"}, {"s\\cmm2 s\\x", "x|* \"p.bas\"|F2|r"},
+    {"' target s\\cmm2 norun", "cmm2|* \"p.bas\"|F1|r"}, {"s\\cmm2 FILE\\", "cmm2|* \"\"|F2|r"},
+    {"' target norun s\\cmm2", "cmm2|* \"p.bas\"|F2|r"}, {"s\\pico file\\A", "picomite|*|Z|"},
+    {"s\\cmm2 file\\no", "cmm2|* \"p.bas\"|F2|r"}, {"s\\cmm2 file\\A.b\\x", "cmm2|* \"A.b\"|F2|r"},
+    {"file\\A.bas s\\cmm2", "cmm2|* \"p.bas\"|F2|r"}, {"A 'target s\\pico", "picomite|*|Z|"},
+    {"SetTime setRTC NORUN nonew\\ discon\\x dev\\y zz", "|*|Z|rntcd"}, {"norun\nnonew", "|*|Z|r"},
+    {"port\\COM1 s\\cmm2", "cmm2|* \"p.bas\"|F2|r"}, {"s\\pico 'norun", "picomite|*|Z|"},
+    {"'target s\\picomite 'norun", "picomite|*|Z|"}, {"'target\ts\\pico", "|*|Z|"},
+    {"norun         nonew", "|*|Z|r"}, {"norun        nonew", "|*|Z|rn"},  // nine blanks, eight
 };
 static const SpecRow onloadRows[] = {
-    {"'onload", "micromite|AUTOSAVE|Z|d"}, {"'onload maximite", "maximite|AUTO|C|d"},
-    {"'onload settime setrtc norun nonew", "micromite|AUTOSAVE|Z|rntcd"},
-    {"'onload PI-cromite", "pi-cromite|AUTOSAVE|C|d"}, {"' onload vgamite", "micromite|AUTOSAVE|Z|d"},
-    {"'onload picomite command", "picomite|AUTOSAVE|Z|rnd"},  // the order of the tests counts
-    {"'onload micromite pi-cromite", "micromite|AUTOSAVE|Z|d"},
-    {"'onload cmm2 maximite", "cmm2|AUTOSAVE \"temp.bas\"|F2|rd"},
-    {"'onload cmm2 norun", "cmm2|AUTOSAVE \"temp.bas\"|F1|rd"},
-    {"'onload norun cmm2", "cmm2|AUTOSAVE \"temp.bas\"|F1|rd"},
-    {"'onload file\\b.bas File/C.bas cmm2", "cmm2|AUTOSAVE \"c.bas\"|F2|rd"},
-    {"'onload file\\b.bas cmm2", "cmm2|AUTOSAVE \"b.bas\"|F2|rd"},
-    {"'onload cmm2 file/*", "cmm2|AUTOSAVE \"p.bas\"|F2|rd"},
-    {"'onload xnonew norunning\tsettime", "micromite|AUTOSAVE|Z|rd"},
+    {"'onload", "micromite|*|Z|d"}, {"'onload maximite", "maximite|AUTO|C|d"},
+    {"'onload settime setrtc norun nonew", "micromite|*|Z|rntcd"},
+    {"'onload PI-cromite", "pi-cromite|*|C|d"}, {"' onload vgamite", "micromite|*|Z|d"},
+    {"'onload picomite command", "picomite|*|Z|rnd"},  // the order of the tests counts
+    {"'onload micromite pi-cromite", "micromite|*|Z|d"},
+    {"'onload cmm2 maximite", "cmm2|* \"temp.bas\"|F2|rd"},
+    {"'onload cmm2 norun", "cmm2|* \"temp.bas\"|F1|rd"},
+    {"'onload norun cmm2", "cmm2|* \"temp.bas\"|F1|rd"},
+    {"'onload file\\b.bas File/C.bas cmm2", "cmm2|* \"c.bas\"|F2|rd"},
+    {"'onload file\\b.bas cmm2", "cmm2|* \"b.bas\"|F2|rd"},
+    {"'onload cmm2 file/*", "cmm2|* \"p.bas\"|F2|rd"},
+    {"'onload xnonew norunning\tsettime", "micromite|*|Z|rd"},
 };
 // clang-format on
 
@@ -79,15 +75,15 @@ TEST_F(DeviceSpec, WordsSetTheOptions) {
     }
     SetCurrentFile("");
     ApplyDeviceSpec("s\\cmm2");
-    EXPECT_EQ(Options(), "cmm2|AUTOSAVE \"temp.bas\"|F2|r");
+    EXPECT_EQ(Options(), "cmm2|* \"temp.bas\"|F2|r");
     ApplyDeviceSpec("norun");  // the family stays
-    EXPECT_EQ(Options(), "cmm2|AUTOSAVE|F1|r");
+    EXPECT_EQ(Options(), "cmm2|*|F1|r");
     ApplyDeviceSpec("s\\Micromite+");
     EXPECT_EQ(GadgetText(kFamilyCombo), "micromite+");
     ApplyDeviceSpec(QString("nonew ").repeated(kMostOptionWords) + "norun");
-    EXPECT_EQ(Options(), "micromite+|AUTOSAVE|Z|n");
+    EXPECT_EQ(Options(), "micromite+|*|Z|n");
     ApplyDeviceSpec(QString(8'000'000, ' ') + "norun" + QString(8'000'000, ' ') + "nonew");
-    EXPECT_EQ(Options(), "micromite+|AUTOSAVE|Z|r");
+    EXPECT_EQ(Options(), "micromite+|*|Z|r");
 }
 
 TEST_F(DeviceSpec, LineEndingTicksAndCrunchInOrder) {
@@ -147,10 +143,10 @@ TEST_F(DeviceSpec, RebuiltFromTheGadgets) {
         return Serial() + ' ' + Options();
     };
     EXPECT_EQ(build("S\\pico nonew", "ttyUSB1"),
-              "not set:38400 picomite|AUTOSAVE|Z|n");  // as typed
+              "not set:38400 picomite|*|Z|n");  // as typed
     EXPECT_EQ(build("", "ttyUSB1"), "ttyUSB1:57600 maximite|AUTO|C|");
     EXPECT_EQ(build("'target port\\C:1 norun syn\\pico", "x"), "x:57600 maximite|AUTO|C|r");
-    EXPECT_EQ(build("ip port         nonew", ""), ":57600 |AUTOSAVE|Z|n");
+    EXPECT_EQ(build("ip port         nonew", ""), ":57600 |*|Z|n");
     build("port\\C:1", "TCPIP");
     EXPECT_EQ(Tcp(), "10.0.0.7:4000");
 }

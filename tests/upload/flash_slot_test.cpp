@@ -1,6 +1,5 @@
 #include <QTemporaryFile>
 
-#include "base/LineEnding.h"
 #include "tests/upload/upload_bench.h"
 #include "upload/DeviceFamily.h"
 #include "upload/FlashSlotUpload.h"
@@ -63,16 +62,15 @@ TEST_F(FlashSlot, TypesTheFileAndOverwritesTheSlot) {
 }
 
 TEST_F(FlashSlot, TakesItsMethodFromTheRow) {
-    const std::pair<const char*, const char*> rows[] = {
-        {"cmm2", "autosave\nA\n\x1b\n\r\r"},  // of its code the number alone
-        {"maximite", "auto\nA\n\3\n\r\r"},
-        {"vgamite", "autosave\nA\n\x1a\n\r\r"},  // no row
-        {"command", "\nA\n\n\r\r"},              // no code
-    };
-    SetLineEnding("LF");
     answer = [](char byte) { return byte == '\n' ? "\nSaved" : std::string(1, byte); };
-    for (const auto& row : rows) {
-        Upload(row.first, "A", 0);
-        EXPECT_EQ(received, row.second) << row.first;
+    const std::pair<const char*, const char*> rows[] = {
+        {"cmm2", "autosave\r\nA\r\n\x1b\r\n\r\r"},  // of its code the number alone
+        {"maximite", "auto\r\nA\r\n\3\r\n\r\r"},
+        {"vgamite", "autosave\r\nA\r\n\x1a\r\n\r\r"},  // no row
+        {"command", "\r\nA\r\n\r\n\r\r"},              // no code
+    };
+    for (const auto& [family, expected] : rows) {
+        Upload(family, "A", 0);
+        EXPECT_EQ(received, expected) << family;
     }
 }
