@@ -32,7 +32,7 @@ struct Receiver {
     PcFile file;
     uint8_t reply[kWorkerBlock] = {};  // what the last read brought, over what was there
     uint8_t frame[kWorkerBlock] = {};  // the frame that is being built; never cleared
-    int count = 0;                     // bytes that the last read brought
+    int count = 0;                     // bytes that the last read brought; below 0 for no link
     int have = 0;                      // bytes of the frame; may pass the block's size
     int blockSize = kShortBlock;
     int64_t blockNumber = 1;
@@ -74,8 +74,10 @@ Look LookForStart(Receiver& r) {
     WorkerSleep(kLookInterval);
     Read(r);
     // Stale when nothing came, on purpose: a frame that came in one read leaves its SOH
-    // here, and the next look goes on to collect the frame behind it.
-    r.first = r.reply[0];
+    // here, and the next look goes on to collect the frame behind it. So a device that
+    // falls silent after a block is asked again and again, until the user stops it. Only
+    // a link that was closed counts as quiet.
+    r.first = r.count < 0 ? 0 : r.reply[0];
     switch (r.first) {
         case kSoh:
             return FrameOf(r, kShortBlock);
@@ -117,8 +119,8 @@ bool WaitForStart(Receiver& r) {
 }
 
 void CopyIntoFrame(Receiver& r) {
-    const int room = std::max(kWorkerBlock - r.have, 0);
-    memcpy(r.frame + std::min(r.have, kWorkerBlock), r.reply, std::min(r.count, room));
+    const int room = kWorkerBlock - r.have;
+    if (r.count > 0 && room > 0) memcpy(r.frame + r.have, r.reply, std::min(r.count, room));
 }
 
 bool SenderCancelled(const Receiver& r) {
@@ -138,7 +140,7 @@ bool Collect(Receiver& r) {
             WorkerPut(kAck);
             return false;
         }
-        r.have += r.count;
+        r.have += std::max(r.count, 0);
         Read(r);
         std::this_thread::yield();
     } while (r.have < expected && !PastDeadline(r));

@@ -39,7 +39,7 @@ struct Sender {
     bool useCrc = false;
     uint8_t frame[kWorkerBlock] = {};
     uint8_t reply[kWorkerBlock] = {};  // what the last read brought, over what was there
-    int count = 0;                     // bytes that it brought
+    int count = 0;                     // bytes that it brought; below 0 for no link
 };
 
 void Read(Sender& s) {

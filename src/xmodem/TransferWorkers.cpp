@@ -4,6 +4,7 @@
 
 #include "base/LineEnding.h"
 #include "base/Numbers.h"
+#include "terminal/screen/TerminalScreen.h"
 #include "ui/InterfaceEvent.h"
 #include "xmodem/Receive.h"
 #include "xmodem/Send.h"
@@ -47,6 +48,8 @@ bool EndsByItself(XmodemJob& job) {
     job.abort = true;
     for (int64_t waited = 0; waited < kTimeToEnd; waited += kStatusInterval) {
         if (WaitForWorker(job.thread, kStatusInterval)) return true;
+        if (!job.statusWaits) continue;
+        PrintAllHandedLines();  // the worker's own, from before this line
         ServeJobStatus(job);
     }
     return WaitForWorker(job.thread, 0);

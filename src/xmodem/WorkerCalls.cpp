@@ -2,8 +2,6 @@
 
 #include <pthread.h>
 
-#include <algorithm>
-
 #include "base/Pacing.h"
 #include "link/LinkPrimitives.h"
 #include "terminal/screen/TerminalScreen.h"
@@ -37,7 +35,7 @@ void WorkerSleep(int64_t ms) {
 
 int WorkerTake(uint8_t* block) {
     const Killable here;
-    return static_cast<int>(std::max<int64_t>(ReceiveBytes(block, kWorkerBlock), 0));
+    return static_cast<int>(ReceiveBytes(block, kWorkerBlock));
 }
 
 void WorkerPut(uint8_t byte, int times) {

@@ -42,7 +42,7 @@ void MeetKill();
 void WorkerSleep(int64_t ms);
 
 // Takes what waits on the link into a block of kWorkerBlock bytes, and leaves the rest of
-// it as it was. The count; 0 for nothing and for no link.
+// it as it was. The count; 0 for nothing, below 0 for no link and for a failure.
 int WorkerTake(uint8_t* block);
 
 // Sends one byte, `times` times over.

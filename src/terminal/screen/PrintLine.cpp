@@ -53,3 +53,7 @@ void PrintHandedLines() {
     QString text;
     if (TakeLine(&text)) TerminalPrintLine(text);
 }
+
+void PrintAllHandedLines() {
+    for (QString text; TakeLine(&text);) TerminalPrintLine(text);
+}

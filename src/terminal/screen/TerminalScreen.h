@@ -85,6 +85,9 @@ void TerminalScrollDown(int n);
 void TerminalPrintLine(const QString& text);
 // Prints the oldest handed line: the answer to one event kEventPrintLine.
 void PrintHandedLines();
+// Prints all handed lines now; their events then find nothing. For who waits for the
+// thread that handed them and so keeps the loop from its events.
+void PrintAllHandedLines();
 // Lines that may wait at a time; of a thread that hands over more the rest is dropped,
 // since it must never wait for the interface thread.
 constexpr int kMostHandedLines = 4096;

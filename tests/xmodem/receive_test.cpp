@@ -1,0 +1,172 @@
+// Fetching a file, on the virtual clock, from devices that follow a script.
+#include <sys/stat.h>
+
+#include "tests/xmodem/transfer_bench.h"
+
+namespace {
+
+const std::string kGiveUpBytes = std::string(5, kCanByte) + std::string(5, '\b');
+const char kEcho[] = "XMODEM SEND \"d.bin\"\r\n";
+
+std::string Block(int number) {
+    return std::string(128, char('a' + number % 26));
+}
+
+class ReceiveBench : public TransferBench {
+  protected:
+    // Echoes the command, then gives one answer for each NAK or ACK that comes.
+    void Answer(std::deque<std::string> answers) {
+        script = std::move(answers);
+        started = false;
+        device = [this](int64_t, const std::string& came) { return Next(came); };
+    }
+    std::string Next(const std::string& came) {
+        if (!started && came.find("SEND") != std::string::npos) {
+            started = true;
+            return kEcho;
+        }
+        if (!started || came.find_first_of({kAckByte, kNakByte}) == std::string::npos) return "";
+        if (script.empty()) return "";
+        const std::string next = script.front();
+        script.pop_front();
+        return next;
+    }
+    std::deque<std::string> script;
+    bool started = false;
+};
+
+TEST_F(ReceiveBench, BlocksOfBothSizesAreStoredWhole) {
+    std::deque<std::string> frames;
+    std::string content;
+    for (int n = 1; n <= 258; ++n) {
+        const std::string data(n % 3 ? 128 : 1024, char(n * 7));
+        frames.push_back(FrameOf(n, data));
+        content += data;
+    }
+    frames.push_back({kEotByte});
+    Answer(frames);
+    const QString printed = Fetch();
+    EXPECT_EQ(Content(), content);
+    EXPECT_EQ(out, kNakByte + std::string(259, kAckByte));
+    EXPECT_TRUE(printed.startsWith(kEcho + QString("Recv: 10Recv: 20"))) << printed.toStdString();
+    EXPECT_TRUE(printed.endsWith("Recv: 250Completed OK"));
+    EXPECT_EQ(took, 200 + 100 + 259 * 50);  // the prescribed waits and nothing more
+
+    Answer({{kEotByte}});  // no block at all
+    EXPECT_TRUE(Fetch().endsWith("Completed OK"));
+    EXPECT_TRUE(FileThere());
+    EXPECT_EQ(Content(), "");
+}
+
+// One bad frame where block 2 is due, then the right ones.
+TEST_F(ReceiveBench, EachFaultOfAFrameHasItsLineAndAnswer) {
+    const std::string good = FrameOf(2, Block(2));
+    std::string sum = good, number = good, complement = good, repeatedBadSum = FrameOf(1, Block(1));
+    ++sum.back();
+    number[1] = 9;
+    complement[2] = 7;
+    std::string both = number;
+    both[50] ^= 1;
+    repeatedBadSum[50] ^= 1;
+    const struct {
+        std::string frame;
+        QString lines;
+        std::string answer;
+    } rows[] = {
+        {good.substr(0, 131), "Short Block in #2", {kNakByte}},
+        {good + "x", "Long Block in #2", {kNakByte}},
+        {sum, "Checksum Error in #2", {kNakByte}},
+        {number, "Block # Error in #2", {kNakByte}},
+        {complement, "Complement Error in #2", {kNakByte}},
+        {both, "Block # Error in #2Checksum Error in #2", {kNakByte, kNakByte}},
+        {FrameOf(1, Block(1)), "Block # Repeated in #1", {kAckByte}},
+        {repeatedBadSum, "Block # Repeated in #1Checksum Error in #2", {kAckByte, kNakByte}},
+        {"\2" + good.substr(1), "Short Block in #2", {kNakByte}},  // a long block's head
+    };
+    for (const auto& row : rows) {
+        Answer({FrameOf(1, Block(1)), row.frame, good, {kEotByte}});
+        EXPECT_EQ(Fetch(), kEcho + row.lines + "Completed OK");
+        EXPECT_EQ(out, std::string({kNakByte, kAckByte}) + row.answer + kAckByte + kAckByte);
+        EXPECT_EQ(Content(), Block(1) + Block(2)) << row.lines.toStdString();
+    }
+}
+
+// Where block 256 is due its number on the wire is 0, and 255 counts as wrong.
+TEST_F(ReceiveBench, TheRepeatOfBlock255IsRefused) {
+    std::deque<std::string> frames;
+    for (int n = 1; n <= 255; ++n) frames.push_back(FrameOf(n, Block(n)));
+    frames.insert(frames.end(), {frames.back(), FrameOf(0, Block(0)), {kEotByte}});
+    Answer(frames);
+    EXPECT_TRUE(Fetch().endsWith("Recv: 250Block # Error in #256Completed OK"));
+    EXPECT_EQ(Content().size(), 256u * 128);
+}
+
+TEST_F(ReceiveBench, SilenceEndsIt) {
+    Answer({});
+    EXPECT_EQ(Fetch(), QString(kEcho) + "Maximum Errors. Transfer Aborted.File transfer failed");
+    EXPECT_EQ(out, std::string(11, kNakByte) + "\r" + kGiveUpBytes);
+    EXPECT_EQ(took, 200 + 100 + 10 * 850 + 120);
+    EXPECT_FALSE(FileThere());
+
+    // After a block no more is asked for. The frame's own first byte stays in sight, so
+    // what follows is taken for short frames until the user stops it.
+    Answer({FrameOf(1, Block(1))});
+    device = [this](int64_t now, const std::string& came) {
+        if (now > 30000) JobOf(Direction::kReceive).abort = true;
+        return Next(came);
+    };
+    const QString printed = Fetch();
+    EXPECT_TRUE(printed.startsWith(kEcho + QString("Short Block in #2Short Block in #2")));
+    EXPECT_TRUE(printed.endsWith("File transfer failed"));
+    EXPECT_EQ(out.find_first_not_of({kNakByte, kAckByte}), std::string::npos);  // and no CAN
+    EXPECT_FALSE(FileThere());
+}
+
+TEST_F(ReceiveBench, TheDeviceGivesUp) {
+    Answer({FrameOf(1, Block(1)), std::string(3, kCanByte)});
+    EXPECT_EQ(Fetch(), QString(kEcho) + "Transfer Aborted by SenderFile transfer failed");
+    EXPECT_EQ(out, std::string({kNakByte, kAckByte}) + kGiveUpBytes + std::string(3, kCanByte) +
+                       kAckByte);
+    EXPECT_FALSE(FileThere());
+}
+
+// A stray byte brings a line ending and, before the first block, another NAK; after ten
+// of them what came is judged as a frame.
+TEST_F(ReceiveBench, StrayBytesAreAnsweredWithLineEndings) {
+    device = [this](int64_t now, const std::string& came) -> std::string {
+        if (now > 2600) JobOf(Direction::kReceive).abort = true;
+        return came.find(kNakByte) != std::string::npos ? "Error" : "";
+    };
+    EXPECT_EQ(Fetch(), "Short Block in #1Short Block in #1File transfer failed");
+    std::string looks, all(1, kNakByte);
+    for (int i = 0; i < 10; ++i) looks += std::string("\r") + kNakByte;
+    for (int i = 0; i < 2; ++i) all += looks + kNakByte;
+    EXPECT_EQ(out, all);
+    EXPECT_EQ(took, 200 + 100 + 2 * 10 * (50 + 120));
+}
+
+TEST_F(ReceiveBench, AFileThatCannotBeCreatedIsNotNoticed) {
+    const std::string here = folder.path().toStdString();
+    mkfifo((here + "/pipe").c_str(), 0600);
+    for (const std::string& path : {here + "/none/pc.bin", here, here + "/pipe"}) {
+        Answer({FrameOf(1, Block(1)), {kEotByte}});
+        EXPECT_TRUE(Transfer(Direction::kReceive, path).endsWith("Completed OK"));
+        Answer({});
+        EXPECT_TRUE(Transfer(Direction::kReceive, path).endsWith("File transfer failed"));
+    }
+    // What was not created is not deleted.
+    EXPECT_EQ(access((here + "/pipe").c_str(), F_OK), 0);
+}
+
+TEST_F(ReceiveBench, ALinkThatIsClosedEndsIt) {
+    Answer({FrameOf(1, Block(1))});
+    device = [this](int64_t now, const std::string& came) {
+        if (now == 1000) AdoptSerialLink(0);
+        return Next(came);
+    };
+    EXPECT_EQ(Fetch(), kEcho + QString("Short Block in #2Maximum Errors. Transfer Aborted.") +
+                           "File transfer failed");
+    EXPECT_FALSE(FileThere());
+}
+
+}  // namespace
