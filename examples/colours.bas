@@ -1,6 +1,7 @@
 'target s\picomite
 ' Colours and a little cursor art by ANSI sequences, for a terminal of 101 x 50.
 e$ = CHR$(27) + "["
+PAUSE 3000 ' what a run prints at once is shown as one reply to RUN, with a line end behind
 PRINT e$; "2J"; e$; "H"; e$; "?25l";
 
 ' A title, one colour for each letter.

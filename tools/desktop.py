@@ -95,6 +95,10 @@ class Console:
                                    "^Kewlink Console$"]).split()
         return ids[0] if ids else None
 
+    def windows(self):
+        return self.desktop.output(["xdotool", "search", "--onlyvisible", "--pid",
+                                    str(self.process.pid)]).split()
+
     def geometry(self):
         text = self.desktop.output(["xdotool", "getwindowgeometry", "--shell", self.window])
         return {k: int(v) for k, v in re.findall(r"(X|Y|WIDTH|HEIGHT)=(-?\d+)", text)}
@@ -129,11 +133,15 @@ class Console:
         self.desktop.run("xdotool", "type", "--delay", "15", text)
 
     def popup(self, entry):
-        """Chooses entry (counted from 1) of the terminal's pop-up menu."""
+        """Chooses entry (counted from 1) of the terminal's pop-up menu. While a handler blocks
+        the menu opens late: keys sent before it would go to the board."""
+        before = len(self.windows())
         self.click(300, CONTENT_TOP + 200, 3)
-        time.sleep(0.3)
+        wait_for("pop-up menu", lambda: len(self.windows()) > before, 90)
+        time.sleep(0.1)
         self.key(*["Down"] * entry)
         self.key("Return")
+        wait_for("end of the pop-up menu", lambda: len(self.windows()) <= before)
 
     def text(self):
         """All text that the terminal holds, through its own Copy All."""

@@ -3,6 +3,7 @@
 terminal shows and leaves a screenshot.  usage: headless_demo.py KWCC PROGRAM PICTURE
 """
 import sys
+import time
 
 from desktop import Console, Desktop
 
@@ -11,9 +12,8 @@ def main():
     program, source, picture = sys.argv[1:4]
     with Desktop() as desktop:
         console = Console(desktop, program, [source] if source else [])
-        wanted = "Upload completed" if source else "started"
         try:
-            console.wait_text(wanted, 60)
+            console.wait_text("Upload started" if source else "started", 60)
             text = settle(console)
         except TimeoutError as trouble:
             console.close()
@@ -25,13 +25,15 @@ def main():
 
 
 def settle(console):
-    """The terminal's text once it has stood still for two looks."""
+    """The terminal's text once it has stood still for a second. While a program is uploaded
+    the window does not answer, so the first look waits for the end of that."""
     before = None
     for _ in range(20):
         text = console.text()
         if text and text == before:
             return text
         before = text
+        time.sleep(1)
     return before or ""
 
 
