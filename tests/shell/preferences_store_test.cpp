@@ -30,7 +30,7 @@ class PreferencesStoreTest : public testing::Test {
         ClosePreferences();
         return ScratchFolder::Get(kFile).replace(kMark, "").toStdString();
     }
-    // A load and a change of a file that cannot be rewritten for `why`.
+    // Opens, changes and closes whatever is there.
     static void Touch() {
         OpenPreferences(kFile, kFlags);
         PreferenceGroup("A");

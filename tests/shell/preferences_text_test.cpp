@@ -73,9 +73,3 @@ TEST(PreferencesText, LayoutIsExact) {
               QByteArray(kMark) + "\n; top\n[A]\nk=v\n; \n[B]\nl=\xC3\xA4  [C]\n");
     EXPECT_EQ(FormatPreferences({}, kPreferenceGroupSpace), QByteArray(kMark) + "\n");
 }
-
-TEST(PreferencesText, EntriesAreBounded) {
-    std::vector<PreferenceEntry> entries;
-    EXPECT_FALSE(ParsePreferences(QString("=\n").repeated(kMostPreferenceEntries + 1), &entries));
-    EXPECT_EQ(entries.size(), static_cast<size_t>(kMostPreferenceEntries));
-}
