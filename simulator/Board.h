@@ -30,6 +30,8 @@ struct Board {
     const BoardFacts& facts;
     const BoardSetup setup;
 
+    int width;              // of the console, columns
+    int height;             // rows
     int64_t now = 0;        // ms
     int64_t poweredAt = 0;  // ms
     bool powered = false;

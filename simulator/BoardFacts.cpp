@@ -18,40 +18,34 @@ constexpr BoardErrorStyle kSource = BoardErrorStyle::kSourceLine;
 constexpr BoardErrorStyle kInLine = BoardErrorStyle::kInLine;
 constexpr BoardLanguage kBasic = BoardLanguage::kBasic;
 
-// Columns: tail, loud lead, loud CRLF, listing is loud, error lead, the same at the
-// prompt, style, error delay, editor, INPUT skips LF, PIN delay, soft sign-on.
+// clang-format off
 // The plain PicoMite waits 200 ms for its second core before it prints an error.
-const PromptFacts kPrompt603 = {"\x1b[?7h", "\x1b[?25h\x1b[97;40m",
-                                false,      false,
-                                "Error : ", "Error : ",
-                                kSource,    200,
-                                kFull,      true,
-                                3000,       false};
-const PromptFacts kPromptLcd603 = {"\x1b[?7h", "\x1b[?25h\x1b[97;40m",
-                                   false,      false,
-                                   "Error : ", "Error : ",
-                                   kSource,    200,
-                                   kFull,      true,
-                                   3000,       false};
-const PromptFacts kPrompt602 = {"",         "\x1b[?25h\x1b[97;40m",
-                                false,      false,
-                                "Error : ", "Error : ",
-                                kSource,    200,
-                                kFull,      false,
-                                3000,       false};
-const PromptFacts kPrompt600 = {
-    "", "\x1b[?25h", false, false, "Error : ", "Error : ", kSource, 200, kFull, false, 3000, true};
-const PromptFacts kPromptCmm2 = {
-    "",  "\x1b[?25h\x1b[37m\x1b[m", true, true, "Error in line ", "", kInLine, 0, kFull, false, 50,
-    true};
-const PromptFacts kPromptArmmite = {
-    "", "", false, false, "Error : ", "Error : ", kSource, 0, kFull, false, 3000, true};
-const PromptFacts kPromptOld = {
-    "", "", false, false, "Error: ", "Error: ", kSource, 0, kPlain, false, 3000, true};
-const PromptFacts kPromptMaximite = {
-    "", "", false, false, "Error: ", "Error: ", kSource, 0, kPlain, false, -1, true};
-const PromptFacts kPromptShell = {
-    "", "", false, false, "error: ", "error: ", kSource, 0, kPlain, false, -1, true};
+// Columns: tail, loud lead, loud CRLF, listing is loud, error lead, the same at the prompt,
+// style, error delay, editor, INPUT skips LF, PIN delay, soft sign-on, start-up sequence.
+const PromptFacts kPrompt603 =
+    {"\x1b[?7h", "\x1b[?25h\x1b[97;40m", false, false, "Error : ", "Error : ",
+     kSource, 200, kFull, true, 3000, false, ""};
+const PromptFacts kPrompt602 =
+    {"", "\x1b[?25h\x1b[97;40m", false, false, "Error : ", "Error : ",
+     kSource, 200, kFull, false, 3000, false, ""};
+const PromptFacts kPrompt600 =
+    {"", "\x1b[?25h", false, false, "Error : ", "Error : ",
+     kSource, 200, kFull, false, 3000, true, ""};
+const PromptFacts kPromptCmm2 =
+    {"", "\x1b[?25h\x1b[37m\x1b[m", true, true, "Error in line ", "",
+     kInLine, 0, kFull, false, 50, true, ""};
+const PromptFacts kPromptArmmite =
+    {"", "", false, false, "Error : ", "Error : ",
+     kSource, 0, kFull, false, 3000, true, "\x1b[?1000l"};
+const PromptFacts kPromptOld =
+    {"", "", false, false, "Error: ", "Error: ",
+     kSource, 0, kPlain, false, 3000, true, ""};
+const PromptFacts kPromptMaximite =
+    {"", "", false, false, "Error: ", "Error: ",
+     kSource, 0, kPlain, false, -1, true, ""};
+const PromptFacts kPromptShell =
+    {"", "", false, false, "error: ", "error: ",
+     kSource, 0, kPlain, false, -1, true, ""};
 
 // Columns: word, end, name, held echo, AUTOSAVE N, "Saved", C and APPEND.
 const ReceiveFacts kReceive603 = {
@@ -105,7 +99,7 @@ const BoardFacts kRows[] = {
      false, false, false, kUartLine, kPrompt603, kReceive603, kListing603, kXmodem603, kFlashPico},
     {"picocalc", "PicoCalc: PicoMite 6.03 with a 40-column LCD console",
      "\rPicoMite MMBasic RP2350A V6.03.00RC25", "PicoMite", 6.03, 40, 26, 40, kBasic, true, false,
-     false, kUsbLine, kPromptLcd603, kReceive603, kListingPicoCalc, kXmodem603, kFlashPico},
+     false, kUsbLine, kPrompt603, kReceive603, kListingPicoCalc, kXmodem603, kFlashPico},
     {"webmite", "WebMite (RP2040), firmware 6.03, telnet console over TCP",
      "\rWebMite MMBasic RP2040 Edition V6.03.00RC25", "WebMite", 6.03, 80, 24, 40, kBasic, false,
      false, false, kTelnetLine, kPrompt603, kReceive603, kListing603, kXmodem603, kFlashPico},
@@ -132,6 +126,8 @@ const BoardFacts kRows[] = {
      "command", 1.0, 80, 24, 40, BoardLanguage::kShell, false, true, false, kPiLine, kPromptShell,
      kReceiveNone, kListingOld, kXmodemOld, kFlashRam},
 };
+
+// clang-format on
 
 }  // namespace
 

@@ -42,9 +42,10 @@ struct PromptFacts {
     BoardErrorStyle errorStyle;
     int errorDelayMs;  // wait before an error is printed
     BoardEditor editor;
-    bool inputSkipsLf;  // the INPUT and PIN reader skips an LF behind a CR
-    int pinDelayMs;     // silence after each answer to the PIN question; -1: no PIN
-    bool softSignOn;    // a restart by software prints the sign-on
+    bool inputSkipsLf;    // the INPUT and PIN reader skips an LF behind a CR
+    int pinDelayMs;       // silence after each answer to the PIN question; -1: no PIN
+    bool softSignOn;      // a restart by software prints the sign-on
+    const char* startUp;  // sequences before the first prompt
 };
 
 struct ReceiveFacts {

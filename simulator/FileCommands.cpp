@@ -105,8 +105,8 @@ void RunChdir(Board& board) {
         Fail(board, "Could not find the path");
         return;
     }
-    // The name is shown as it was given when it was made.
-    const StoredFile* entry = FindFile(board.files, path);
+    // The name is shown as it was made, on the CMM2 in upper case.
+    const StoredFile* entry = board.facts.upperNames ? nullptr : FindFile(board.files, path);
     board.files.folder = entry ? JoinPath(FolderOf(path), entry->name) : path;
 }
 

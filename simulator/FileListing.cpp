@@ -90,7 +90,7 @@ void FillPager(Board& board, const Request& request, const std::vector<const Sto
     Pager& pager = board.pager;
     pager = Pager();
     // The cut comes when the width is reached, so a full line holds one character less.
-    const int width = board.facts.width - 1;
+    const int width = board.width - 1;
     size_t folders = 0;
     if (facts.layout != BoardListing::kNameFirst) AddPagedLine(pager, request.folder, width);
     for (const StoredFile* file : found) {

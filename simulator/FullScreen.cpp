@@ -46,13 +46,13 @@ void HoldIsOver(Board& board) {
 const BoardActivity kFullScreen = {TakeByte, HoldIsOver, nullptr};
 
 void Show(Board& board, const std::vector<std::string>& lines, const char* footer) {
-    const size_t width = static_cast<size_t>(board.facts.width) - 1;
-    const size_t rows = static_cast<size_t>(board.facts.rows) - 2;
+    const size_t width = static_cast<size_t>(board.width) - 1;
+    const size_t rows = static_cast<size_t>(board.height) - 2;
     PutRaw(board, kClear);
     for (size_t i = 0; i < lines.size() && i < rows; ++i) {
         PutRaw(board, lines[i].substr(0, width) + "\r\n");
     }
-    PutRaw(board, BoardFormat("\x1b[%d;1H\x1b[7m%s\x1b[m", board.facts.rows, footer));
+    PutRaw(board, BoardFormat("\x1b[%d;1H\x1b[7m%s\x1b[m", board.height, footer));
     board.fullScreen.keys.held.clear();
     StartActivity(board, kFullScreen);
 }

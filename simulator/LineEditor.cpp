@@ -7,6 +7,7 @@ namespace {
 
 constexpr size_t kTabWidth = 2;
 constexpr size_t kPromptWidth = 2;
+constexpr double kWrapMarkVersion = 6.00;  // first firmware that marks a full row
 
 std::string Backspaces(size_t count) {
     return std::string(count, '\b');
@@ -39,8 +40,8 @@ void TypeCharacter(Board& board, char c) {
     ++editor.cursor;
     Echo(board, std::string(1, c));
     // At the last column the firmware pushes the terminal's cursor round.
-    const size_t width = static_cast<size_t>(board.facts.width);
-    if (board.facts.prompt.editor == BoardEditor::kFull &&
+    const size_t width = static_cast<size_t>(board.width);
+    if (board.facts.version >= kWrapMarkVersion &&
         (editor.line.size() + kPromptWidth) % width == 0) {
         Echo(board, " \b");
     }

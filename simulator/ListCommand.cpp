@@ -37,7 +37,7 @@ void ListFile(Board& board, const std::string& data, bool stops) {
         for (const char c : line) {
             if (c != '\r') clean += c;
         }
-        if (!clean.empty()) AddWrapped(board.pager, clean, static_cast<size_t>(board.facts.width));
+        if (!clean.empty()) AddWrapped(board.pager, clean, static_cast<size_t>(board.width));
     }
     StartListing(board, stops);
 }
@@ -49,7 +49,7 @@ void ListLines(Board& board, const std::vector<std::string>& lines, bool stops) 
     const bool fromFile = board.facts.receive.needsName;
     board.pager = Pager();
     for (const std::string& line : lines) {
-        AddPagedLine(board.pager, fromFile ? line : RecasedLine(line), board.facts.width);
+        AddPagedLine(board.pager, fromFile ? line : RecasedLine(line), board.width);
     }
     StartListing(board, stops);
 }

@@ -37,12 +37,14 @@ void SetPin(Board& board) {
 
 void SetDisplay(Board& board) {
     const int rows = TakeInteger(board, 5, 100);
-    const int columns = TakeChar(board, ',') ? TakeInteger(board, 37, 240) : board.facts.width;
+    const int columns = TakeChar(board, ',') ? TakeInteger(board, 37, 240) : board.width;
     if (board.basic.failed) return;
     if (board.facts.lcdConsole) {
         Fail(board, "Cannot change LCD console");
         return;
     }
+    board.height = rows;
+    board.width = columns;
     board.options.values["DISPLAY"] = BoardFormat("%d, %d", rows, columns);
     PutRaw(board, BoardFormat("\x1b[8;%d;%dt", rows, columns));
 }

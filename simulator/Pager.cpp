@@ -1,5 +1,7 @@
 #include "simulator/Pager.h"
 
+#include <algorithm>
+
 #include "simulator/Board.h"
 
 namespace {
@@ -130,8 +132,10 @@ void WalkHoldIsOver(Board& board) {
 }
 
 void Start(Board& board, int firstPage, int nextPage, int delayMs) {
-    board.pager.left = firstPage;
-    board.pager.pageLines = nextPage;
+    // A taller console than the row's own holds so much more on a page.
+    const int more = nextPage > 0 ? board.height - board.facts.rows : 0;
+    board.pager.left = std::max(firstPage + more, 1);
+    board.pager.pageLines = nextPage > 0 ? std::max(nextPage + more, 1) : 0;
     StartActivity(board, kPrinting);
     WakeIn(board, delayMs);
 }

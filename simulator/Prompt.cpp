@@ -11,13 +11,15 @@ namespace {
 constexpr size_t kMaximumMessage = 63;
 constexpr char kPromptSub[] = "MM.PROMPT";
 
-void PrintPrompt(Board& board) {
+// What a long jump back to the prompt sends first, locked or not.
+void PrintLoudLead(Board& board) {
     const PromptFacts& facts = board.facts.prompt;
-    if (board.prompt.loud) {
-        PutRaw(board, facts.loudLead);
-        if (facts.loudNewLine) NewLine(board);
-    }
-    board.prompt.loud = false;
+    if (!std::exchange(board.prompt.loud, false)) return;
+    PutRaw(board, facts.loudLead);
+    if (facts.loudNewLine) NewLine(board);
+}
+
+void PrintPrompt(Board& board) {
     if (IsSub(board, kPromptSub) && !board.prompt.subBroken) {
         board.prompt.subRuns = true;
         StartDirectLine(board, kPromptSub);
@@ -25,7 +27,7 @@ void PrintPrompt(Board& board) {
     }
     FreshLine(board);
     Put(board, "> ");
-    PutRaw(board, facts.quietTail);
+    PutRaw(board, board.facts.prompt.quietTail);
     StartLineEditor(board);
 }
 
@@ -66,6 +68,7 @@ void ReturnToPrompt(Board& board) {
     StopProgram(board);
     // One that fails or is stopped would come again and again.
     if (std::exchange(board.prompt.subRuns, false)) board.prompt.subBroken = true;
+    PrintLoudLead(board);
     if (board.prompt.pin != 0 && !board.prompt.unlocked) {
         AskForPin(board);
         return;
@@ -99,6 +102,7 @@ void PrintSignOn(Board& board) {
     Put(board,
         "\r\nSimulated board of Kewlink Console\r\n"
         "The words of the firmware belong to its authors\r\n\r\n");
+    PutRaw(board, board.facts.prompt.startUp);
 }
 
 void RestartBoard(Board& board) {

@@ -50,7 +50,11 @@ void RunUntil(Board& board, int64_t now) {
 }  // namespace
 
 Board::Board(const BoardFacts& boardFacts, const BoardSetup& boardSetup)
-    : facts(boardFacts), setup(boardSetup), activity(&kOff) {
+    : facts(boardFacts),
+      setup(boardSetup),
+      width(boardFacts.width),
+      height(boardFacts.rows),
+      activity(&kOff) {
     random = setup.faults.seed * 0x9e3779b97f4a7c15u + 1;
     if (random == 0) random = 1;
     out.perByteUs = PerByteUs(facts, setup);

@@ -144,7 +144,7 @@ void StoreBlock(Board& board) {
     }
     xmodem.data.append(xmodem.block, 2, kXmodemData);
     ++xmodem.number;
-    xmodem.repeatsLeft = kXmodemSends + 1;
+    xmodem.repeatsLeft = kXmodemSends;
     StartActivity(board, kWriting);
     WakeIn(board, kWriteMs);
 }
@@ -164,7 +164,7 @@ void JudgeBlock(Board& board) {
         RejectBlock(board);
     } else if (expected) {
         StoreBlock(board);
-    } else if (--xmodem.repeatsLeft <= 0) {
+    } else if (xmodem.repeatsLeft-- == 0) {
         WaitForQuiet(board, GiveUp);
     } else {
         Acknowledge(board);
