@@ -130,7 +130,12 @@ class Console:
         self.desktop.run("xdotool", "key", "--delay", "30", *keys)
 
     def type(self, text):
-        self.desktop.run("xdotool", "type", "--delay", "15", text)
+        """Types a text; a line end in it is the Return key."""
+        for i, line in enumerate(text.split("\n")):
+            if i:
+                self.key("Return")
+            if line:
+                self.desktop.run("xdotool", "type", "--delay", "15", line)
 
     def popup(self, entry):
         """Chooses entry (counted from 1) of the terminal's pop-up menu. While a handler blocks

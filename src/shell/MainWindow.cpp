@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <algorithm>
 
 #include "base/Numbers.h"
 #include "terminal/screen/TerminalScreen.h"
@@ -30,7 +31,8 @@ constexpr int kGadgetHeight = 20;
 constexpr int kFrameMargin = 5;    // between frame canvas and terminal canvas
 constexpr int kScrollBarGap = 17;  // from the canvas's width to the bar's left edge
 constexpr int kScrollBarWidth = 18;
-constexpr int kScrollBarPage = 40;  // page length, in lines
+constexpr int kLargestStoredSize = 10000;  // of the canvas, in pixels
+constexpr int kScrollBarPage = 40;         // page length, in lines
 
 enum class Kind {
     kButton,
@@ -163,7 +165,11 @@ void CreateToolbarRows() {
     SetGadgetText(kTerminalSizeText, "Terminal size: " + TerminalSizeText());
 }
 
+// The stored size serves the canvases' creation alone; whatever a file says, it is held to
+// what an image can be.
 void CreateTerminal() {
+    SetCanvasSize(std::clamp(terminalSettings.canvasWidth, 1, kLargestStoredSize),
+                  std::clamp(terminalSettings.canvasHeight, 1, kLargestStoredSize));
     CanvasGadget(kFrameCanvas, kRowLeft, mainWindowPlace.contentTop,
                  terminalSettings.canvasWidth + 2 * kFrameMargin,
                  terminalSettings.canvasHeight + 2 * kFrameMargin, kCanvasFrame + kCanvasContainer);

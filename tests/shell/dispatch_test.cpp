@@ -4,6 +4,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <QStringList>
 #include <string>
 
 #include "base/Numbers.h"
