@@ -121,14 +121,13 @@ void PostInterfaceEvent(int32_t number, int64_t window, int64_t object, int64_t 
     event.data = data;
     const QueueGuard guard(queueLock);
     Append(NewEventRecord(event));
-    EndWait();
+    WakeInterfaceThread();
 }
 
 void RaiseInterfaceEvent(const InterfaceEvent& event) {
     assert(OnInterfaceThread());
     InterfaceEvent* record = Enter(event);
     if (!record) return;
-    EndWait();
     if (!(event.flags & kEventUnmerged)) RunHandlersNow(record);
 }
 

@@ -66,6 +66,7 @@ void EnterGadget(PBGadgetFunctions* functions, const QRect& place) {
     if (defaultFont) widget->setFont(*defaultFont);
     widget->installEventFilter(GadgetEventFilter());
     widget->setGeometry(place);
+    functions->Resized();
     widget->show();
 }
 

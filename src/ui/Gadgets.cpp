@@ -73,11 +73,13 @@ int GadgetState(int gadget) {
 }
 
 void ResizeGadget(int gadget, int x, int y, int width, int height) {
-    QWidget* const widget = WidgetOf(gadget);
-    if (!widget) return;
+    PBGadgetFunctions* const functions = FindGadget(gadget);
+    if (!functions) return;
+    QWidget* const widget = functions->Widget();
     const QRect now = widget->geometry();
     widget->setGeometry(Kept(x, now.x()), Kept(y, now.y()), Kept(width, now.width()),
                         Kept(height, now.height()));
+    functions->Resized();
 }
 
 int GadgetX(int gadget) {

@@ -21,11 +21,12 @@ QApplication* application = nullptr;
 int toolkitArgumentCount = 1;
 
 void CreateApplication(char** argv) {
-    // Every pointer move counts for a selection, those of a burst too.
-    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     QGuiApplication::setFallbackSessionManagementEnabled(false);
     application = new QApplication(toolkitArgumentCount, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    // Every pointer move counts for a selection, those of a burst too. The platform's own
+    // start turns the compression on.
+    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
 }
 
 }  // namespace

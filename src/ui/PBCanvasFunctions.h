@@ -11,6 +11,7 @@ class PBCanvasFunctions : public PBGadgetFunctions {
         : PBGadgetFunctions(gadget, shown), canvas(shown) {}
 
     PBCanvasWidget& Canvas() { return *canvas; }
+    void Resized() override { canvas->FitImage(); }
     bool ReportsFocus() const override { return true; }
 
   private:

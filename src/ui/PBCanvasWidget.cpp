@@ -13,8 +13,9 @@
 namespace {
 
 // The least time between two showings. A stream of text changes the picture far more
-// often than anybody can see.
-constexpr int kShowEveryMs = 16;
+// often than anybody can see, and each showing copies it twice. A change after a pause is
+// shown at once.
+constexpr int kShowEveryMs = 30;
 constexpr int kMaxPendingRects = 16;  // beyond them their bounding box is simpler
 constexpr int kWheelStep = 120;       // the toolkit's units of one wheel step
 
@@ -112,8 +113,12 @@ void PBCanvasWidget::paintEvent(QPaintEvent* event) {
     sinceShown.restart();
 }
 
-void PBCanvasWidget::resizeEvent(QResizeEvent* event) {
-    image.Resize(event->size().width(), event->size().height());
+void PBCanvasWidget::FitImage() {
+    image.Resize(width(), height());
+}
+
+void PBCanvasWidget::resizeEvent(QResizeEvent*) {
+    FitImage();
 }
 
 void PBCanvasWidget::mousePressEvent(QMouseEvent* event) {

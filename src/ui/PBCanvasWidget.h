@@ -17,6 +17,8 @@ class PBCanvasWidget : public QFrame {
     ~PBCanvasWidget() override;
 
     CanvasImage& Image() { return image; }
+    // Gives the image the widget's size.
+    void FitImage();
     // Has a part of the image shown soon: at once when the last showing is a while ago,
     // else together with what changes until the next one is due.
     void ShowSoon(const QRect& area);

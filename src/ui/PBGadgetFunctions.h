@@ -18,6 +18,9 @@ class PBGadgetFunctions : public QObject {
     // Gaining and losing the focus are events of this gadget.
     virtual bool ReportsFocus() const { return false; }
 
+    // The widget has a new size. The toolkit tells a hidden one only when it is shown.
+    virtual void Resized() {}
+
     virtual void SetText(const QString&) {}
     virtual QString Text() const { return {}; }
     virtual void SetState(int) {}

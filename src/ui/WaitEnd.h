@@ -5,6 +5,7 @@
 void StartWaiting();
 void StopWaiting();
 
-// Ends a wait that is on, because the queue has an event. Any thread; another thread's
-// call is made under the queue's lock, which keeps StopWaiting away.
-void EndWait();
+// Ends a sleep of WaitForEvent, because the queue has an event. For posts, from any thread,
+// made under the queue's lock, which keeps StopWaiting away. Nothing on the interface
+// thread, which looks at the queue after whatever it did.
+void WakeInterfaceThread();

@@ -15,24 +15,20 @@
 
 namespace {
 
-// What a wait sleeps on. Another thread ends the wait by a toolkit event to this object;
-// calling quit() from there could fall before exec() and be lost.
+// What a wait is ended by, beside the toolkit's own events: a timer, and an event from
+// another thread.
 class Waiter : public QObject {
   public:
     Waiter() {
         timer.setSingleShot(true);
         timer.setTimerType(Qt::PreciseTimer);
-        connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
     }
     bool event(QEvent* event) override {
         if (event->type() != QEvent::User) return QObject::event(event);
         wakeUnderWay = false;
-        // A late one, of an event that was taken meanwhile, ends nothing.
-        if (QueuedEventCount() > 0) loop.quit();
         return true;
     }
 
-    QEventLoop loop;
     QTimer timer;
     std::atomic<bool> wakeUnderWay{false};
 };
@@ -42,13 +38,19 @@ class Waiter : public QObject {
 std::atomic<Waiter*> waiter{nullptr};
 bool inWait = false;
 
-// Serves the toolkit until an event comes or the time is up.
+// Lets the toolkit sleep until it has something to do, and do it, until that brings an
+// event or the time is up. Each turn costs the kernel one poll(2), which a loop that is
+// told to quit for each event would not manage.
 bool ServeToolkit(int timeoutMs) {
-    Waiter& wait = *waiter;
-    if (timeoutMs >= 0) wait.timer.start(timeoutMs);
-    const bool left = wait.loop.exec() != -1;
-    wait.timer.stop();
-    return left;
+    QTimer& timer = waiter.load()->timer;
+    if (timeoutMs >= 0) timer.start(timeoutMs);
+    bool came = false;
+    while (!came && (timeoutMs < 0 || timer.isActive())) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        came = TakeQueuedEvent();
+    }
+    timer.stop();
+    return came;
 }
 
 }  // namespace
@@ -61,12 +63,9 @@ void StopWaiting() {
     delete waiter.exchange(nullptr);
 }
 
-void EndWait() {
+void WakeInterfaceThread() {
     Waiter* const wait = waiter;
-    if (!wait) return;
-    if (OnInterfaceThread()) {
-        wait->loop.quit();
-    } else if (!wait->wakeUnderWay.exchange(true)) {
+    if (wait && !OnInterfaceThread() && !wait->wakeUnderWay.exchange(true)) {
         QCoreApplication::postEvent(wait, new QEvent(QEvent::User));
     }
 }
@@ -78,12 +77,11 @@ int32_t WaitForEvent(int timeoutMs) {
     inWait = true;
     ShowNewWindows();
     bool came = TakeQueuedEvent();
-    if (!came && timeoutMs >= 0) {
-        ServeToolkit(timeoutMs);
-        came = TakeQueuedEvent();
+    if (!came) {
+        // No handler is on the stack here, so what was freed in one can go.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        came = ServeToolkit(timeoutMs);
     }
-    // The second condition ends it when the toolkit itself was told to end.
-    while (!came && timeoutMs < 0 && ServeToolkit(timeoutMs)) came = TakeQueuedEvent();
     inWait = false;
     return came ? EventNumber() : kNoEvent;
 }

@@ -186,6 +186,18 @@ TEST(Canvas, FocusIsToldForCanvasesAndEntries) {
     EXPECT_EQ(FocusedGadget(), kCanvas);
 }
 
+// A hidden canvas has its size at once: what is drawn before the window shows stays.
+TEST(Canvas, CanBeDrawnOnBeforeItShows) {
+    OpenNumberedWindow(kTestWindow, 0, 0, 300, 200, "Test", kStandardWindowFlags);
+    CanvasGadget(kCanvas, 5, 5, 100, 50, kCanvasKeyboard);
+    ResizeGadget(kCanvas, kKeep, kKeep, 200, 100);
+    ASSERT_TRUE(StartDrawing(kCanvas));
+    DrawBox(0, 0, 200, 100, 0x0000FF);
+    StopDrawing();
+    TakeEvents();
+    EXPECT_EQ(WidgetOfGadget(kCanvas)->grab().toImage().pixelColor(199, 99), QColor(255, 0, 0));
+}
+
 // The picture reaches the widget: at once when flushed, and at every size.
 TEST(Canvas, ShowsItsImage) {
     QWidget* const canvas = OpenCanvas();
