@@ -1,3 +1,4 @@
+// The two blocks that all link traffic passes through.
 #include <algorithm>
 #include <vector>
 

@@ -1,3 +1,4 @@
+// Events of the main window by their number, and events by window.
 #include "base/Numbers.h"
 #include "filemanager/BatchQueue.h"
 #include "link/LinkPrimitives.h"

@@ -1,3 +1,4 @@
+// Gadget events of the main window.
 #include "base/Numbers.h"
 #include "base/TextRules.h"
 #include "link/Connection.h"

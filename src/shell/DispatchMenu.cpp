@@ -1,3 +1,4 @@
+// Menu items and shortcuts of the main window.
 #include "base/LineEnding.h"
 #include "base/Numbers.h"
 #include "base/TextRules.h"

@@ -1,3 +1,4 @@
+// Timers of the main window.
 #include "base/Numbers.h"
 #include "shell/Dispatch.h"
 #include "shell/Poll.h"

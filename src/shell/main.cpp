@@ -1,3 +1,4 @@
+// The entry point.
 #include "shell/StartUp.h"
 
 int main(int argc, char** argv) { return RunProgram(argc, argv); }

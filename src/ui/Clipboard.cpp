@@ -1,3 +1,4 @@
+// The clipboard.
 #include <QClipboard>
 #include <QGuiApplication>
 

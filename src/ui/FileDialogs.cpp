@@ -1,3 +1,4 @@
+// The dialogs that ask for a file.
 #include <QFileDialog>
 #include <QFileInfo>
 

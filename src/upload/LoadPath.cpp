@@ -1,3 +1,4 @@
+// A path from the command line or a local tool, loaded.
 #include "base/TextRules.h"
 #include "link/SerialPort.h"
 #include "terminal/screen/TerminalScreen.h"

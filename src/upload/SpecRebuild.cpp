@@ -1,3 +1,4 @@
+// A device specification from the gadgets of the window.
 #include <QStringList>
 
 #include "base/Numbers.h"

@@ -1,3 +1,4 @@
+// The sequences of the function keys.
 #include <QtCore/qnamespace.h>
 
 #include "base/Numbers.h"

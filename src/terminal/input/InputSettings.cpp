@@ -1,3 +1,4 @@
+// The settings of keys and mouse.
 #include "terminal/input/TerminalInput.h"
 
 namespace {

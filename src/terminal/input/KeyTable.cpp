@@ -1,3 +1,4 @@
+// The keys that send bytes on key down.
 #include <QtCore/qnamespace.h>
 
 #include "base/Numbers.h"

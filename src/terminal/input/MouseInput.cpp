@@ -1,3 +1,4 @@
+// Mouse reports and the wheel.
 #include <algorithm>
 #include <climits>
 #include <cstdint>

@@ -1,3 +1,4 @@
+// The default colours and the switch of the scheme.
 #include "base/Numbers.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"

@@ -1,3 +1,4 @@
+// Erasing in the line of the cursor.
 #include "base/Numbers.h"
 #include "terminal/screen/CellPainting.h"
 #include "terminal/screen/LineList.h"

@@ -1,3 +1,4 @@
+// What each final byte of a control sequence does.
 #include <QString>
 #include <algorithm>
 #include <limits>
