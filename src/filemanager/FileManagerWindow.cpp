@@ -2,7 +2,9 @@
 
 #include "terminal/screen/NotBuilt.h"
 
-void OpenFileManager() { TellNotBuilt("The file manager"); }
+void OpenFileManager() {
+    TellNotBuilt("The file manager");
+}
 
 // With no window to close, resize or click, these have nothing to act on.
 void CloseFileManager() {}

@@ -25,13 +25,21 @@ void Run(const SideRow (&rows)[kCount], int32_t event, int64_t gadget) {
     }
 }
 
-void HelpEditorIndex() { HelpButtonClicked(kHelpEditorIndexButton); }
+void HelpEditorIndex() {
+    HelpButtonClicked(kHelpEditorIndexButton);
+}
 
-void HelpBasicIndex() { HelpButtonClicked(kHelpBasicIndexButton); }
+void HelpBasicIndex() {
+    HelpButtonClicked(kHelpBasicIndexButton);
+}
 
-void HelpBack() { HelpButtonClicked(kHelpBackButton); }
+void HelpBack() {
+    HelpButtonClicked(kHelpBackButton);
+}
 
-void HelpForward() { HelpButtonClicked(kHelpForwardButton); }
+void HelpForward() {
+    HelpButtonClicked(kHelpForwardButton);
+}
 
 // clang-format off
 const SideRow helpRows[] = {
@@ -54,7 +62,9 @@ const SideRow fileManagerRows[] = {
 
 }  // namespace
 
-void DispatchHelpWindow(int32_t event, int64_t gadget) { Run(helpRows, event, gadget); }
+void DispatchHelpWindow(int32_t event, int64_t gadget) {
+    Run(helpRows, event, gadget);
+}
 
 void DispatchFileManagerWindow(int32_t event, int64_t gadget) {
     Run(fileManagerRows, event, gadget);

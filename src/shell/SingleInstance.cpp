@@ -77,8 +77,8 @@ void HandOver(const QString& commandLine, int port) {
     if (fd) {
         const QByteArray command = QString("/load " + commandLine + "\r").toUtf8();
         // Who takes less than the whole command is gone already: there is no retry.
-        const ssize_t sent = send(fd, command.constData(), static_cast<size_t>(command.size()),
-                                  MSG_NOSIGNAL);
+        const ssize_t sent =
+            send(fd, command.constData(), static_cast<size_t>(command.size()), MSG_NOSIGNAL);
         static_cast<void>(sent);
         SleepMs(kHandOverPause);
         CloseTcpClient(fd);

@@ -11,11 +11,18 @@ TEST(TextRules, IntegersFollowStrtolAndTheDollarPrefix) {
         const char* text;
         int64_t value;
     } rows[] = {
-        {"", 0},           {"x12", 0},      {"12x", 12},      {"  -7 ", -7},
-        {"$FF", 255},      {" $0000CD", 205}, {"$", 0},       {"$zz", 0},
+        {"", 0},
+        {"x12", 0},
+        {"12x", 12},
+        {"  -7 ", -7},
+        {"$FF", 255},
+        {" $0000CD", 205},
+        {"$", 0},
+        {"$zz", 0},
         {"99999999999999999999", std::numeric_limits<int64_t>::max()},
         {"-99999999999999999999", std::numeric_limits<int64_t>::min()},
-        {"12.9", 12},      {"+5", 5},
+        {"12.9", 12},
+        {"+5", 5},
     };
     for (const auto& row : rows) EXPECT_EQ(TextToInteger(row.text), row.value) << row.text;
     EXPECT_EQ(TextToInteger32("4294967297"), 1);
