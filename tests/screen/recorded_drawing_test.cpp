@@ -173,7 +173,7 @@ class RecordedDrawing : public testing::Test {
 
 TEST_F(RecordedDrawing, EqualsDrawingAtOnceWhateverIsDrawnAndWheneverOneLooks) {
     const unsigned first = std::random_device()();
-    for (unsigned seed = first; seed != first + 500 && !HasFatalFailure(); ++seed) {
+    for (unsigned seed = first; seed != first + 3000 && !HasFatalFailure(); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         BothWays both(seed);
         const int steps = both.Number(1, 60);

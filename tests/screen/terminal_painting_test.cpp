@@ -1,0 +1,202 @@
+// The screen model and its painters against a plain terminal, and the looks that are meant
+// although they seem to be slips.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <random>
+
+#include "base/Numbers.h"
+#include "terminal/screen/TerminalPainters.h"
+#include "terminal/screen/TerminalScreen.h"
+#include "terminal/screen/TerminalSettings.h"
+#include "terminal/screen/TerminalSizing.h"
+#include "terminal/screen/VtParser.h"
+#include "tests/screen/PlainTerminal.h"
+#include "tests/screen/ScreenRig.h"
+#include "ui/Drawing.h"
+#include "ui/Gadgets.h"
+
+namespace {
+
+void UseSettings(int cols, int rows, int scrollBack, bool dark) {
+    TerminalSettings& settings = TerminalSettingsForTable();
+    settings.cols = cols;
+    settings.rows = rows;
+    settings.scrollBack = scrollBack;
+    settings.darkBackground = dark;
+}
+
+bool SameCells(const TerminalLine& a, const TerminalLine& b) {
+    return a.length == b.length && std::equal(a.cells, a.cells + kLineCells, b.cells,
+                                              [](const TerminalCell& x, const TerminalCell& y) {
+                                                  return x.ch == y.ch && x.attr == y.attr &&
+                                                         x.bg == y.bg && x.fg == y.fg;
+                                              });
+}
+
+void Compare(const PlainTerminal& plain) {
+    ASSERT_EQ(terminalScreen.cursorX, plain.state.cursorX);
+    ASSERT_EQ(terminalScreen.cursorY, plain.state.cursorY);
+    ASSERT_EQ(terminalScreen.topLine, plain.state.topLine);
+    ASSERT_EQ(terminalScreen.topLimit, plain.state.topLimit);
+    ASSERT_EQ(terminalScreen.curFg, plain.state.curFg);
+    ASSERT_EQ(static_cast<size_t>(TerminalLineCount()), plain.lines.size());
+    ASSERT_EQ(TerminalLineCount(), terminalScreen.rows + 1 + terminalScreen.topLimit);
+    for (int i = 0; i < TerminalLineCount(); ++i) {
+        ASSERT_TRUE(SameCells(*TerminalLineAt(i), plain.lines[i])) << "element " << i;
+    }
+    ASSERT_EQ(TerminalLineAt(-1), nullptr);
+    ASSERT_EQ(TerminalLineAt(TerminalLineCount()), nullptr);
+    ExpectSamePicture(TerminalPicture(), plain.picture.Image(), "terminal");
+}
+
+class RandomUse {
+  public:
+    explicit RandomUse(unsigned seed) : random(seed) {}
+
+    int Number(int least, int most) {
+        return std::uniform_int_distribution<int>(least, most)(random);
+    }
+
+    void Step(PlainTerminal* plain) {
+        switch (Number(0, 13)) {
+            case 0:
+                return Move(plain);
+            case 1:
+            case 2:
+                return Look(plain);
+            case 3:
+                return Erase(plain);
+            case 4: {
+                const int n = Number(0, 9) ? 1 : Number(-1, 12);
+                TerminalScrollDown(n);
+                return plain->ScrollDown(std::max(n, 0));
+            }
+            case 5:
+            case 6:
+            case 7: {
+                const int n = Number(0, 5) ? 1 : Number(-1, 12);
+                TerminalScrollUp(n);
+                return plain->ScrollUp(std::max(n, 0));
+            }
+            case 8:
+                NotifyCursorBlink();
+                return plain->Blink();
+            case 9:
+                if (Number(0, 9) == 0) Restart(plain);
+                return;
+            default:
+                return Put(plain);
+        }
+    }
+
+  private:
+    void Move(PlainTerminal* plain) {
+        // Beyond the last column too, where the hex monitor writes.
+        plain->state.cursorX = Number(0, 9) ? Number(1, plain->state.cols) : Number(1, kLastColumn);
+        plain->state.cursorY = Number(1, plain->state.rows);
+        MoveTerminalCursor(plain->state.cursorX, plain->state.cursorY);
+    }
+
+    void Look(PlainTerminal* plain) {
+        static const int kAttributes[] = {0, 1, 2, 4, 8, 16, 28};
+        static const uint32_t kColours[] = {0xFFFFFF, 0, 0x00CD00, 0xE10000};
+        plain->state.textAttr = kAttributes[Number(0, 6)];
+        plain->state.curFg = kColours[Number(0, 3)];
+        plain->state.curBg = kColours[Number(0, 3)];
+        SetTextAttribute(plain->state.textAttr);
+        SetCurrentColours(plain->state.curFg, plain->state.curBg);
+        plain->state.cursorVisible = Number(0, 3) != 0;
+        SetCursorVisible(plain->state.cursorVisible);
+    }
+
+    void Erase(PlainTerminal* plain) {
+        const int mode = Number(-1, 3);
+        TerminalEraseLine(mode);
+        plain->Erase(mode);
+    }
+
+    void Put(PlainTerminal* plain) {
+        std::u16string text;
+        const int count = Number(1, Number(0, 9) ? 12 : 300);
+        for (int i = 0; i < count; ++i) {
+            text += static_cast<char16_t>(Number(0, 30) ? Number(' ', '~') : Number(0, 0xFFFF));
+        }
+        TerminalPutText(text.data(), count);
+        plain->Put(text);
+    }
+
+    void Restart(PlainTerminal* plain) {
+        if (Number(0, 1)) {
+            TerminalRepaint();
+            return plain->Repaint();
+        }
+        ClearTerminal(kTerminalCanvas);
+        plain->Clear();
+    }
+
+    std::mt19937 random;
+};
+
+TEST(TerminalPainting, EqualsAPlainTerminalInCellsAndPixels) {
+    OpenScreenRig();
+    PlainTerminal plain;
+    const unsigned first = std::random_device()();
+    for (unsigned seed = first; seed != first + 150 && !testing::Test::HasFatalFailure(); ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        RandomUse use(seed);
+        UseSettings(use.Number(1, 30), use.Number(1, 7), use.Number(0, 9), use.Number(0, 1));
+        SetUpTerminal();
+        LayoutMainWindow();
+        plain.TakeOver();
+        for (int step = use.Number(1, 150); step > 0; --step) use.Step(&plain);
+        Compare(plain);
+    }
+}
+
+// A pixel of the row's box at a column, so many rows below the box's repaint y.
+QRgb PixelAt(int column, int row, int below) {
+    return TerminalPicture().pixel((column - 1) * terminalMetrics.charWidth + 3,
+                                   (row - 1) * terminalMetrics.charHeight + below);
+}
+
+TEST(TerminalPainting, LooksThatAreMeant) {
+    constexpr QRgb kBlackPixel = 0xFF000000, kWhitePixel = 0xFFFFFFFF;
+    UseSettings(20, 5, 10, true);
+    OpenScreenRig();
+    const int height = terminalMetrics.charHeight;
+    // A redrawn row stands two pixels higher than a written one, whose last two pixel rows
+    // stay below it.
+    Feed("\x1b[5;1H\x1b[7m  ");
+    EXPECT_EQ(PixelAt(1, 5, 1), kBlackPixel);
+    EXPECT_EQ(PixelAt(1, 5, 2), kWhitePixel);
+    EXPECT_EQ(PixelAt(1, 5, height + 1), kWhitePixel);
+    Feed("\n");
+    EXPECT_EQ(PixelAt(1, 4, -1), kBlackPixel);
+    EXPECT_EQ(PixelAt(1, 4, 0), kWhitePixel);
+    EXPECT_EQ(PixelAt(1, 4, height + 1), kWhitePixel);
+    EXPECT_EQ(PixelAt(1, 4, height + 2), kBlackPixel);
+    // A full repaint draws the cells alone and takes those two rows away.
+    TerminalRepaint();
+    EXPECT_EQ(PixelAt(1, 4, height - 1), kWhitePixel);
+    EXPECT_EQ(PixelAt(1, 4, height), kBlackPixel);
+    // The cell that nothing wrote at a line's end has background 0: black on white.
+    SwitchDarkBackground();
+    Feed("\x1b[0m\x1b[5;1Habc");
+    EXPECT_EQ(PixelAt(4, 5, 8), kWhitePixel);
+    Feed("\n");
+    EXPECT_EQ(PixelAt(4, 4, 8), kBlackPixel);
+    EXPECT_EQ(PixelAt(5, 4, 8), kWhitePixel);
+    // So is the cursor bar on such a cell, in both phases.
+    for (int phase = 0; phase < 2; ++phase) {
+        NotifyCursorBlink();
+        EXPECT_EQ(PixelAt(1, 5, height), kBlackPixel) << phase;
+    }
+    Feed("\x1b[?25l ");
+    for (int phase = 0; phase < 2; ++phase) {
+        NotifyCursorBlink();
+        EXPECT_EQ(PixelAt(2, 5, height), kBlackPixel) << phase;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,251 @@
+// Sizes, fonts, the window around the terminal, the scroll bar, and lines of other threads.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <thread>
+
+#include "base/Numbers.h"
+#include "terminal/screen/TerminalMode.h"
+#include "terminal/screen/TerminalPainters.h"
+#include "terminal/screen/TerminalScreen.h"
+#include "terminal/screen/TerminalSettings.h"
+#include "terminal/screen/TerminalSizing.h"
+#include "terminal/screen/VtParser.h"
+#include "tests/screen/ScreenRig.h"
+#include "ui/Dialogs.h"
+#include "ui/Drawing.h"
+#include "ui/Gadgets.h"
+#include "ui/InterfaceEvent.h"
+#include "ui/WaitWindowEvent.h"
+#include "ui/Windows.h"
+
+namespace {
+
+QString answer;
+QString askedPreset;
+FontChoice chosenFont;
+
+QString AnswerText(const QString& title, const QString& prompt, const QString& preset) {
+    EXPECT_EQ(title, "New size");
+    EXPECT_EQ(prompt, "Enter new terminal size W x H");
+    askedPreset = preset;
+    return answer;
+}
+
+FontChoice AnswerFont(const QString&, int) {
+    return chosenFont;
+}
+
+class TerminalSizingTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        OpenScreenRig();
+        answers.text = AnswerText;
+        answers.font = AnswerFont;
+        AnswerDialogs(&answers);
+    }
+    void TearDown() override { AnswerDialogs(nullptr); }
+    DialogAnswers answers;
+};
+
+std::string Size() {
+    return std::to_string(terminalScreen.cols) + "x" + std::to_string(terminalScreen.rows);
+}
+
+// What every change of size leaves: an empty terminal, and a window and pictures that fit.
+void ExpectFitting() {
+    const int width = terminalScreen.cols * terminalMetrics.charWidth + 4;
+    const int height = terminalScreen.rows * terminalMetrics.charHeight + 4;
+    EXPECT_EQ(terminalSettings.canvasWidth, width);
+    EXPECT_EQ(terminalSettings.canvasHeight, height);
+    EXPECT_EQ(TerminalPicture().size(), QSize(width, height));
+    EXPECT_EQ(GadgetWidth(kTerminalCanvas), width);
+    EXPECT_EQ(GadgetHeight(kFrameCanvas), height + 10);
+    EXPECT_EQ(GadgetX(kTerminalScrollBar), width + 17);
+    EXPECT_EQ(GadgetY(kTerminalScrollBar), mainWindowPlace.contentTop);
+    EXPECT_EQ(WindowWidth(kMainWindow, WindowMeasure::kInner), width + 40);
+    EXPECT_EQ(WindowHeight(kMainWindow, WindowMeasure::kInner),
+              height + mainWindowPlace.contentTop + 35);
+    EXPECT_EQ(GadgetText(kTerminalSizeText), QString("%1 x %2 char, %3 x %4 pixels")
+                                                 .arg(terminalScreen.cols)
+                                                 .arg(terminalScreen.rows)
+                                                 .arg(width)
+                                                 .arg(height));
+    EXPECT_EQ(TerminalLineCount(), terminalScreen.rows + 1);
+    EXPECT_EQ(RowText(1), "");
+}
+
+TEST_F(TerminalSizingTest, AsksForASize) {
+    const struct {
+        const char* answer;
+        const char* size;
+    } rows[] = {
+        {"80X24", "80x24"},   {"81 x 25", "81x25"},
+        {"82 26", "82x26"},   {"83 X  27", "83x27"},
+        {"149x79", "149x79"}, {"150x80", "149x79"},
+        {"10x6", "149x79"},   {"11x5", "149x79"},
+        {"11 x 6", "11x6"},   {"", "11x6"},
+        {"80", "11x6"},       {"axb", "11x6"},
+        {"60x20x9", "60x20"}, {"4294967376x24", "60x20"},
+    };
+    for (const auto& row : rows) {
+        answer = row.answer;
+        const QString before = QString("%1 x %2").arg(terminalScreen.cols).arg(terminalScreen.rows);
+        AskTerminalSize();
+        EXPECT_EQ(askedPreset, before);
+        EXPECT_EQ(Size(), row.size) << row.answer;
+    }
+    ExpectFitting();
+    Feed("text\n");
+    answer = "60 x 20";  // the present size clears all the same
+    AskTerminalSize();
+    ExpectFitting();
+    Feed("text");
+    RestoreDefaultTerminalSize();
+    EXPECT_EQ(Size(), "101x50");
+    ExpectFitting();
+    EXPECT_EQ(SetTerminalSize(101, 50), 0);
+    EXPECT_EQ(SetTerminalSize(101, 51), 1);
+}
+
+TEST_F(TerminalSizingTest, TheDeviceResizesWithinBounds) {
+    const struct {
+        const char* feed;
+        const char* size;
+    } rows[] = {
+        {"\x1b[8;24;80t", "80x24"},
+        {"\x1b[8;9999999;9999999t", "256x256"},
+        {"\x1b[1;30;40t", "40x30"},
+        {"\x1b[t", "40x30"},  // what is absent stays
+        {"\x1b[8;;50t", "50x30"},
+        {"\x1b[8;1;1t", "1x1"},
+        {"\x1b[8;20;60tx\x1b[8;21;61t\n", "61x21"},
+    };
+    for (const auto& row : rows) {
+        Feed("some text\n\n\n");
+        Feed(row.feed);
+        EXPECT_EQ(Size(), row.size) << row.feed;
+        ExpectFitting();
+    }
+    // What follows in the same read is written on the new canvas, colours and all.
+    Feed("\x1b[8;10;30t\x1b[31mred");
+    EXPECT_EQ(TerminalLineAt(1)->cells[1].fg, terminalSettings.palette[1]);
+    SetAllowResize(false);
+    Feed("\x1b[8;24;80tA");
+    EXPECT_EQ(Size(), "30x10");
+    EXPECT_EQ(RowText(1), "redA.");
+}
+
+TEST_F(TerminalSizingTest, TakesAFontAndTheOtherScheme) {
+    Feed("text\n");
+    const int cellBefore = terminalMetrics.charWidth;
+    AskTerminalFont();
+    EXPECT_EQ(RowText(1), "text.");
+    chosenFont = {true, "Liberation Mono", 14};
+    AskTerminalFont();
+    EXPECT_GT(terminalMetrics.charWidth, cellBefore);
+    EXPECT_EQ(terminalSettings.fontSize, 14);
+    ExpectFitting();
+    Feed("text");
+    SwitchDarkBackground();
+    EXPECT_EQ(RowText(1), "");
+    EXPECT_EQ(terminalSettings.darkBackground, 0);
+    EXPECT_EQ(TerminalPicture().pixel(1, 1), 0xFFFFFFFF);
+}
+
+TEST_F(TerminalSizingTest, StrangeSettingsAreHeld) {
+    TerminalSettings& settings = TerminalSettingsForTable();
+    settings.cols = -7;
+    settings.rows = 1 << 30;
+    settings.scrollBack = -1;
+    settings.fontSize = 1 << 30;
+    settings.extraLinePixels = -(1 << 30);
+    SetUpTerminal();
+    EXPECT_EQ(Size(), "101x256");
+    EXPECT_EQ(terminalMetrics.charHeight, 1);
+    LayoutMainWindow();
+    Feed("A\n\nB\x1bM\x1bM");
+    EXPECT_FALSE(TerminalPicture().isNull());
+}
+
+TEST_F(TerminalSizingTest, LaysOutTheShownRows) {
+    SetLinesToShow("10a2");
+    LayoutMainWindow();
+    EXPECT_EQ(mainWindowPlace.contentTop, 55);
+    const bool shown[] = {true, false, false, true, false, false};
+    for (int i = 0; i < kToolbarRows; ++i) {
+        EXPECT_EQ(GadgetHidden(kFirstToolbarRow + i), !shown[i]) << i;
+    }
+    EXPECT_EQ(GadgetY(kFirstToolbarRow + 3), 30);
+    SetLinesToShow("");
+    LayoutMainWindow();
+    EXPECT_EQ(mainWindowPlace.contentTop, 5);
+    EXPECT_EQ(CanvasPicture(kFrameCanvas).pixel(2, 2), 0xFF7FC2FF);
+    PaintTerminalFrame(false);
+    EXPECT_EQ(CanvasPicture(kFrameCanvas).pixel(2, 2), 0xFFF0F0F0);
+}
+
+// The bar reaches 40 lines less than the scrollback, and nothing holds its lower part.
+TEST_F(TerminalSizingTest, TheScrollBarMovesTheView) {
+    for (int i = 0; i < 100; ++i) TerminalPrintLine(QString::number(i));
+    EXPECT_EQ(terminalScreen.topLine, 51);
+    EXPECT_EQ(GadgetState(kTerminalScrollBar), 51);
+    SetGadgetState(kTerminalScrollBar, 20);
+    ScrollBarChanged();
+    EXPECT_EQ(terminalScreen.topLine, 20);
+    EXPECT_EQ(RowText(1), "20.");
+    Feed("here\n");  // lands on the rows on show and creates no line
+    EXPECT_EQ(terminalScreen.topLine, 21);
+    EXPECT_EQ(terminalScreen.topLimit, 51);
+    SetGadgetState(kTerminalScrollBar, 900);
+    ScrollBarChanged();
+    EXPECT_EQ(terminalScreen.topLine, 51);
+    EXPECT_EQ(GadgetState(kTerminalScrollBar), 51);
+    Feed(std::string(2000, '\n'));
+    EXPECT_EQ(terminalScreen.topLine, 1024);
+    EXPECT_EQ(GadgetState(kTerminalScrollBar), 1024 - 40);
+}
+
+TEST_F(TerminalSizingTest, PrintsLinesOfOtherThreadsInOrderWithTheirEvents) {
+    std::thread worker([] {
+        TerminalPrintLine("one");
+        PostInterfaceEvent(kEventSendStatus, kMainWindow, kNone, 0);
+        for (int i = 0; i < 2 * kMostHandedLines; ++i) TerminalPrintLine("two");
+    });
+    worker.join();
+    EXPECT_EQ(RowText(1), "");
+    std::string order;
+    int32_t event = kNoEvent;
+    while ((event = WaitForEvent(0)) != kNoEvent) {
+        if (event == kEventPrintLine) {
+            PrintHandedLines();
+            if (order.size() < 12) order += RowText(terminalScreen.cursorY - 1);
+        } else if (event == kEventSendStatus) {
+            order += "status ";
+        }
+    }
+    EXPECT_EQ(order, "one.status two.");
+    PrintHandedLines();
+    EXPECT_EQ(terminalScreen.topLine, kMostHandedLines - 49 > 1024 ? 1024 : kMostHandedLines - 49);
+}
+
+// Without a canvas the painters return quietly: text is lost, a scroll moves the lines.
+TEST(TerminalWithoutCanvas, LosesTextAndStillScrolls) {
+    SetUpTerminal();
+    TerminalPutText("text");
+    Feed("more\x1b[Kx\b\n\x1b[J");
+    NotifyCursorBlink();
+    TerminalRepaint();
+    EXPECT_EQ(RowText(1), "");
+    EXPECT_EQ(terminalScreen.cursorX, 1);
+    EXPECT_EQ(terminalScreen.cursorY, 2);
+    TerminalScrollUp(3);
+    EXPECT_EQ(terminalScreen.topLine, 3);
+    EXPECT_EQ(TerminalLineCount(), terminalScreen.rows + 4);
+    EXPECT_EQ(TerminalModeName(4), "File Manager");
+    EXPECT_EQ(TerminalModeName(5), "");
+    SetTerminalMode(7);
+    EXPECT_EQ(terminalMode, kModeFileManager);
+}
+
+}  // namespace

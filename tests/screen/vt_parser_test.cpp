@@ -1,0 +1,342 @@
+// The VT interpreter as scripts: these bytes, this screen.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "base/LineEnding.h"
+#include "base/Numbers.h"
+#include "terminal/screen/Capture.h"
+#include "terminal/screen/TerminalMode.h"
+#include "terminal/screen/TerminalScreen.h"
+#include "terminal/screen/TerminalSettings.h"
+#include "terminal/screen/TerminalSizing.h"
+#include "terminal/screen/VtParser.h"
+#include "tests/screen/ScreenRig.h"
+#include "ui/InterfaceEvent.h"
+
+namespace {
+
+using std::string;
+
+// Fresh 20 by 5, parser in ground state.
+void StartOver() {
+    Feed("\x1b[0m\x1b[1;1H\x1b[0m");
+    SetTerminalSize(20, 5);
+    ClearTerminal(kTerminalCanvas);
+    SetMouseMode(0);
+    SetCursorVisible(true);
+    TakeReplyText();
+}
+
+// The shown rows without empty ones at the end, and the cursor: "AB.|CD. 3,2".
+string Screen() {
+    string rows;
+    string pending;
+    for (int row = 1; row <= terminalScreen.rows; ++row) {
+        if (!RowText(row).empty()) {
+            rows += pending + RowText(row);
+            pending.clear();
+        }
+        pending += "|";
+    }
+    return rows + " " + std::to_string(terminalScreen.cursorX) + "," +
+           std::to_string(terminalScreen.cursorY);
+}
+
+string Everything() {
+    string all = Screen();
+    for (const int64_t value :
+         {int64_t{terminalScreen.topLine}, int64_t{terminalScreen.topLimit},
+          int64_t{terminalScreen.textAttr}, int64_t{terminalScreen.curFg},
+          int64_t{terminalScreen.curBg}, int64_t{terminalScreen.pendFg},
+          int64_t{terminalScreen.pendBg}, int64_t{terminalScreen.cursorVisible}, int64_t{mouseMode},
+          int64_t{terminalScreen.cols}}) {
+        all += " " + std::to_string(value);
+    }
+    return all;
+}
+
+class VtParserTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        TerminalSettingsForTable().scrollBack = 10;
+        TerminalSettingsForTable().xtermMouse = 3;
+        OpenScreenRig();
+        StartOver();
+    }
+};
+
+struct Script {
+    string feed;
+    string screen;
+};
+
+const string E = "\x1b";
+const string C = "\x1b[";
+
+const Script kScripts[] = {
+    // Text, controls, the right margin.
+    {"AB", "AB. 3,1"},
+    {"A\bB", "B. 2,1"},
+    {"\bA", "A. 2,1"},
+    {"A\a\x01"
+     "B",
+     "A\a\x01"
+     "B. 5,1"},
+    {"AB\x7f"
+     "C",
+     "AB C. 5,1"},
+    {"AB\rCD", "ABCD. 5,1"},
+    {"AB\nCD\n\nE", "AB.|CD.||E. 2,4"},
+    {"\tX", " X. 3,1"},
+    {"123456\tX", "123456       X. 15,1"},
+    {"1234567\tX", "1234567X. 9,1"},
+    {"123456789012345678901234", "12345678901234567894 20,1"},
+    {"1\n2\n3\n4\n5\n6", "2.|3.|4.|5.|6. 2,5"},
+    // ESC and what follows: only "[", "D", "M" and ESC leave the state.
+    {"A" + E + "7B" + E + "8C" + E + "cD[D" + C + "0mE", ".[DE. 5,1"},
+    {"A\nB" + E + "DC", "B.|.C. 3,2"},
+    {"A\nB" + E + "D" + E + "MC", "A.|BC. 3,2"},
+    {"A\nB" + E + "MC", "A.|BC. 3,2"},
+    {E + E + "x" + C + "2;3HA", "|..A. 4,2"},
+    // Cursor moves: an absent parameter counts 0, margins hold, nothing scrolls.
+    {C + "5;5HA" + C + "A" + C + "B" + C + "C" + C + "DB", "||||....AB. 7,5"},
+    {C + "3;3H" + C + "1A" + C + "2DX" + C + "9BY" + C + "99CZ" + C + "99DW",
+     "|X.|||WY.................Z 2,5"},
+    {C + "99;99fX" + C + "HY", "Y.||||...................X 2,1"},
+    {C + "18446744073709551615;18446744073709551615HX", "X. 2,1"},
+    {C + "4;4H" + C + "18446744073709551615AX", "||||...X. 5,5"},
+    {C + "3;1;;;;;;;;4;5HX", "||X. 2,3"},
+    {C + "z" + C + "!pA" + C + "\nB", "pAB. 4,1"},
+    {"A\nB" + C + "2MC", "A.|BC. 3,2"},
+    // Erasing.
+    {"ABCDEF" + C + "3D" + C + "K", "ABC. 4,1"},
+    {"ABCDEF" + C + "3D" + C + "1K", "...DEF. 4,1"},
+    {"ABCDEF" + C + "3D" + C + "2K" + C + "5K", " 4,1"},
+    {"ABCDEF" + C + "3D" + C + "2KX", "ABCXE 5,1"},
+    {"AA\nBB\nCC\nDD" + C + "2;2H" + C + "J", "AA.|B. 2,2"},
+    {"AA\nBB\nCC\nDD" + C + "4;2H" + C + "1J", "|BB.|CC.|.D. 2,4"},
+    {"AA\nBB" + C + "1;2H" + C + "1J", ".A.|BB. 2,1"},
+    {"AA\nBB\nCC" + C + "2;2H" + C + "2J" + C + "7J", " 2,2"},
+    // Private sequences.
+    {C + "?2;5;hA", "A. 2,1"},
+    {C + "?JKmA\n\x07"
+         "hB",
+     "B. 2,1"},
+    {C + "?1" + E + "[2;2HA", "|.A. 3,2"},
+    // ESC leaves the slots above the second as they were.
+    {C + ";;7?" + E + "[3;9tA", "A. 2,1"},
+};
+
+TEST_F(VtParserTest, Scripts) {
+    SetAllowResize(false);
+    for (const Script& script : kScripts) {
+        StartOver();
+        Feed(script.feed);
+        EXPECT_EQ(Screen(), script.screen) << testing::PrintToString(script.feed);
+    }
+}
+
+// Whatever the cut, the state at the end is the same. Not so where it is meant: a BS that
+// finds its character stored already, and a private final cut off from its digits.
+TEST_F(VtParserTest, SequencesMayBeCutAnywhere) {
+    std::vector<string> feeds = {
+        "A\r\nB\r\n" + C + "1;31mC" + C + "0m\r\r\nD",
+        C + "38;2;1;2;3;7mX" + C + "48;2;4;5;6mY" + C + "8;7;30tZ" + C + "6n",
+        "\t\tA\t\x7f" + E + "M" + E + "D\nB" + C + "?" + E + "[;4HQ",
+    };
+    for (const Script& script : kScripts) {
+        if (script.feed.find('\b') == string::npos) feeds.push_back(script.feed);
+    }
+    for (const string& feed : feeds) {
+        StartOver();
+        Feed(feed);
+        const string whole = Everything() + TakeReplyText().toStdString();
+        for (size_t cut = 1; cut < feed.size(); ++cut) {
+            StartOver();
+            Feed(feed.substr(0, cut));
+            Feed(feed.substr(cut));
+            EXPECT_EQ(Everything() + TakeReplyText().toStdString(), whole)
+                << testing::PrintToString(feed) << " cut at " << cut;
+        }
+    }
+    StartOver();
+    Feed("A");
+    Feed("\b");
+    EXPECT_EQ(Screen(), " . 1,1");
+}
+
+TEST_F(VtParserTest, PrivateFinalsReadTheWorkingSlot) {
+    Feed(C + "?25l");
+    EXPECT_FALSE(terminalScreen.cursorVisible);
+    Feed(C + "?25");
+    Feed("hA");  // cut off from its digits: nothing but the end of the sequence
+    EXPECT_FALSE(terminalScreen.cursorVisible);
+    EXPECT_EQ(RowText(1), "A.");
+    Feed(C + "?h" + C + "?1000;1006h" + C + "?2" + C + "?h");
+    EXPECT_EQ(mouseMode, 0);
+    Feed(C + "2?5h" + C + "?1000h");  // digits on both sides of "?" make one number
+    EXPECT_TRUE(terminalScreen.cursorVisible);
+    EXPECT_EQ(mouseMode, 3);
+    Feed(C + "?9l");
+    EXPECT_EQ(mouseMode, 0);
+    // With no digit at all the working slot is the count of parameters, here 9.
+    Feed(C + ";;;;;;;;;;?h");
+    EXPECT_EQ(mouseMode, 3);
+}
+
+struct Graphics {
+    string parameters;
+    int attribute;
+    uint32_t foreground, background;
+};
+
+TEST_F(VtParserTest, GraphicRendition) {
+    const uint32_t fg = 0xFFFFFF, bg = 0;
+    const uint32_t* palette = terminalSettings.palette;
+    std::vector<Graphics> rows = {
+        {"", 0, fg, bg},
+        {"0", 0, fg, bg},
+        {"1", 1, fg, bg},
+        {"4", 2, fg, bg},
+        {"1;7", 4, fg, bg},
+        {"7;2;3;5;6;8;9;22;27;100;106;108", 4, fg, bg},
+        {"97", 0, palette[0], bg},
+        {"31;39;41;49", 0, fg, bg},
+        {"107", 0, fg, palette[0]},
+        {"31;42;0", 0, fg, bg},
+        {"38;2;1;2;3;7", 0, 0x030201, bg},           // the rest is not looked at
+        {"7;48;2;255;0;300", 4, fg, 0x2C00FF},       // beyond 255 the upper bits are lost
+        {"38;5;31;1", 1, palette[1], bg},            // the index counts as a code
+        {"0;0;0;0;38;2;9;8;7", 0, 0x070809, bg},     // the last place where it fits
+        {"0;0;0;0;0;38;2;31;4", 2, palette[1], bg},  // one too far
+        {"4294967327;1", 1, fg, bg},                 // not 31
+        {"38;2", 0, 0, bg},
+    };
+    for (int i = 0; i < 8; ++i) {
+        rows.push_back({std::to_string(30 + i), 0, palette[i], bg});
+        rows.push_back({std::to_string(40 + i), 0, fg, palette[i]});
+        if (i < 7) rows.push_back({std::to_string(90 + i), 0, palette[i], bg});
+    }
+    for (const Graphics& row : rows) {
+        StartOver();
+        Feed(C + row.parameters + "mX");
+        const TerminalCell& cell = TerminalLineAt(1)->cells[1];
+        EXPECT_EQ(cell.attr, row.attribute) << row.parameters;
+        EXPECT_EQ(cell.fg, row.foreground) << row.parameters;
+        EXPECT_EQ(cell.bg, row.background) << row.parameters;
+    }
+}
+
+// The colours in force fall back at each scroll; the pending ones come back with the next
+// SGR of any kind. A cursor position sequence resets the pending ones alone.
+TEST_F(VtParserTest, PendingColoursOutliveAScroll) {
+    const uint32_t red = terminalSettings.palette[1];
+    Feed(C + "31m\n\n\n\nA\nB" + C + "4mC");
+    EXPECT_EQ(TerminalLineAt(terminalScreen.topLine + 4)->cells[1].fg, red);
+    EXPECT_EQ(TerminalLineAt(terminalScreen.topLine + 5)->cells[1].fg, terminalScreen.defaultFg);
+    EXPECT_EQ(TerminalLineAt(terminalScreen.topLine + 5)->cells[2].fg, red);
+    Feed(C + "HD" + C + "1mE");
+    EXPECT_EQ(TerminalLineAt(terminalScreen.topLine + 1)->cells[1].fg, red);
+    EXPECT_EQ(TerminalLineAt(terminalScreen.topLine + 1)->cells[2].fg, terminalScreen.defaultFg);
+    SwitchDarkBackground();
+    Feed(C + "1mF");  // the old scheme's default
+    EXPECT_EQ(TerminalLineAt(1)->cells[1].fg, 0xFFFFFFU);
+    EXPECT_EQ(terminalScreen.curBg, 0U);
+}
+
+TEST_F(VtParserTest, ReceivedLineEnds) {
+    const struct {
+        const char* name;
+        string feed;
+        string screen;
+    } rows[] = {
+        {"CRLF", "A\r\nB\r\r\nC\rD\nE", "A.|B.|CD.|E. 2,4"},
+        {"CRLF", C + "1\r\nA", "A. 2,1"},  // a pair is one unit, which ends the sequence
+        {"CR", "A\r\nB\rC\nD\r\rE", "A.|B.|CD.||E. 2,5"},
+        {"LF", "A\r\nB\rC\nD", "A.|BC.|D. 2,3"},
+        {"LF", C + "2\r;3HA", "|..A. 4,2"},
+        {"other", C + "1\r\nA", "|A. 2,2"},
+    };
+    for (const auto& row : rows) {
+        SetLineEnding(row.name);
+        StartOver();
+        Feed(row.feed);
+        EXPECT_EQ(Screen(), row.screen) << row.name << " " << testing::PrintToString(row.feed);
+    }
+}
+
+TEST_F(VtParserTest, TabStopsOfAnyValueStayBounded) {
+    const struct {
+        int stops;
+        string screen;
+    } rows[] = {{0, "AB. 3,1"}, {3, "A  B. 5,1"}, {-3, "A  B. 5,1"}, {1, "AB. 3,1"}};
+    for (const auto& row : rows) {
+        StartOver();
+        TerminalSettingsForTable().tabStops = row.stops;
+        Feed("A\tB");
+        EXPECT_EQ(Screen(), row.screen) << row.stops;
+    }
+    TerminalSettingsForTable().tabStops = 2147483647;
+    Feed(string(100000, '\t') + "Z");
+    EXPECT_EQ(RowText(1).back(), 'Z');
+}
+
+TEST_F(VtParserTest, RepliesWithTheCursorByOneEvent) {
+    Feed(C + "5n" + C + "n" + C + "62n");
+    EXPECT_EQ(TakeReplyText(), "");
+    EXPECT_EQ(QueuedEventCount(), 0);
+    Feed(C + "6n" + C + "3;12H" + C + "06n");
+    EXPECT_EQ(TakeReplyText(), "\x1b[3;12R");
+    EXPECT_EQ(TakeReplyText(), "");
+    Feed(C + "6n");
+    EXPECT_EQ(TakeReplyText(), "\x1b[3;12R");
+}
+
+TEST_F(VtParserTest, HostileInputStaysHarmless) {
+    const string many(40, ';');
+    const string digits(1000000, '9');
+    for (const string& feed :
+         {C + many + "1" + many + "2m", C + digits + "m", C + digits + ";" + digits + "H",
+          C + "?" + digits + "h", C + digits + "A" + C + digits + "D", C + digits + "J",
+          C + digits + "K" + C + digits + ";" + digits + ";" + digits + "t", string(300000, 'x'),
+          string(100000, '\b'), string(20000, '\n'), string(4096, '\x1b')}) {
+        Feed(feed);
+        ASSERT_GE(terminalScreen.cursorX, 1);
+        ASSERT_LE(terminalScreen.cursorX, terminalScreen.cols);
+        ASSERT_GE(terminalScreen.cursorY, 1);
+        ASSERT_LE(terminalScreen.cursorY, terminalScreen.rows);
+        ASSERT_LE(terminalScreen.cols, kLastColumn);
+        ASSERT_LE(terminalScreen.rows, kMostRows);
+        TerminalPicture();
+    }
+    Feed(C + "0m");
+    TerminalFeed(QString(1000, QChar(0)) + QString(100, QChar(0xD800)) + QChar(0xFFFF));
+    EXPECT_EQ(terminalScreen.cursorX, terminalScreen.cols);
+}
+
+TEST_F(VtParserTest, CaptureAndTheWatchForThePrompt) {
+    Feed("before");
+    StartCapture();
+    Feed("a\r\n" + C + "1mb");
+    TerminalPrintLine("line");
+    EXPECT_EQ(capture.buffer, "a\r\n\x1b[1mbline");
+    SetListingState(kListingWaiting);
+    Feed("> 12345");
+    EXPECT_EQ(capture.listingState, kListingWaiting);
+    Feed(">");
+    EXPECT_EQ(capture.listingState, kListingComplete);
+    StopCapture();
+    Feed("after");
+    EXPECT_EQ(TakeCapture(), "a\r\n\x1b[1mbline> 12345>");
+    EXPECT_EQ(capture.buffer, "");
+    SetListingState(kListingWaiting);
+    StartCapture();
+    Feed("> ");
+    SetListingState(kListingWaiting);
+    TerminalFeed("");  // the watch looks at the buffer even when nothing came
+    EXPECT_EQ(capture.listingState, kListingComplete);
+}
+
+}  // namespace
