@@ -98,18 +98,23 @@ TEST_F(ConnectionTest, Serial) {
     ExpectUp(true, "");
 }
 
-TEST_F(ConnectionTest, Tcp) {
+// The serial link stays open meanwhile, the bytes go to the transport chosen now, and
+// only DisconnectDevice closes both.
+TEST_F(ConnectionTest, TcpBesideAnOpenPort) {
+    Connect(port, "9600");
+    SetPollingSuspended(true);
     SetDeviceOnTcpip(true);
     EXPECT_EQ(linkSettings.deviceOnTcpip, 1);
+    EXPECT_EQ(SendText("nowhere"), -1);
     EXPECT_EQ(Connect("", ""), Outcome(-1, Notice("Connected to localhost port " + service)));
     ExpectUp(true, "localhost:" + service);
     EXPECT_TRUE(linkStatus.pollingSuspended);  // the serial road alone clears it
-    EXPECT_EQ(clock.Now(), 0);
     const int peer = accept(listener, nullptr, nullptr);
     SendText("hello");
     EXPECT_EQ(recv(peer, block, sizeof block, 0), 5);
     close(peer);  // nothing tells of a peer that has gone
     EXPECT_EQ(Connect("", ""), Outcome(-1, ""));
+    EXPECT_EQ(clock.Now(), 100);  // the port's
     Disconnect();
     shutdown(listener, SHUT_RDWR);
     for (const QString& host :
@@ -117,20 +122,6 @@ TEST_F(ConnectionTest, Tcp) {
         SetTcpEndpoint(host, service);
         EXPECT_EQ(Connect("", ""), Outcome(0, "")) << host.left(20).toStdString();
     }
-}
-
-// The other transport's link stays open, the bytes go to the one chosen now, and only
-// DisconnectDevice closes both.
-TEST_F(ConnectionTest, ChangeOfTransportWhileUp) {
-    Connect(port, "9600");
-    SetDeviceOnTcpip(true);
-    EXPECT_EQ(SendText("nowhere"), -1);
-    Connect(port, "9600");
-    EXPECT_EQ(SendText("tcp"), 3);
-    SetDeviceOnTcpip(false);
-    SendText("serial");
-    EXPECT_EQ(read(master, block, sizeof block), 6);
-    Disconnect();
 }
 
 // A program that was started with its standard input closed gets 0 from open(2) and
