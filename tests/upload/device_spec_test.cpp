@@ -50,7 +50,7 @@ static const SpecRow onloadRows[] = {
     {"'onload settime setrtc norun nonew", "micromite|*|Z|rntcd"},
     {"'onload PI-cromite", "pi-cromite|*|C|d"}, {"' onload vgamite", "micromite|*|Z|d"},
     {"'onload picomite command", "picomite|*|Z|rnd"},  // the order of the tests counts
-    {"'onload micromite pi-cromite", "micromite|*|Z|d"},
+    {"'onload micromite pi-cromite", "micromite|*|Z|d"}, {"'onload command micromite", "command||-|rnd"},
     {"'onload cmm2 maximite", "cmm2|* \"temp.bas\"|F2|rd"},
     {"'onload cmm2 norun", "cmm2|* \"temp.bas\"|F1|rd"},
     {"'onload norun cmm2", "cmm2|* \"temp.bas\"|F1|rd"},
@@ -106,6 +106,8 @@ TEST_F(DeviceSpec, LineEndingTicksAndCrunchInOrder) {
     EXPECT_EQ(Serial(), "com3:38400");
     ApplyOnloadLine("'onload command com4:9600");  // the family word begins as the port word does
     EXPECT_EQ(Serial(), "command:");
+    SetPortAndSpeed(" x y : 9600 :z");
+    EXPECT_EQ(Serial(), "x y:9600");
 }
 
 TEST_F(DeviceSpec, PortAndAddressChooseTheLink) {
@@ -146,7 +148,7 @@ TEST_F(DeviceSpec, RebuiltFromTheGadgets) {
               "not set:38400 picomite|*|Z|n");  // as typed
     EXPECT_EQ(build("", "ttyUSB1"), "ttyUSB1:57600 maximite|AUTO|C|");
     EXPECT_EQ(build("'target port\\C:1 norun syn\\pico", "x"), "x:57600 maximite|AUTO|C|r");
-    EXPECT_EQ(build("ip port         nonew", ""), ":57600 |*|Z|n");
+    EXPECT_EQ(build("ip         nonew", ""), ":57600 |*|Z|n");
     build("port\\C:1", "TCPIP");
     EXPECT_EQ(Tcp(), "10.0.0.7:4000");
 }

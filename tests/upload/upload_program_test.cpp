@@ -34,7 +34,7 @@ static const UploadRow uploadRows[] = {
     {"le\\cr norun", "A\n\nB", "\3NEW^AUTOSAVE^A^^B^\x1a"},
     // The line of the source decides, goes out itself, and brings one empty line more.
     {"s\\maximite", "'target le\\crlf nonew norun\nA\n", "\3AUTOSAVE^'target le\\crlf nonew norun^A^^\x1a"},
-    {"s\\maximite", "A\t'TARGET s\\pico\n", "\3NEW^AUTOSAVE^A\t'TARGET s\\pico^^\x1aRUN^"},
+    {"s\\maximite", "'\t TARGET s\\pico\n", "\3NEW^AUTOSAVE^'\t TARGET s\\pico^^\x1aRUN^"},
     {"s\\maximite", "A\n'target s\\pico", "\3NEW^AUTO^A^'target s\\pico^\3RUN^"},
     {"nonew norun", "'kwedit!!!\n'KWEDIT!!!\nA", "\3AUTOSAVE^A^\x1a"},
     // The field crunches nothing. A crunched line keeps its CR, and under CR it is one line.
@@ -57,15 +57,17 @@ TEST_F(Upload, SendsTheBytesInThePrescribedTime) {
     }
     EXPECT_EQ(Send("s\\cmd", "'nap 3\n'NAP\n'nap 0\n'nap x\n'nap -9\n'napping"), 10600);
     EXPECT_EQ(received, "\3\r\n'napping\r\n");  // three, two, two, two and no seconds
+    EXPECT_EQ(Printed(1), "Nap");               // nothing was closed, so nothing completed
     LinkSettingsForTable().lineDelay = 100;
     UploadSettingsForTable().autosaveEndDelay = 7;
     SetOverrideFileSettings(true);
     EXPECT_EQ(Send("s\\pi le\\cr", "'target s\\cmm2"), 300 + 3 * kStep + 1000 + 7 + 2000);
     EXPECT_EQ(received, "\3NEW\rAUTOSAVE\r'target s\\cmm2\r\3RUN\r");
-    // The older form is obeyed all the same, wherever it stands it is not sent, and it ends
-    // with the link.
-    Send("s\\cmm2", "  'onload norun maximite\n'ONLOAD\n' onload x\n'KWEDIT!!!\nA");
-    EXPECT_EQ(received, "\3NEW\rAUTO\r'KWEDIT!!!\rA\r\3");
+    // The older form is obeyed all the same, starts afresh, is not sent wherever it stands,
+    // and ends with the link.
+    Send("s\\pi settime setrtc nonew", "A");
+    Send("s\\cmm2", "  'onload norun\n'ONLOAD\n' onload x\n'KWEDIT!!!\nA");
+    EXPECT_EQ(received, "\3NEW\rAUTOSAVE\r'KWEDIT!!!\rA\r\x1a");
     EXPECT_EQ(Printed(2), "Disconnected|Disconnected.");
     SetUploadText("");
     SetGadgetText(kProgressText, "before");
@@ -79,7 +81,7 @@ TEST_F(Upload, TellsEachStep) {
         EXPECT_TRUE(!GadgetHidden(kProgressText) && GadgetHidden(kSaveMacroButton));
         if (!labels.endsWith(GadgetText(kProgressText))) labels += GadgetText(kProgressText);
     };
-    Send("settime setrtc discon", "'KWEDIT!!!\n'Echo  two  blanks" + QString("\nA").repeated(20));
+    Send("settime setrtc discon", "'KWEDIT!!!\n'Echo:two  blanks" + QString("\nA").repeated(20));
     EXPECT_EQ(labels.join('|'), "| 1/21|10/21|20/21");
     EXPECT_EQ(
         Printed().replace(QRegExp("\\d\\d:\\d\\d:\\d\\d"), "t"),
@@ -165,7 +167,7 @@ TEST_F(Upload, PinDialogue) {
         Send("norun", "A");
         EXPECT_EQ((newAt ? newAt : clock.Now()) - start, 360 * row.steps) << row.verdict;
         EXPECT_TRUE(Printed().contains(row.printed)) << Printed().toStdString();
-        EXPECT_EQ(received.find("NEW") == std::string::npos, newAt == 0);
+        EXPECT_EQ(QString(row.printed).contains("accepted"), newAt != 0) << row.verdict;
     }
     EXPECT_EQ(asked, "PIN required!|Enter security PIN|");
     AnswerDialogs(nullptr);
