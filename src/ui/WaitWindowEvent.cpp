@@ -1,5 +1,6 @@
 #include "ui/WaitWindowEvent.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QEventLoop>
@@ -15,65 +16,51 @@
 
 namespace {
 
-// What a wait is ended by, beside the toolkit's own events: a timer, and an event from
-// another thread.
-class Waiter : public QObject {
-  public:
-    Waiter() {
-        timer.setSingleShot(true);
-        timer.setTimerType(Qt::PreciseTimer);
-    }
-    bool event(QEvent* event) override {
-        if (event->type() != QEvent::User) return QObject::event(event);
-        wakeUnderWay = false;
-        return true;
-    }
-
-    QTimer timer;
-    std::atomic<bool> wakeUnderWay{false};
-};
-
-// Other threads read the pointer under the queue's lock; it is set before they start and
-// cleared after they ended.
-std::atomic<Waiter*> waiter{nullptr};
+// What the interface thread sleeps in. Other threads read the pointer under the queue's
+// lock; it is set before they start and cleared after they ended.
+std::atomic<QAbstractEventDispatcher*> dispatcher{nullptr};
+QTimer* timer = nullptr;  // ends a wait that has a limit
 bool inWait = false;
 
 // Lets the toolkit sleep until it has something to do, and do it, until that brings an
 // event or the time is up. Each turn costs the kernel one poll(2), which a loop that is
 // told to quit for each event would not manage.
 bool ServeToolkit(int timeoutMs) {
-    QTimer& timer = waiter.load()->timer;
-    if (timeoutMs >= 0) timer.start(timeoutMs);
+    if (timeoutMs >= 0) timer->start(timeoutMs);
     bool came = false;
-    while (!came && (timeoutMs < 0 || timer.isActive())) {
+    while (!came && (timeoutMs < 0 || timer->isActive())) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         came = TakeQueuedEvent();
     }
-    timer.stop();
+    timer->stop();
     return came;
 }
 
 }  // namespace
 
 void StartWaiting() {
-    waiter = new Waiter;
+    dispatcher = QAbstractEventDispatcher::instance();
+    timer = new QTimer;
+    timer->setSingleShot(true);
+    timer->setTimerType(Qt::PreciseTimer);
 }
 
 void StopWaiting() {
-    delete waiter.exchange(nullptr);
+    dispatcher = nullptr;
+    delete timer;
+    timer = nullptr;
 }
 
+// A call that comes before the sleep ends it as soon as it begins.
 void WakeInterfaceThread() {
-    Waiter* const wait = waiter;
-    if (wait && !OnInterfaceThread() && !wait->wakeUnderWay.exchange(true)) {
-        QCoreApplication::postEvent(wait, new QEvent(QEvent::User));
-    }
+    if (OnInterfaceThread()) return;
+    if (QAbstractEventDispatcher* sleeper = dispatcher) sleeper->wakeUp();
 }
 
 int32_t WaitForEvent(int timeoutMs) {
     assert(OnInterfaceThread());
     assert(!inWait && !HandlersAreRunning() && "a handler must not take events");
-    if (inWait || HandlersAreRunning() || !waiter) return kNoEvent;
+    if (inWait || HandlersAreRunning() || !timer) return kNoEvent;
     inWait = true;
     ShowNewWindows();
     bool came = TakeQueuedEvent();
