@@ -9,6 +9,9 @@ target_compile_definitions(kewlink_flags INTERFACE QT_NO_CAST_TO_ASCII
 if(KWCC_WERROR)
   target_compile_options(kewlink_flags INTERFACE -Werror)
 endif()
+if(KWCC_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)  # the fuzzer steers by the coverage of all code
+endif()
 if(KWCC_SANITIZE)
   add_compile_options(-fsanitize=${KWCC_SANITIZE} -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${KWCC_SANITIZE})
