@@ -21,6 +21,7 @@ QList<QShortcut*> ShortcutsOf(const PBQMainWindow& window, int key) {
 
 }  // namespace
 
+// A shortcut is a child of its window and holds for every gadget in it.
 void AddKeyboardShortcut(int window, int key, int number) {
     PBQMainWindow* const found = FindWindow(window);
     if (!found || key == -1) return;

@@ -17,6 +17,8 @@ constexpr char kTimerProperty[] = "PB_TimerID";
 
 PBTimerEvents timerEvents;
 
+// The timers of a window are its children, so they end with it. The toolkit keeps timers
+// of its own there as well, without a number.
 QTimer* FindTimer(const PBQMainWindow& window, int number) {
     for (QTimer* timer : window.findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly)) {
         const QVariant property = timer->property(kTimerProperty);
@@ -47,11 +49,13 @@ void AddWindowTimer(int window, int number, int periodMs) {
     RemoveWindowTimer(window, number);
     auto* timer = new QTimer(found);
     timer->setProperty(kTimerProperty, number);
-    timer->setTimerType(Qt::PreciseTimer);
+    timer->setTimerType(Qt::PreciseTimer);  // the others stray by a twentieth
     QObject::connect(timer, &QTimer::timeout, &timerEvents, &PBTimerEvents::Fired);
     timer->start(qMax(1, periodMs));  // a period of 0 would never let the program sleep
 }
 
+// A removed timer is silent from now on: what it raised and nobody took goes too. It may
+// be the one whose event is being handled, so it is deleted later.
 void RemoveWindowTimer(int window, int number) {
     PBQMainWindow* const found = FindWindow(window);
     QTimer* const timer = found ? FindTimer(*found, number) : nullptr;

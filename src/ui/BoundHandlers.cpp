@@ -11,6 +11,7 @@
 
 namespace {
 
+// Number, window, object, type; kAny or kAnyType where any will do.
 using HandlerKey = std::tuple<int32_t, int64_t, int64_t, int64_t>;
 
 std::map<HandlerKey, EventHandler> handlers;
@@ -29,6 +30,8 @@ void RunHandlerOf(const HandlerKey& key) {
 
 }  // namespace
 
+// One procedure stands under a key, so that binding again at a second opening of a window
+// does not make it run twice.
 void BindHandler(int32_t number, int64_t window, int64_t object, int64_t type,
                  EventHandler handler) {
     assert(OnInterfaceThread());
@@ -57,6 +60,7 @@ void BindMenuHandler(int item, EventHandler handler) {
 
 void RunBoundHandlers(const InterfaceEvent& event) {
     if (handlers.empty()) return;
+    // A handler may raise events itself, whose handlers then run inside it.
     const InterfaceEvent* outer = MakeEventCurrent(&event);
     const HandlerKey keys[] = {
         {event.number, event.window, event.object, event.type},

@@ -8,6 +8,7 @@
 
 namespace {
 
+// clicked() comes for the mouse and for the keyboard alike.
 class ButtonFunctions : public PBGadgetFunctions {
   public:
     ButtonFunctions(int gadget, QPushButton* shown)

@@ -6,10 +6,12 @@
 
 namespace {
 
+// It is also the mark by which a canvas's data is known.
 void FreeCanvasData(void* data) {
     delete static_cast<CanvasEventData*>(data);
 }
 
+// An attribute that the data lacks reads 0, as one of another gadget does.
 int Attribute(const CanvasEventData& data, int attribute) {
     switch (attribute) {
         case kAttributeMouseX:
@@ -45,7 +47,7 @@ void RaiseCanvasEvent(int gadget, int64_t type, uint32_t flags, const CanvasEven
     RaiseInterfaceEvent(event);
 }
 
-// Who frees the data tells what it is: other events carry data of other kinds.
+// Other events, drops and posted ones, carry data of other kinds.
 int EventAttribute(int gadget, int attribute) {
     const InterfaceEvent& event = CurrentEvent();
     const bool ofThisCanvas =

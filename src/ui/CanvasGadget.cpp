@@ -4,6 +4,7 @@
 #include "ui/GadgetTable.h"
 #include "ui/PBCanvasFunctions.h"
 
+// Drawing on a gadget of another kind is refused like drawing on none.
 PBCanvasFunctions* FindCanvas(int gadget) {
     return qobject_cast<PBCanvasFunctions*>(FindGadget(gadget));
 }
@@ -13,10 +14,13 @@ CanvasImage* CanvasImageOf(int gadget) {
     return functions ? &functions->Canvas().Image() : nullptr;
 }
 
+// Called at the end of each drawing.
 void CanvasChanged(int gadget, const QRect& area) {
     if (PBCanvasFunctions* functions = FindCanvas(gadget)) functions->Canvas().ShowSoon(area);
 }
 
+// A frame is drawn over the picture's edge, so that the picture has the size of the gadget
+// and what lies in the canvas stands where it is told.
 void CanvasGadget(int gadget, int x, int y, int width, int height, int flags) {
     QWidget* const parent = BeginGadget(gadget);
     if (!parent) return;

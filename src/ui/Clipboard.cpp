@@ -1,9 +1,11 @@
 // The clipboard.
+// The clipboard.
 #include <QClipboard>
 #include <QGuiApplication>
 
 #include "ui/DragDrop.h"
 
+// The selection of the mouse, which X11 keeps beside it, is left alone.
 QString ClipboardText() {
     return QGuiApplication::clipboard()->text().left(kMaxClipboardText);
 }

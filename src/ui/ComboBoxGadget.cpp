@@ -14,10 +14,12 @@ class ShownTextCombo : public QComboBox {
     explicit ShownTextCombo(QWidget* parent) : QComboBox(parent) {}
 
     void ShowText(const QString& text) {
+        // Exact case: a port's name in upper case is not the port of the list.
         setCurrentIndex(findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
         outsideText = text;
         update();
     }
+    // -1 shows none.
     void ShowItem(int item) {
         setCurrentIndex(item);
         outsideText.clear();

@@ -6,6 +6,7 @@
 
 namespace {
 
+// What the accessors read before the first event: number 0, no window, no object.
 const InterfaceEvent noEvent;
 const InterfaceEvent* current = &noEvent;
 
@@ -17,6 +18,7 @@ const InterfaceEvent* MakeEventCurrent(const InterfaceEvent* event) {
     return before;
 }
 
+// Other threads have no current event; their messages carry all they say.
 const InterfaceEvent& CurrentEvent() {
     assert(OnInterfaceThread());
     return *current;

@@ -27,6 +27,7 @@ const DialogAnswers* AnswersInPlace() {
     return answers;
 }
 
+// Texts come from files and devices, too: what looks like markup is text.
 bool AskMessage(const QString& title, const QString& text, MessageButtons buttons) {
     if (answers) return answers->message && answers->message(title, text);
     QMessageBox box(ActiveProgramWindow());
@@ -40,6 +41,7 @@ bool AskMessage(const QString& title, const QString& text, MessageButtons button
     return answer == QMessageBox::Yes || answer == QMessageBox::Ok;
 }
 
+// An empty answer and a cancelled dialog are the same to the program.
 QString AskText(const QString& title, const QString& prompt, const QString& preset) {
     if (answers) return answers->text ? answers->text(title, prompt, preset) : QString();
     bool accepted = false;

@@ -11,6 +11,7 @@
 
 namespace {
 
+// One handler for a widget, which takes the formats of all calls.
 void EnableDrop(QWidget* target, DropFormat format) {
     auto* handler = target->findChild<PBDropHandler*>(QString(), Qt::FindDirectChildrenOnly);
     if (!handler) handler = new PBDropHandler(target);
@@ -24,6 +25,7 @@ const DropData* CurrentDrop() {
     return isDrop ? static_cast<const DropData*>(event.data) : nullptr;
 }
 
+// Files are never given as text, nor text as files.
 QString ContentOf(DropFormat format) {
     const DropData* drop = CurrentDrop();
     return drop && drop->format == format ? drop->content : QString();
@@ -45,6 +47,7 @@ void EnableGadgetDrop(int gadget, DropFormat format) {
     }
 }
 
+// An event that is no drop reads as a text, of which there is none.
 DropFormat EventDropFormat() {
     const DropData* drop = CurrentDrop();
     return drop ? drop->format : DropFormat::kText;

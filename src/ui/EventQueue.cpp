@@ -30,12 +30,14 @@ InterfaceEvent* taken = nullptr;  // the event taken last; interface thread alon
 
 using QueueGuard = std::lock_guard<std::recursive_mutex>;
 
+// At the end of the queue; order is first in, first out.
 void Append(InterfaceEvent* record) {
     (last ? last->next : first) = record;
     last = record;
     ++count;
 }
 
+// The first record, taken off the queue.
 InterfaceEvent* Unlink() {
     InterfaceEvent* record = first;
     first = record->next;
@@ -45,6 +47,7 @@ InterfaceEvent* Unlink() {
     return record;
 }
 
+// Lets go of a record that left the queue untaken.
 void Discard(InterfaceEvent* record) {
     if (record->flags & kHandlersRunning) {
         record->flags |= kOutOfQueue;
@@ -53,17 +56,18 @@ void Discard(InterfaceEvent* record) {
     }
 }
 
+// Only the newest event is looked at: what lies before another one happened before it.
 bool MergesWithLast(const InterfaceEvent& event) {
     return last && event.number <= kLastLayerEvent && !(event.flags & kEventUnmerged) &&
            last->number == event.number && last->object == event.object &&
            last->window == event.window && last->type == event.type;
 }
 
-// The queued event takes over the newer data: of a burst the last state counts. While
-// the handlers of the queued one run it keeps what they read, and the newer event gets a
-// record outside the queue.
+// The queued event takes over the newer data: of a burst the last state counts. One that
+// was posted or typed keeps its own, and so does one whose handlers are reading it; the
+// newer event then gets a record outside the queue, for its own handlers.
 InterfaceEvent* Merge(const InterfaceEvent& event) {
-    if (last->flags & kHandlersRunning) {
+    if (last->flags & (kHandlersRunning | kEventUnmerged)) {
         InterfaceEvent* record = NewEventRecord(event);
         record->flags |= kOutOfQueue;
         return record;
@@ -88,6 +92,7 @@ InterfaceEvent* Enter(const InterfaceEvent& event) {
     return record;
 }
 
+// The handlers may raise, merge and drop events, this one too; see kHandlersRunning.
 void RunHandlersNow(InterfaceEvent* record) {
     record->flags |= kHandlersRunning;
     RunBoundHandlers(*record);
@@ -96,8 +101,10 @@ void RunHandlersNow(InterfaceEvent* record) {
     if (record->flags & kOutOfQueue) FreeEventRecord(record);
 }
 
+// Turns the queue once round and leaves out what the test picks.
 template <typename Test>
 void DropIf(Test test) {
+    assert(OnInterfaceThread());
     const QueueGuard guard(queueLock);
     for (int left = count; left > 0; --left) {
         InterfaceEvent* record = Unlink();
@@ -121,7 +128,7 @@ void PostInterfaceEvent(int32_t number, int64_t window, int64_t object, int64_t 
     event.data = data;
     const QueueGuard guard(queueLock);
     Append(NewEventRecord(event));
-    WakeInterfaceThread();
+    WakeInterfaceThread();  // under the lock, so that the layer cannot end meanwhile
 }
 
 void RaiseInterfaceEvent(const InterfaceEvent& event) {
@@ -131,7 +138,9 @@ void RaiseInterfaceEvent(const InterfaceEvent& event) {
     if (!(event.flags & kEventUnmerged)) RunHandlersNow(record);
 }
 
+// The event before it, and its data, live until the next one is taken.
 bool TakeQueuedEvent() {
+    assert(OnInterfaceThread());
     {
         const QueueGuard guard(queueLock);
         if (!first) return false;
@@ -145,6 +154,7 @@ bool TakeQueuedEvent() {
 }
 
 void BlockInterfaceEvents(bool block) {
+    assert(OnInterfaceThread());
     const QueueGuard guard(queueLock);
     blocked = block;
 }

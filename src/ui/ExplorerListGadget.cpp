@@ -17,6 +17,7 @@ enum Column { kName, kSize, kDate, kColumns };
 // In the data of a row's name.
 constexpr int kIsFileRole = Qt::UserRole;
 
+// Sizes stand with the digit grouping of the user's language, dates so that they sort.
 QTreeWidgetItem* NewRow(const QFileInfo& entry) {
     auto* row = new QTreeWidgetItem;
     row->setText(kName, entry.fileName());
@@ -27,6 +28,7 @@ QTreeWidgetItem* NewRow(const QFileInfo& entry) {
     return row;
 }
 
+// Folders first, then files, each by name without regard to case. Hidden ones are left out.
 QList<QTreeWidgetItem*> RowsOf(const QDir& folder) {
     QList<QTreeWidgetItem*> rows;
     if (!folder.isRoot()) {
@@ -39,6 +41,8 @@ QList<QTreeWidgetItem*> RowsOf(const QDir& folder) {
     return rows;
 }
 
+// The folder is read anew at each setting and at no other time, so that rows keep their
+// numbers while the program walks them.
 class ExplorerListFunctions : public PBGadgetFunctions {
   public:
     ExplorerListFunctions(int gadget, QTreeWidget* shown)
@@ -53,6 +57,7 @@ class ExplorerListFunctions : public PBGadgetFunctions {
     }
 
     void SetText(const QString& text) override {
+        // What the user has typed so far may name no folder; rows and folder stay a pair.
         const QDir wanted(QDir::cleanPath(text));
         if (text.isEmpty() || !wanted.isReadable()) return;
         folder = wanted.absolutePath();

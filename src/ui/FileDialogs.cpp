@@ -1,4 +1,5 @@
 // The dialogs that ask for a file.
+// The dialogs that ask for a file.
 #include <QFileDialog>
 #include <QFileInfo>
 
@@ -31,6 +32,7 @@ FileChoice RunFileDialog(QFileDialog& dialog, const QString& preset, const QStri
     return choice;
 }
 
+// Tests answer before any dialog opens.
 FileChoice TestAnswer(const QString& title, const QString& preset) {
     const DialogAnswers* answers = AnswersInPlace();
     return answers->file ? answers->file(title, preset) : FileChoice();

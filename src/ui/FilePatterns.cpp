@@ -9,6 +9,7 @@ QString NameAlone(const QString& name) {
     return bracket >= 0 && name.endsWith(')') ? name.left(bracket).trimmed() : name;
 }
 
+// Blanks between masks, as the toolkit reads them.
 QString Masks(const QString& field) {
     QStringList masks = field.split(';', Qt::SkipEmptyParts);
     for (QString& mask : masks) {

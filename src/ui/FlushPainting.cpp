@@ -12,6 +12,7 @@ bool flushing = false;  // a procedure that runs while painting may wait as well
 
 }  // namespace
 
+// The platform sends what was painted to the display server before it returns.
 void FlushPainting() {
     if (flushing || !QCoreApplication::instance()) return;
     flushing = true;

@@ -1,5 +1,6 @@
 #include "ui/GadgetTable.h"
 
+#include <QAbstractScrollArea>
 #include <QVariant>
 #include <algorithm>
 #include <cassert>
@@ -21,6 +22,7 @@ std::map<int, std::unique_ptr<PBGadgetFunctions>> gadgets;
 std::vector<QWidget*> openLists;  // the one that was opened last is at the end
 std::optional<QFont> defaultFont;
 
+// A number that an object carries as a dynamic property, -1 for none.
 int NumberIn(const QObject* object, const char* property) {
     const QVariant value = object ? object->property(property) : QVariant();
     return value.isValid() ? value.toInt() : -1;
@@ -53,6 +55,7 @@ int GadgetWindow(int gadget) {
     return functions ? WindowOf(functions->Widget()) : -1;
 }
 
+// The gadget that had the number goes first; its widget might hold the open list.
 QWidget* BeginGadget(int gadget) {
     assert(OnInterfaceThread());
     if (gadget < 0) return nullptr;
@@ -65,9 +68,12 @@ void EnterGadget(PBGadgetFunctions* functions, const QRect& place) {
     gadgets[functions->Gadget()].reset(functions);
     if (defaultFont) widget->setFont(*defaultFont);
     widget->installEventFilter(GadgetEventFilter());
+    if (auto* area = qobject_cast<QAbstractScrollArea*>(widget)) {
+        area->viewport()->installEventFilter(GadgetEventFilter());
+    }
     widget->setGeometry(place);
     functions->Resized();
-    widget->show();
+    widget->show();  // in a window that is on the screen already nobody else does
 }
 
 void SetDefaultGadgetFont(const QFont& font) {
@@ -80,10 +86,12 @@ void FreeGadget(int gadget) {
     QWidget* const widget = functions->Widget();
     FreeGadgetsIn(widget);
     gadgets.erase(gadget);
+    // Nothing that the dying widget still does is an event of a gadget.
     widget->setProperty(kGadgetProperty, QVariant());
     RetireWidget(widget);
 }
 
+// Collected before any goes: freeing one changes the table.
 void FreeGadgetsIn(const QWidget* widget) {
     std::vector<int> inside;
     for (const auto& [number, functions] : gadgets) {
@@ -94,6 +102,8 @@ void FreeGadgetsIn(const QWidget* widget) {
     for (const int number : inside) FreeGadget(number);
 }
 
+// The widget may be the sender of the signal that is being handled, so it is only hidden
+// and cut off here; the next wait deletes it.
 void RetireWidget(QWidget* widget) {
     const auto goes = [=](const QWidget* list) { return widget->isAncestorOf(list); };
     openLists.erase(std::remove_if(openLists.begin(), openLists.end(), goes), openLists.end());

@@ -23,11 +23,13 @@ Value Ask(int gadget, Value none, Value (PBGadgetFunctions::*question)(Arguments
     return functions ? (functions->*question)(arguments...) : none;
 }
 
+// Relative to the window's inner area or the container, like all places of gadgets.
 QRect PlaceOf(int gadget) {
     const QWidget* widget = WidgetOf(gadget);
     return widget ? widget->geometry() : QRect(0, 0, 0, 0);
 }
 
+// kKeep leaves a value of a place as it is.
 int Kept(int wanted, int present) {
     return wanted == kKeep ? present : wanted;
 }
@@ -42,6 +44,7 @@ void HideGadget(int gadget, bool hidden) {
     if (QWidget* widget = WidgetOf(gadget)) widget->setHidden(hidden);
 }
 
+// Its own setting: a gadget on show in a hidden container is not hidden.
 bool GadgetHidden(int gadget) {
     const QWidget* widget = WidgetOf(gadget);
     return widget && widget->isHidden();
@@ -51,6 +54,7 @@ void DisableGadget(int gadget, bool disabled) {
     if (QWidget* widget = WidgetOf(gadget)) widget->setDisabled(disabled);
 }
 
+// Its own setting again, whatever the container's.
 bool GadgetDisabled(int gadget) {
     const QWidget* widget = WidgetOf(gadget);
     return widget && !widget->isEnabledTo(widget->parentWidget());
@@ -72,6 +76,8 @@ int GadgetState(int gadget) {
     return Ask(gadget, 0, &PBGadgetFunctions::State);
 }
 
+// A hidden gadget takes its size at once as well: what is drawn on it before it shows has
+// to find its place.
 void ResizeGadget(int gadget, int x, int y, int width, int height) {
     PBGadgetFunctions* const functions = FindGadget(gadget);
     if (!functions) return;
@@ -99,6 +105,7 @@ void FocusGadget(int gadget) {
     if (QWidget* widget = WidgetOf(gadget)) widget->setFocus();
 }
 
+// The focus may be in a part of a gadget, such as the rows of a list.
 int FocusedGadget() {
     return GadgetAround(QApplication::focusWidget());
 }
@@ -117,6 +124,7 @@ QString GadgetTooltip(int gadget) {
     return widget ? widget->toolTip() : QString();
 }
 
+// A font that does not exist leaves the gadget as it is.
 void SetGadgetFont(int gadget, int font) {
     const QFont* look = NumberedFont(font);
     if (!look) return;

@@ -21,6 +21,8 @@ QApplication* application = nullptr;
 int toolkitArgumentCount = 1;
 
 void CreateApplication(char** argv) {
+    // The end of a desktop session must not be held up by windows that do not close: the
+    // program is ended like any other.
     QGuiApplication::setFallbackSessionManagementEnabled(false);
     application = new QApplication(toolkitArgumentCount, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
@@ -38,6 +40,8 @@ void StartInterfaceLayer(int&, char** argv) {
     SetBeforeSleep(FlushPainting);
 }
 
+// In reverse of the start. What was freed is deleted while the toolkit still stands, and
+// nothing sleeps on the queue any more when its events go.
 void EndInterfaceLayer() {
     SetBeforeSleep(nullptr);
     CloseNumberedWindow(-1);

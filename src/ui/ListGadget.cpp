@@ -7,6 +7,7 @@
 
 namespace {
 
+// The toolkit tells of clicks on rows alone; one below them raises nothing.
 class ListFunctions : public PBGadgetFunctions {
   public:
     ListFunctions(int gadget, QListWidget* shown) : PBGadgetFunctions(gadget, shown), list(shown) {

@@ -32,6 +32,7 @@ std::map<int, QMenu*> popups;
 QPointer<PBQMainWindow> openBar;  // takes the next titles
 QPointer<QMenu> openMenu;         // takes the next items
 
+// An item becomes checkable with its first tick, so that the others have no room for one.
 void ShowTick(const ItemRecord& record) {
     for (const QPointer<QAction>& action : record.actions) {
         if (!action) continue;
@@ -49,6 +50,8 @@ void TieToWindow(QMenu* menu, PBQMainWindow* window) {
 
 }  // namespace
 
+// The bar takes no number of its own: the toolkit keeps one for each window. It is put
+// into the window, never into a desktop's own bar.
 void CreateMenuBar(int, int window) {
     PBQMainWindow* const found = FindWindow(window);
     openBar = found;
@@ -61,6 +64,7 @@ void CreateMenuBar(int, int window) {
     found->FitMenuBar();
 }
 
+// One of the same number is replaced. It may be on show, so it is deleted later.
 void CreatePopupMenu(int menu) {
     QMenu*& popup = popups[menu];
     if (popup) popup->deleteLater();
@@ -69,6 +73,7 @@ void CreatePopupMenu(int menu) {
     openMenu = popup;
 }
 
+// Each title may make the bar higher; the inner area keeps its size.
 void MenuTitle(const QString& title) {
     if (!openBar) return;
     openMenu = openBar->menuBar()->addMenu(ToCaption(title));
@@ -106,6 +111,7 @@ QString MenuItemText(int item) {
     return found == items.end() ? QString() : found->second.text;
 }
 
+// popup() returns at once; the choice comes as an event like any other.
 void ShowPopupMenu(int menu, int window) {
     const auto found = popups.find(menu);
     PBQMainWindow* const over = FindWindow(window);
@@ -119,6 +125,7 @@ void RestoreItemTick(int item) {
     if (found != items.end()) ShowTick(found->second);
 }
 
+// An action is a child of its menu.
 int MenuWindow(const QObject* action) {
     const QObject* menu = action->parent();
     const QVariant window = menu ? menu->property(kMenuWindowProperty) : QVariant();

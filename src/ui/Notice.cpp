@@ -5,6 +5,8 @@
 #include "ui/TextGadget.h"
 #include "ui/Windows.h"
 
+// The place of the call is ignored: a window with that flag stands centred. Its gadget list
+// is closed again, so that the caller's own goes on.
 void ShowNotice(const QString& text, int ms) {
     const int parent = WindowIsOpen(kFileManagerWindow) ? kFileManagerWindow : kMainWindow;
     OpenNumberedWindow(kNoticeWindow, 10, 10, 200, 80, "Notice", kWindowCentredOnParent, parent);

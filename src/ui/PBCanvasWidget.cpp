@@ -25,6 +25,7 @@ constexpr uint32_t kUserInput = kEventUnmerged;
 
 std::set<PBCanvasWidget*> canvases;
 
+// The toolkit's masks as the program's attributes have them.
 uint32_t ButtonBits(Qt::MouseButtons buttons) {
     return (buttons & Qt::LeftButton ? kButtonLeft : 0) |
            (buttons & Qt::RightButton ? kButtonRight : 0) |
@@ -89,6 +90,7 @@ void PBCanvasWidget::ShowSoon(const QRect& area) {
     }
 }
 
+// update() collects what the toolkit then paints in one go.
 void PBCanvasWidget::ShowPending() {
     showTimer.stop();
     if (pending.isEmpty()) return;
@@ -162,6 +164,8 @@ void PBCanvasWidget::wheelEvent(QWheelEvent* event) {
     RaiseCanvasEvent(GadgetOf(this), kTypeMouseWheel, 0, carried);
 }
 
+// Two events that are handled apart from each other: the key, then its text. Keys whose
+// shortcut stands in the window do not come here.
 void PBCanvasWidget::keyPressEvent(QKeyEvent* event) {
     CanvasEventData carried = DataWithoutPlace(this, event->modifiers());
     carried.key = static_cast<uint32_t>(event->key());
@@ -170,10 +174,12 @@ void PBCanvasWidget::keyPressEvent(QKeyEvent* event) {
     RaiseInput(event->text(), carried);
 }
 
+// Characters that were composed from several keys have no key of their own.
 void PBCanvasWidget::inputMethodEvent(QInputMethodEvent* event) {
     RaiseInput(event->commitString(), DataWithoutPlace(this, QApplication::keyboardModifiers()));
 }
 
+// A character beyond U+FFFF gives two events, one for each unit.
 void PBCanvasWidget::RaiseInput(const QString& text, CanvasEventData carried) {
     const int gadget = GadgetOf(this);
     for (const QChar unit : text) {

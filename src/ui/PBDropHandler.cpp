@@ -24,6 +24,7 @@ QString PathsOf(const QMimeData& data) {
     return paths.join('\n');
 }
 
+// The data is copied here: it is gone when the toolkit's drop event ends.
 void RaiseDrop(const QWidget* target, DropFormat format, const QString& content) {
     InterfaceEvent event;
     event.object = GadgetOf(target);
@@ -53,6 +54,7 @@ bool PBDropHandler::Fits(const QMimeData& data, DropFormat* format) const {
     return files || (takesText && data.hasText());
 }
 
+// Whatever the other program proposes, the drop is a copy: nothing is moved away from it.
 bool PBDropHandler::Offer(QDropEvent& event) const {
     DropFormat format;
     const bool fits = Fits(*event.mimeData(), &format);

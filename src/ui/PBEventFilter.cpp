@@ -1,6 +1,7 @@
 #include "ui/PBEventFilter.h"
 
 #include <QMouseEvent>
+#include <QWidget>
 
 #include "base/Numbers.h"
 #include "ui/GadgetTable.h"
@@ -11,6 +12,13 @@ namespace {
 
 PBEventFilter filter;
 
+// The gadget of a filtered widget. The part of a list that shows its rows is a widget of
+// its own inside the gadget's.
+int WatchedGadget(QObject* watched) {
+    return GadgetAround(qobject_cast<QWidget*>(watched));
+}
+
+// Most gadgets take the focus without anybody wanting to know.
 void RaiseFocusEvent(int gadget, int64_t type) {
     const PBGadgetFunctions* functions = FindGadget(gadget);
     if (functions && functions->ReportsFocus()) RaiseGadgetEvent(gadget, type);
@@ -18,9 +26,8 @@ void RaiseFocusEvent(int gadget, int64_t type) {
 
 // The window gets to know of it whatever the gadget does with its mouse events. A gadget
 // that passes them on makes the window raise it again, which merges.
-void RaiseRightButtonUp(int gadget, const QMouseEvent& event) {
-    if (event.button() == Qt::RightButton)
-        RaiseWindowEvent(GadgetWindow(gadget), kEventRightButtonUp);
+void RaiseButtonUp(int gadget, Qt::MouseButton button) {
+    if (button == Qt::RightButton) RaiseWindowEvent(GadgetWindow(gadget), kEventRightButtonUp);
 }
 
 }  // namespace
@@ -29,17 +36,17 @@ PBEventFilter* GadgetEventFilter() {
     return &filter;
 }
 
+// It sees every event of every gadget, each repaint too, so it asks for the gadget last.
 bool PBEventFilter::eventFilter(QObject* watched, QEvent* event) {
-    const int gadget = GadgetOf(watched);
     switch (event->type()) {
         case QEvent::FocusIn:
-            RaiseFocusEvent(gadget, kTypeFocus);
+            RaiseFocusEvent(WatchedGadget(watched), kTypeFocus);
             break;
         case QEvent::FocusOut:
-            RaiseFocusEvent(gadget, kTypeLostFocus);
+            RaiseFocusEvent(WatchedGadget(watched), kTypeLostFocus);
             break;
         case QEvent::MouseButtonRelease:
-            RaiseRightButtonUp(gadget, static_cast<const QMouseEvent&>(*event));
+            RaiseButtonUp(WatchedGadget(watched), static_cast<QMouseEvent*>(event)->button());
             break;
         default:
             break;

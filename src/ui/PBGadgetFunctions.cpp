@@ -21,6 +21,8 @@ void RaiseGadgetEvent(int gadget, int64_t type) {
     RaiseInterfaceEvent(event);
 }
 
+// sender() is the widget or a helper of it. The gadget may be freed by what is bound to
+// the event, so nothing follows the call.
 void PBGadgetFunctions::LeftClicked() {
     RaiseGadgetEvent(GadgetOf(sender()), kTypeLeftClick);
 }

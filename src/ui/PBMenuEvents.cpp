@@ -12,6 +12,7 @@ namespace {
 
 PBMenuEvents menuEvents;
 
+// Shortcuts are menu events without a menu; both have type 0.
 void RaiseMenuEvent(int window, int item, uint32_t flags) {
     InterfaceEvent event;
     event.number = kEventMenu;

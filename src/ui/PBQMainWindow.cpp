@@ -9,6 +9,7 @@
 #include "ui/PBMainWindowWidget.h"
 #include "ui/WindowTable.h"
 
+// A closed window that still waits to be deleted has nothing to say.
 void RaiseWindowEvent(int window, int number) {
     if (!FindWindow(window)) return;
     InterfaceEvent event;
@@ -32,6 +33,7 @@ int PBQMainWindow::MenuBarHeight(int width) const {
     return height >= 0 ? height : bar->sizeHint().height();
 }
 
+// Reckoned, not read from the central widget, which a hidden window has not laid out yet.
 QSize PBQMainWindow::InnerSize() const {
     return QSize(width(), qMax(0, height() - MenuBarHeight(width())));
 }
@@ -69,6 +71,7 @@ void PBQMainWindow::paintEvent(QPaintEvent*) {
     RaiseWindowEvent(number, kEventRepaint);
 }
 
+// Restored is what is neither minimized nor maximized any more.
 void PBQMainWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::ActivationChange) {
@@ -85,6 +88,7 @@ void PBQMainWindow::mouseDoubleClickEvent(QMouseEvent* event) {
     doubleClicked = event->button() == Qt::LeftButton;
 }
 
+// The press and its kind are only remembered; the release is what counts.
 void PBQMainWindow::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::RightButton) {
         RaiseWindowEvent(number, kEventRightButtonUp);

@@ -21,6 +21,7 @@ QCompleter* FolderCompleter(QObject* owner) {
     return completer;
 }
 
+// The completer is a helper of the gadget and carries its number as well.
 class PathBoxFunctions : public PBGadgetFunctions {
   public:
     PathBoxFunctions(int gadget, QLineEdit* shown) : PBGadgetFunctions(gadget, shown), box(shown) {

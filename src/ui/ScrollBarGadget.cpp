@@ -8,6 +8,7 @@
 
 namespace {
 
+// valueChanged() comes for every road by which the user moves it: bar, arrows, page, wheel.
 class ScrollBarFunctions : public PBGadgetFunctions {
   public:
     ScrollBarFunctions(int gadget, QScrollBar* shown)
@@ -17,6 +18,7 @@ class ScrollBarFunctions : public PBGadgetFunctions {
         connect(bar, &QScrollBar::valueChanged, this, &PBGadgetFunctions::LeftClicked);
     }
     void SetState(int state) override {
+        // The bar is set while the terminal scrolls; told of that, it would scroll again.
         const QSignalBlocker quiet(bar);
         bar->setValue(state);
     }
@@ -34,6 +36,7 @@ void ScrollBarGadget(int gadget, int x, int y, int width, int height, int minimu
     if (!parent) return;
     const bool upright = direction == ScrollDirection::kVertical;
     auto* bar = new QScrollBar(upright ? Qt::Vertical : Qt::Horizontal, parent);
+    // The last page begins one page before the end.
     bar->setRange(minimum, qMax(minimum, maximum - pageLength));
     bar->setPageStep(pageLength);
     EnterGadget(new ScrollBarFunctions(gadget, bar), QRect(x, y, width, height));

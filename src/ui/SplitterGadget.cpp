@@ -12,6 +12,7 @@ class SplitterFunctions : public PBGadgetFunctions {
     SplitterFunctions(int gadget, QSplitter* shown)
         : PBGadgetFunctions(gadget, shown), splitter(shown) {}
 
+    // The toolkit keeps a little of each side visible and caps the position there.
     void SetState(int state) override {
         const int room = splitter->width() - splitter->handleWidth();
         const int left = qBound(0, state, qMax(0, room));
@@ -25,6 +26,7 @@ class SplitterFunctions : public PBGadgetFunctions {
 
 }  // namespace
 
+// The two gadgets keep their numbers and lie in the splitter from here on.
 void SplitterGadget(int gadget, int x, int y, int width, int height, int first, int second) {
     PBGadgetFunctions* const left = FindGadget(first);
     PBGadgetFunctions* const right = FindGadget(second);

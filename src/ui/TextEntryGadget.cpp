@@ -8,6 +8,7 @@
 
 namespace {
 
+// textEdited(), unlike textChanged(), tells of the user alone.
 class TextEntryFunctions : public PBGadgetFunctions {
   public:
     TextEntryFunctions(int gadget, QLineEdit* shown)

@@ -1,5 +1,5 @@
 // A one-line text entry. Raises event 3 with type 256 and 512 on gaining and losing the
-// focus, and 768 when the text changes.
+// focus, and 768 when the user changes the text.
 #pragma once
 
 #include <QString>

@@ -34,6 +34,7 @@ void TextGadget(int gadget, int x, int y, int width, int height, const QString& 
     auto* functions = new TextFunctions(gadget, label);
     functions->SetText(text);
     EnterGadget(functions, QRect(x, y, width, height));
+    // Known only now: the font came with the entry into the table.
     label->setWordWrap(HoldsLines(*label, height));
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 }

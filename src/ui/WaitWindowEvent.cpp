@@ -57,6 +57,8 @@ void WakeInterfaceThread() {
     if (QAbstractEventDispatcher* sleeper = dispatcher) sleeper->wakeUp();
 }
 
+// A second call inside the first, or inside a bound handler, would take events away from
+// under the one that is being handled. Built without assertions it gets no event.
 int32_t WaitForEvent(int timeoutMs) {
     assert(OnInterfaceThread());
     assert(!inWait && !HandlersAreRunning() && "a handler must not take events");

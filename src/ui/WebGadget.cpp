@@ -12,6 +12,7 @@ namespace {
 
 constexpr char kModuleName[] = "kewlink_web";
 
+// A module of another build may lack a name.
 template <typename Procedure>
 bool Resolve(QLibrary& library, const char* name, Procedure* procedure) {
     *procedure = reinterpret_cast<Procedure>(library.resolve(name));

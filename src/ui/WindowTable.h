@@ -14,7 +14,8 @@ PBQMainWindow* FindWindow(int window);
 // size that it is to have.
 void ShowNewWindows();
 
-// The program's window that has the keyboard, or else the one opened first; null for none.
+// The program's window that has the keyboard, or else the one of the lowest number; null
+// for none.
 PBQMainWindow* ActiveProgramWindow();
 
 // Shows what is dirty in every open window at once.

@@ -19,6 +19,8 @@ namespace {
 std::map<int, PBQMainWindow*> windows;
 std::vector<PBQMainWindow*> unshown;  // opened, and not on the screen yet
 
+// What a window's frame offers, by the program's flags. kWindowSizable has no row: it
+// decides whether the size is fixed.
 struct FlagRow {
     int flag;  // of base/Numbers.h
     Qt::WindowFlags look;
@@ -41,6 +43,8 @@ Qt::WindowFlags LookOf(int flags) {
     return look;
 }
 
+// A place is that of the frame, which the window manager adds. How wide the frame will be
+// is not known before it is there, so a centred window is centred without it.
 void PlaceWindow(PBQMainWindow* window, int x, int y, int flags, const QWidget* parent) {
     if (!(flags & kWindowCentredOnParent)) {
         window->move(x, y);
@@ -50,6 +54,8 @@ void PlaceWindow(PBQMainWindow* window, int x, int y, int flags, const QWidget* 
     }
 }
 
+// Windows that stand over this one go first: the toolkit would delete them with it, behind
+// the back of the table.
 void CloseOne(PBQMainWindow* window) {
     std::vector<PBQMainWindow*> children;
     for (const auto& [number, other] : windows) {
@@ -87,6 +93,7 @@ PBQMainWindow* FindWindow(int window) {
     return found == windows.end() ? nullptr : found->second;
 }
 
+// A dialog needs a parent that is on the screen.
 PBQMainWindow* ActiveProgramWindow() {
     ShowNewWindows();
     if (PBQMainWindow* active = FindWindow(WindowOf(QApplication::activeWindow()))) return active;
@@ -104,6 +111,8 @@ void ShowNewWindows() {
     }
 }
 
+// What is dirty is painted and goes out by the event that the toolkit sends itself for it
+// when its loop comes round. It costs next to nothing where nothing is dirty.
 void PaintAllWindows() {
     for (const auto& [number, window] : windows) {
         QEvent request(QEvent::UpdateRequest);
@@ -130,6 +139,7 @@ bool OpenNumberedWindow(int window, int x, int y, int width, int height, const Q
 
 void CloseNumberedWindow(int window) {
     if (PBQMainWindow* found = FindWindow(window)) CloseOne(found);
+    // Closing one may close others, so the table is looked at afresh each time.
     while (window == -1 && !windows.empty()) CloseOne(windows.begin()->second);
 }
 
@@ -174,5 +184,6 @@ void ResizeNumberedWindow(int window, int x, int y, int width, int height) {
     if (x != kKeep || y != kKeep) found->move(Kept(x, found->x()), Kept(y, found->y()));
     const QSize inner = found->InnerSize();
     const QSize wanted(qMax(0, Kept(width, inner.width())), qMax(0, Kept(height, inner.height())));
+    // A size that stands is not set again: on a maximized window it would end that.
     if (wanted != inner) found->SetInnerSize(wanted);
 }

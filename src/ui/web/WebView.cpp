@@ -6,12 +6,15 @@
 
 namespace {
 
+// The program knows the view as a plain widget.
 QWebView* ViewOf(QWidget* widget) {
     return qobject_cast<QWebView*>(widget);
 }
 
 }  // namespace
 
+// Links go through the gadget, which loads them; a view left to itself would do the same,
+// but open some of them in windows of its own.
 extern "C" Q_DECL_EXPORT QWidget* KewlinkWebCreate(QWidget* parent) {
     auto* view = new QWebView(parent);
     view->page()->setLinkDelegationPolicy(QWebPage::DelegateAllLinks);
