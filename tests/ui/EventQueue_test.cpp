@@ -58,10 +58,9 @@ TEST(EventQueue, MergesOnlyWithTheNewestEqualEvent) {
     PostInterfaceEvent(6, 3, kNone, 0);
     PostInterfaceEvent(6, 3, kNone, 0);  // posted events never merge
     EXPECT_EQ(QueuedEventCount(), 12);
-    const std::vector<Seen> expected = {{6, 3, -1, 0},     {6, 4, -1, 0},     {6, 3, -1, 0},
-                                        {3, 3, 7, 1},      {3, 3, 7, 2},      {3, 3, 8, 2},
-                                        {3, 3, 8, 2},      {65535, 0, -1, 0}, {65536, 0, -1, 0},
-                                        {65536, 0, -1, 0}, {6, 3, -1, 0},     {6, 3, -1, 0}};
+    const Events expected = {{6, 3, -1, 0},     {6, 4, -1, 0},     {6, 3, -1, 0}, {3, 3, 7, 1},
+                             {3, 3, 7, 2},      {3, 3, 8, 2},      {3, 3, 8, 2},  {65535, 0, -1, 0},
+                             {65536, 0, -1, 0}, {65536, 0, -1, 0}, {6, 3, -1, 0}, {6, 3, -1, 0}};
     EXPECT_EQ(TakeEvents(), expected);
 }
 
@@ -72,7 +71,7 @@ TEST(EventQueue, BlockedEventsAreDroppedUnlessUnblockable) {
     PostInterfaceEvent(65541, 0, kNone, 0);
     BlockInterfaceEvents(false);
     EXPECT_EQ(released, 1);
-    EXPECT_EQ(TakeEvents(), (std::vector<Seen>{{6, 0, -1, 0}, {65541, 0, -1, 0}}));
+    EXPECT_EQ(TakeEvents(), (Events{{6, 0, -1, 0}, {65541, 0, -1, 0}}));
 }
 
 TEST(EventQueue, DataIsReleasedOnceWhateverBecomesOfTheEvent) {
@@ -114,8 +113,12 @@ TEST(EventQueue, BoundHandlersRunInKeyOrderWithTheirEventCurrent) {
     RaiseInterfaceEvent(Event(3, 1, 2, 0));  // another type
     EXPECT_EQ(log, "bcd");
 
+    log.clear();
+    RaiseInterfaceEvent(Event(3, 1, 2, 0));  // merged, but the handlers run again
+    EXPECT_EQ(log, "bcd");
+
     // The events were queued all the same.
-    const std::vector<Seen> queued = {
+    const Events queued = {
         {3, 1, 2, 768}, {6, 9, -1, 0}, {3, 5, 2, 768}, {6, 9, -1, 0}, {3, 1, 2, 0}};
     EXPECT_EQ(TakeEvents(), queued);
 }
@@ -143,14 +146,6 @@ TEST(EventQueue, AnEventDroppedByItsOwnHandlerLivesUntilTheHandlerEnds) {
     EXPECT_EQ(log, "outer 5:0 5:1 ");
     EXPECT_EQ(released, 2);
     EXPECT_EQ(QueuedEventCount(), 0);
-}
-
-TEST(EventQueue, TheHandlersOfAMergedEventRunAgain) {
-    BindHandler(3, kAny, 27, 0, [] { log += "x"; });
-    RaiseInterfaceEvent(Event(3, 0, 27));
-    RaiseInterfaceEvent(Event(3, 0, 27));
-    EXPECT_EQ(log, "xx");
-    EXPECT_EQ(QueuedEventCount(), 1);
 }
 
 TEST(EventQueue, ThousandsOfPostsFromThreadsAllArriveInTheOrderOfEach) {
@@ -184,14 +179,6 @@ TEST(WaitForEvent, PostsFromThreadsEndAnEndlessWaitAtOnce) {
         EXPECT_EQ(EventObject(), round);
         poster.join();
     }
-}
-
-TEST(WaitForEvent, AnEventRaisedMeanwhileEndsTheWaitLongBeforeItsTime) {
-    QElapsedTimer clock;
-    clock.start();
-    QTimer::singleShot(5, [] { RaiseInterfaceEvent(Event(7)); });
-    EXPECT_EQ(WaitForEvent(60000), 7);
-    EXPECT_LT(clock.elapsed(), 10000);
 }
 
 TEST(WaitForEvent, WaitsItsTimeAndServesTheToolkitMeanwhile) {

@@ -114,19 +114,13 @@ TEST(Clipboard, HoldsTextUpToItsBound) {
 }
 
 TEST(Dialogs, AnswersTakeTheirPlace) {
-    static QString asked;
     DialogAnswers answers;
-    answers.message = [](const QString& title, const QString& text) {
-        asked = title + ":" + text;
-        return true;
-    };
     answers.text = [](const QString&, const QString&, const QString& preset) {
         return preset + " x 25";
     };
     AnswerDialogs(&answers);
-    EXPECT_TRUE(AskMessage("Warning!", "Continue?", MessageButtons::kYesNo));
-    EXPECT_EQ(asked, "Warning!:Continue?");
     EXPECT_EQ(AskText("New size", "Enter", "80"), "80 x 25");
+    EXPECT_FALSE(AskMessage("Warning!", "Continue?", MessageButtons::kYesNo));
     EXPECT_EQ(AskSaveFile("Save", "", "Basic|*.bas").path, "");  // no answer: cancelled
     EXPECT_FALSE(AskFont("Liberation Mono", 9).accepted);
     AnswerDialogs(nullptr);

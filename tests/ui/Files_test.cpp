@@ -38,12 +38,12 @@ void DoubleClickRow(int row) {
     ClickAgain(list->viewport(), at);
 }
 
-std::vector<Seen> GadgetEvents() {
+Events GadgetEvents() {
     return TakeEventsOf(kEventGadget);
 }
 
-const std::vector<Seen> kFolderChanged = {{kEventGadget, kTestWindow, kPcList, kTypeValueChanged}};
-const std::vector<Seen> kNothing;
+const Events kFolderChanged = {{kEventGadget, kTestWindow, kPcList, kTypeValueChanged}};
+const Events kNothing;
 
 }  // namespace
 
@@ -84,23 +84,20 @@ TEST(ExplorerList, ListsFoldersFirstAndIsWalkedByDoubleClicks) {
 
 TEST(ExplorerList, SelectionAndColumns) {
     const QTemporaryDir top;
-    MakeFile(top.filePath("a.bas"), 1234);
-    MakeFile(top.filePath("b.bas"), 5);
+    for (const char* name : {"a.bas", "b.bas"}) MakeFile(top.filePath(name), 1);
     OpenTestWindow();
     ExplorerListGadget(kPcList, 0, 0, 400, 300, top.path());
     EXPECT_EQ(GadgetState(kPcList), -1);
-    SetGadgetItemSelected(kPcList, 2, true);
-    SetGadgetItemSelected(kPcList, 1, true);
+    for (const int row : {2, 1}) SetGadgetItemSelected(kPcList, row, true);
     EXPECT_EQ(GadgetState(kPcList), 1);
     EXPECT_TRUE(GadgetItemSelected(kPcList, 2));
     EXPECT_FALSE(GadgetItemSelected(kPcList, 0) || GadgetItemSelected(kPcList, 9));
     SetGadgetState(kPcList, -1);
     EXPECT_EQ(GadgetState(kPcList), -1);
-    for (int column = 0; column < 3; ++column) SetGadgetColumnWidth(kPcList, column, 90 + column);
+    for (const int column : {0, 1, 2, 7}) SetGadgetColumnWidth(kPcList, column, 90 + column);
     EXPECT_EQ(GadgetColumnWidth(kPcList, 0), 90);
     EXPECT_EQ(GadgetColumnWidth(kPcList, 2), 92);
     EXPECT_EQ(GadgetColumnWidth(kPcList, 3) + GadgetColumnWidth(kPcList, -1), 0);
-    SetGadgetColumnWidth(kPcList, 7, 10);
 }
 
 // Who marks a change as its own counts on the echo, so it comes for an equal text too.
@@ -112,14 +109,14 @@ TEST(PathBox, TellsOfEveryChangeAndOfTheChoice) {
     const Seen changed = {kEventGadget, kTestWindow, kPcPathEntry, kTypePathChanged};
     const Seen chosen = {kEventGadget, kTestWindow, kPcPathEntry, kTypePathChosen};
     SetGadgetText(kPcPathEntry, "/usr/");
-    EXPECT_EQ(GadgetEvents(), (std::vector<Seen>{changed}));
+    EXPECT_EQ(GadgetEvents(), (Events{changed}));
     SetGadgetText(kPcPathEntry, "/usr/");
-    EXPECT_EQ(GadgetEvents(), (std::vector<Seen>{changed}));
+    EXPECT_EQ(GadgetEvents(), (Events{changed}));
     Key(WidgetOfGadget(kPcPathEntry), Qt::Key_L, "l");
     EXPECT_EQ(GadgetText(kPcPathEntry), "/usr/l");
-    EXPECT_EQ(GadgetEvents(), (std::vector<Seen>{changed}));
+    EXPECT_EQ(GadgetEvents(), (Events{changed}));
     Key(WidgetOfGadget(kPcPathEntry), Qt::Key_Return, "\r");
-    EXPECT_EQ(GadgetEvents(), (std::vector<Seen>{chosen}));
+    EXPECT_EQ(GadgetEvents(), (Events{chosen}));
     FreeGadget(kPcPathEntry);
     EXPECT_EQ(GadgetEvents(), kNothing);
 }

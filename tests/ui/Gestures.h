@@ -23,6 +23,8 @@ inline std::ostream& operator<<(std::ostream& out, const Seen& event) {
                << " type " << event.type;
 }
 
+using Events = std::vector<Seen>;
+
 constexpr int kTestWindow = 0;
 
 // Opens a sizable window of 400 by 300 with a gadget list, and takes its first events.

@@ -58,19 +58,6 @@ TEST(Windows, TheInnerSizeLiesBelowTheMenuBar) {
     EXPECT_EQ(WindowY(0, WindowMeasure::kFrame), 80);
 }
 
-TEST(Windows, AStoredPlaceAndSizeOpenTheSameWindowAgain) {
-    OpenTestWindow();
-    CloseGadgetList();
-    const QRect stored(WindowX(0, WindowMeasure::kFrame), WindowY(0, WindowMeasure::kFrame),
-                       WindowWidth(0, WindowMeasure::kInner),
-                       WindowHeight(0, WindowMeasure::kInner));
-    EXPECT_EQ(stored, QRect(50, 60, 400, 300));
-    OpenNumberedWindow(155, stored.x(), stored.y(), stored.width(), stored.height(), "Again", 50);
-    EXPECT_EQ(WindowX(155, WindowMeasure::kFrame), 50);
-    EXPECT_EQ(WindowY(155, WindowMeasure::kFrame), 60);
-    EXPECT_EQ(InnerSize(155), QSize(400, 300));
-}
-
 TEST(Windows, FlagsBecomeTheFrame) {
     OpenNumberedWindow(1, 0, 0, 200, 100, "all", kStandardWindowFlags);
     OpenNumberedWindow(2, 0, 0, 200, 100, "help", kHelpWindowFlags);
@@ -114,9 +101,9 @@ TEST(Windows, SizesMovesAndStatesAreEventsAndBurstsCollapse) {
     WidgetOfWindow(0)->showNormal();
     EXPECT_EQ(TakeEventsOf(kEventRestoreWindow).size(), 1u);
     OpenNumberedWindow(155, 0, 0, 200, 100, "other", kHelpWindowFlags);
-    EXPECT_EQ(TakeEventsOf(kEventDeactivateWindow), (std::vector<Seen>{{8, 0, -1, 0}}));
+    EXPECT_EQ(TakeEventsOf(kEventDeactivateWindow), (Events{{8, 0, -1, 0}}));
     ActivateNumberedWindow(0);
-    EXPECT_EQ(TakeEventsOf(kEventActivateWindow), (std::vector<Seen>{{7, 0, -1, 0}}));
+    EXPECT_EQ(TakeEventsOf(kEventActivateWindow), (Events{{7, 0, -1, 0}}));
 }
 
 TEST(Windows, ButtonsReleasedOverTheWindowAreEvents) {
@@ -125,11 +112,11 @@ TEST(Windows, ButtonsReleasedOverTheWindowAreEvents) {
     TakeEvents();
     QWidget* const window = CentralWidget(0);
     Click(window, QPoint(300, 200));
-    EXPECT_EQ(TakeEventsOf(kEventLeftButtonUp), (std::vector<Seen>{{17, 0, -1, 0}}));
+    EXPECT_EQ(TakeEventsOf(kEventLeftButtonUp), (Events{{17, 0, -1, 0}}));
     ClickAgain(window, QPoint(300, 200));
     Release(window, QPoint(300, 200), Qt::RightButton);
     Release(WidgetOfGadget(62), QPoint(5, 5), Qt::RightButton);  // over a gadget as well
-    const std::vector<Seen> expected = {{18, 0, -1, 0}, {16, 0, -1, 0}};
+    const Events expected = {{18, 0, -1, 0}, {16, 0, -1, 0}};
     EXPECT_EQ(TakeEvents(), expected);
 }
 
@@ -153,11 +140,11 @@ TEST(Windows, AClosedWindowTakesItsGadgetsTimersAndEventsAlong) {
     EXPECT_EQ(WindowWidth(161, WindowMeasure::kInner), 0);
     ButtonGadget(170, 0, 0, 10, 10, "x");  // the list of the closed window is closed: it
     EXPECT_EQ(WidgetOfGadget(170)->window(), WidgetOfWindow(0));  // lies in the one before
-    std::vector<Seen> left;
+    Events left;
     for (const Seen& event : TakeEvents()) {
         if (event.window == 161) left.push_back(event);
     }
-    EXPECT_EQ(left, (std::vector<Seen>{{65541, 161, -1, 0}}));  // the program's own message
+    EXPECT_EQ(left, (Events{{65541, 161, -1, 0}}));  // the program's own message
     CloseNumberedWindow(-1);
     EXPECT_FALSE(WindowIsOpen(0));
     CloseNumberedWindow(0);
