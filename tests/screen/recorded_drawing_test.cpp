@@ -204,19 +204,27 @@ TEST_F(RecordedDrawing, EqualsDrawingAtOnceBeyondTheBoundsOfARecord) {
         both.Compare("a record that was full");
     }
 
-    const std::vector<char16_t> text(kMostPaintText / 4, 'x');
-    PlainPicture plain(200, 40);
-    ResetCanvasPicture(kTerminalCanvas, 200, 40);
-    const CellBoxes side = {9, 10, 16}, stacked = {0, 10, 16};
-    ASSERT_TRUE(StartDrawing(kTerminalCanvas));
-    for (int i = 0; i < 6; ++i) {
-        const CellRun run = {text.data(), static_cast<int>(text.size()), {0xFF, 0xFF00, 1, true}};
-        const CellRun small = {text.data(), 50, {0xFF, 0xFF00, 1, true}};
-        DrawCells(100 * i - 300, 2, &run, 1, i % 2 ? side : stacked);
-        plain.Cells(100 * i - 300, 2, &small, 1, i % 2 ? side : stacked);
+    // Too many spans, and too much text: what was drawn before stays.
+    const std::u16string text(19, 'x');
+    const CellRun run = {text.data(), 19, {0xFF, 0xFF00, 1, true}};
+    const CellRun split[] = {{text.data(), 7, {0xFF, 0xFF00, 1, true}},
+                             {text.data(), 7, {0xFF, 0xFF0000, 1, true}},
+                             {text.data(), 5, {0xFF, 0xFF00, 1, true}}};
+    for (const bool spans : {true, false}) {
+        PlainPicture plain(200, 60);
+        ResetCanvasPicture(kTerminalCanvas, 200, 60);
+        ASSERT_TRUE(StartDrawing(kTerminalCanvas));
+        DrawBox(20, 40, 30, 10, 0xFF);
+        plain.Box(20, 40, 30, 10, 0xFF);
+        for (int i = 0; i < 30000; ++i) {
+            DrawCells(2, i % 2 * 16, spans ? split : &run, spans ? 3 : 1, {9, 10, 16});
+        }
+        StopDrawing();
+        for (int i = 0; i < 2; ++i) {
+            plain.Cells(2, i * 16, spans ? split : &run, spans ? 3 : 1, {9, 10, 16});
+        }
+        ExpectSamePicture(CanvasPicture(kTerminalCanvas), plain.Image(), "full of cells");
     }
-    StopDrawing();
-    ExpectSamePicture(CanvasPicture(kTerminalCanvas), plain.Image(), "long runs");
 }
 
 // A font that is freed or replaced leaves what was drawn with it as it was.
