@@ -59,6 +59,7 @@ std::vector<OptionWord> ReadOptionWords(const QString& specification) {
     return words;
 }
 
+// The family, the line ending and the link outlive a specification; these do not.
 void ClearForSpecification() {
     SetDefaultMethod();
     UploadOptions& options = EditUploadOptions();
@@ -74,6 +75,7 @@ void TakeFamilyWord(const QString& value, SpecRun& run) {
     SetGadgetText(kFamilyCombo, uploadOptions.familyName);
 }
 
+// At its place in the line: lines end in the line ending of the words before.
 void TakeCrunch(const QString&, SpecRun& run) {
     run.text = CrunchSource(run.text);
 }
@@ -97,6 +99,7 @@ void TakeNoRun(const QString&, SpecRun&) {
     if (uploadOptions.familyName == "cmm2") EditUploadOptions().autosaveEnd = kSaveCode;
 }
 
+// "no" keeps the automatic name.
 void TakeFile(const QString& value, SpecRun&) {
     if (uploadOptions.familyName != "cmm2" || value == "no") return;
     EditUploadOptions().autosaveStart = AutosaveInto(value);

@@ -49,6 +49,7 @@ FlashMethod MethodOfFamily() {
     return {start, end + lineEnding.bytes};
 }
 
+// What was read before is forgotten, even if the new file fails.
 void ReadPendingFile(const QString& path) {
     SetPasteSource(false);
     slotUploadArmed = ReadWholeSource(path, pendingFlashText);

@@ -25,6 +25,7 @@ void ReadFlags(const QString& line) {
     if (line.contains(" norun")) options.noRun = true;
 }
 
+// "*" stands for the name of the file being loaded, in its own capitals.
 QString DeviceFileOf(const QString& line) {
     const QString mark = line.contains(" file/") ? " file/" : " file\\";
     const int found = line.indexOf(mark);
@@ -50,6 +51,7 @@ void ReadFamilies(const QString& line) {
     }
 }
 
+// A name and a speed, as in com3:38400.
 void ReadPort(const QString& line) {
     const int found = line.indexOf(" com");
     if (found >= 0) SetPortAndSpeed(WordAt(line, found + 1));

@@ -37,6 +37,7 @@ bool EchoLine(const QString& line) {
     return true;
 }
 
+// Gives the device time, as after a command that restarts it.
 bool Nap(const QString& line) {
     TerminalPrintLine("Nap");
     SleepMs(int64_t{NapSeconds(line)} * kMsPerSecond);
@@ -58,6 +59,7 @@ bool Reconnect(const QString& line) {
     return true;
 }
 
+// The echo paces the upload: a board that is still at work echoes later.
 bool SendLine(const QString& line) {
     return SendAndWait(line + lineEnding.bytes, kWaitForLine) != kTimeout;
 }
@@ -79,6 +81,7 @@ const LineDirective lineDirectives[] = {
     {"'nap ", 5, true, true, Nap},
 };
 
+// A line that ends with the word has no blank behind it, so one is lent to it.
 bool Fits(const LineDirective& directive, const QString& line) {
     if (directive.forCommands && uploadOptions.familyName != "command") return false;
     QString start = line.left(directive.length);

@@ -44,6 +44,7 @@ bool SendCommand(const QString& command, int64_t wait) {
     return reply != kTimeout;
 }
 
+// One line end for all that follows, and none of the editor's own lines.
 void PrepareSource() {
     SetUploadText(StripMarkerLines(NormaliseLineEndings(uploadSource.text)));
 }
@@ -63,6 +64,8 @@ void RefuseEncoding(const QString& what) {
     FocusGadget(kTerminalCanvas);
 }
 
+// The older directive form adds to what stands here; the newer one starts afresh by
+// itself. Whether to disconnect is left to both.
 void ResetOptions() {
     UploadOptions& options = EditUploadOptions();
     options.noRun = false;
@@ -72,6 +75,7 @@ void ResetOptions() {
     SetDefaultMethod();
 }
 
+// The first line in the one shape that the tests for a directive know.
 QString DirectiveLine() {
     QString line = FirstLineOf(uploadSource.text);
     line.replace('\t', ' ');
@@ -106,6 +110,7 @@ bool BreakOut() {
     return reply != kTimeout && PassPinDialogue(reply);
 }
 
+// The board's prompt tells that its memory is empty.
 bool ClearProgram() {
     return uploadOptions.noNew || SendCommand("NEW", kWaitForPrompt);
 }
@@ -124,6 +129,7 @@ bool SetDeviceRtc() {
     return SendCommand(FormatDate(mask, WallClock()), kWaitForPrompt);
 }
 
+// The echo of the command is enough: boards print nothing else before the first line.
 bool OpenReceiveMode() {
     return SendCommand(uploadOptions.autosaveStart, kWaitForLine);
 }
@@ -143,6 +149,7 @@ void CloseReceiveMode() {
     TerminalPrintLine(reply);
 }
 
+// A board throws away what is typed while it stores the program, so RUN comes late.
 void RunProgram() {
     if (uploadOptions.noRun) return;
     SleepMs(uploadSettings.autosaveEndDelay);
@@ -160,6 +167,7 @@ void TypeProgram() {
     RunProgram();
 }
 
+// What every upload ends with, however far it came.
 void LeaveUpload() {
     HideProgressLabel();
     if (uploadOptions.disconnectAfter) {
