@@ -1,5 +1,8 @@
 #include "simulator/BasicMachine.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "simulator/BasicCommands.h"
 #include "simulator/BasicFlow.h"
 #include "simulator/BasicStatements.h"
@@ -12,10 +15,6 @@ constexpr int64_t kFullOutputWaitMs = 5;
 
 void RunSlice(Board& board);
 const BoardActivity kRunning = {nullptr, RunSlice, BreakToPrompt};
-
-bool IsRunning(const Board& board) {
-    return board.activity->time == RunSlice;
-}
 
 // Steps over a line number or a label at the start of a program line.
 void SkipLabel(Board& board) {
@@ -71,7 +70,8 @@ void RunNamed(Board& board) {
         }
         RunLet(board);
     }
-    if (!board.basic.failed && IsRunning(board) && !AtStatementEnd(board)) Fail(board, "Syntax");
+    if (!board.basic.failed && BasicIsRunning(board) && !AtStatementEnd(board))
+        Fail(board, "Syntax");
 }
 
 // One statement; false when the slice is over for another reason than its budget.
@@ -89,7 +89,7 @@ bool RunStatement(Board& board) {
     } else {
         RunNamed(board);
     }
-    if (!basic.failed) return IsRunning(board);
+    if (!basic.failed) return BasicIsRunning(board);
     const std::string message = basic.error;
     basic.failed = false;
     FailWith(board, message);
@@ -102,8 +102,12 @@ void RunSlice(Board& board) {
         return;
     }
     WakeIn(board, 1);
-    board.basic.cost = 0;
-    while (board.basic.cost < board.facts.statementsPerMs) {
+    // The budget is that of the passing time: a program that runs itself anew, or commands
+    // that come back at once, begin no other one, and long work leaves a debt.
+    BasicMachine& basic = board.basic;
+    const int64_t passed = board.now - std::exchange(basic.sliceAt, board.now);
+    basic.cost = std::max<int64_t>(0, basic.cost - passed * board.facts.statementsPerMs);
+    while (basic.cost < board.facts.statementsPerMs) {
         if (!RunStatement(board)) return;
     }
 }
@@ -149,6 +153,15 @@ void ChainProgram(Board& board) {
 void ResumeBasic(Board& board) {
     StartActivity(board, kRunning);
     WakeIn(board, 0);
+}
+
+bool BasicIsRunning(const Board& board) {
+    return board.activity->time == RunSlice;
+}
+
+void ChargeWork(Board& board, size_t bytes) {
+    constexpr size_t kBytesPerStatement = 64;
+    board.basic.cost += static_cast<int64_t>(bytes / kBytesPerStatement);
 }
 
 void StopProgram(Board& board) {

@@ -65,8 +65,9 @@ struct BasicMachine {
     BasicPlace failedAt;
     bool failed = false;  // `error` is to be printed
     std::string error;
-    int depth = 0;  // of the expression
-    int cost = 0;   // what the current slice has used of its budget
+    int depth = 0;        // of the expression
+    int64_t sliceAt = 0;  // ms of the last slice
+    int64_t cost = 0;     // statements run since, or a debt that is left of them
     std::map<std::string, BasicVariable> variables;
     size_t elements = 0;  // of all arrays
     bool explicitNames = false;
@@ -89,6 +90,12 @@ void ChainProgram(Board& board);
 
 // Goes on behind a command that took its time.
 void ResumeBasic(Board& board);
+
+// Does a line or a program have the console?
+bool BasicIsRunning(const Board& board);
+
+// Work on so many bytes takes its time from the statements that follow.
+void ChargeWork(Board& board, size_t bytes);
 
 // Nothing runs any more. Variables stay.
 void StopProgram(Board& board);

@@ -43,6 +43,7 @@ struct Board {
     const BoardActivity* activity;
     int64_t wakeAt = kNeverMs;  // of the activity, ms
     void (*afterBusy)(Board& board) = nullptr;
+    bool stopAsked = false;                              // Ctrl-C came while the board was busy
     void (*answered)(Board& board, bool yes) = nullptr;  // of the question that waits
     std::vector<std::string> toDelete;                   // KILL: paths, the next one last
 

@@ -1,14 +1,23 @@
 #include "simulator/BoardActivity.h"
 
+#include <utility>
+
 #include "simulator/Board.h"
 
 namespace {
 
+// A Ctrl-C that came meanwhile stops the program that would go on now.
 void BusyIsOver(Board& board) {
     board.afterBusy(board);
+    if (std::exchange(board.stopAsked, false) && BasicIsRunning(board)) BreakToPrompt(board);
 }
 
-const BoardActivity kBusy = {nullptr, BusyIsOver, nullptr};
+// The work itself goes on.
+void StopLater(Board& board) {
+    board.stopAsked = true;
+}
+
+const BoardActivity kBusy = {nullptr, BusyIsOver, StopLater};
 const BoardActivity kDeafBusy = {nullptr, BusyIsOver, nullptr, true};
 
 }  // namespace
@@ -34,5 +43,6 @@ void BusyThen(Board& board, int64_t ms, void (*then)(Board& board), bool deaf) {
     if (deaf) board.in.ring.clear();
     StartActivity(board, deaf ? kDeafBusy : kBusy);
     board.afterBusy = then;
+    board.stopAsked = false;
     WakeIn(board, ms);
 }

@@ -5,6 +5,8 @@
 
 namespace {
 
+constexpr size_t kEntryWork = 32;  // bytes of work for each entry of a folder
+
 bool ReportOf(Board& board, const char* error) {
     return !error || Fail(board, error);
 }
@@ -56,6 +58,7 @@ void KillAllAnswered(Board& board, bool yes) {
 void CollectFiles(Board& board, const std::string& pattern) {
     const std::string folder = FolderOf(pattern);
     const auto found = ListFolder(board.files, folder, NameOf(pattern));
+    ChargeWork(board, board.files.entries.size() * kEntryWork);
     board.toDelete.clear();
     for (auto file = found.rbegin(); file != found.rend(); ++file) {
         if (!(*file)->isFolder) board.toDelete.push_back(JoinPath(folder, (*file)->name));
@@ -162,5 +165,7 @@ void RunSave(Board& board) {
         Fail(board, "Nothing to save");
         return;
     }
-    ReportOf(board, WriteFile(board.files, path, JoinProgram(board, "\r\n"), BoardSeconds(board)));
+    const std::string text = JoinProgram(board, "\r\n");
+    ChargeWork(board, text.size());
+    ReportOf(board, WriteFile(board.files, path, text, BoardSeconds(board)));
 }

@@ -39,6 +39,7 @@ std::string_view TakeLine(std::string_view* text) {
 const char* StoreProgram(Board& board, std::string_view text, bool append) {
     ProgramMemory& program = board.program;
     if (!append) ClearProgram(board);
+    ChargeWork(board, text.size());
     size_t size = 0;
     for (const std::string& line : program.lines) size += line.size() + 2;
     while (!text.empty()) {

@@ -1,0 +1,88 @@
+// Troubles on request, pacing, and the telnet console.
+#include "simulator/TelnetCoding.h"
+#include "tests/simulator/board_bench.h"
+
+TEST(Faults, TheSameSeedGivesTheSameTrouble) {
+    BoardSetup setup;
+    setup.faults.lostOutPerMille = 100;
+    setup.faults.garbagePerMille = 100;
+    setup.faults.seed = 7;
+    const std::string command = "PRINT STRING$(255,65)\r";
+    const auto run = [&] { return BoardBench("picomite", setup).Say(command); };
+    const std::string first = run();
+    EXPECT_EQ(first, run());
+    EXPECT_GT(first.size(), 200u);
+    EXPECT_LT(first.size(), 275u);
+    setup.faults.seed = 8;
+    EXPECT_NE(first, run());
+    BoardSetup deaf;
+    deaf.faults.lostInPerMille = 500;
+    BoardBench bench("picomite", deaf);
+    const std::string echo = bench.Say(std::string(200, 'a'));
+    EXPECT_GT(echo.size(), 60u);
+    EXPECT_LT(echo.size(), 140u);
+}
+
+TEST(Faults, EchoDelaySilenceAndCut) {
+    BoardSetup setup;
+    setup.faults.noEcho = true;
+    EXPECT_EQ(BoardBench("picomite", setup).Say("PRINT 1\r"), " 1\r\n> " + kTail603);
+    setup = BoardSetup();
+    setup.faults.delayMs = 700;
+    BoardBench slow("picomite", setup);
+    slow.Wait(1000);
+    EXPECT_EQ(slow.Say("ab", 699), "");
+    EXPECT_EQ(slow.Wait(1), "ab");
+    setup = BoardSetup();
+    setup.faults.silent = true;
+    EXPECT_EQ(BoardBench("picomite", setup).Say("PRINT 1\r"), "");
+    setup = BoardSetup();
+    setup.faults.cutAfterBytes = 200;
+    BoardBench cut("picomite", setup);
+    std::string all = cut.signOn;
+    for (int i = 0; i < 20; ++i) all += cut.Say("PRINT 123456\r");
+    EXPECT_EQ(all.size(), 200u);
+    EXPECT_FALSE(cut.board.LinkIsUp());
+}
+
+TEST(Faults, Storms) {
+    BoardSetup setup;
+    setup.faults.storm = {"\x18", 100, 0, 0, true};
+    BoardBench cans("picomite", setup);
+    EXPECT_EQ(cans.Wait(1000), "");  // only in a transfer
+    EXPECT_EQ(cans.Say("XMODEM RECEIVE \"x\"\r", 1000).substr(20),
+              "\x15" + std::string(10, '\x18'));
+    setup.faults.storm = {"spam\r\n", 10, 500, 100, false};
+    BoardBench flood("picomite", setup);
+    EXPECT_EQ(flood.Wait(499), "");
+    EXPECT_EQ(flood.Wait(10000).size(), 60u);
+}
+
+TEST(Faults, OutputAtTheSpeedOfALine) {
+    BoardSetup setup;
+    setup.baud = 9600;  // 0.96 bytes a millisecond
+    BoardBench bench("picomite", setup);
+    bench.Wait(1000);
+    const std::string out = bench.Say("PRINT STRING$(250,65)\r", 100);
+    EXPECT_EQ(out.size(), 96u);
+    EXPECT_EQ(bench.Wait(100).size(), 96u);
+    EXPECT_EQ(bench.Wait(1000).substr(80), "A\r\n> " + kTail603);
+}
+
+TEST(Telnet, CodingOfBothDirections) {
+    EXPECT_EQ(TelnetGreeting(), std::string("\xff\xfb\x03\xff\xfd\x03\xff\xfb\x01"
+                                            "\xff\xfd\x22\xff\xfe\x22\x00",
+                                            16));
+    const std::string all = std::string("a\r\n\xff\r\xff", 6) + '\0';
+    EXPECT_EQ(EncodeTelnet(all), std::string("a\r\0\n\xff\xff\r\0\xff\xff\0", 11));
+    // Whatever it is cut into, as long as no segment starts with 255.
+    for (size_t cut = 1; cut < 11; ++cut) {
+        const std::string coded = EncodeTelnet(all);
+        if (coded[cut] == '\xff') continue;
+        TelnetCoding coding;
+        const std::string first = DecodeTelnet(coding, coded.substr(0, cut));
+        EXPECT_EQ(first + DecodeTelnet(coding, coded.substr(cut)), all) << cut;
+    }
+    TelnetCoding coding;
+    EXPECT_EQ(DecodeTelnet(coding, "\xff\xfb\x01typed"), "");  // thrown away whole
+}

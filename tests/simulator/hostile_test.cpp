@@ -1,0 +1,203 @@
+// Streams that mean harm: the board stays alive, answers in the end, and keeps its bounds.
+#include <chrono>
+#include <random>
+
+#include "simulator/BoardOutput.h"
+#include "tests/simulator/board_bench.h"
+
+namespace {
+
+// Pieces that lead deep into the board, so that chance need not spell them.
+const char* const kPieces[] = {
+    "AUTOSAVE\r",
+    "AUTO\r",
+    "NEW\r",
+    "RUN\r",
+    "LIST\r",
+    "FILES\r",
+    "LS\r",
+    "KILL \"*\"\r",
+    "XMODEM SEND\r",
+    "XMODEM RECEIVE \"x\"\r",
+    "\x01\x01\xfe",
+    "\x04",
+    "\x06",
+    "\x15",
+    "\x18",
+    "C",
+    "FOR i=1 TO 9",
+    "NEXT",
+    "GOSUB a",
+    "a:",
+    "DO",
+    "LOOP",
+    "IF ",
+    "THEN",
+    "ELSE",
+    "ENDIF",
+    "PRINT ",
+    "INPUT a$",
+    "\"",
+    "(",
+    ")",
+    "-",
+    "NOT ",
+    "LEFT$(",
+    "STRING$(255,65)",
+    "SUB a",
+    "END SUB",
+    "DIM a(99,99)",
+    "=",
+    "a$",
+    "+a$",
+    "99999999999",
+    "1e308",
+    "^",
+    "\\0",
+    ",",
+    ":",
+    "\r",
+    "\n",
+    "\x1a",
+    "\x1b[12~",
+    "\x1b[A",
+    "\x1b",
+    "\x91",
+    "\x92",
+    "\x03",
+    "\x7f",
+    "\b",
+    "\t",
+    "SAVE \"x\"\r",
+    "LOAD \"x\"\r",
+    "RUN \"x\"\r",
+    "MKDIR \"d\"\r",
+    "CHDIR \"d\"\r",
+    "CHDIR \"..\"\r",
+    "FLASH SAVE 1\r",
+    "FLASH RUN 1\r",
+    "OPTION LIST\r",
+    "EDIT\r",
+    "PAUSE 9\r",
+    "DATE$=\"31-12-2999\"\r",
+    "OPTION DISPLAY 5\r",
+    "PRINT STRING$(255,66);\r",
+    "xmodem send \"x\"\r",
+};
+
+std::string HostileStream(std::mt19937& random, size_t size, bool pieces) {
+    std::string stream;
+    while (stream.size() < size) {
+        if (pieces && random() % 4 != 0) {
+            stream += kPieces[random() % (sizeof kPieces / sizeof kPieces[0])];
+        } else {
+            stream += static_cast<char>(random());
+        }
+    }
+    return stream;
+}
+
+// Feeds it in uneven chunks at uneven times; gives the longest output of one take.
+size_t Feed(BoardBench& bench, std::mt19937& random, const std::string& stream) {
+    size_t longest = 0;
+    for (size_t at = 0; at < stream.size();) {
+        const size_t chunk = 1 + random() % 200;
+        const int64_t ms = random() % 8 == 0 ? static_cast<int64_t>(random() % 300) : 1;
+        bench.board.Receive(stream.substr(at, chunk), bench.now);
+        bench.board.Advance(bench.now += ms);
+        longest = std::max(longest, bench.board.TakeOutput().size());
+        at += chunk;
+    }
+    return longest;
+}
+
+}  // namespace
+
+TEST(Hostile, RandomStreamsLeaveEveryBoardAliveAndBounded) {
+    const unsigned seed = std::random_device{}();
+    for (size_t i = 0; i < BoardFactsCount(); ++i) {
+        for (const bool pieces : {false, true}) {
+            const std::string name = BoardFactsAt(i).name;
+            SCOPED_TRACE(name + (pieces ? " with pieces" : " at random") + ", seed " +
+                         std::to_string(seed));
+            std::mt19937 random(seed);
+            BoardBench bench(name.c_str());
+            const size_t longest = Feed(bench, random, HostileStream(random, 100000, pieces));
+            EXPECT_LE(longest, kOutputLimit + 4096);
+            // Out of whatever it is in: a full screen, a program, a transfer.
+            bench.Say("\x1b", 100);
+            bench.Say("\x03", 100);
+            bench.Wait(200000);
+            bench.Say("\x03", 5000);
+            const bool shell = BoardFactsAt(i).language == BoardLanguage::kShell;
+            const std::string out = bench.Say(shell ? "echo 42\r" : "PRINT 6*7\r", 5000);
+            EXPECT_NE(out.find(shell ? "42\r\n> " : " 42\r\n"), std::string::npos)
+                << out.substr(0, 300);
+        }
+    }
+}
+
+TEST(Hostile, NothingTakenOutMeansNothingGrows) {
+    BoardBench bench;
+    bench.Say("AUTOSAVE\rDO:PRINT STRING$(255,65);:LOOP\r\x1a");
+    bench.board.Receive("RUN\r", bench.now);
+    for (int i = 0; i < 1000; ++i) bench.board.Advance(bench.now += 100);
+    const std::string out = bench.board.TakeOutput();
+    EXPECT_GE(out.size(), kOutputHighWater);
+    EXPECT_LE(out.size(), kOutputHighWater + 64 * 256);  // one slice more
+    bench.board.Receive("\x03", bench.now);
+    bench.Wait(100);
+    // Typing without reading the echo ends at the limit.
+    for (int i = 0; i < 30000; ++i) bench.board.Receive(std::string(100, 'x') + "\r", bench.now);
+    EXPECT_LE(bench.board.TakeOutput().size(), kOutputLimit + 4096);
+    // One call for a stretch of years comes back at once, in the middle of a program.
+    bench.Say("\x03");
+    bench.Say("AUTOSAVE\rRUN\r\x1a");  // that starts itself over and over
+    bench.board.Receive("RUN\r", bench.now);
+    const auto before = std::chrono::steady_clock::now();
+    bench.board.Advance(bench.now += 1000000000000);
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(20));
+    bench.board.TakeOutput();
+    EXPECT_EQ(bench.Say("\x03", 10), kLoud603);
+}
+
+TEST(Hostile, DeepAndWideProgramsFailInWords) {
+    BoardBench bench;
+    const std::string open(200, '('), minus(240, '-');
+    EXPECT_NE(bench.Say("PRINT " + open + "1\r").find("Expression is too complex"),
+              std::string::npos);
+    EXPECT_NE(bench.Say("PRINT " + minus + "1\r").find("\r\n 1\r\n"), std::string::npos);
+    std::string nots;
+    for (int i = 0; i < 60; ++i) nots += "NOT ";
+    EXPECT_NE(bench.Say("PRINT " + nots + "0\r").find("\r\n 0\r\n"), std::string::npos);
+    std::string calls;
+    for (int i = 0; i < 40; ++i) calls += "ABS(";
+    EXPECT_NE(bench.Say("PRINT " + calls + "1\r").find("Expression is too complex"),
+              std::string::npos);
+    std::string many = "AUTOSAVE\r";
+    for (int i = 0; i < 600; ++i) many += "v" + std::to_string(i) + "=1\r";
+    bench.Say(many + "\x1a");
+    EXPECT_NE(bench.Say("RUN\r").find("[513] v512=1\r\nError : Not enough memory"),
+              std::string::npos);
+    // A drive takes so many files and no more.
+    int files = 0;
+    while (files < 2000 && bench.board.AddFile("n" + std::to_string(files), "", 0)) ++files;
+    EXPECT_EQ(files, 1000);
+    EXPECT_FALSE(bench.board.AddFile(std::string(200, 'x'), "", 0));
+    EXPECT_FALSE(bench.board.AddFile("../up", "", 0));
+}
+
+TEST(Hostile, AUartRingLosesItsOldestBytes) {
+    BoardBench bench("picomite-uart");
+    bench.Say("AUTOSAVE\rINPUT a$:PAUSE 100:INPUT b$:PRINT LEN(b$);b$\r\x1a");
+    bench.Say("RUN\rx\r", 50);
+    // 300 bytes while it pauses: the last 256 are left.
+    EXPECT_NE(bench.Say(std::string(60, 'a') + std::string(239, 'b') + "\r")
+                  .find(" 254" + std::string(16, 'a') + std::string(238, 'b') + "\r\n"),
+              std::string::npos);
+    BoardBench usb;
+    usb.Say("AUTOSAVE\rPAUSE 100\r\x1a");
+    usb.Say("RUN\r", 50);
+    usb.board.Receive(std::string(65000, 'x'), usb.now);
+    EXPECT_EQ(usb.board.InputRoom(), 536u);  // a USB host would have to wait
+}
