@@ -87,4 +87,5 @@ void ServerWorker(void* argument) {
     ForgetClient(record);
     CloseServer(record.sockets);
     record.buffer.clear();
+    record.buffer.shrink_to_fit();
 }
