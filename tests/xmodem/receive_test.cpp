@@ -133,16 +133,35 @@ TEST_F(ReceiveBench, TheDeviceGivesUp) {
 // A stray byte brings a line ending and, before the first block, another NAK; after ten
 // of them what came is judged as a frame.
 TEST_F(ReceiveBench, StrayBytesAreAnsweredWithLineEndings) {
-    device = [this](int64_t now, const std::string& came) -> std::string {
-        if (now > 2600) JobOf(Direction::kReceive).abort = true;
-        return came.find(kNakByte) != std::string::npos ? "Error" : "";
-    };
-    EXPECT_EQ(Fetch(), "Short Block in #1Short Block in #1File transfer failed");
-    std::string looks, all(1, kNakByte);
-    for (int i = 0; i < 10; ++i) looks += std::string("\r") + kNakByte;
-    for (int i = 0; i < 2; ++i) all += looks + kNakByte;
-    EXPECT_EQ(out, all);
-    EXPECT_EQ(took, 200 + 100 + 2 * 10 * (50 + 120));
+    for (const bool early : {true, false}) {
+        Answer({early ? "Error" : FrameOf(1, Block(1)), "Error"});
+        const int64_t limit = clock.Now() + 2600;
+        device = [=](int64_t now, const std::string& came) {
+            if (now > limit) JobOf(Direction::kReceive).abort = true;
+            return Next(came);
+        };
+        const QString shown = early ? "Short Block in #1" : "Short Block in #2";
+        EXPECT_EQ(Fetch(), kEcho + shown + shown + "File transfer failed");
+        std::string looks, all = early ? std::string(1, kNakByte) : std::string{kNakByte, kAckByte};
+        for (int i = 0; i < 10; ++i) looks += early ? std::string{'\r', kNakByte} : "\r";
+        for (int i = 0; i < 2; ++i) all += looks + kNakByte;
+        EXPECT_EQ(out, all);
+        EXPECT_EQ(took, 200 + 100 + !early * 50 + 2 * 10 * (50 + 120));
+    }
+}
+
+// More than the reply to the command can hold: the rest is dropped, and yet the first
+// look sees it when nothing else has come.
+TEST_F(ReceiveBench, WhatWaitsBehindTheEchoIsDroppedButSeen) {
+    for (const bool quiet : {true, false}) {
+        Answer({quiet ? "" : FrameOf(1, Block(1)), {kEotByte}});
+        device = [this](int64_t, const std::string& came) {
+            const bool command = came.find("SEND") != std::string::npos;
+            return command ? started = true, std::string(5120, '.') + kEotByte : Next(came);
+        };
+        EXPECT_TRUE(Fetch().endsWith("Completed OK"));
+        EXPECT_EQ(Content(), quiet ? "" : Block(1));
+    }
 }
 
 TEST_F(ReceiveBench, AFileThatCannotBeCreatedIsNotNoticed) {

@@ -1,28 +1,11 @@
-// The workers on threads of their own beside the loop, in real time run faster: the
-// rendezvous, the end of a file, and being stopped wherever they wait.
+// The workers on threads of their own beside the loop: the rendezvous, the end of a file, and being
+// stopped wherever they wait.
 #include <sys/socket.h>
 
-#include <chrono>
-#include <thread>
-
 #include "tests/xmodem/transfer_bench.h"
+#include "tests/xmodem/turns_clock.h"
 
 namespace {
-
-// Safe on any thread.
-class HastyClock : public Clock {
-  public:
-    HastyClock() { InstallClock(this); }
-    void Sleep(int64_t ms) override {
-        std::this_thread::sleep_for(std::chrono::microseconds(ms * 1000 / kHaste));
-    }
-    int64_t Now() override {
-        const auto now = std::chrono::steady_clock::now().time_since_epoch();
-        return std::chrono::duration_cast<std::chrono::milliseconds>(now * kHaste).count();
-    }
-    int64_t LocalSeconds() override { return 0; }
-    static constexpr int kHaste = 20;
-};
 
 class TransferThreads : public TransferBench {
   protected:
@@ -31,17 +14,14 @@ class TransferThreads : public TransferBench {
         StartCapture();
         std::ofstream(Path()) << std::string(1300, 'x');
     }
-    ~TransferThreads() override {
-        StopTransferWorkers();
-        InstallClock(nullptr);
-    }
+    ~TransferThreads() override { StopTransferWorkers(); }
 
     // Asks for blocks once the command has come, acknowledges those up to `last`.
     void Receive(int last) {
         const std::string came = line.Read();
         got += came;
-        if (came.find("XMODEM R") != std::string::npos) askAt = hasty.Now() + 700;
-        if (askAt && hasty.Now() > askAt) line.Write({kNakByte}), askAt = 0;
+        if (came.find("XMODEM R") != std::string::npos) askAt = turns.Now() + 700;
+        if (askAt && turns.Now() > askAt) line.Write({kNakByte}), askAt = 0;
         if (came.size() == 132 && came[1] <= last) line.Write({kAckByte});
         if (came == std::string(1, kEotByte)) line.Write({kAckByte});
     }
@@ -54,12 +34,12 @@ class TransferThreads : public TransferBench {
     }
     template <typename Condition>
     bool LoopUntil(Condition condition, const std::function<void()>& board) {
-        const int64_t limit = hasty.Now() + 30 * 1000 * HastyClock::kHaste;
-        for (; !condition() && hasty.Now() < limit; hasty.Sleep(20)) board();
+        const int64_t limit = turns.Now() + 60000;
+        for (; !condition() && turns.Now() < limit; turns.Sleep(5)) board();
         return condition();
     }
 
-    HastyClock hasty;
+    TurnsClock turns;
     std::string got;
     int64_t askAt = 0;
     int next = 1;
@@ -87,9 +67,9 @@ TEST_F(TransferThreads, StoppedWhileALineWaits) {
     StartSendWorker(QString::fromStdString(Path()), "d.bin");
     EXPECT_TRUE(LoopUntil([] { return JobOf(Direction::kSend).statusWaits.load(); },
                           [this] { Receive(9); }));
-    const int64_t start = hasty.Now();
+    const int64_t start = turns.Now();
     StopSendWorker();
-    EXPECT_LT(hasty.Now(), start + kTimeToEnd);
+    EXPECT_LT(turns.Now(), start + kTimeToEnd);
     EXPECT_FALSE(XmodemSendWorkerRuns());
     TakeEvents();
     EXPECT_EQ(TakeCapture(), "Blocks: 11Sent: 10/11\x1b[1ATransfer failed!");
@@ -102,9 +82,9 @@ TEST_F(TransferThreads, KilledInASleep) {
     StartReceiveWorker("d.bin", QString::fromStdString(Path()));
     EXPECT_TRUE(LoopUntil([this] { return TakeEvents(), got.find(kNakByte) != got.npos; },
                           [this] { Receive(0); }));
-    const int64_t start = hasty.Now();
+    const int64_t start = turns.Now();
     StopTransferWorkers();
-    EXPECT_GE(hasty.Now(), start + kTimeToEnd);
+    EXPECT_GE(turns.Now(), start + kTimeToEnd);
     EXPECT_FALSE(XmodemReceiveWorkerRuns());
     TakeEvents();
     EXPECT_EQ(TakeCapture(), "");

@@ -1,0 +1,65 @@
+// A virtual clock for a worker's thread beside the test's own. The test's sleeps move it
+// on, millisecond by millisecond, and at each the worker has its turn: time stands still
+// until it sleeps again, waits for the loop or has ended. So nothing depends on how the
+// kernel shares out the processors.
+#pragma once
+
+#include <unistd.h>
+
+#include <atomic>
+#include <functional>
+
+#include "base/Pacing.h"
+#include "ui/InterfaceLayer.h"
+#include "xmodem/XmodemJob.h"
+
+class TurnsClock : public Clock {
+  public:
+    TurnsClock() { InstallClock(this); }
+    ~TurnsClock() override { InstallClock(nullptr); }
+
+    void Sleep(int64_t ms) override {
+        if (!OnInterfaceThread()) return WorkerSleeps(ms);
+        for (; ms > 0; --ms) {
+            ++now;
+            if (onTick) onTick(now);
+            GiveTurn();
+        }
+    }
+    // The receiver gathers a frame without a sleep; time must pass for it all the same.
+    int64_t Now() override {
+        if (!OnInterfaceThread() && ++looks % 10 == 0) WorkerSleeps(1);
+        return now;
+    }
+    int64_t LocalSeconds() override { return 0; }
+
+    std::function<void(int64_t now)> onTick;  // the far end; on the test's thread
+
+  private:
+    static constexpr int kPauseUs = 20;
+    static constexpr int kLongTurn = 200000 / kPauseUs;  // then it hangs in a kernel's call
+
+    void WorkerSleeps(int64_t ms) {
+        hangs = false;
+        for (wake = now + ms; now < wake;) usleep(kPauseUs);
+    }
+    bool WorkerIsReady() const {
+        bool runs = false;
+        for (const Direction direction : {Direction::kSend, Direction::kReceive}) {
+            const XmodemJob& job = JobOf(direction);
+            runs = runs || (WorkerRuns(job.thread) && !job.statusWaits);
+        }
+        return runs && now >= wake;
+    }
+    void GiveTurn() {
+        for (int i = 0; !hangs && WorkerIsReady(); ++i) {
+            usleep(kPauseUs);
+            hangs = i > kLongTurn;
+        }
+        if (hangs) usleep(10 * kPauseUs);  // for the kernel to end it
+    }
+
+    std::atomic<int64_t> now{0}, wake{0};
+    std::atomic<bool> hangs{false};
+    int looks = 0;  // the worker's
+};
