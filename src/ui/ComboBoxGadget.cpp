@@ -1,61 +1,43 @@
 #include "ui/ComboBoxGadget.h"
 
 #include <QComboBox>
-#include <QStylePainter>
 
 #include "ui/GadgetTable.h"
 #include "ui/PBGadgetFunctions.h"
 
 namespace {
 
-// A combo box that can show a text which is none of its items, until an item is chosen.
-class ShownTextCombo : public QComboBox {
-  public:
-    explicit ShownTextCombo(QWidget* parent) : QComboBox(parent) {}
-
-    void ShowText(const QString& text) {
-        // Exact case: a port's name in upper case is not the port of the list.
-        setCurrentIndex(findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
-        outsideText = text;
-        update();
-    }
-    // -1 shows none.
-    void ShowItem(int item) {
-        setCurrentIndex(item);
-        outsideText.clear();
-        update();
-    }
-    QString ShownText() const { return currentIndex() < 0 ? outsideText : currentText(); }
-
-  protected:
-    // The toolkit's own, but for the text.
-    void paintEvent(QPaintEvent*) override {
-        QStylePainter painter(this);
-        painter.setPen(palette().color(QPalette::Text));
-        QStyleOptionComboBox option;
-        initStyleOption(&option);
-        option.currentText = ShownText();
-        painter.drawComplexControl(QStyle::CC_ComboBox, option);
-        painter.drawControl(QStyle::CE_ComboBoxLabel, option);
-    }
-
-  private:
-    QString outsideText;  // shown while no item is current
-};
-
+// A text that is none of the items stands above them as an entry of its own, so that the
+// user can pick it again. It is not counted, and goes when something else is shown.
+//
 // activated(), unlike currentIndexChanged(), tells of the user alone, and of an item
 // picked again as well.
 class ComboBoxFunctions : public PBGadgetFunctions {
   public:
-    ComboBoxFunctions(int gadget, ShownTextCombo* shown)
+    ComboBoxFunctions(int gadget, QComboBox* shown)
         : PBGadgetFunctions(gadget, shown), combo(shown) {
         connect(combo, QOverload<int>::of(&QComboBox::activated), this,
                 &PBGadgetFunctions::ValueChanged);
     }
-    void SetText(const QString& text) override { combo->ShowText(text); }
-    QString Text() const override { return combo->ShownText(); }
-    void SetState(int state) override { combo->ShowItem(state); }
-    int State() const override { return combo->currentIndex(); }
+
+    // Exact case: a port's name in upper case is not the port of the list.
+    void SetText(const QString& text) override {
+        RemoveExtra();
+        const int item = combo->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
+        if (item < 0 && !text.isEmpty()) {
+            combo->insertItem(0, text);
+            extra = 1;
+        }
+        combo->setCurrentIndex(extra ? 0 : item);
+    }
+    QString Text() const override { return combo->currentText(); }
+
+    // -1 for a text that is no item, and for none at all.
+    void SetState(int state) override {
+        RemoveExtra();
+        combo->setCurrentIndex(state);
+    }
+    int State() const override { return qMax(-1, combo->currentIndex() - extra); }
 
     // The toolkit makes the first item current; here nothing is until it is chosen.
     void AddItem(const QString& text) override {
@@ -65,13 +47,21 @@ class ComboBoxFunctions : public PBGadgetFunctions {
     }
     void ClearItems() override {
         combo->clear();
-        combo->ShowItem(-1);
+        extra = 0;
     }
-    int ItemCount() const override { return combo->count(); }
-    QString ItemText(int item) const override { return combo->itemText(item); }
+    int ItemCount() const override { return combo->count() - extra; }
+    QString ItemText(int item) const override {
+        return item < 0 ? QString() : combo->itemText(item + extra);
+    }
 
   private:
-    ShownTextCombo* const combo;
+    void RemoveExtra() {
+        if (extra) combo->removeItem(0);
+        extra = 0;
+    }
+
+    QComboBox* const combo;
+    int extra = 0;  // 1 while the entry above the items is there
 };
 
 }  // namespace
@@ -79,6 +69,6 @@ class ComboBoxFunctions : public PBGadgetFunctions {
 void ComboBoxGadget(int gadget, int x, int y, int width, int height) {
     QWidget* const parent = BeginGadget(gadget);
     if (!parent) return;
-    auto* functions = new ComboBoxFunctions(gadget, new ShownTextCombo(parent));
+    auto* functions = new ComboBoxFunctions(gadget, new QComboBox(parent));
     EnterGadget(functions, QRect(x, y, width, height));
 }

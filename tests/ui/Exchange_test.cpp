@@ -37,13 +37,18 @@ bool Drop(QWidget* target, const QMimeData& data) {
     return drop.isAccepted() && drop.dropAction() == Qt::CopyAction;
 }
 
-// Acts on the dialog that stands a moment from now.
+// Acts on the next dialog as soon as it stands.
 template <typename Action>
 void WithDialog(Action action) {
-    QTimer::singleShot(20, [action] {
-        if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
-            action(dialog);
+    auto* look = new QTimer(qApp);
+    QObject::connect(look, &QTimer::timeout, [look, action] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (!dialog) return;
+        look->stop();
+        look->deleteLater();
+        action(dialog);
     });
+    look->start(5);
 }
 
 }  // namespace

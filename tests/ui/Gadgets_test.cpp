@@ -129,7 +129,8 @@ TEST(Gadgets, AComboShowsATextThatIsNoItem) {
     EXPECT_EQ(GadgetState(kPortCombo), -1);
     SetGadgetText(kPortCombo, "TCPIP");
     EXPECT_EQ(GadgetState(kPortCombo), 2);
-    SetGadgetText(kPortCombo, "Comport");
+    SetGadgetText(kPortCombo, "not set");
+    EXPECT_EQ(GadgetItemText(kPortCombo, 0), "ttyUSB0");
     EXPECT_EQ(GadgetItemCount(kPortCombo), 3);
     EXPECT_TRUE(TakeEventsOf(kEventGadget).empty());
 
@@ -138,10 +139,15 @@ TEST(Gadgets, AComboShowsATextThatIsNoItem) {
         combo->setCurrentIndex(item);
         Q_EMIT combo->activated(item);
     };
-    pick(1);
-    pick(1);  // the same again is a pick as well
+    pick(0);  // the text that is no item
+    EXPECT_EQ(GadgetText(kPortCombo), "not set");
+    EXPECT_EQ(TakeEventsOf(kEventGadget).size(), 1u);
+    pick(2);
     EXPECT_EQ(GadgetText(kPortCombo), "ttyUSB1");
-    EXPECT_EQ(TakeEventsOf(kEventGadget).size(), 1u);  // merged, since neither was taken
+    EXPECT_EQ(GadgetState(kPortCombo), 1);
+    EXPECT_EQ(TakeEventsOf(kEventGadget).size(), 1u);
+    SetGadgetState(kPortCombo, 0);
+    EXPECT_EQ(combo->count(), 3);
     ClearGadgetItems(kPortCombo);
     EXPECT_EQ(GadgetText(kPortCombo), "");
 }
