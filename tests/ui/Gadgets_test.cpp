@@ -195,13 +195,16 @@ TEST(Gadgets, AListHasRowsAndAMultipleSelection) {
 }
 
 TEST(Gadgets, ASplitterHoldsTwoGadgetsAndItsBar) {
-    OpenTestWindow();
+    // All of it before the window shows, as a window is built.
+    OpenNumberedWindow(kTestWindow, 0, 0, 400, 300, "Test", kStandardWindowFlags);
     ListGadget(162, 0, 0, 10, 10);
     ListGadget(163, 0, 0, 10, 10);
     SplitterGadget(164, 5, 80, 390, 200, 162, 163);
     SetGadgetState(164, 300);
     EXPECT_EQ(GadgetState(164), 300);
+    FocusGadget(163);
     TakeEvents();
+    EXPECT_EQ(FocusedGadget(), 163);
     EXPECT_EQ(GadgetState(164), 300);
     EXPECT_EQ(GadgetWidth(162), 300);
     EXPECT_EQ(WidgetOfGadget(163)->parentWidget(), WidgetOfGadget(164));
