@@ -3,7 +3,6 @@
 #include <sys/socket.h>
 
 #include "tests/xmodem/transfer_bench.h"
-#include "tests/xmodem/turns_clock.h"
 
 namespace {
 
@@ -11,6 +10,7 @@ class TransferThreads : public TransferBench {
   protected:
     TransferThreads() {
         SetServeBeforeWait(nullptr);
+        clock.onTick = nullptr;
         StartCapture();
         std::ofstream(Path()) << std::string(1300, 'x');
     }
@@ -20,8 +20,8 @@ class TransferThreads : public TransferBench {
     void Receive(int last) {
         const std::string came = line.Read();
         got += came;
-        if (came.find("XMODEM R") != std::string::npos) askAt = turns.Now() + 700;
-        if (askAt && turns.Now() > askAt) line.Write({kNakByte}), askAt = 0;
+        if (came.find("XMODEM R") != std::string::npos) askAt = clock.Now() + 700;
+        if (askAt && clock.Now() > askAt) line.Write({kNakByte}), askAt = 0;
         if (came.size() == 132 && came[1] <= last) line.Write({kAckByte});
         if (came == std::string(1, kEotByte)) line.Write({kAckByte});
     }
@@ -34,12 +34,11 @@ class TransferThreads : public TransferBench {
     }
     template <typename Condition>
     bool LoopUntil(Condition condition, const std::function<void()>& board) {
-        const int64_t limit = turns.Now() + 60000;
-        for (; !condition() && turns.Now() < limit; turns.Sleep(5)) board();
+        const int64_t limit = clock.Now() + 60000;
+        for (; !condition() && clock.Now() < limit; clock.Sleep(5)) board();
         return condition();
     }
 
-    TurnsClock turns;
     std::string got;
     int64_t askAt = 0;
     int next = 1;
@@ -67,9 +66,9 @@ TEST_F(TransferThreads, StoppedWhileALineWaits) {
     StartSendWorker(QString::fromStdString(Path()), "d.bin");
     EXPECT_TRUE(LoopUntil([] { return JobOf(Direction::kSend).statusWaits.load(); },
                           [this] { Receive(9); }));
-    const int64_t start = turns.Now();
+    const int64_t start = clock.Now();
     StopSendWorker();
-    EXPECT_LT(turns.Now(), start + kTimeToEnd);
+    EXPECT_LT(clock.Now(), start + kTimeToEnd);
     EXPECT_FALSE(XmodemSendWorkerRuns());
     TakeEvents();
     EXPECT_EQ(TakeCapture(), "Blocks: 11Sent: 10/11\x1b[1ATransfer failed!");
@@ -82,9 +81,9 @@ TEST_F(TransferThreads, KilledInASleep) {
     StartReceiveWorker("d.bin", QString::fromStdString(Path()));
     EXPECT_TRUE(LoopUntil([this] { return TakeEvents(), got.find(kNakByte) != got.npos; },
                           [this] { Receive(0); }));
-    const int64_t start = turns.Now();
+    const int64_t start = clock.Now();
     StopTransferWorkers();
-    EXPECT_GE(turns.Now(), start + kTimeToEnd);
+    EXPECT_GE(clock.Now(), start + kTimeToEnd);
     EXPECT_FALSE(XmodemReceiveWorkerRuns());
     TakeEvents();
     EXPECT_EQ(TakeCapture(), "");

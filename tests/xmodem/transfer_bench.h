@@ -15,7 +15,7 @@
 #include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "tests/support/FarEnd.h"
-#include "tests/support/VirtualClock.h"
+#include "tests/xmodem/turns_clock.h"
 #include "ui/WaitWindowEvent.h"
 #include "xmodem/Receive.h"
 #include "xmodem/Send.h"
@@ -23,23 +23,6 @@
 #include "xmodem/XmodemJob.h"
 
 constexpr char kAckByte = 6, kNakByte = 21, kCanByte = 24, kEotByte = 4;
-
-// The receiver gathers a frame without a sleep; time must pass for it all the same.
-class LookingClock : public VirtualClock {
-  public:
-    int64_t Now() override {
-        if (++looks % 10 == 0) VirtualClock::Sleep(1);
-        return VirtualClock::Now();
-    }
-    void Sleep(int64_t ms) override {
-        looks = 0;
-        VirtualClock::Sleep(ms + late);
-    }
-    int64_t late = 0;  // added to each sleep
-
-  private:
-    int looks = 0;
-};
 
 class TransferBench : public testing::Test {
   protected:
@@ -98,7 +81,7 @@ class TransferBench : public testing::Test {
     }
 
     QTemporaryDir folder;
-    LookingClock clock;
+    TurnsClock clock;
     FarEnd line;
     std::function<std::string(int64_t now, const std::string& came)> device;
     std::string out;   // all that the device got, from behind the command on

@@ -1,7 +1,7 @@
-// A virtual clock for a worker's thread beside the test's own. The test's sleeps move it
-// on, millisecond by millisecond, and at each the worker has its turn: time stands still
-// until it sleeps again, waits for the loop or has ended. So nothing depends on how the
-// kernel shares out the processors.
+// A virtual clock for a worker, whether its body runs on the test's thread or on its own.
+// The test's sleeps move it on, millisecond by millisecond, and at each the worker has its
+// turn: time stands still until it sleeps again, waits for the loop or has ended. So
+// nothing depends on how the kernel shares out the processors.
 #pragma once
 
 #include <unistd.h>
@@ -19,8 +19,9 @@ class TurnsClock : public Clock {
     ~TurnsClock() override { InstallClock(nullptr); }
 
     void Sleep(int64_t ms) override {
+        looks = 0;
         if (!OnInterfaceThread()) return WorkerSleeps(ms);
-        for (; ms > 0; --ms) {
+        for (ms += late; ms > 0; --ms) {
             ++now;
             if (onTick) onTick(now);
             GiveTurn();
@@ -28,12 +29,13 @@ class TurnsClock : public Clock {
     }
     // The receiver gathers a frame without a sleep; time must pass for it all the same.
     int64_t Now() override {
-        if (!OnInterfaceThread() && ++looks % 10 == 0) WorkerSleeps(1);
+        if (++looks > 10) Sleep(1);
         return now;
     }
     int64_t LocalSeconds() override { return 0; }
 
     std::function<void(int64_t now)> onTick;  // the far end; on the test's thread
+    int64_t late = 0;                         // added to each sleep of the test's thread
 
   private:
     static constexpr int kPauseUs = 20;
@@ -61,5 +63,5 @@ class TurnsClock : public Clock {
 
     std::atomic<int64_t> now{0}, wake{0};
     std::atomic<bool> hangs{false};
-    int looks = 0;  // the worker's
+    std::atomic<int> looks{0};
 };
