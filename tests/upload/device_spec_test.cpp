@@ -2,7 +2,6 @@
 
 #include <stdlib.h>
 
-#include "base/LineEnding.h"
 #include "tests/upload/upload_bench.h"
 #include "ui/MenuItem.h"
 #include "upload/DeviceFamily.h"
@@ -24,17 +23,12 @@ class DeviceSpec : public UploadBench {
     static QString Tcp() { return linkSettings.tcpAddress + ':' + linkSettings.tcpPort; }
 };
 
-struct SpecRow {
-    const char* spec;
-    const char* options;
-};
-
 // clang-format off
-static const SpecRow targetRows[] = {
+static const std::pair<const char*, const char*> specRows[] = {
     {"", "|*|Z|"}, {"s\\", "|*|Z|"}, {"s", "|*|Z|"}, {"'target s\\micromite", "micromite|*|Z|"},
     {"' target syn\\vgamite", "vgamite|*|Z|"}, {"S\\Maximite", "maximite|AUTO|C|"},
-    {"s\\PI", "pi-cromite|*|C|"}, {"s\\pi-cromite", "pi-cromite|*|C|"}, {"s\\pico", "picomite|*|Z|"},
-    {"s\\cmd", "command||-|rn"}, {"s\\command s\\picomite", "picomite|*|Z|rn"},
+    {"s\\PI", "pi-cromite|*|C|"}, {"s\\pi-cromite", "pi-cromite|*|C|"}, {"s\\cmd", "command||-|rn"},
+    {"s\\pico", "picomite|*|Z|"}, {"s\\command s\\picomite", "picomite|*|Z|rn"},
     {"s\\micromite+", "micromite+|*|Z|"}, {"s\\cmm2 s\\x", "x|* \"p.bas\"|F2|r"},
     {"' target s\\cmm2 norun", "cmm2|* \"p.bas\"|F1|r"}, {"s\\cmm2 FILE\\", "cmm2|* \"\"|F2|r"},
     {"' target norun s\\cmm2", "cmm2|* \"p.bas\"|F2|r"}, {"s\\pico file\\A", "picomite|*|Z|"},
@@ -43,45 +37,39 @@ static const SpecRow targetRows[] = {
     {"SetTime setRTC NORUN nonew\\ discon\\x dev\\y zz", "|*|Z|rntcd"}, {"norun\nnonew", "|*|Z|r"},
     {"port\\COM1 s\\cmm2", "cmm2|* \"p.bas\"|F2|r"}, {"s\\pico 'norun", "picomite|*|Z|"},
     {"'target s\\picomite 'norun", "picomite|*|Z|"}, {"'target\ts\\pico", "|*|Z|"},
-    {"norun         nonew", "|*|Z|r"}, {"norun        nonew", "|*|Z|rn"},  // nine blanks, eight
-};
-static const SpecRow onloadRows[] = {
+    {"norun         nonew", "|*|Z|r"}, {"norun        nonew", "|*|Z|rn"},
     {"'onload", "micromite|*|Z|d"}, {"'onload maximite", "maximite|AUTO|C|d"},
     {"'onload settime setrtc norun nonew", "micromite|*|Z|rntcd"},
-    {"'onload PI-cromite", "pi-cromite|*|C|d"}, {"' onload vgamite", "micromite|*|Z|d"},
-    {"'onload picomite command", "picomite|*|Z|rnd"},  // the order of the tests counts
-    {"'onload micromite pi-cromite", "micromite|*|Z|d"}, {"'onload command micromite", "command||-|rnd"},
+    {"' onload vgamite", "micromite|*|Z|d"}, {"'onload PI-cromite", "pi-cromite|*|C|d"},
+    {"'onload picomite command", "picomite|*|Z|rnd"},
+    {"'onload micromite pi-cromite", "micromite|*|Z|d"},
+    {"'onload command micromite", "command||-|rnd"},
     {"'onload cmm2 maximite", "cmm2|* \"temp.bas\"|F2|rd"},
     {"'onload cmm2 norun", "cmm2|* \"temp.bas\"|F1|rd"},
     {"'onload norun cmm2", "cmm2|* \"temp.bas\"|F1|rd"},
+    {"'onload cmm2 file/*", "cmm2|* \"p.bas\"|F2|rd"},
     {"'onload file\\b.bas File/C.bas cmm2", "cmm2|* \"c.bas\"|F2|rd"},
     {"'onload file\\b.bas cmm2", "cmm2|* \"b.bas\"|F2|rd"},
-    {"'onload cmm2 file/*", "cmm2|* \"p.bas\"|F2|rd"},
-    {"'onload xnonew norunning\tsettime", "micromite|*|Z|rd"},
+    {"'onload norunning\tsettime", "micromite|*|Z|rd"},
 };
 // clang-format on
 
 TEST_F(DeviceSpec, WordsSetTheOptions) {
     SetCurrentFile("/home/me/p.bas");
-    for (const SpecRow& row : targetRows) {
-        SetFamilyName("");
-        EXPECT_EQ(ApplyDeviceSpec(row.spec), QString(row.spec) + "\n");
-        EXPECT_EQ(Options(), row.options) << row.spec;
-    }
-    for (const SpecRow& row : onloadRows) {
-        ApplyDeviceSpec("");
-        EXPECT_EQ(ApplyOnloadLine(row.spec), row.spec);
-        EXPECT_EQ(Options(), row.options) << row.spec;
+    for (const auto& [spec, options] : specRows) {
+        ApplyDeviceSpec("s\\");
+        const bool older = QString(spec).contains("onload");
+        EXPECT_EQ(older ? ApplyOnloadLine(spec) + '\n' : ApplyDeviceSpec(spec),
+                  spec + QString("\n"));
+        EXPECT_EQ(Options(), options) << spec;
     }
     SetCurrentFile("");
     ApplyDeviceSpec("s\\cmm2");
     EXPECT_EQ(Options(), "cmm2|* \"temp.bas\"|F2|r");
     ApplyDeviceSpec("norun");  // the family stays
     EXPECT_EQ(Options(), "cmm2|*|F1|r");
-    ApplyDeviceSpec("s\\Micromite+");
-    EXPECT_EQ(GadgetText(kFamilyCombo), "micromite+");
-    ApplyDeviceSpec(QString("nonew ").repeated(kMostOptionWords) + "norun");
-    EXPECT_EQ(Options(), "micromite+|*|Z|n");
+    ApplyDeviceSpec("s\\Micromite+ " + QString("nonew ").repeated(kMostOptionWords - 1) + "norun");
+    EXPECT_EQ(GadgetText(kFamilyCombo) + Options(), "micromite+micromite+|*|Z|n");
     ApplyDeviceSpec(QString(8'000'000, ' ') + "norun" + QString(8'000'000, ' ') + "nonew");
     EXPECT_EQ(Options(), "micromite+|*|Z|r");
 }
@@ -94,20 +82,21 @@ TEST_F(DeviceSpec, LineEndingTicksAndCrunchInOrder) {
          {"le\\CrLf", "LE\\cr", "le\\lf", "le\\CR", "le", "le\\crlf", "le\\x"}) {
         ApplyDeviceSpec(word);
         const int known = names.indexOf(word.mid(3).toUpper());
-        const int expected = known < 0 ? 2 : known;
-        EXPECT_EQ(lineEnding.name, names[expected]) << word.toStdString();
-        for (int i = 0; i < 3; ++i) EXPECT_EQ(MenuItemTick(kItemLineEndingCrLf + i), i == expected);
+        EXPECT_EQ(lineEnding.name, names[known < 0 ? 2 : known]) << word.toStdString();
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_EQ(MenuItemTick(kItemLineEndingCrLf + i), names[i] == lineEnding.name);
+        }
     }
     EXPECT_EQ(ApplyDeviceSpec("'target CRUNCH\n A  'x\n\nB"), "A\nB\n");
     EXPECT_EQ(ApplyDeviceSpec("crunch le\\cr\nB"), "crunch le\\cr\nB\n");
     EXPECT_EQ(ApplyDeviceSpec("B\n'target crunch\n"), "B\n'target crunch\n\n");
-    EXPECT_EQ(ApplyOnloadLine("'onload COM3:38400 crunch\nA 'b\n"),
-              "'onload COM3:38400 crunch\rA\r");
-    EXPECT_EQ(Serial(), "com3:38400");
+    EXPECT_EQ(ApplyOnloadLine("'onload COM3:38 crunch\nA 'b\n"), "'onload COM3:38 crunch\rA\r");
+    EXPECT_EQ(Serial(), "com3:38");
     ApplyOnloadLine("'onload command com4:9600");  // the family word begins as the port word does
     EXPECT_EQ(Serial(), "command:");
     SetPortAndSpeed(" x y : 9600 :z");
-    EXPECT_EQ(Serial(), "x y:9600");
+    EXPECT_EQ(Serial() + GadgetText(kPortCombo) + ':' + GadgetText(kSpeedCombo),
+              "x y:9600x y:9600");
 }
 
 TEST_F(DeviceSpec, PortAndAddressChooseTheLink) {
@@ -116,15 +105,12 @@ TEST_F(DeviceSpec, PortAndAddressChooseTheLink) {
     const QString endpoint = QString(ptsname(far)).mid(5) + ":38400";  // behind "/dev/"
     ApplyDeviceSpec("s\\pico port\\" + endpoint);
     ASSERT_NE(ConnectDevice(), 0);
-    EXPECT_EQ(
-        Serial() + linkStatus.linkLabel + GadgetText(kPortCombo) + ':' + GadgetText(kSpeedCombo),
-        endpoint.repeated(3));
-    EXPECT_EQ(uploadSettings.picoPort + ":38400", endpoint);
+    EXPECT_EQ(Serial() + linkStatus.linkLabel + uploadSettings.picoPort + ":38400",
+              endpoint.repeated(3));
     ApplyDeviceSpec("ip\\" + endpoint);  // the text is the same, so the link stays
-    EXPECT_TRUE(linkStatus.linkConnected && linkStatus.deviceOnTcpip);
-    EXPECT_EQ(Tcp() + GadgetText(kAddressEntry), endpoint.repeated(2));
-    EXPECT_EQ(uploadSettings.picoPort, "");
-    EXPECT_FALSE(WindowIsOpen(kNoticeWindow));
+    EXPECT_TRUE(linkStatus.linkConnected && linkStatus.deviceOnTcpip &&
+                !WindowIsOpen(kNoticeWindow));
+    EXPECT_EQ(Tcp() + GadgetText(kAddressEntry) + uploadSettings.picoPort, endpoint.repeated(2));
     ApplyDeviceSpec("s\\cmm2 port\\COM1");
     EXPECT_FALSE(linkStatus.linkConnected || SerialLinkIsOpen() || linkStatus.deviceOnTcpip);
     EXPECT_TRUE(WindowIsOpen(kNoticeWindow));
@@ -139,17 +125,15 @@ TEST_F(DeviceSpec, RebuiltFromTheGadgets) {
         SetGadgetText(kSpeedCombo, "57600");
         SetGadgetText(kFamilyCombo, "maximite");
         SetGadgetText(kAddressEntry, "10.0.0.7:4000");
-        SetFamilyName("");
         BuildDeviceSpec();
         EXPECT_EQ(GadgetText(kSpecEntry), field);
         return Serial() + ' ' + Options();
     };
-    EXPECT_EQ(build("S\\pico nonew", "ttyUSB1"),
-              "not set:38400 picomite|*|Z|n");  // as typed
+    EXPECT_EQ(build("S\\pico nonew", "x"), "not set:38400 picomite|*|Z|n");  // as typed
+    EXPECT_EQ(build("ip         nonew", ""), ":57600 picomite|*|Z|n");
     EXPECT_EQ(build("", "ttyUSB1"), "ttyUSB1:57600 maximite|AUTO|C|");
     EXPECT_EQ(build("'target port\\C:1 norun syn\\pico", "x"), "x:57600 maximite|AUTO|C|r");
-    EXPECT_EQ(build("ip         nonew", ""), ":57600 |*|Z|n");
-    build("port\\C:1", "TCPIP");
+    EXPECT_EQ(build("port\\C:1", "TCPIP"), "x:57600 maximite|*|Z|");
     EXPECT_EQ(Tcp(), "10.0.0.7:4000");
 }
 
@@ -161,6 +145,5 @@ TEST(DeviceFamily, RowsAreReadFoundAndWritten) {
     EXPECT_EQ(FormatFamilyRow(*FindFamily("PICO-X")), "Pico-X|autosave|\\026|1|2|3|files|4|5|0|0");
     EXPECT_EQ(FormatFamilyRow(deviceFamilies[1]), "pico-x|||7|0|12||1215752191|1|1|1");
     EXPECT_EQ(FormatFamilyRow(*FindFamily("CMM2")), "cmm2|autosave|\\027[12~|1|1|3|ls|0|1|0|30");
-    EXPECT_EQ(FormatFamilyRow(deviceFamilies[8]), "command|||0|1|0|files|0|1|0|0");
     EXPECT_EQ(FindFamily("vgamite"), nullptr);
 }

@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <deque>
 
+#include "base/LineEnding.h"
 #include "base/Numbers.h"
 #include "link/LinkPrimitives.h"
 #include "link/LinkSettings.h"
@@ -14,12 +15,9 @@
 #include "terminal/screen/TerminalSizing.h"
 #include "tests/support/FarEnd.h"
 #include "tests/support/VirtualClock.h"
-#include "ui/ButtonGadget.h"
 #include "ui/CanvasGadget.h"
-#include "ui/ComboBoxGadget.h"
 #include "ui/Gadgets.h"
 #include "ui/TextEntryGadget.h"
-#include "ui/TextGadget.h"
 #include "ui/Windows.h"
 #include "upload/UploadOptions.h"
 #include "upload/UploadProgram.h"
@@ -29,17 +27,17 @@ class UploadBench : public testing::Test {
     VirtualClock clock;
     std::string received;
     std::function<std::string(char byte)> answer = Echo;
-    std::function<void(int64_t now)> onTick = [](int64_t) {};
+    std::function<void()> onTick = [] {};
     int64_t delay = 0;  // milliseconds before the answer goes out
     std::deque<std::pair<int64_t, std::string>> pending;
 
     UploadBench() {
         AllocateLinkBuffers();
         OpenNumberedWindow(kMainWindow, 0, 0, 900, 700, "Test", kStandardWindowFlags);
-        for (int combo : {kPortCombo, kSpeedCombo, kFamilyCombo}) ComboBoxGadget(combo, 0, 0, 9, 9);
-        for (int entry : {kAddressEntry, kSpecEntry}) TextEntryGadget(entry, 0, 0, 9, 9, "");
-        TextGadget(kProgressText, 0, 0, 60, 20, "");
-        ButtonGadget(kSaveMacroButton, 0, 0, 60, 20, "Save");
+        for (int gadget : {kPortCombo, kSpeedCombo, kFamilyCombo, kAddressEntry, kSpecEntry,
+                           kProgressText, kSaveMacroButton}) {
+            TextEntryGadget(gadget, 0, 0, 9, 9, "");
+        }
         CanvasGadget(kTerminalCanvas, 0, 30, 800, 600, kCanvasKeyboard);
         SetUpTerminal();
     }
@@ -55,20 +53,20 @@ class UploadBench : public testing::Test {
             for (; !pending.empty() && pending.front().first <= now; pending.pop_front()) {
                 line.Write(pending.front().second);
             }
-            onTick(now);
+            onTick();
         };
     }
 
     // At once; a line end brings the prompt, and so do Ctrl-C and Ctrl-Z.
     static std::string Echo(char byte) {
-        if (byte == '\r' || byte == '\x03') return "\r\n> ";
         if (byte == '\x1a') return "\r\nSaved 9 bytes\r\n> ";
+        if (byte == '\r' || byte == '\x03') return "\r\n> ";
         return byte == '\n' ? std::string() : std::string(1, byte);
     }
-    static std::string Silence(char) { return std::string(); }
 
-    // Uploads a text under a specification field and gives the milliseconds it took.
-    int64_t Send(const QString& field, const QString& text) {
+    // Uploads a text under a specification field: the milliseconds it took, "|", and the
+    // bytes sent, with "^" for the line ending, and then the last lines printed.
+    QString Send(const QString& field, const QString& text, int printed = 0) {
         SetGadgetText(kSpecEntry, field);
         SetUploadText(text);
         received.clear();
@@ -76,7 +74,10 @@ class UploadBench : public testing::Test {
         UploadProgram();
         EXPECT_TRUE(GadgetHidden(kProgressText) && GadgetText(kProgressText).isEmpty());
         EXPECT_FALSE(GadgetHidden(kSaveMacroButton));
-        return clock.Now() - start;
+        return QString::number(clock.Now() - start) + '|' + Received() + Printed(printed);
+    }
+    QString Received() const {
+        return QString::fromStdString(received).replace(lineEnding.bytes, "^");
     }
 
     // The last `count` lines of the terminal that hold anything, joined by "|".
@@ -88,6 +89,6 @@ class UploadBench : public testing::Test {
             line = line.replace(QChar(0), ' ').trimmed();
             if (!line.isEmpty()) lines += line;
         }
-        return lines.mid(std::max(0, lines.size() - count)).join('|');
+        return QStringList(lines.mid(std::max(0, lines.size() - count))).join('|');
     }
 };
