@@ -2,8 +2,8 @@
 // although they seem to be slips.
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <random>
+#include <tuple>
 
 #include "base/Numbers.h"
 #include "terminal/screen/TerminalPainters.h"
@@ -26,28 +26,23 @@ void UseSettings(int cols, int rows, int scrollBack, bool dark) {
     settings.darkBackground = dark;
 }
 
-bool SameCells(const TerminalLine& a, const TerminalLine& b) {
-    return a.length == b.length && std::equal(a.cells, a.cells + kLineCells, b.cells,
-                                              [](const TerminalCell& x, const TerminalCell& y) {
-                                                  return x.ch == y.ch && x.attr == y.attr &&
-                                                         x.bg == y.bg && x.fg == y.fg;
-                                              });
+bool SameCell(const TerminalCell& a, const TerminalCell& b) {
+    return a.ch == b.ch && a.attr == b.attr && a.bg == b.bg && a.fg == b.fg;
 }
 
 void Compare(const PlainTerminal& plain) {
-    ASSERT_EQ(terminalScreen.cursorX, plain.state.cursorX);
-    ASSERT_EQ(terminalScreen.cursorY, plain.state.cursorY);
-    ASSERT_EQ(terminalScreen.topLine, plain.state.topLine);
-    ASSERT_EQ(terminalScreen.topLimit, plain.state.topLimit);
-    ASSERT_EQ(terminalScreen.curFg, plain.state.curFg);
-    ASSERT_EQ(static_cast<size_t>(TerminalLineCount()), plain.lines.size());
-    ASSERT_EQ(TerminalLineCount(), terminalScreen.rows + 1 + terminalScreen.topLimit);
+    const TerminalScreen &a = terminalScreen, &b = plain.state;
+    ASSERT_EQ(std::tie(a.cursorX, a.cursorY, a.topLine, a.topLimit, a.curFg),
+              std::tie(b.cursorX, b.cursorY, b.topLine, b.topLimit, b.curFg));
+    ASSERT_EQ(TerminalLineCount(), a.rows + 1 + a.topLimit);
     for (int i = 0; i < TerminalLineCount(); ++i) {
-        ASSERT_TRUE(SameCells(*TerminalLineAt(i), plain.lines[i])) << "element " << i;
+        const TerminalLine &line = *TerminalLineAt(i), &other = plain.lines[i];
+        ASSERT_EQ(line.length, other.length) << "element " << i;
+        ASSERT_TRUE(std::equal(line.cells, line.cells + kLineCells, other.cells, SameCell)) << i;
     }
     ASSERT_EQ(TerminalLineAt(-1), nullptr);
     ASSERT_EQ(TerminalLineAt(TerminalLineCount()), nullptr);
-    ExpectSamePicture(TerminalPicture(), plain.picture.Image(), "terminal");
+    plain.picture.ExpectEqual(TerminalPicture());
 }
 
 class RandomUse {
@@ -59,34 +54,28 @@ class RandomUse {
     }
 
     void Step(PlainTerminal* plain) {
-        switch (Number(0, 13)) {
-            case 0:
-                return Move(plain);
-            case 1:
-            case 2:
-                return Look(plain);
-            case 3:
-                return Erase(plain);
-            case 4: {
-                const int n = Number(0, 9) ? 1 : Number(-1, 12);
-                TerminalScrollDown(n);
-                return plain->ScrollDown(std::max(n, 0));
-            }
-            case 5:
-            case 6:
-            case 7: {
-                const int n = Number(0, 5) ? 1 : Number(-1, 12);
-                TerminalScrollUp(n);
-                return plain->ScrollUp(std::max(n, 0));
-            }
-            case 8:
-                NotifyCursorBlink();
-                return plain->Blink();
-            case 9:
-                if (Number(0, 9) == 0) Restart(plain);
-                return;
-            default:
-                return Put(plain);
+        const int kind = Number(0, 13);
+        const int lines = Number(0, 5) ? 1 : Number(-1, 12);
+        if (kind == 0) Move(plain);
+        if (kind == 1 || kind == 2) Look(plain);
+        if (kind == 3) Erase(plain);
+        if (kind == 4) {
+            TerminalScrollDown(lines);
+            plain->ScrollDown(std::max(lines, 0));
+        } else if (kind < 8 && kind > 4) {
+            TerminalScrollUp(lines);
+            plain->ScrollUp(std::max(lines, 0));
+        } else if (kind == 8) {
+            NotifyCursorBlink();
+            plain->Blink();
+        } else if (kind == 9 && Number(0, 19) == 0) {
+            TerminalRepaint();
+            plain->Repaint();
+        } else if (kind == 9 && Number(0, 19) == 0) {
+            ClearTerminal(kTerminalCanvas);
+            plain->Clear();
+        } else if (kind > 9) {
+            Put(plain);
         }
     }
 
@@ -124,15 +113,6 @@ class RandomUse {
         }
         TerminalPutText(text.data(), count);
         plain->Put(text);
-    }
-
-    void Restart(PlainTerminal* plain) {
-        if (Number(0, 1)) {
-            TerminalRepaint();
-            return plain->Repaint();
-        }
-        ClearTerminal(kTerminalCanvas);
-        plain->Clear();
     }
 
     std::mt19937 random;
