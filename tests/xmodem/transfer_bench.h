@@ -53,7 +53,7 @@ class TransferBench : public testing::Test {
         sem_init(&job.semaphore, 0, 0);
         job.firstName = direction == Direction::kSend ? pcPath : "d.bin";
         job.secondName = direction == Direction::kSend ? "d.bin" : pcPath;
-        job.lineEnd = "\r";
+        job.lineEnd = lineEnd;
         job.abort = false;
         StartCapture();
         out.clear();
@@ -69,18 +69,23 @@ class TransferBench : public testing::Test {
     }
     QString Fetch() { return Transfer(Direction::kReceive, Path()); }
     QString Store(const std::string& content) {
-        std::ofstream(Path(), std::ios::binary) << content;
+        WriteFile(Path(), content);
         return Transfer(Direction::kSend, Path());
     }
 
     std::string Path() const { return folder.path().toStdString() + "/pc.bin"; }
-    bool FileThere() const { return std::ifstream(Path()).good(); }
-    std::string Content() const {
-        std::ifstream file(Path(), std::ios::binary);
+    bool FileThere() const { return access(Path().c_str(), F_OK) == 0; }
+    static void WriteFile(const std::string& path, const std::string& bytes) {
+        std::ofstream(path, std::ios::binary) << bytes;
+    }
+    static std::string Content(const std::string& path) {
+        std::ifstream file(path, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
+    std::string Content() const { return Content(Path()); }
 
     QTemporaryDir folder;
+    QString lineEnd = "\r";
     TurnsClock clock;
     FarEnd line;
     std::function<std::string(int64_t now, const std::string& came)> device;
