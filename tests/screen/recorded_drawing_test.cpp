@@ -221,11 +221,11 @@ TEST_F(RecordedDrawing, OpensOneCanvasAtATimeAndNestsOnIt) {
     CanvasGadget(kFrameCanvas, 0, 0, 50, 50, 0);
     EXPECT_FALSE(StartDrawing(kTerminalScrollBar));
     EXPECT_TRUE(StartDrawing(kTerminalCanvas) && StartDrawing(kTerminalCanvas));
-    StopDrawing();
-    EXPECT_FALSE(StartDrawing(kFrameCanvas));
-    StopDrawing();
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_FALSE(StartDrawing(kFrameCanvas));
+        StopDrawing();
+    }
     EXPECT_TRUE(StartDrawing(kFrameCanvas));
-    StopDrawing();
 }
 
 }  // namespace

@@ -54,35 +54,34 @@ class RandomUse {
     }
 
     void Step(PlainTerminal* plain) {
-        const int kind = Number(0, 13);
         const int lines = Number(0, 5) ? 1 : Number(-1, 12);
-        if (kind == 0) Move(plain);
-        if (kind == 1 || kind == 2) Look(plain);
-        if (kind == 3) Erase(plain);
-        if (kind == 4) {
-            TerminalScrollDown(lines);
-            plain->ScrollDown(std::max(lines, 0));
-        } else if (kind < 8 && kind > 4) {
-            TerminalScrollUp(lines);
-            plain->ScrollUp(std::max(lines, 0));
-        } else if (kind == 8) {
-            NotifyCursorBlink();
-            plain->Blink();
-        } else if (kind == 9 && Number(0, 19) == 0) {
-            TerminalRepaint();
-            plain->Repaint();
-        } else if (kind == 9 && Number(0, 19) == 0) {
-            ClearTerminal(kTerminalCanvas);
-            plain->Clear();
-        } else if (kind > 9) {
-            Put(plain);
+        const int mode = Number(-1, 3);
+        switch (Number(0, 8)) {
+            case 0:
+                return Move(plain);
+            case 1:
+                return Look(plain);
+            case 2:
+                TerminalEraseLine(mode);
+                return plain->Erase(mode);
+            case 3:
+                TerminalScrollDown(lines);
+                return plain->ScrollDown(std::max(lines, 0));
+            case 4:
+            case 5:
+                TerminalScrollUp(lines);
+                return plain->ScrollUp(std::max(lines, 0));
+            case 6:
+                return Rare(plain);
+            default:
+                return Put(plain);
         }
     }
 
   private:
     void Move(PlainTerminal* plain) {
         // Beyond the last column too, where the hex monitor writes.
-        plain->state.cursorX = Number(0, 9) ? Number(1, plain->state.cols) : Number(1, kLastColumn);
+        plain->state.cursorX = Number(1, Number(0, 9) ? plain->state.cols : kLastColumn);
         plain->state.cursorY = Number(1, plain->state.rows);
         MoveTerminalCursor(plain->state.cursorX, plain->state.cursorY);
     }
@@ -93,25 +92,25 @@ class RandomUse {
         plain->state.textAttr = kAttributes[Number(0, 6)];
         plain->state.curFg = kColours[Number(0, 3)];
         plain->state.curBg = kColours[Number(0, 3)];
+        plain->state.cursorVisible = Number(0, 3) != 0;
         SetTextAttribute(plain->state.textAttr);
         SetCurrentColours(plain->state.curFg, plain->state.curBg);
-        plain->state.cursorVisible = Number(0, 3) != 0;
         SetCursorVisible(plain->state.cursorVisible);
     }
 
-    void Erase(PlainTerminal* plain) {
-        const int mode = Number(-1, 3);
-        TerminalEraseLine(mode);
-        plain->Erase(mode);
+    void Rare(PlainTerminal* plain) {
+        const int kind = Number(0, 19);
+        if (kind == 0) TerminalRepaint(), plain->Repaint();
+        if (kind == 1) ClearTerminal(kTerminalCanvas), plain->Clear();
+        if (kind > 9) NotifyCursorBlink(), plain->Blink();
     }
 
     void Put(PlainTerminal* plain) {
         std::u16string text;
-        const int count = Number(1, Number(0, 9) ? 12 : 300);
-        for (int i = 0; i < count; ++i) {
+        for (int count = Number(1, Number(0, 9) ? 12 : 300); count > 0; --count) {
             text += static_cast<char16_t>(Number(0, 30) ? Number(' ', '~') : Number(0, 0xFFFF));
         }
-        TerminalPutText(text.data(), count);
+        TerminalPutText(text.data(), static_cast<int>(text.size()));
         plain->Put(text);
     }
 
