@@ -1,6 +1,7 @@
 #include "shell/StartUp.h"
 
 #include <QString>
+#include <csignal>
 
 #include "base/AppPaths.h"
 #include "base/Numbers.h"
@@ -150,6 +151,8 @@ void BuildWindow() {
 int RunProgram(int argc, char** argv) {
     // The toolkit sees no argument but the program's name: it would take some for itself.
     int toolkitArguments = 1;
+    // A far end that is gone must show as a failed write, not end the program.
+    signal(SIGPIPE, SIG_IGN);
     StartInterfaceLayer(toolkitArguments, argv);
     ResolveAppPaths();
     SetCurrentFile(JoinArguments(argc, argv));
