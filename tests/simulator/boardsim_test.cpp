@@ -1,0 +1,176 @@
+// The program boardsim, started as a user starts it: ports, pseudo-terminals, its end.
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// Reads until `part` has come; gives all, or what there is after ten seconds or at the end.
+std::string ReadUntil(int fd, const std::string& part) {
+    std::string all;
+    pollfd watched = {fd, POLLIN, 0};
+    char block[4096];
+    while (all.find(part) == std::string::npos && poll(&watched, 1, 10000) > 0) {
+        const ssize_t count = read(fd, block, sizeof block);
+        if (count <= 0) break;
+        all.append(block, static_cast<size_t>(count));
+    }
+    return all;
+}
+
+class Program {
+  public:
+    explicit Program(std::vector<std::string> arguments) {
+        int pipeEnds[2];
+        EXPECT_EQ(pipe(pipeEnds), 0);
+        pid = fork();
+        if (pid == 0) {
+            dup2(pipeEnds[1], 1);
+            dup2(pipeEnds[1], 2);
+            close(pipeEnds[0]);
+            arguments.insert(arguments.begin(), KWCC_BINARY_DIR "/bin/boardsim");
+            std::vector<char*> argv;
+            for (std::string& argument : arguments) argv.push_back(argument.data());
+            argv.push_back(nullptr);
+            execv(argv[0], argv.data());
+            _exit(99);
+        }
+        close(pipeEnds[1]);
+        output = pipeEnds[0];
+    }
+    ~Program() {
+        if (pid > 0) End(SIGKILL);
+        close(output);
+    }
+    std::string Words(const std::string& part) { return ReadUntil(output, part); }
+
+    // Its exit code, or -1 after a signal. With `signal` 0 it must end by itself.
+    int End(int signal) {
+        if (signal != 0) kill(pid, signal);
+        int status = 0;
+        EXPECT_EQ(waitpid(pid, &status, 0), pid);
+        pid = -1;
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+    int output = -1;
+
+  private:
+    pid_t pid;
+};
+
+int Connect(int port) {
+    sockaddr_in address = {};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(static_cast<uint16_t>(port));
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    const int fd = socket(AF_INET, SOCK_STREAM, 0);
+    EXPECT_EQ(connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    return fd;
+}
+
+int PortOf(const std::string& words) {
+    return std::stoi(words.substr(words.find(" port ") + 6));
+}
+
+std::string Talk(int fd, const std::string& line, const std::string& until) {
+    EXPECT_EQ(write(fd, line.data(), line.size()), static_cast<ssize_t>(line.size()));
+    return ReadUntil(fd, until);
+}
+
+}  // namespace
+
+TEST(Boardsim, ServesOneHostAfterAnotherOverTcp) {
+    const fs::path folder = fs::path(testing::TempDir()) / "boardsim-drive";
+    fs::create_directories(folder / "sub");
+    std::ofstream(folder / "sub" / "one.bas") << "PRINT \"from the PC\"\n";
+    Program program({"--port", "0", "--folder=" + folder.string()});
+    const std::string words = program.Words("USB console\n");
+    const int port = PortOf(words);
+    EXPECT_NE(words.find("127.0.0.1 port "), std::string::npos);
+    int fd = Connect(port);
+    EXPECT_EQ(ReadUntil(fd, "\x1b[?7h").rfind("\rPicoMite MMBasic", 0), 0u);
+    EXPECT_NE(Talk(fd, "RUN \"sub/one\"\r", "PC\r\n").find("\r\nfrom the PC\r\n"),
+              std::string::npos);
+    // A second program can't have the port, and says so.
+    Program second({"--port", std::to_string(port)});
+    EXPECT_NE(second.Words("\n").find("is taken"), std::string::npos);
+    EXPECT_EQ(second.End(0), 1);
+    close(fd);
+    fd = Connect(port);
+    EXPECT_NE(Talk(fd, "PRINT 6*7\r", "\x1b[?7h").find(" 42"), std::string::npos);
+    // A restart takes the port away; who comes meanwhile waits.
+    EXPECT_EQ(Talk(fd, "CPU RESTART\r", "never"), "CPU RESTART\r\n");
+    close(fd);
+    fd = Connect(port);
+    EXPECT_NE(Talk(fd, "PRINT 7*7\r", " 49").find(" 49"), std::string::npos);
+    EXPECT_EQ(program.End(SIGTERM), 0);
+    close(fd);
+    fs::remove_all(folder);
+}
+
+TEST(Boardsim, APseudoTerminalWithALinkThatGoesAtTheEnd) {
+    const std::string link = testing::TempDir() + "/boardsim-link";
+    fs::remove(link);
+    Program program({"--board", "cmm2", "--pty", "--link", link});
+    const std::string words = program.Words("linked as");
+    EXPECT_EQ(words.rfind("boardsim: /dev/pts/", 0), 0u);
+    const int fd = open(link.c_str(), O_RDWR | O_NOCTTY);
+    ASSERT_GE(fd, 0);
+    EXPECT_NE(Talk(fd, "nosuch\r", "command").find("Unknown command"), std::string::npos);
+    close(fd);
+    EXPECT_EQ(program.End(SIGINT), 0);
+    EXPECT_FALSE(fs::exists(fs::symlink_status(link)));
+    // What is no link of its own is left alone.
+    std::ofstream(link) << "mine";
+    Program refused({"--pty", "--link", link});
+    EXPECT_NE(refused.Words("\n").find("can't make the link"), std::string::npos);
+    EXPECT_EQ(refused.End(0), 1);
+    EXPECT_EQ(fs::file_size(link), 4u);
+    fs::remove(link);
+}
+
+TEST(Boardsim, TelnetOnceAndWrongOptions) {
+    Program program({"--port", "0", "--once", "--board", "webmite"});
+    const int fd = Connect(PortOf(program.Words("\n")));
+    const std::string start = ReadUntil(fd, "\x1b[?7h");
+    EXPECT_EQ(start.substr(0, 18), std::string("\xff\xfb\x03\xff\xfd\x03\xff\xfb\x01"
+                                               "\xff\xfd\x22\xff\xfe\x22\0\r\0",
+                                               18));
+    EXPECT_NE(Talk(fd, std::string("PRINT 1\r\0", 9), "> ").find(std::string("\r\0\n 1\r\0\n", 8)),
+              std::string::npos);
+    close(fd);
+    EXPECT_EQ(program.End(0), 0);
+    for (const char* wrong : {"--nosuch", "--port=70000", "--board=nosuch", "--pin", "--link=x"}) {
+        Program refused({wrong});
+        EXPECT_NE(refused.Words("--help").find("--help tells all options"), std::string::npos);
+        EXPECT_EQ(refused.End(0), 2) << wrong;
+    }
+    Program list({"--list-boards"});
+    EXPECT_NE(list.Words("pi-cromite").find("picomite "), std::string::npos);
+    EXPECT_EQ(list.End(0), 0);
+}
+
+TEST(Boardsim, AnIdleBoardCostsNothing) {
+    Program program({"--port", "0"});
+    const int fd = Connect(PortOf(program.Words("\n")));
+    ReadUntil(fd, "\x1b[?7h");
+    pollfd quiet = {fd, POLLIN, 0};
+    EXPECT_EQ(poll(&quiet, 1, 300), 0);  // the prompt stands
+    EXPECT_EQ(program.End(SIGTERM), 0);
+    rusage used = {};
+    getrusage(RUSAGE_CHILDREN, &used);
+    // Voluntary switches: one for each time it slept. A polling loop has hundreds.
+    EXPECT_LT(used.ru_nvcsw, 60);
+    close(fd);
+}
