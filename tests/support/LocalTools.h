@@ -1,5 +1,4 @@
-// Sockets of the loopback address, as a local tool opens them. Nothing here waits but for
-// the connection itself.
+// Local tools on the loopback address, and the events of the loop that serves them.
 #pragma once
 
 #include <arpa/inet.h>
@@ -9,6 +8,20 @@
 
 #include <string>
 
+#include "base/Pacing.h"
+#include "ui/WaitWindowEvent.h"
+
+constexpr int64_t kToolDeadline = 20000;  // milliseconds; never reached when all is well
+
+// Takes events, and gives each to `serve`, until `done` holds.
+template <typename Done, typename Serve>
+bool ServeUntil(Done done, Serve serve) {
+    for (const int64_t end = NowMs() + kToolDeadline; !done(); serve(WaitForEvent(5))) {
+        if (NowMs() > end) return false;
+    }
+    return true;
+}
+
 inline sockaddr_in LocalAddress(int port) {
     sockaddr_in address = {};
     address.sin_family = AF_INET;
@@ -17,56 +30,41 @@ inline sockaddr_in LocalAddress(int port) {
     return address;
 }
 
-// A socket that holds a port, 0 for any free one, and listens.
-inline int ListenLocally(int port = 0) {
+// Listens on a port, 0 for any free one, which `port` then is.
+inline int ListenLocally(int& port) {
     const int fd = socket(AF_INET, SOCK_STREAM, 0);
-    const sockaddr_in address = LocalAddress(port);
-    (void)!bind(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address);
-    listen(fd, 4);
-    return fd;
-}
-
-inline int PortOf(int fd) {
-    sockaddr_in address = {};
+    sockaddr_in address = LocalAddress(port);
     socklen_t length = sizeof address;
+    (void)!bind(fd, reinterpret_cast<sockaddr*>(&address), length);
+    listen(fd, 4);
     getsockname(fd, reinterpret_cast<sockaddr*>(&address), &length);
-    return ntohs(address.sin_port);
+    port = ntohs(address.sin_port);
+    return fd;
 }
 
 // A port that nobody holds.
 inline int FreePort() {
-    const int fd = ListenLocally();
-    const int port = PortOf(fd);
-    close(fd);
+    int port = 0;
+    close(ListenLocally(port));
     return port;
 }
 
-class LocalClient {
-  public:
+struct LocalClient {
     explicit LocalClient(int port) {
         const sockaddr_in address = LocalAddress(port);
         connected = connect(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
         fcntl(fd, F_SETFL, O_NONBLOCK);
     }
     ~LocalClient() { Close(); }
-    LocalClient(const LocalClient&) = delete;
-    LocalClient& operator=(const LocalClient&) = delete;
 
-    void Write(const std::string& bytes) {
-        (void)!send(fd, bytes.data(), bytes.size(), MSG_NOSIGNAL);
-    }
-    // All that has come since the start.
+    void Write(const std::string& bytes) { (void)!send(fd, bytes.data(), bytes.size(), 0); }
+    // All that has come since the start; `closed` when the server has closed.
     const std::string& Read() {
         char block[65536];
         ssize_t count = 0;
         while ((count = recv(fd, block, sizeof block, 0)) > 0) received.append(block, count);
         closed = count == 0 || errno == ECONNRESET;
         return received;
-    }
-    // The server has closed this connection.
-    bool Closed() {
-        Read();
-        return closed;
     }
     void Close() {
         if (fd >= 0) close(fd);
@@ -79,10 +77,7 @@ class LocalClient {
         Close();
     }
 
-    bool connected = false;
-
-  private:
     int fd = socket(AF_INET, SOCK_STREAM, 0);
-    bool closed = false;
+    bool connected = false, closed = false;
     std::string received;
 };
