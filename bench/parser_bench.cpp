@@ -65,9 +65,13 @@ void BM_Decode(benchmark::State& state) {
 BENCHMARK(BM_Decode)->ArgName("corpus")->Arg(kAscii);
 
 // One read of a hostile stream: a sequence repeated over 16,384 bytes, on a full screen.
+constexpr const char* kUsual = "\x1b[0m\x1b[8;50;101t";
+constexpr const char* kLargest = "\x1b[0m\x1b[8;256;256t";
+
 struct Flood {
     const char* name;
     std::string unit;
+    const char* size = kUsual;
 };
 
 const Flood kFloods[] = {
@@ -85,16 +89,20 @@ const Flood kFloods[] = {
     {"ESC D, ESC M", "\x1b\x44\x1bM"},
     {"CSI 38 m, one character", "\x1b[38;2;1;2;3mx"},
     {"BS", "\b"},
+    {"ESC M, largest screen", "\x1bM", kLargest},
+    {"ESC D, largest screen", "\x1b\x44", kLargest},
+    {"CSI 2J, largest screen", "\x1b[2J", kLargest},
+    {"CSI t, largest screen", "\x1b[t", kLargest},
 };
 
 void BM_Flood(benchmark::State& state) {
     const Flood& flood = kFloods[state.range(0)];
     std::string text;
     while (text.size() < kFloodSize) text += flood.unit;
-    const std::string screen = ColourCorpus(20000);
+    const std::string screen = flood.size + ColourCorpus(80000);
     for (auto _ : state) {
         state.PauseTiming();
-        Feed("\x1b[0m\x1b[8;50;101t" + screen);
+        Feed(screen);
         TerminalPicture();
         state.ResumeTiming();
         Feed(text);
@@ -106,7 +114,7 @@ void BM_Flood(benchmark::State& state) {
 BENCHMARK(BM_Flood)->DenseRange(0, std::size(kFloods) - 1)->Unit(benchmark::kMillisecond);
 
 void BM_Repaint(benchmark::State& state) {
-    Feed("\x1b[0m\x1b[8;50;101t" + AsciiCorpus(20000));
+    Feed(kUsual + AsciiCorpus(20000));
     for (auto _ : state) {
         TerminalRepaint();
         benchmark::DoNotOptimize(TerminalPicture().constBits());
@@ -115,7 +123,7 @@ void BM_Repaint(benchmark::State& state) {
 BENCHMARK(BM_Repaint)->Unit(benchmark::kMicrosecond);
 
 void BM_ScrollOneLine(benchmark::State& state) {
-    Feed("\x1b[0m\x1b[8;50;101t" + AsciiCorpus(20000));
+    Feed(kUsual + AsciiCorpus(20000));
     for (auto _ : state) {
         TerminalScrollUp(1);
         benchmark::DoNotOptimize(TerminalPicture().constBits());

@@ -11,8 +11,8 @@ constexpr int kListingComplete = 2;  // not yet handed over
 constexpr int kLongestCapture = 128 * 1024 * 1024;
 
 struct Capture {
-    bool on = false;     // TerminalFeed appends what it is given to `buffer`
-    QString buffer;      // raw received text, sequences and line ends as they came
+    bool on = false;  // TerminalFeed appends what it is given to `buffer`
+    QString buffer;   // raw received text, sequences and line ends as they came
     int listingState = kListingIdle;
 };
 

@@ -8,16 +8,16 @@
 #include <QString>
 #include <cstdint>
 
-constexpr int kLineCells = 257;           // slots 0 to 256; slot 0 is never used
+constexpr int kLineCells = 257;              // slots 0 to 256; slot 0 is never used
 constexpr int kLastColumn = kLineCells - 1;  // no column beyond is ever written
-constexpr int kMostRows = 256;            // bound of any size asked of the terminal
-constexpr int kMostScrollBack = 100000;   // bound of the scrollback setting, in lines
+constexpr int kMostRows = 256;               // bound of any size asked of the terminal
+constexpr int kMostScrollBack = 100000;      // bound of the scrollback setting, in lines
 
 // Attribute bits of a cell. Bold, third font and inverse are assigned, never combined.
 constexpr int kAttributeBold = 1;
 constexpr int kAttributeThirdFont = 2;
 constexpr int kAttributeInverse = 4;
-constexpr int kAttributeDim = 8;     // painted, but set by nothing
+constexpr int kAttributeDim = 8;      // painted, but set by nothing
 constexpr int kAttributeHidden = 16;  // painted, but set by nothing
 
 // One character position. Colours are as set, never the swapped pair.
@@ -34,17 +34,17 @@ struct TerminalLine {
 };
 
 struct TerminalScreen {
-    int cols = 101;          // width in characters
-    int rows = 50;           // height in characters
-    int cursorX = 1;         // 1 to cols
-    int cursorY = 1;         // 1 to rows
-    int topLine = 0;         // row r of the screen is list element topLine + r
-    int topLimit = 0;        // highest topLine for which lines exist
-    int scrollBack = 1024;   // greatest value of topLine
-    int maxLineLength = 256;  // columns that text extraction reads of a line
-    int textAttr = 0;        // attribute of new cells
-    uint32_t curFg = 0xFFFFFF, curBg = 0;          // colours of new cells
-    uint32_t pendFg = 0, pendBg = 0;               // the parser's colours, see VtParser.h
+    int cols = 101;                        // width in characters
+    int rows = 50;                         // height in characters
+    int cursorX = 1;                       // 1 to cols
+    int cursorY = 1;                       // 1 to rows
+    int topLine = 0;                       // row r of the screen is list element topLine + r
+    int topLimit = 0;                      // highest topLine for which lines exist
+    int scrollBack = 1024;                 // greatest value of topLine
+    int maxLineLength = 256;               // columns that text extraction reads of a line
+    int textAttr = 0;                      // attribute of new cells
+    uint32_t curFg = 0xFFFFFF, curBg = 0;  // colours of new cells
+    uint32_t pendFg = 0, pendBg = 0;       // the parser's colours, see VtParser.h
     uint32_t defaultFg = 0xFFFFFF, defaultBg = 0;  // by darkBackground
     uint32_t dimColour = 0x999999;
     bool darkBackground = true;

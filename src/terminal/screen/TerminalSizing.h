@@ -5,10 +5,10 @@
 
 // Geometry of the main window, stored in the settings.
 struct MainWindowPlace {
-    int x = 200, y = 200;             // of the frame
-    int width = 900, height = 700;    // of the inner area
-    QString linesToShow = "111111";   // one character for each toolbar row, "1" for shown
-    int contentTop = 25;              // y at which the canvas begins
+    int x = 200, y = 200;            // of the frame
+    int width = 900, height = 700;   // of the inner area
+    QString linesToShow = "111111";  // one character for each toolbar row, "1" for shown
+    int contentTop = 25;             // y at which the canvas begins
 };
 extern const MainWindowPlace& mainWindowPlace;
 MainWindowPlace& MainWindowPlaceForTable();  // for the settings table alone
