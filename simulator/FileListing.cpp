@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr size_t kMaximumListed = 1000;
 constexpr int kEntriesPerMs = 8;  // how fast a folder is read and sorted
 
 std::string ExtensionOf(const std::string& name) {

@@ -9,6 +9,8 @@
 struct Board;
 struct StoredFile;
 
+constexpr size_t kMaximumListed = 800;  // entries of one listing
+
 // The command; the cursor stands behind its word.
 void RunFiles(Board& board);
 

@@ -8,18 +8,27 @@ namespace {
 constexpr char kEscapeKey = 27;
 constexpr char kClear[] = "\x1b[2J\x1b[H";
 
+void ClearScreen(Board& board) {
+    PutRaw(board, kClear);
+    board.out.column = 1;
+}
+
+void LeaveScreen(Board& board) {
+    ClearScreen(board);
+    ReturnToPromptLoudly(board);
+}
+
 void TakeKeys(Board& board, const std::string& keys) {
     for (const char key : keys) {
         const auto code = static_cast<unsigned char>(key);
         const bool runs = board.fullScreen.canRun && code == kKeyF2;
         if (key != kEscapeKey && code != kKeyF1 && !runs) continue;
-        PutRaw(board, kClear);
-        board.out.column = 1;
-        if (runs) {
-            RunProgram(board);
-        } else {
-            ReturnToPromptLoudly(board);
+        if (!runs) {
+            LeaveScreen(board);
+            return;
         }
+        ClearScreen(board);
+        RunProgram(board);
         return;
     }
 }
@@ -42,8 +51,7 @@ void HoldIsOver(Board& board) {
     TakeKeys(board, keys);
 }
 
-// In the editor Ctrl-C is a key like others.
-const BoardActivity kFullScreen = {TakeByte, HoldIsOver, nullptr};
+const BoardActivity kFullScreen = {TakeByte, HoldIsOver, LeaveScreen};
 
 void Show(Board& board, const std::vector<std::string>& lines, const char* footer) {
     const size_t width = static_cast<size_t>(board.width) - 1;

@@ -4,8 +4,6 @@
 
 namespace {
 
-constexpr size_t kMaximumTyped = 254;
-
 void TakeTyped(Board& board, unsigned char c) {
     LineReader& reader = board.reader;
     const bool skipped = c == '\n' && reader.afterCr && board.facts.prompt.inputSkipsLf;

@@ -5,6 +5,8 @@
 
 struct Board;
 
+constexpr size_t kMaximumTyped = 254;  // characters of one answer
+
 struct LineReader {
     std::string line;
     void (*done)(Board& board, const std::string& line) = nullptr;

@@ -6,15 +6,10 @@
 
 namespace {
 
-// Steps of one call; what is left of a longer stretch of time passes at once.
-constexpr int kMaximumStepsPerAdvance = 20000;
-
 const BoardActivity kOff = {nullptr, nullptr, nullptr, true};
 
-int64_t PerByteUs(const BoardFacts& facts, const BoardSetup& setup) {
+int64_t PerByteUs(int baud) {
     constexpr int64_t kBitsPerByte = 10;  // with start and stop bit
-    int baud = setup.baud;
-    if (baud < 0) baud = setup.paced ? facts.line.baud : 0;
     return baud > 0 ? std::max<int64_t>(1, kBitsPerByte * 1000000 / baud) : 0;
 }
 
@@ -57,7 +52,7 @@ Board::Board(const BoardFacts& boardFacts, const BoardSetup& boardSetup)
       activity(&kOff) {
     random = setup.faults.seed * 0x9e3779b97f4a7c15u + 1;
     if (random == 0) random = 1;
-    out.perByteUs = PerByteUs(facts, setup);
+    out.perByteUs = PerByteUs(setup.baud);
     prompt.pin = facts.prompt.pinDelayMs < 0 ? 0 : setup.pin;
     files.fat = facts.fat;
     files.sdCard = setup.sdCard;

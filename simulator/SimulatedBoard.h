@@ -18,13 +18,14 @@
 #include "simulator/BoardFacts.h"
 #include "simulator/BoardFaults.h"
 
+// Steps of one call of Advance; what is left of a longer stretch of time passes at once.
+constexpr int kMaximumStepsPerAdvance = 20000;
+
 constexpr int64_t kNeverMs = std::numeric_limits<int64_t>::max();
 
 // What may be chosen for one board beyond its row of facts.
 struct BoardSetup {
-    int baud = -1;             // pace of the output, bits/s; 0: no limit, -1: no limit too,
-                               // but a UART row uses its own speed when `paced` is set
-    bool paced = false;        // output at the row's own speed
+    int baud = 0;              // pace of the output, bits/s; 0: no limit
     int pin = 0;               // 0: none, else the PIN that locks the console
     bool sdCard = false;       // a card stands in drive B:
     bool i2c = true;           // OPTION SYSTEM I2C is set

@@ -84,6 +84,13 @@ TEST(Prompt, EditingByKeysAndControlBytes) {
 
 TEST(Prompt, CtrlCActsAtItsReceptionAndEmptiesTheInput) {
     BoardBench bench;
+    // It leaves the editor too; the editor's F2 runs the program.
+    const std::string clear = "\x1b[2J\x1b[H";
+    bench.Say("AUTOSAVE\rprint 8\r\x1a");
+    EXPECT_EQ(bench.Say("\x1bOS").substr(0, 22), "EDIT\r\n" + clear + "Print 8\r\n");
+    EXPECT_EQ(bench.Say("\x03"), clear + kLoud603);
+    bench.Say("EDIT\r");
+    EXPECT_EQ(bench.Say("\x92"), clear + " 8\r\n" + kLoud603);
     EXPECT_EQ(bench.Say("PRI\x03"), "PRI\x1b[?25h\x1b[97;40m\r\n> " + kTail603);
     bench.Say("AUTOSAVE\rDO:LOOP\r\x1a");
     EXPECT_EQ(bench.Say("RUN\r", 500), "RUN\r\n");
