@@ -8,6 +8,7 @@
 #include "ui/InterfaceEvent.h"
 #include "ui/PBMainWindowWidget.h"
 #include "ui/WindowTable.h"
+#include "ui/Windows.h"
 
 // A closed window that still waits to be deleted has nothing to say.
 void RaiseWindowEvent(int window, int number) {
@@ -39,7 +40,7 @@ QSize PBQMainWindow::InnerSize() const {
 }
 
 void PBQMainWindow::SetInnerSize(const QSize& inner) {
-    wantedInner = inner;
+    wantedInner = inner.boundedTo(QSize(kLargestWindowWidth, kLargestWindowHeight));
     FitMenuBar();
 }
 

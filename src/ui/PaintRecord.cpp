@@ -11,6 +11,14 @@ constexpr int kLeftmostCells = -(1 << 24);
 
 uint64_t latestStamp = 0;
 
+// A picture that nobody looks at may scroll for ever. Once all of it has moved out, how far
+// makes no difference.
+void BoundOrigin(PaintRecord* record) {
+    const int bounded = std::clamp(record->origin, -record->height, record->height);
+    for (PaintOperation& operation : record->operations) operation.y -= record->origin - bounded;
+    record->origin = bounded;
+}
+
 // Drops the operations that cannot be seen any more. Their spans stay, since others may
 // share them.
 void DropHidden(PaintRecord* record) {
@@ -24,6 +32,7 @@ void DropHidden(PaintRecord* record) {
         kept.push_back(record->operations[last]);
     }
     record->operations.assign(kept.rbegin(), kept.rend());
+    BoundOrigin(record);
 }
 
 void MakeRoom(PaintRecord* record, int spans, size_t text) {

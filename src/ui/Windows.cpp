@@ -47,7 +47,8 @@ Qt::WindowFlags LookOf(int flags) {
 // is not known before it is there, so a centred window is centred without it.
 void PlaceWindow(PBQMainWindow* window, int x, int y, int flags, const QWidget* parent) {
     if (!(flags & kWindowCentredOnParent)) {
-        window->move(x, y);
+        window->move(qBound(-kFurthestPlace, x, kFurthestPlace),
+                     qBound(-kFurthestPlace, y, kFurthestPlace));
     } else if (parent) {
         const QSize spare = (parent->frameGeometry().size() - window->size()) / 2;
         window->move(parent->frameGeometry().topLeft() + QPoint(spare.width(), spare.height()));

@@ -7,6 +7,12 @@
 // In a resize, what stays as it is.
 constexpr int kKeep = -65535;
 
+// The largest inner area, in pixels: beyond any screen, and a picture that memory holds. A
+// larger size, and a place beyond the display server's 16 bits, is held to the bound.
+constexpr int kLargestWindowWidth = 8192;
+constexpr int kLargestWindowHeight = 4400;
+constexpr int kFurthestPlace = 32767;
+
 enum class WindowMeasure {
     kFrame = 0,  // the outer frame, as the window manager draws it
     kInner = 1,  // the client area, below the menu bar

@@ -23,6 +23,7 @@
 #include "terminal/screen/TerminalSizing.h"
 #include "terminal/screen/TerminalText.h"
 #include "tests/support/VirtualClock.h"
+#include "ui/Drawing.h"
 #include "ui/Gadgets.h"
 #include "ui/MenuItem.h"
 #include "ui/Windows.h"
@@ -41,6 +42,11 @@ class DispatchTest : public testing::Test {
     }
     void TearDown() override { close(device); }
 
+    // The window as start-up leaves it when the main loop first waits.
+    static void BuildWindow() {
+        ::BuildWindow();
+        FlushPainting();
+    }
     std::string Sent() {
         char bytes[4096];
         const ssize_t count = read(device, bytes, sizeof bytes);
@@ -87,11 +93,16 @@ TEST_F(DispatchTest, StartUpShowsTheStoredLinkAndFallsBackToTheFirstPreset) {
     EXPECT_EQ(FocusedGadget(), kTerminalCanvas);
 }
 
-TEST_F(DispatchTest, PickingAPortStoresItInCapitals) {
+// A specification with a port word, which an empty field stands for, puts the name back as
+// the list has it.
+TEST_F(DispatchTest, PickingAPortStoresItInCapitalsUnlessTheSpecificationNamesThePort) {
     BuildWindow();
     EXPECT_EQ(GadgetItemCount(kPortCombo), 9);
     EXPECT_EQ(GadgetItemText(kPortCombo, 4), "ttyACM0");
     SetGadgetText(kPortCombo, "ttyUSB1");
+    DispatchGadget(kPortCombo, kTypeValueChanged);
+    EXPECT_EQ(linkSettings.comPort, "ttyUSB1");
+    SetGadgetText(kSpecEntry, "'target s\\picomite");
     DispatchGadget(kPortCombo, kTypeValueChanged);
     EXPECT_EQ(linkSettings.comPort, "TTYUSB1");
     EXPECT_TRUE(GadgetHidden(kAddressEntry));
