@@ -12,8 +12,12 @@
 #include "simulator/ListCommand.h"
 #include "simulator/ProgramCommands.h"
 
+// The table of commands is searched by halves, so its rows are sorted by their words. A row
+// that other boards lack says so by a test of the facts.
+
 namespace {
 
+// Which boards know a command. A word that is unknown here is an unknown command there.
 bool HasDrive(const BoardFacts& facts) {
     return facts.listing.word[0] != '\0';
 }
@@ -145,6 +149,8 @@ void AddLabel(Board& board, const std::string& label, int line) {
     board.basic.labels.emplace(label, line);
 }
 
+// What GOTO, GOSUB and a call may name on this line: its number, its label with a colon, or the
+// name of the SUB that begins here. The first one of a name counts.
 void LabelLine(Board& board, std::string_view text, int line) {
     text = TrimBlanks(text);
     size_t digits = 0;
@@ -172,6 +178,8 @@ const BasicCommand* FindCommand(const BoardFacts& facts, std::string_view word) 
     return row && (!row->exists || row->exists(facts)) ? row : nullptr;
 }
 
+// The firmware keeps tokens, not text, and writes the words anew when it lists. That is why a
+// listing is not the text that was sent.
 std::string RecasedLine(std::string_view line) {
     std::string result;
     WalkPieces(line, [&](std::string_view piece, const char* spelling) {
@@ -193,6 +201,7 @@ size_t TokenisedLineSize(std::string_view line) {
     return size;
 }
 
+// Kept beside the program, so that a GOTO in a long program costs no search.
 void BuildLabels(Board& board) {
     board.basic.labels.clear();
     for (size_t i = 0; i < board.program.lines.size(); ++i) {

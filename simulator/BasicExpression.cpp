@@ -7,6 +7,9 @@
 #include "simulator/BasicVariables.h"
 #include "simulator/Board.h"
 
+// Values are read straight from the text: there are no tokens and no tree. Every procedure
+// leaves the cursor behind what it has read, and does nothing more once an error is set.
+
 namespace {
 
 BasicValue TakeLevel(Board& board, int level);
@@ -15,6 +18,7 @@ BasicValue Truth(bool is) {
     return NumberValue(is ? 1 : 0);
 }
 
+// Integer operators round their operands; what is beyond 64 bits counts as 0.
 int64_t Whole(double number) {
     constexpr double kLimit = 9.2e18;
     if (!(number > -kLimit && number < kLimit)) return 0;
@@ -30,6 +34,7 @@ int64_t ShiftRight(int64_t value, int64_t by) {
     return by < 0 || by > 63 ? 0 : static_cast<int64_t>(static_cast<uint64_t>(value) >> by);
 }
 
+// A failed operator gives 0, which nothing looks at any more: the error is set.
 double IntegerDivide(Board& board, double a, double b) {
     const int64_t divisor = Whole(b);
     if (divisor == 0) return Fail(board, "Divide by zero"), 0.0;
@@ -87,6 +92,7 @@ const OperatorRow kOperators[] = {
 constexpr int kHighestLevel = 6;
 constexpr int kCompareLevel = 2;
 
+// A word such as MOD must stand alone, a sign may touch what follows it.
 bool IsSignAt(std::string_view line, size_t at, std::string_view sign) {
     const std::string_view here = line.substr(at, sign.size());
     if (sign[0] < 'A' || sign[0] == '\\' || sign[0] == '^') return here == sign;
@@ -107,6 +113,7 @@ const OperatorRow* TakeOperator(Board& board, int level) {
     return nullptr;
 }
 
+// Strings know the comparisons, by bytes, and "+".
 BasicValue ApplyToTexts(Board& board, const OperatorRow& row, const BasicValue& a,
                         const BasicValue& b) {
     if (row.level == kCompareLevel) {
@@ -129,6 +136,7 @@ BasicValue Apply(Board& board, const OperatorRow& row, const BasicValue& a, cons
     return NumberValue(result);
 }
 
+// A string has no escapes: a quote inside is written as CHR$(34).
 BasicValue TakeQuoted(Board& board) {
     const std::string& line = CurrentLine(board);
     size_t& at = board.basic.place.at;
@@ -158,6 +166,7 @@ BasicValue TakeBased(Board& board) {
     return NumberValue(static_cast<double>(static_cast<int64_t>(value)));
 }
 
+// Digits, a point, an exponent. An "E" with no digits behind it is the start of a name.
 BasicValue TakeDecimal(Board& board) {
     const std::string& line = CurrentLine(board);
     size_t& at = board.basic.place.at;
@@ -181,6 +190,7 @@ BasicValue TakeDecimal(Board& board) {
     return NumberValue(value);
 }
 
+// A function is known by its name, whatever follows; any other name is a variable.
 BasicValue TakeNamed(Board& board) {
     const BasicPlace before = board.basic.place;
     const std::string word = TakeWord(board);
@@ -220,6 +230,7 @@ BasicValue TakePlain(Board& board) {
     return Fail(board, "Syntax"), NumberValue(0);
 }
 
+// Brackets, functions and indices all come back here, so the depth is counted here.
 BasicValue TakePrimary(Board& board) {
     if (board.basic.failed) return NumberValue(0);
     if (board.basic.depth >= kMaximumDepth) {
@@ -231,6 +242,8 @@ BasicValue TakePrimary(Board& board) {
     return value;
 }
 
+// Precedence climbing: operators of one level group from the left, and those of the next level
+// bind closer.
 BasicValue TakeLevel(Board& board, int level) {
     if (board.basic.failed) return NumberValue(0);
     if (level > kHighestLevel) return TakeUnary(board);
@@ -289,6 +302,7 @@ int TakeInteger(Board& board, int low, int high) {
     return low;
 }
 
+// Whole numbers are written out as long as a double holds them exactly; others have ten digits.
 std::string NumberText(double number) {
     if (number == std::floor(number) && std::fabs(number) < 1e15) {
         return BoardFormat("%.0f", number == 0 ? 0.0 : number);

@@ -4,6 +4,9 @@
 #include "simulator/BasicVariables.h"
 #include "simulator/Board.h"
 
+// Loops and blocks are found by reading on from the cursor. Each line that is passed over
+// costs a statement, so a search through a long program takes its board time.
+
 namespace {
 
 // Is the IF at the start of `line` one of several lines, that is, does it end in THEN?
@@ -28,6 +31,7 @@ void DecideAgain(Board& board) {
     if (!board.basic.failed) DecideBlock(board, isTrue);
 }
 
+// Both spellings count, ELSEIF and ELSE IF.
 bool TakeElseIf(Board& board) {
     if (TakeKeyword(board, "ELSEIF")) return true;
     const BasicPlace before = board.basic.place;
@@ -108,6 +112,7 @@ void SkipPast(Board& board, const char* open, const char* close) {
     Fail(board, std::string(open) + " without a matching " + close);
 }
 
+// A loop counts up or down by the sign of its step; with a step of 0 it never ends.
 bool StillInside(const BasicLoop& loop, double value) {
     return loop.step >= 0 ? value <= loop.limit : value >= loop.limit;
 }
@@ -128,6 +133,7 @@ size_t FindLoop(const Board& board, BasicLoopKind kind, const std::string& varia
     return std::string::npos;
 }
 
+// Open loops are bounded: a program that leaves its loops by GOTO comes to an end in words.
 void PushLoop(Board& board, BasicLoop loop) {
     if (board.basic.loops.size() >= kMaximumNesting) {
         Fail(board, "Too many nested loops");
@@ -153,6 +159,8 @@ bool GoToNextLine(Board& board) {
     return static_cast<size_t>(++place.line) < board.program.lines.size();
 }
 
+// Three forms: "IF x THEN" with nothing behind it opens a block, "IF x THEN ..." holds for its
+// line, and "IF x GOTO n" needs no THEN.
 void RunIf(Board& board) {
     const bool isTrue = TakeNumber(board) != 0;
     if (board.basic.failed) return;
@@ -181,6 +189,8 @@ void RunElse(Board& board) {
 
 void RunEndIf(Board&) {}
 
+// FOR of a variable that already counts starts it anew: the old loop and all inside it are
+// dropped. A loop whose start is past its end is passed over whole.
 void RunFor(Board& board) {
     const std::string name = TakeWord(board);
     if (name.empty() || name.back() == '$') {
@@ -206,6 +216,7 @@ void RunFor(Board& board) {
     PushLoop(board, loop);
 }
 
+// NEXT may name variables, from the inside out; loops that were left open inside are dropped.
 void RunNext(Board& board) {
     do {
         const std::string name = TakeWord(board);
@@ -227,6 +238,7 @@ void RunNext(Board& board) {
     } while (TakeChar(board, ','));
 }
 
+// The place of the loop is behind the word DO, so that each turn meets the condition again.
 void RunDo(Board& board) {
     BasicLoop loop{BasicLoopKind::kDo, {}, 0, 0, board.basic.place};
     const bool enters = TakeLoopCondition(board);
@@ -239,6 +251,7 @@ void RunDo(Board& board) {
     SkipPast(board, "DO", "LOOP");
 }
 
+// A condition may stand at either end, and also at both.
 void RunLoop(Board& board) {
     const bool repeats = TakeLoopCondition(board);
     const size_t at = FindLoop(board, BasicLoopKind::kDo, "");
@@ -253,6 +266,7 @@ void RunLoop(Board& board) {
     RunDo(board);
 }
 
+// EXIT alone leaves a DO loop, as it always has.
 void RunExit(Board& board) {
     if (TakeKeyword(board, "SUB")) {
         LeaveSub(board);
@@ -272,6 +286,7 @@ void RunExit(Board& board) {
     SkipPast(board, isFor ? "FOR" : "DO", isFor ? "NEXT" : "LOOP");
 }
 
+// A line number is a label of digits. A jump leaves loops and calls open.
 void RunGoto(Board& board) {
     const char c = PeekChar(board);
     std::string label = TakeWord(board);
@@ -300,6 +315,7 @@ void RunGosub(Board& board) {
     board.basic.calls.push_back(std::move(call));
 }
 
+// Loops that were opened since the GOSUB end with it.
 void RunReturn(Board& board) {
     auto& calls = board.basic.calls;
     if (calls.empty() || calls.back().isSub) {
@@ -311,6 +327,7 @@ void RunReturn(Board& board) {
     calls.pop_back();
 }
 
+// END SUB and END IF begin with the same word as END.
 void RunEnd(Board& board) {
     if (TakeKeyword(board, "SUB")) {
         LeaveSub(board);

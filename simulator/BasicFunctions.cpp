@@ -7,6 +7,8 @@
 #include "simulator/Board.h"
 #include "simulator/BoardClock.h"
 
+// Arguments are read and checked by the letters of a row before the function is called.
+
 namespace {
 
 using Arguments = std::vector<BasicValue>;
@@ -57,6 +59,7 @@ BasicValue Logarithm(Board& board, const Arguments& arguments) {
     return NumberValue(std::log(arguments[0].number));
 }
 
+// From 0 to below 1. The board's own generator: the same seed, the same numbers.
 BasicValue RandomNumber(Board& board, const Arguments&) {
     constexpr int kSteps = 1 << 24;
     return NumberValue(static_cast<double>(Draw(board, kSteps)) / kSteps);
@@ -67,6 +70,7 @@ BasicValue Ascii(Board&, const Arguments& arguments) {
     return NumberValue(text.empty() ? 0 : static_cast<unsigned char>(text[0]));
 }
 
+// Bytes above 127 pass as they are; a terminal may take them for UTF-8.
 BasicValue Character(Board& board, const Arguments& arguments) {
     const size_t code = Count(board, arguments, 0);
     return TextValue(std::string(1, static_cast<char>(code)));
@@ -76,12 +80,14 @@ BasicValue Left(Board& board, const Arguments& arguments) {
     return TextValue(Text(arguments, 0).substr(0, Count(board, arguments, 1)));
 }
 
+// A count beyond the string's length gives the whole string.
 BasicValue Right(Board& board, const Arguments& arguments) {
     const std::string& text = Text(arguments, 0);
     const size_t count = std::min(Count(board, arguments, 1), text.size());
     return TextValue(text.substr(text.size() - count));
 }
 
+// Positions count from 1. A start behind the end gives an empty string.
 BasicValue Middle(Board& board, const Arguments& arguments) {
     const std::string& text = Text(arguments, 0);
     const size_t start = Count(board, arguments, 1);
@@ -139,6 +145,7 @@ BasicValue InBase(Board& board, const Arguments& arguments) {
     return TextValue(text);
 }
 
+// The second argument is a character code or a string, of which the first character counts.
 BasicValue Repeat(Board& board, const Arguments& arguments) {
     const size_t count = Count(board, arguments, 0);
     const char c = !arguments[1].isText         ? static_cast<char>(Count(board, arguments, 1))
@@ -170,6 +177,7 @@ BasicValue NextKey(Board& board, const Arguments&) {
     return TextValue(std::string(1, static_cast<char>(key)));
 }
 
+// Milliseconds of board time since RUN or since TIMER was set.
 BasicValue Timer(Board& board, const Arguments&) {
     return NumberValue(static_cast<double>(board.now - board.basic.timerStart));
 }
@@ -265,6 +273,7 @@ bool FitsKind(char kind, const BasicValue& value) {
     return kind == '*' || value.isText == (UpperChar(kind) == 'T');
 }
 
+// A capital in a row's letters.
 bool MayBeAbsent(char kind) {
     return kind >= 'A' && kind <= 'Z';
 }
@@ -299,6 +308,7 @@ const BasicFunction* FindFunction(std::string_view word) {
     return row != std::end(kFunctions) && row->word == word ? row : nullptr;
 }
 
+// What the arguments are was checked before, so the functions read them blindly.
 BasicValue CallFunction(Board& board, const BasicFunction& function) {
     Arguments arguments;
     if (!TakeArguments(board, function.arguments, &arguments)) return NumberValue(0);

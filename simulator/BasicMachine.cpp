@@ -9,6 +9,10 @@
 #include "simulator/BasicSubs.h"
 #include "simulator/Board.h"
 
+// A millisecond of board time runs a fixed number of statements. Commands that take time hand
+// the console to an activity of their own and come back by ResumeBasic; the cursor stands behind
+// them all the while.
+
 namespace {
 
 constexpr int64_t kFullOutputWaitMs = 5;
@@ -45,6 +49,7 @@ bool FindStatement(Board& board) {
     }
 }
 
+// "name =" or "name(": an array's element may be assigned to.
 bool IsAssignment(Board& board) {
     const BasicPlace before = board.basic.place;
     TakeWord(board);
@@ -53,6 +58,8 @@ bool IsAssignment(Board& board) {
     return c == '=' || c == '(';
 }
 
+// A command, a SUB of the program, or an assignment, in that order. What is left behind a
+// command that expects no more is a syntax error.
 void RunNamed(Board& board) {
     const BasicPlace before = board.basic.place;
     const std::string word = TakeWord(board);
@@ -96,6 +103,8 @@ bool RunStatement(Board& board) {
     return false;
 }
 
+// The statements of one millisecond. With the host's buffers full the program stands still, as
+// a board does whose output blocks.
 void RunSlice(Board& board) {
     if (OutputIsFull(board)) {
         WakeIn(board, kFullOutputWaitMs);
@@ -124,11 +133,13 @@ void StartRunning(Board& board, const BasicPlace& place) {
 
 }  // namespace
 
+// A typed line runs like a program of one line. It may jump into the program.
 void StartDirectLine(Board& board, const std::string& line) {
     board.basic.directLine = line;
     StartRunning(board, BasicPlace{true, 0, 0});
 }
 
+// RUN always comes back by the loud prompt, also from an empty program.
 void RunProgram(Board& board) {
     board.prompt.loud = true;
     if (board.program.lines.empty()) {
@@ -144,6 +155,7 @@ void RunProgram(Board& board) {
     ChainProgram(board);
 }
 
+// Variables stay: that is the difference of CHAIN.
 void ChainProgram(Board& board) {
     board.prompt.loud = true;
     board.prompt.subBroken = false;
@@ -164,6 +176,7 @@ void ChargeWork(Board& board, size_t bytes) {
     board.basic.cost += static_cast<int64_t>(bytes / kBytesPerStatement);
 }
 
+// The typed line goes too: nothing is left to go on with.
 void StopProgram(Board& board) {
     UnwindSubs(board);
     board.basic.loops.clear();
@@ -180,12 +193,14 @@ void ClearVariables(Board& board) {
     board.basic.explicitNames = false;
 }
 
+// The first error of a statement counts; what follows from it is not reported.
 bool Fail(Board& board, std::string_view message) {
     if (!board.basic.failed) board.basic.error = message;
     board.basic.failed = true;
     return false;
 }
 
+// The prompt, unless it was the prompt's own SUB that ended.
 void EndBasic(Board& board) {
     if (board.prompt.subRuns) {
         PromptSubIsOver(board);

@@ -7,6 +7,7 @@ namespace {
 
 constexpr int kTabStop = 8;
 
+// A positive number has a blank in place of its sign.
 void PrintItem(Board& board) {
     const BasicValue value = TakeValue(board);
     if (board.basic.failed) return;
@@ -17,6 +18,7 @@ void PrintItem(Board& board) {
     }
 }
 
+// A comma goes on to the next multiple of eight columns, by one blank at least.
 void PrintTab(Board& board) {
     do Put(board, " ");
     while ((board.out.column - 1) % kTabStop != 0);
@@ -43,6 +45,8 @@ void InputTyped(Board& board, const std::string& line) {
 
 }  // namespace
 
+// A line end follows unless the list ends in a separator. Items may touch each other without
+// any.
 void RunPrint(Board& board) {
     bool endsLine = true;
     while (!AtStatementEnd(board)) {
@@ -59,6 +63,7 @@ void RunPrint(Board& board) {
     if (endsLine) NewLine(board);
 }
 
+// The place is found first: an index that is out of bounds fails before the value is read.
 void RunLet(Board& board) {
     const BasicPlace before = board.basic.place;
     const std::string name = TakeWord(board);
@@ -76,6 +81,7 @@ void RunDim(Board& board) {
     while (!board.basic.failed && TakeChar(board, ','));
 }
 
+// INPUT "text"; adds a question mark, INPUT "text", does not.
 void RunInput(Board& board) {
     std::string question = "? ";
     if (PeekChar(board) == '"') {
@@ -99,6 +105,7 @@ void RunInput(Board& board) {
     ReadLine(board, InputTyped);
 }
 
+// Board time passes; nothing of this millisecond's budget is left.
 void RunPause(Board& board) {
     constexpr double kLongestPause = 2147483647;
     const double ms = TakeNumber(board);
@@ -111,6 +118,7 @@ void RunPause(Board& board) {
     WakeIn(board, static_cast<int64_t>(ms));
 }
 
+// Clears the terminal and homes the cursor. The column starts anew.
 void RunCls(Board& board) {
     PutRaw(board, "\x1b[2J\x1b[H");
     board.out.column = 1;
@@ -121,6 +129,7 @@ void RunTimer(Board& board) {
     board.basic.timerStart = board.now - static_cast<int64_t>(TakeInteger(board, 0, 2147483647));
 }
 
+// Accepted, and of no effect: the generator's seed belongs to the board.
 void RunRandomize(Board& board) {
     if (!AtStatementEnd(board)) TakeNumber(board);
 }

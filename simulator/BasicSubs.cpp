@@ -27,6 +27,7 @@ void HideVariable(Board& board, const std::string& name) {
     call.own.push_back(name);
 }
 
+// The innermost call ends: its own variables go, what they hid comes back.
 void PutBack(Board& board) {
     BasicCall& call = board.basic.calls.back();
     for (const std::string& name : call.own) ForgetVariable(board, name);
@@ -34,6 +35,7 @@ void PutBack(Board& board) {
     board.basic.calls.pop_back();
 }
 
+// The brackets around the arguments may be left out.
 std::vector<BasicValue> TakeArguments(Board& board) {
     std::vector<BasicValue> arguments;
     const bool bracket = TakeChar(board, '(');
@@ -73,6 +75,7 @@ bool IsSub(const Board& board, const std::string& name) {
     return board.basic.labels.count("SUB " + name) != 0;
 }
 
+// Arguments are read at the call, with the caller's variables, before anything is hidden.
 void CallSub(Board& board, const std::string& name) {
     const std::vector<BasicValue> arguments = TakeArguments(board);
     if (board.basic.failed) return;
@@ -87,6 +90,7 @@ void CallSub(Board& board, const std::string& name) {
     BindParameters(board, arguments);
 }
 
+// A GOSUB that was left open inside goes as well.
 void LeaveSub(Board& board) {
     auto& calls = board.basic.calls;
     while (!calls.empty() && !calls.back().isSub) PutBack(board);
@@ -101,12 +105,14 @@ void LeaveSub(Board& board) {
     PutBack(board);
 }
 
+// A program that runs into a SUB passes it over.
 void SkipSub(Board& board) {
     while (GoToNextLine(board)) {
         if (TakeKeyword(board, "END") && TakeKeyword(board, "SUB")) return;
     }
 }
 
+// Like DIM, but the caller's variables of these names are put away until the SUB ends.
 void RunLocal(Board& board) {
     if (board.basic.calls.empty() || !board.basic.calls.back().isSub) {
         Fail(board, "LOCAL is only valid in a SUB");

@@ -23,6 +23,7 @@ const std::string& CurrentLine(const Board& board) {
     return place.direct ? board.basic.directLine : ProgramLine(board, place.line);
 }
 
+// Blanks mean nothing between the words. A line holds no NUL, so 0 is free to mean its end.
 char PeekChar(Board& board) {
     const std::string& line = CurrentLine(board);
     size_t& at = board.basic.place.at;
@@ -44,6 +45,7 @@ size_t WordLength(std::string_view line, size_t at) {
     return end - at;
 }
 
+// Names are one whatever their case.
 std::string TakeWord(Board& board) {
     PeekChar(board);
     const std::string& line = CurrentLine(board);
@@ -55,6 +57,7 @@ std::string TakeWord(Board& board) {
     return word;
 }
 
+// The whole word must fit: "TO" is not the start of "TOTAL".
 bool TakeKeyword(Board& board, const char* word) {
     const BasicPlace before = board.basic.place;
     if (TakeWord(board) == word) return true;
@@ -67,6 +70,7 @@ bool Expect(Board& board, char c) {
     return Fail(board, c == ')' ? "Expected closing bracket" : "Syntax");
 }
 
+// ELSE ends a statement of a single-line IF without a colon.
 bool AtStatementEnd(Board& board) {
     const char c = PeekChar(board);
     if (c == '\0' || c == ':' || c == '\'') return true;
@@ -75,6 +79,7 @@ bool AtStatementEnd(Board& board) {
     return WordLength(line, at) == 4 && SameWord(std::string_view(line).substr(at, 4), "ELSE");
 }
 
+// A quote mark inside a string is text. REM is a statement, not a comment in this sense.
 size_t CommentStart(std::string_view line) {
     bool quoted = false;
     for (size_t i = 0; i < line.size(); ++i) {
@@ -84,6 +89,7 @@ size_t CommentStart(std::string_view line) {
     return std::string_view::npos;
 }
 
+// A colon inside a string is text.
 size_t StatementEnd(std::string_view line, size_t at) {
     bool quoted = false;
     for (; at < line.size(); ++at) {

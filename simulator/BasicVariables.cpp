@@ -4,6 +4,9 @@
 
 #include "simulator/Board.h"
 
+// One store for all variables, by name with type mark. No place in it outlives the statement
+// that asked for it.
+
 namespace {
 
 bool IsTextName(const std::string& name) {
@@ -40,6 +43,7 @@ BasicVariable* FindVariable(Board& board, const std::string& name) {
     return found == board.basic.variables.end() ? nullptr : &found->second;
 }
 
+// Variables come into being when they are first used, up to a bound.
 BasicVariable* MakeVariable(Board& board, const std::string& name) {
     if (name.size() > kMaximumName) return Fail(board, "Variable name too long"), nullptr;
     if (board.basic.variables.size() >= kMaximumVariables) {
@@ -50,6 +54,7 @@ BasicVariable* MakeVariable(Board& board, const std::string& name) {
     return &variable;
 }
 
+// Bounds are the highest indices, counted from 0. All arrays share one store of elements.
 bool MakeArray(Board& board, BasicVariable* array, const std::string& name) {
     size_t count = 1;
     do {
@@ -66,6 +71,8 @@ bool MakeArray(Board& board, BasicVariable* array, const std::string& name) {
 
 }  // namespace
 
+// A name that was never assigned reads as 0 or an empty string, except under OPTION EXPLICIT;
+// a name with an index must be an array, for no function has it.
 BasicValue ReadVariable(Board& board) {
     const std::string name = TakeWord(board);
     BasicVariable* variable = FindVariable(board, name);
@@ -101,6 +108,7 @@ BasicValue* TakePlace(Board& board) {
     return TakeElement(board, *variable);
 }
 
+// Types don't turn into each other. A name with "%" keeps whole numbers only.
 void AssignValue(Board& board, BasicValue* place, const std::string& name,
                  const BasicValue& value) {
     if (!place || board.basic.failed) return;

@@ -35,6 +35,7 @@ void WakeNever(Board& board) {
     board.wakeAt = kNeverMs;
 }
 
+// Work of no time is done at once, so that its follow-up stands behind it in every case.
 void BusyThen(Board& board, int64_t ms, void (*then)(Board& board), bool deaf) {
     if (ms <= 0) {
         then(board);

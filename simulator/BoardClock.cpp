@@ -4,6 +4,8 @@
 
 #include "simulator/Board.h"
 
+// Dates are reckoned in the Gregorian calendar with no zone and no leap seconds.
+
 namespace {
 
 constexpr int64_t kDaySeconds = 86400;
@@ -23,6 +25,7 @@ int64_t DaysFromCivil(int64_t year, int64_t month, int64_t day) {
     return era * 146097 + yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear - 719468;
 }
 
+// The chip keeps its own time: it is as far ahead as it was, less the step of the board's clock.
 void SetBoardSeconds(Board& board, int64_t seconds) {
     board.clock.chipAhead += BoardSeconds(board) - seconds;
     board.clock.seconds = seconds;
@@ -58,6 +61,7 @@ bool ReadDate(Board& board, const std::string& text, CivilTime* time) {
     return true;
 }
 
+// Minutes and seconds may be left out.
 bool ReadTime(Board& board, const std::string& text, CivilTime* time) {
     std::vector<int64_t> parts;
     const bool read = ReadNumbers(text, ":", &parts) && parts.size() <= 3;
@@ -98,10 +102,13 @@ bool TakeChipTime(Board& board, CivilTime* time) {
 
 }  // namespace
 
+// Runs with board time, in whole seconds since it was set.
 int64_t BoardSeconds(const Board& board) {
     return board.clock.seconds + (board.now - board.clock.setAt) / 1000;
 }
 
+// The way back: an era is 400 years of 146,097 days, and years begin in March, so that the leap
+// day is a year's last.
 CivilTime CivilFromSeconds(int64_t seconds) {
     const int64_t shifted = seconds / kDaySeconds + 719468;
     const int64_t rest = seconds % kDaySeconds;
@@ -137,6 +144,7 @@ std::string BoardTime(const Board& board) {
     return BoardFormat("%02d:%02d:%02d", time.hour, time.minute, time.second);
 }
 
+// DATE$ = keeps the time of day, TIME$ = keeps the date.
 void RunSetDate(Board& board) {
     std::string text;
     CivilTime time = CivilFromSeconds(BoardSeconds(board));
@@ -153,6 +161,7 @@ void RunSetTime(Board& board) {
     }
 }
 
+// RTC SETTIME sets the chip alone; RTC GETTIME takes its time over.
 void RunRtc(Board& board) {
     const bool sets = TakeKeyword(board, "SETTIME");
     if (!sets && !TakeKeyword(board, "GETTIME")) {

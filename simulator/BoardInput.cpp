@@ -19,6 +19,8 @@ void Store(Board& board, unsigned char c) {
 
 }  // namespace
 
+// The order matters: what the line loses never reaches the board, a deaf board hears not even
+// Ctrl-C, and Ctrl-C throws away what waits before it stops anything.
 void AcceptByte(Board& board, unsigned char c) {
     const BoardFaults& faults = board.setup.faults;
     if (faults.lostInPerMille > 0 && Draw(board, 1000) < faults.lostInPerMille) return;
@@ -32,6 +34,7 @@ void AcceptByte(Board& board, unsigned char c) {
     Store(board, c);
 }
 
+// One byte at a time, because each may hand the console to another activity.
 void PumpInput(Board& board) {
     while (board.activity->byte && !board.in.ring.empty()) {
         const unsigned char c = board.in.ring.front();

@@ -4,8 +4,13 @@
 
 #include "simulator/Board.h"
 
+// What the board sends goes through the troubles of the line and into a queue of pieces with
+// their times. A driver takes from it what the line has carried by now.
+
 namespace {
 
+// As the firmware counts: every character from the blank on is one column, also those of an
+// escape sequence that a program prints. LF alone changes nothing.
 void CountColumn(BoardOutput& out, std::string_view text) {
     for (const char c : text) {
         if (c == '\r') {
@@ -30,11 +35,14 @@ bool SurvivesLine(Board& board, char* c) {
     return !board.out.cut;
 }
 
+// Nobody would receive it: it is dropped, not queued.
 bool LineIsDead(const Board& board) {
     return board.setup.faults.silent || board.out.cut || !board.listening ||
            board.awayUntil > board.now || board.out.queued >= kOutputLimit;
 }
 
+// Into the queue, each byte with the time at which the host will have it. Bytes that follow the
+// last ones without a gap join their piece.
 void Transmit(Board& board, std::string_view bytes) {
     BoardOutput& out = board.out;
     if (LineIsDead(board)) return;
@@ -79,24 +87,16 @@ void NewLine(Board& board) {
     Put(board, "\r\n");
 }
 
+// The prompt and messages always start at column 1.
 void FreshLine(Board& board) {
     if (board.out.column != 1) NewLine(board);
-}
-
-void PutBroken(Board& board, std::string_view text, int width) {
-    const size_t step = static_cast<size_t>(std::max(width, 1));
-    while (text.size() > step) {
-        Put(board, text.substr(0, step));
-        NewLine(board);
-        text.remove_prefix(step);
-    }
-    Put(board, text);
 }
 
 bool OutputIsFull(const Board& board) {
     return board.out.queued >= kOutputHighWater;
 }
 
+// Only whole bytes that have gone through the line by now.
 std::string TakeReady(Board& board) {
     BoardOutput& out = board.out;
     const int64_t nowUs = board.now * 1000;

@@ -43,9 +43,6 @@ void PutRaw(Board& board, std::string_view bytes);
 void NewLine(Board& board);
 void FreshLine(Board& board);
 
-// Text broken with CR LF after each `width` characters.
-void PutBroken(Board& board, std::string_view text, int width);
-
 // No room until the host has taken something.
 bool OutputIsFull(const Board& board);
 

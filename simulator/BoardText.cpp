@@ -39,6 +39,7 @@ bool StartsWithWord(std::string_view text, std::string_view start) {
     return text.size() >= start.size() && SameWord(text.substr(0, start.size()), start);
 }
 
+// There is always one field at least, if an empty one.
 std::vector<std::string> SplitFields(std::string_view text, char separator, size_t maximum) {
     std::vector<std::string> fields;
     while (fields.size() + 1 < maximum) {
@@ -51,6 +52,7 @@ std::vector<std::string> SplitFields(std::string_view text, char separator, size
     return fields;
 }
 
+// Fifteen digits can't overflow.
 bool ReadInteger(std::string_view text, int64_t* value) {
     constexpr size_t kMaximumDigits = 15;
     text = TrimBlanks(text);
@@ -75,6 +77,7 @@ std::string BoardFormat(const char* format, ...) {
     return buffer;
 }
 
+// Goes back to the last "*" only, which is enough and bounds the time.
 bool FitsPattern(std::string_view name, std::string_view pattern) {
     size_t n = 0, p = 0;
     size_t starPattern = std::string_view::npos, starName = 0;

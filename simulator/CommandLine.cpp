@@ -11,6 +11,7 @@ bool IsDriveName(std::string_view line) {
            UpperChar(line[0]) <= 'B';
 }
 
+// "*name args" runs a program with its arguments as one string.
 std::string ExpandShortForm(std::string_view line) {
     if (IsDriveName(line)) return "DRIVE \"" + std::string(line) + "\"";
     if (line.size() > 1 && line[0] == '*') {
@@ -42,6 +43,7 @@ size_t CountQuotes(const std::string& line) {
 
 }  // namespace
 
+// An empty line just brings the prompt again.
 void ExecuteCommandLine(Board& board, const std::string& line) {
     const std::string_view trimmed = TrimBlanks(line);
     if (trimmed.empty()) {

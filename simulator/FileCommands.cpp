@@ -3,6 +3,8 @@
 #include "simulator/Board.h"
 #include "simulator/Question.h"
 
+// Success prints nothing. The words of a failure depend on the kind of the drive.
+
 namespace {
 
 constexpr size_t kEntryWork = 32;  // bytes of work for each entry of a folder
@@ -11,6 +13,7 @@ bool ReportOf(Board& board, const char* error) {
     return !error || Fail(board, error);
 }
 
+// Drive B: is there only with a card.
 bool ResolveTyped(Board& board, const std::string& typed, std::string* path) {
     if (!ResolvePath(board.files, typed, path)) return Fail(board, "Could not find the path");
     if ((*path)[0] == 'B' && !board.files.sdCard) return Fail(board, "SD card not present");
@@ -32,6 +35,7 @@ bool HasWildcard(const std::string& name) {
 
 void AskForNext(Board& board);
 
+// N keeps this file and goes on with the next one.
 void KillAnswered(Board& board, bool yes) {
     if (yes) RemoveFile(board.files, board.toDelete.back());
     board.toDelete.pop_back();
@@ -55,6 +59,7 @@ void KillAllAnswered(Board& board, bool yes) {
     ResumeBasic(board);
 }
 
+// Folders are passed over. The list is reversed, so that the next name is its last.
 void CollectFiles(Board& board, const std::string& pattern) {
     const std::string folder = FolderOf(pattern);
     const auto found = ListFolder(board.files, folder, NameOf(pattern));
@@ -65,6 +70,7 @@ void CollectFiles(Board& board, const std::string& pattern) {
     }
 }
 
+// With ALL there is one question for all of them.
 void KillPattern(Board& board, const std::string& pattern) {
     const bool all = TakeChar(board, ',') && TakeKeyword(board, "ALL");
     CollectFiles(board, pattern);
@@ -91,6 +97,7 @@ bool TakeProgramPath(Board& board, std::string* path) {
     return true;
 }
 
+// The old program is gone even when the new one turns out too long.
 bool LoadProgram(Board& board, const std::string& path) {
     const StoredFile* file = FindFile(board.files, path);
     if (!file || file->isFolder) return Fail(board, "Could not find the file");
@@ -101,6 +108,7 @@ bool LoadProgram(Board& board, const std::string& path) {
     return true;
 }
 
+// The root has no "..".
 void RunChdir(Board& board) {
     std::string path;
     if (!TakeFolderPath(board, &path)) return;
@@ -133,6 +141,7 @@ void RunKill(Board& board) {
     }
 }
 
+// Each change of drive goes to its root.
 void RunDrive(Board& board) {
     const std::string drive = UpperText(TakeText(board));
     if (board.basic.failed) return;
@@ -158,6 +167,7 @@ void RunLoad(Board& board) {
     }
 }
 
+// Written with CR LF, as the boards do.
 void RunSave(Board& board) {
     std::string path;
     if (!TakeProgramPath(board, &path)) return;

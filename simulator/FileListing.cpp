@@ -42,6 +42,7 @@ struct Request {
     Before before = ByName;
 };
 
+// NAME is the order without a word.
 bool TakeOrder(Board& board, Request* request) {
     for (const OrderRow& row : kOrders) {
         if (!TakeKeyword(board, row.word)) continue;
@@ -51,6 +52,7 @@ bool TakeOrder(Board& board, Request* request) {
     return Fail(board, "Syntax");
 }
 
+// The text is a folder if there is one of that name, else a pattern in its folder.
 bool TakeRequest(Board& board, Request* request) {
     request->folder = board.files.folder;
     if (AtStatementEnd(board)) return true;
@@ -77,6 +79,7 @@ void Sort(std::vector<const StoredFile*>* found, Before before) {
     });
 }
 
+// A file without a time stamp has day 00 and month 00.
 std::string StampText(int64_t stamp) {
     if (stamp == 0) return "00:00 00-00-1980";
     const CivilTime time = CivilFromSeconds(stamp);
@@ -84,6 +87,7 @@ std::string StampText(int64_t stamp) {
                        time.year);
 }
 
+// The oldest families print no path above their list.
 void FillPager(Board& board, const Request& request, const std::vector<const StoredFile*>& found) {
     const ListingFacts& facts = board.facts.listing;
     Pager& pager = board.pager;
@@ -106,6 +110,7 @@ void FillPager(Board& board, const Request& request, const std::vector<const Sto
 
 }  // namespace
 
+// The name's column is 1, 13 or 30. Folders have neither date nor size.
 std::string ListingLine(BoardListing layout, const StoredFile& file) {
     const std::string size = BoardFormat("%10zu", file.data.size());
     if (layout == BoardListing::kNameFirst) {
@@ -123,6 +128,7 @@ std::string ListingSummary(size_t folders, size_t files) {
                        files == 1 ? "" : "s");
 }
 
+// Nothing comes between the path and the first entry while a large folder is read and sorted.
 void RunFiles(Board& board) {
     Request request;
     if (!TakeRequest(board, &request)) return;

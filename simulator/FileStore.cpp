@@ -2,6 +2,9 @@
 
 #include "simulator/BoardText.h"
 
+// Entries are kept in a map by their whole path in lower case: a folder is what its entries
+// have in common, plus an entry of its own.
+
 namespace {
 
 constexpr char kNoFile[] = "Could not find the file";
@@ -13,6 +16,7 @@ bool IsDrive(std::string_view text) {
            (UpperChar(text[0]) == 'A' || UpperChar(text[0]) == 'B');
 }
 
+// Quotes and colons can't be typed in a name, control bytes would spoil the listing.
 bool IsGoodName(std::string_view name) {
     if (name.empty() || name.size() > kMaximumFileName) return false;
     for (const char c : name) {
@@ -21,6 +25,7 @@ bool IsGoodName(std::string_view name) {
     return true;
 }
 
+// The space that so many bytes take up on the drive.
 size_t Blocks(size_t bytes) {
     return (bytes + kDriveBlock - 1) / kDriveBlock * kDriveBlock;
 }
@@ -31,6 +36,7 @@ const char* TakenWords(const FileStore& store, const std::string& path) {
     return fat ? "Access denied due to prohibited access" : "Entry already exists";
 }
 
+// Paths are sorted, so the first child would stand right there.
 bool HasChildren(const FileStore& store, const std::string& path) {
     const std::string start = LowerText(path) + "/";
     const auto next = store.entries.lower_bound(start);
@@ -63,6 +69,7 @@ std::string WithExtension(const std::string& name) {
     return NameOf(name).find('.') == std::string::npos ? name + ".bas" : name;
 }
 
+// Both slashes separate. A path that climbs above the root is refused, not cut.
 bool ResolvePath(const FileStore& store, std::string_view typed, std::string* path) {
     std::string result = store.folder;
     if (IsDrive(typed)) {
@@ -94,6 +101,7 @@ const StoredFile* FindFile(const FileStore& store, std::string_view path) {
     return found == store.entries.end() ? nullptr : &found->second;
 }
 
+// "A:/" is three characters long: the root has no entry of its own.
 bool FolderExists(const FileStore& store, std::string_view path) {
     if (path.size() == 3) return path[0] == 'A' || store.sdCard;
     const StoredFile* entry = FindFile(store, path);
@@ -141,6 +149,7 @@ const char* RemoveFolder(FileStore& store, const std::string& path) {
     return nullptr;
 }
 
+// All below the folder stand together in the map; deeper ones are passed over.
 std::vector<const StoredFile*> ListFolder(const FileStore& store, const std::string& folder,
                                           std::string_view pattern) {
     std::vector<const StoredFile*> found;

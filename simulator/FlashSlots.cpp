@@ -3,8 +3,11 @@
 #include "simulator/Board.h"
 #include "simulator/ListCommand.h"
 
+// Success prints nothing, and the work takes a second or more.
+
 namespace {
 
+// nullptr with the firmware's words for a number that is no slot's.
 FlashSlot* TakeSlot(Board& board) {
     const int number = TakeInteger(board, 1, kFlashSlots);
     if (board.basic.failed) return nullptr;
@@ -16,12 +19,14 @@ void WorkThen(Board& board, void (*then)(Board& board)) {
     BusyThen(board, board.facts.flash.slotMs, then);
 }
 
+// The first line is quoted as it stands: quotes inside it are not marked.
 std::string SlotLine(int number, const FlashSlot& slot) {
     if (!slot.used) return BoardFormat(" Slot %d available", number);
     if (slot.lines.empty()) return BoardFormat(" Slot %d in use", number);
     return BoardFormat(" Slot %d in use: \"", number) + RecasedLine(slot.lines[0]) + "\"";
 }
 
+// With a number the program of that slot is listed.
 void ListSlots(Board& board) {
     if (!AtStatementEnd(board)) {
         const FlashSlot* slot = TakeSlot(board);
@@ -40,6 +45,7 @@ void StoreInSlot(Board& board, FlashSlot* slot) {
     WorkThen(board, ResumeBasic);
 }
 
+// SAVE spares a used slot, OVERWRITE doesn't ask.
 void SaveToSlot(Board& board) {
     FlashSlot* slot = TakeSlot(board);
     if (!slot) return;
@@ -82,6 +88,7 @@ void ChainFetched(Board& board) {
     ChainProgram(board);
 }
 
+// The line that was typed ends here: the program under it has changed.
 void LoadSlot(Board& board) {
     if (FetchSlot(board)) WorkThen(board, EndBasic);
 }

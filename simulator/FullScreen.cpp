@@ -8,6 +8,7 @@ namespace {
 constexpr char kEscapeKey = 27;
 constexpr char kClear[] = "\x1b[2J\x1b[H";
 
+// The sequences of a full screen leave the cursor in its corner.
 void ClearScreen(Board& board) {
     PutRaw(board, kClear);
     board.out.column = 1;
@@ -33,6 +34,7 @@ void TakeKeys(Board& board, const std::string& keys) {
     }
 }
 
+// ESC counts alone, so it has to be told from the start of a key.
 void TakeByte(Board& board, unsigned char c) {
     std::string keys;
     DecodeKeyByte(board.fullScreen.keys, c, &keys);
@@ -53,6 +55,7 @@ void HoldIsOver(Board& board) {
 
 const BoardActivity kFullScreen = {TakeByte, HoldIsOver, LeaveScreen};
 
+// What doesn't fit on the screen is cut, there is no scrolling.
 void Show(Board& board, const std::vector<std::string>& lines, const char* footer) {
     const size_t width = static_cast<size_t>(board.width) - 1;
     const size_t rows = static_cast<size_t>(board.height) - 2;

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+// The sequences are those of VT100 and VT220 keyboards (ECMA-48 CSI and SS3).
+
 namespace {
 
 constexpr char kEscape = 27;
@@ -23,6 +25,7 @@ const KeyRow kKeys[] = {
 
 enum class Match { kNone, kPart, kWhole };
 
+// A part of one sequence may be the whole of none: then more has to come.
 Match MatchKey(std::string_view afterEscape, unsigned char* code) {
     Match best = Match::kNone;
     for (const KeyRow& row : kKeys) {
@@ -37,6 +40,7 @@ Match MatchKey(std::string_view afterEscape, unsigned char* code) {
 
 }  // namespace
 
+// What turns out to be no sequence is passed on as characters, ESC included.
 void DecodeKeyByte(KeyDecoder& decoder, unsigned char c, std::string* keys) {
     std::string& held = decoder.held;
     if (held.empty() && c != kEscape) {
@@ -67,6 +71,7 @@ void DecodeKeyTimeout(KeyDecoder& decoder, std::string* keys) {
     decoder.held.clear();
 }
 
+// An unfinished sequence counts as its characters: nobody holds it here.
 size_t FirstKey(const std::string& bytes, unsigned char* key) {
     if (bytes.empty()) return 0;
     *key = static_cast<unsigned char>(bytes[0]);

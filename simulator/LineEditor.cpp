@@ -3,6 +3,9 @@
 #include "simulator/Board.h"
 #include "simulator/CommandLine.h"
 
+// One row for each key. What a key changes on the line is shown by printing the line anew
+// from its start, as the firmware does.
+
 namespace {
 
 constexpr size_t kTabWidth = 2;
@@ -24,6 +27,8 @@ void Redraw(Board& board, size_t before, size_t after) {
     editor.cursor = after;
 }
 
+// Inside the line everything is printed anew, at its end only the character itself comes back.
+// What would be too long is ignored in silence.
 void TypeCharacter(Board& board, char c) {
     LineEditor& editor = board.editor;
     if (editor.line.size() >= kMaximumCommandLine) return;
@@ -52,6 +57,7 @@ void Tab(Board& board) {
     while (board.editor.cursor % kTabWidth != 0 && board.editor.line.size() < kMaximumCommandLine);
 }
 
+// Firmware with a full editor answers with the whole line, the older one with "\b \b".
 void RubOut(Board& board) {
     LineEditor& editor = board.editor;
     if (editor.cursor == 0) return;
@@ -71,6 +77,7 @@ void DeleteRight(Board& board) {
     Redraw(board, editor.cursor, editor.cursor);
 }
 
+// Printing the character moves the terminal's cursor over it.
 void GoRight(Board& board) {
     LineEditor& editor = board.editor;
     if (editor.cursor == editor.line.size()) return;
@@ -94,6 +101,7 @@ void GoEnd(Board& board) {
     editor.cursor = editor.line.size();
 }
 
+// Behind the last line of the history stands an empty one.
 void ShowHistory(Board& board, size_t at) {
     LineEditor& editor = board.editor;
     const size_t before = editor.cursor;
@@ -116,6 +124,7 @@ void ToggleInsert(Board& board) {
     board.editor.overwrite = !board.editor.overwrite;
 }
 
+// The line end is echoed behind the whole line, wherever the cursor stood.
 void Enter(Board& board) {
     LineEditor& editor = board.editor;
     GoEnd(board);
@@ -173,6 +182,7 @@ const EditorKey kEditorKeys[] = {
     {kKeyF12, nullptr, "XMODEM SEND", true},
 };
 
+// Keys outside the table and outside printable ASCII are ignored.
 void TakeKey(Board& board, unsigned char key) {
     const bool full = board.facts.prompt.editor == BoardEditor::kFull;
     for (const EditorKey& row : kEditorKeys) {
@@ -201,6 +211,7 @@ void TakeKeys(Board& board, const std::string& keys) {
     }
 }
 
+// The old boards know no key sequences: every byte is a character to them.
 void TakeByte(Board& board, unsigned char c) {
     std::string keys;
     if (board.facts.prompt.editor == BoardEditor::kFull) {
@@ -227,6 +238,7 @@ const BoardActivity kEditing = {TakeByte, EscapeIsOver, BreakToPrompt};
 
 }  // namespace
 
+// Each prompt starts with an empty line and no held key.
 void StartLineEditor(Board& board) {
     LineEditor& editor = board.editor;
     editor.line.clear();

@@ -4,6 +4,7 @@
 
 namespace {
 
+// The LF of a CR LF is a second answer for older firmware, and skipped by the newer.
 void TakeTyped(Board& board, unsigned char c) {
     LineReader& reader = board.reader;
     const bool skipped = c == '\n' && reader.afterCr && board.facts.prompt.inputSkipsLf;

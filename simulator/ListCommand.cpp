@@ -6,6 +6,7 @@
 
 namespace {
 
+// Which pager stops the listing is the firmware's, whether it stops the command's.
 void StartListing(Board& board, bool stops) {
     const ListingFacts& facts = board.facts.listing;
     if (board.facts.prompt.listingIsLoud) board.prompt.loud = true;
@@ -54,6 +55,7 @@ void ListLines(Board& board, const std::vector<std::string>& lines, bool stops) 
     StartListing(board, stops);
 }
 
+// LIST FILES is the CMM2's long name of LS.
 void RunList(Board& board) {
     if (TakeKeyword(board, "FILES")) {
         RunFiles(board);

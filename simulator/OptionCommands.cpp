@@ -2,6 +2,9 @@
 
 #include "simulator/Board.h"
 
+// One row for each option. Most are only kept and listed: they change nothing that a console
+// would notice.
+
 namespace {
 
 // The rest of the statement as it stands, in upper case.
@@ -15,6 +18,7 @@ std::string TakeRest(Board& board) {
     return rest.substr(0, kMaximumOptionText);
 }
 
+// The sign-on's first line stands above the list, with its CR in front.
 void ListOptions(Board& board) {
     Put(board, board.facts.signOn);
     NewLine(board);
@@ -35,6 +39,7 @@ void SetPin(Board& board) {
     board.prompt.unlocked = true;
 }
 
+// The terminal is asked to take the size on, and pages follow it.
 void SetDisplay(Board& board) {
     const int rows = TakeInteger(board, 5, 100);
     const int columns = TakeChar(board, ',') ? TakeInteger(board, 37, 240) : board.width;
@@ -82,6 +87,7 @@ const OptionRow kOptions[] = {
     {"TAB", nullptr, "TAB", false},
 };
 
+// OFF is the default of all of them, and defaults aren't listed.
 void KeepOption(Board& board, const OptionRow& row) {
     const std::string value = TakeRest(board);
     if (value.empty()) {

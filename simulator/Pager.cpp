@@ -4,6 +4,9 @@
 
 #include "simulator/Board.h"
 
+// The lines of a listing are made before the first is printed, within the bounds of the drive
+// and of program memory.
+
 namespace {
 
 constexpr char kAnyKey[] = "PRESS ANY KEY ...";
@@ -24,11 +27,13 @@ const BoardActivity kWaiting = {TakeByte, nullptr, BreakToPrompt};
 const BoardActivity kWalkWaiting = {TakeWalkByte, WalkHoldIsOver, BreakToPrompt};
 const BoardActivity kGap = {nullptr, PrintTail, BreakToPrompt};
 
+// Whatever runs goes on: the listing may have been a statement of a program.
 void EndPager(Board& board) {
     board.pager = Pager();
     ResumeBasic(board);
 }
 
+// The first page of either pager asks in the same words.
 void Ask(Board& board) {
     Pager& pager = board.pager;
     if (!pager.walks) {
@@ -42,6 +47,7 @@ void Ask(Board& board) {
     StartActivity(board, kWalkWaiting);
 }
 
+// The free bytes take the firmware a walk through the whole drive, so the line has a gap.
 void PrintSummary(Board& board) {
     Put(board, board.pager.summary);
     if (board.pager.summaryTail.empty()) {
@@ -83,6 +89,7 @@ void PrintLines(Board& board) {
     }
 }
 
+// The next line is printed over the question.
 void Erase(Board& board, size_t blanks) {
     Put(board, "\r" + std::string(blanks, ' ') + "\r");
 }
@@ -99,6 +106,7 @@ void TakeByte(Board& board, unsigned char) {
     Continue(board);
 }
 
+// Up goes back a page, and a key on the last page ends the listing.
 void TakeWalkKey(Board& board, unsigned char key) {
     Pager& pager = board.pager;
     const size_t page = static_cast<size_t>(pager.pageLines);
@@ -115,6 +123,7 @@ void TakeWalkKey(Board& board, unsigned char key) {
     Continue(board);
 }
 
+// This pager knows keys, so an arrow is one answer and not three.
 void TakeWalkByte(Board& board, unsigned char c) {
     std::string keys;
     DecodeKeyByte(board.pager.keys, c, &keys);
@@ -142,6 +151,7 @@ void Start(Board& board, int firstPage, int nextPage, int delayMs) {
 
 }  // namespace
 
+// An empty text is an empty line.
 void AddPagedLine(Pager& pager, std::string_view text, int width) {
     const size_t step = static_cast<size_t>(std::max(width, 1));
     while (text.size() > step) {

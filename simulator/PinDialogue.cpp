@@ -21,6 +21,7 @@ void JudgePin(Board& board) {
     ReturnToPrompt(board);
 }
 
+// The silence follows the right answer too, so that it tells nothing.
 void PinTyped(Board& board, const std::string& line) {
     if (board.prompt.pin == kLockedForGood) {
         RestartBoard(board);
@@ -36,6 +37,7 @@ void PinTyped(Board& board, const std::string& line) {
 
 }  // namespace
 
+// No line end stands behind the question.
 void AskForPin(Board& board) {
     FreshLine(board);
     Put(board, board.prompt.pin == kLockedForGood ? kLocked : kQuestion);

@@ -11,6 +11,7 @@ void NewIsDone(Board& board) {
 
 }  // namespace
 
+// The flash is erased, which takes its time; then the plain prompt follows.
 void RunNew(Board& board) {
     ClearVariables(board);
     ClearProgram(board);

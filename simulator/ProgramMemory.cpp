@@ -9,6 +9,7 @@ constexpr size_t kScanCount = 16;
 
 const std::string kNoLine;
 
+// Files may hold anything; a program line holds text.
 std::string CleanLine(std::string_view line) {
     std::string clean;
     for (const char c : line) {
@@ -80,6 +81,7 @@ size_t TokenisedSize(const Board& board) {
     return size;
 }
 
+// AUTOSAVE C.
 std::string CrunchText(std::string_view text) {
     std::string crunched;
     while (!text.empty()) {

@@ -5,6 +5,8 @@
 
 #include "simulator/Board.h"
 
+// Every byte is judged on its own: end code, line end, text, or nothing at all.
+
 namespace {
 
 constexpr unsigned char kCtrlZ = 0x1a;
@@ -17,6 +19,7 @@ void FlushEcho(Board& board) {
     Echo(board, held);
 }
 
+// Characters of a line that isn't finished are held back, for 100 ms at most.
 void EchoReceived(Board& board, std::string_view text) {
     if (board.receive.quiet) return;
     if (!board.facts.receive.holdsEcho) {
@@ -41,6 +44,7 @@ void TakeLineEnd(Board& board, char c) {
     if (board.facts.receive.holdsEcho) FlushEcho(board);
 }
 
+// On the CMM2 this "> " is no prompt, though it looks like one.
 void Saved(Board& board) {
     ProgramReceive& receive = board.receive;
     if (!receive.fileName.empty()) {
@@ -70,6 +74,7 @@ const char* StoreReceived(Board& board) {
     return StoreProgram(board, receive.text, receive.append);
 }
 
+// The text is judged at once, the flash written after that: an error comes early.
 void EndReceive(Board& board, bool runs) {
     FlushEcho(board);
     board.receive.runs = runs;
@@ -87,6 +92,7 @@ void EndByCtrlC(Board& board) {
     EndReceive(board, false);
 }
 
+// The text is lost, and so is the old program, which went at the start.
 void AbortReceive(Board& board) {
     FlushEcho(board);
     board.receive.text.clear();
@@ -135,6 +141,7 @@ bool TakeKey(Board& board, unsigned char key) {
     return false;
 }
 
+// One timer serves two ends: a held key sequence, and held echo.
 void TakeKeys(Board& board, const std::string& keys) {
     for (const char key : keys) {
         if (!TakeKey(board, static_cast<unsigned char>(key))) return;
@@ -150,6 +157,7 @@ void TakeKeys(Board& board, const std::string& keys) {
     }
 }
 
+// ESC in a text starts a key sequence here as well.
 void TakeByte(Board& board, unsigned char c) {
     board.receive.lastByteAt = board.now;
     std::string keys;
@@ -212,6 +220,7 @@ bool ReadOptions(Board& board) {
 
 }  // namespace
 
+// The program in memory is gone from now on, whatever comes.
 void StartProgramReceive(Board& board) {
     board.receive = ProgramReceive();
     if (!ReadOptions(board)) return;

@@ -6,6 +6,9 @@
 #include "simulator/Board.h"
 #include "simulator/PinDialogue.h"
 
+// Two prompts: the quiet one after an ordinary command, and the loud one, with sequences in
+// front, after everything that ends by a long jump in the firmware.
+
 namespace {
 
 constexpr size_t kMaximumMessage = 63;
@@ -19,6 +22,7 @@ void PrintLoudLead(Board& board) {
     if (facts.loudNewLine) NewLine(board);
 }
 
+// A SUB of the program may print it instead.
 void PrintPrompt(Board& board) {
     if (IsSub(board, kPromptSub) && !board.prompt.subBroken) {
         board.prompt.subRuns = true;
@@ -31,6 +35,7 @@ void PrintPrompt(Board& board) {
     StartLineEditor(board);
 }
 
+// The source line is shown as LIST would show it.
 void PrintErrorPlace(Board& board) {
     const PromptFacts& facts = board.facts.prompt;
     const BasicPlace place = board.basic.failedAt;
@@ -64,6 +69,7 @@ void PortIsBack(Board& board) {
 
 }  // namespace
 
+// Every road back leads through here, so the PIN can't be gone round.
 void ReturnToPrompt(Board& board) {
     StopProgram(board);
     // One that fails or is stopped would come again and again.
@@ -87,12 +93,14 @@ void PromptSubIsOver(Board& board) {
     StartLineEditor(board);
 }
 
+// The place is kept before the wait: what stops meanwhile would lose it.
 void FailWith(Board& board, std::string_view message) {
     board.prompt.error = message;
     board.basic.failedAt = board.basic.statement;
     BusyThen(board, board.facts.prompt.errorDelayMs, PrintError);
 }
 
+// No "^C" is printed.
 void BreakToPrompt(Board& board) {
     ReturnToPromptLoudly(board);
 }
@@ -105,6 +113,7 @@ void PrintSignOn(Board& board) {
     PutRaw(board, board.facts.prompt.startUp);
 }
 
+// Program, drives and options outlive a restart; variables and the PIN's answer don't.
 void RestartBoard(Board& board) {
     StopProgram(board);
     ClearVariables(board);

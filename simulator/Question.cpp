@@ -4,6 +4,7 @@
 
 namespace {
 
+// Only Y is yes. A byte that is no character is an answer too, and not echoed.
 void KeyAnswers(Board& board, unsigned char c) {
     const char key = UpperChar(static_cast<char>(c));
     if (c >= ' ' && c < 0x7f) Echo(board, std::string(1, key));

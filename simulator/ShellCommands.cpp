@@ -3,11 +3,14 @@
 #include "simulator/Board.h"
 #include "simulator/FileListing.h"
 
+// One row for each command. They give nullptr, or the words of an error.
+
 namespace {
 
 // A command gets what follows its word, trimmed, and gives nullptr or an error's words.
 using ShellCommand = const char* (*)(Board& board, const std::string& rest);
 
+// Names may come in quotes, as BASIC boards want them.
 std::string Unquoted(const std::string& text) {
     if (text.size() >= 2 && text.front() == '"' && text.back() == '"') {
         return text.substr(1, text.size() - 2);

@@ -4,6 +4,9 @@
 
 #include "simulator/Board.h"
 
+// Time moves from one due event to the next, so it makes no difference in what steps a driver
+// lets it pass.
+
 namespace {
 
 const BoardActivity kOff = {nullptr, nullptr, nullptr, true};
@@ -13,6 +16,7 @@ int64_t PerByteUs(int baud) {
     return baud > 0 ? std::max<int64_t>(1, kBitsPerByte * 1000000 / baud) : 0;
 }
 
+// A storm outlasts whatever the board does, but waits for a host that takes nothing.
 void SendStorm(Board& board) {
     const BoardStorm& storm = board.setup.faults.storm;
     const int64_t end = board.poweredAt + storm.fromMs + storm.forMs;
@@ -74,6 +78,7 @@ SimulatedBoard::SimulatedBoard(const BoardFacts& facts, const BoardSetup& setup)
 
 SimulatedBoard::~SimulatedBoard() = default;
 
+// The clock and the storm count from here.
 void SimulatedBoard::PowerUp(int64_t nowMs) {
     board->now = std::max(board->now, nowMs);
     board->poweredAt = board->now;
@@ -85,6 +90,7 @@ void SimulatedBoard::PowerUp(int64_t nowMs) {
     ReturnToPrompt(*board);
 }
 
+// Byte by byte with all that is due between: a command runs before the next one is read.
 void SimulatedBoard::Receive(std::string_view bytes, int64_t nowMs) {
     Advance(nowMs);
     for (const char c : bytes) {
@@ -94,6 +100,7 @@ void SimulatedBoard::Receive(std::string_view bytes, int64_t nowMs) {
     }
 }
 
+// For boards on USB. A UART takes everything, and its ring loses the oldest.
 size_t SimulatedBoard::InputRoom() const {
     const size_t waiting = board->in.ring.size();
     return board->facts.line.ring - std::min(waiting, board->facts.line.ring);
@@ -119,6 +126,7 @@ void SimulatedBoard::SetListening(bool listening) {
     board->listening = listening;
 }
 
+// The folders on the way are made as they are missing.
 bool SimulatedBoard::AddFile(std::string_view path, std::string_view data, int64_t stamp) {
     std::string whole;
     if (!ResolvePath(board->files, path, &whole)) return false;

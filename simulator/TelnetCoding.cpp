@@ -6,10 +6,13 @@ constexpr char kFf = '\xff';
 
 }  // namespace
 
+// IAC WILL and DO for suppress-go-ahead, WILL echo, DO and DON'T linemode, and a NUL that is no
+// part of any of them.
 std::string TelnetGreeting() {
     return {"\xff\xfb\x03\xff\xfd\x03\xff\xfb\x01\xff\xfd\x22\xff\xfe\x22\x00", 16};
 }
 
+// There is no LF rule: a line end becomes CR NUL LF.
 std::string EncodeTelnet(std::string_view bytes) {
     std::string coded;
     for (const char c : bytes) {
@@ -20,6 +23,7 @@ std::string EncodeTelnet(std::string_view bytes) {
     return coded;
 }
 
+// A segment that starts with 255 is taken for a negotiation, even in the middle of a transfer.
 std::string DecodeTelnet(TelnetCoding& coding, std::string_view segment) {
     std::string plain;
     if (!segment.empty() && segment[0] == kFf) return plain;

@@ -5,6 +5,7 @@
 
 namespace {
 
+// Each byte starts the silence anew, so a host that goes on sending is never answered.
 void TakeNoise(Board& board, unsigned char) {
     WakeIn(board, kXmodemQuietMs);
 }
@@ -23,6 +24,7 @@ std::string ProgramAsFile(const Board& board) {
     return text + board.facts.xmodem.lastLine;
 }
 
+// Without a name it is program memory, except on the CMM2.
 bool TakeName(Board& board) {
     board.xmodem.path.clear();
     if (AtStatementEnd(board)) {
@@ -33,6 +35,7 @@ bool TakeName(Board& board) {
     return !board.basic.failed;
 }
 
+// A missing file brings an error in place of protocol bytes.
 void BeginSend(Board& board) {
     if (board.xmodem.path.empty()) {
         board.xmodem.data = ProgramAsFile(board);
@@ -47,6 +50,7 @@ void BeginSend(Board& board) {
     StartXmodemSend(board);
 }
 
+// The file is made at once: a folder that isn't there fails before the first NAK.
 void BeginReceive(Board& board) {
     if (!board.xmodem.path.empty()) {
         const char* error = WriteFile(board.files, board.xmodem.path, "", BoardSeconds(board));
@@ -90,6 +94,7 @@ void WaitForQuiet(Board& board, void (*then)(Board& board)) {
     WakeIn(board, kXmodemQuietMs);
 }
 
+// The prompt follows the last protocol byte at once, maybe in the same read.
 void EndXmodem(Board& board) {
     board.xmodem = XmodemBoard();
     board.prompt.loud = true;

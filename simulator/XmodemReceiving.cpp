@@ -32,6 +32,7 @@ void FailReceive(Board& board, const char* message) {
     FailWith(board, message);
 }
 
+// The tries start anew for each block.
 void WaitForBlock(Board& board) {
     board.xmodem.tries = 0;
     StartActivity(board, kWaiting);
@@ -70,6 +71,7 @@ void StoreReceivedProgram(Board& board) {
     BusyThen(board, board.facts.flash.saveMs, ProgramSaved, true);
 }
 
+// The ACK goes out before the file is written whole: what fails then fails in words.
 void Finish(Board& board) {
     PutByte(board, kXmodemAck);
     if (board.xmodem.path.empty()) {
@@ -89,6 +91,7 @@ void Cancelled(Board& board) {
     FailReceive(board, "Cancelled by remote");
 }
 
+// STX and 1K blocks are unknown: noise like any other byte.
 void TakeStart(Board& board, unsigned char c) {
     switch (c) {
         case kXmodemSoh:
@@ -119,6 +122,8 @@ void Refuse(Board& board) {
     WaitForBlock(board);
 }
 
+// A bad block is answered when the line has been quiet for 1.5 s; a host that sends the next
+// one meanwhile makes the wait longer.
 void RejectBlock(Board& board) {
     WaitForQuiet(board, Refuse);
 }
@@ -128,6 +133,7 @@ void GiveUp(Board& board) {
     FailReceive(board, "Too many errors");
 }
 
+// Flash file or program memory, each with its own limit.
 bool HasRoom(const Board& board) {
     const XmodemBoard& xmodem = board.xmodem;
     const size_t limit =
@@ -135,6 +141,7 @@ bool HasRoom(const Board& board) {
     return xmodem.data.size() + kXmodemData <= limit;
 }
 
+// The block is written first and acknowledged then.
 void StoreBlock(Board& board) {
     XmodemBoard& xmodem = board.xmodem;
     if (!HasRoom(board)) {
@@ -171,6 +178,7 @@ void JudgeBlock(Board& board) {
     }
 }
 
+// Each byte has a second to come.
 void TakeBlockByte(Board& board, unsigned char c) {
     board.xmodem.block += static_cast<char>(c);
     if (board.xmodem.block.size() == kBlockRest) {

@@ -21,6 +21,7 @@ const BoardActivity kSecondCan = {TakeSecondCan, StartTimedOut, nullptr, false, 
 const BoardActivity kSending = {TakeAnswer, SendAgain, nullptr, false, true, true};
 const BoardActivity kClosing = {TakeEotAnswer, SendEot, nullptr, false, true, true};
 
+// One procedure for each message, because a flush calls back without arguments.
 void FailSend(Board& board, const char* message) {
     board.xmodem = XmodemBoard();
     FailWith(board, message);
@@ -39,6 +40,7 @@ void SayErrorClosing(Board& board) {
     FailSend(board, "Error closing");
 }
 
+// Old firmware acknowledges the CAN and flushes, 6.03 just ends.
 void Cancel(Board& board) {
     if (board.facts.xmodem.modernEnding) {
         SayCancelled(board);
@@ -65,6 +67,7 @@ void StartTimedOut(Board& board) {
     }
 }
 
+// SOH, number, complement, data, then the sum or the CRC with its high byte first.
 void MakeBlock(Board& board) {
     XmodemBoard& xmodem = board.xmodem;
     std::string data = xmodem.data.substr(xmodem.at, kXmodemData);
@@ -81,6 +84,7 @@ void MakeBlock(Board& board) {
     }
 }
 
+// The next block, or EOT when there is none. An empty file is EOT alone.
 void SendBlock(Board& board) {
     XmodemBoard& xmodem = board.xmodem;
     xmodem.tries = 0;
@@ -110,6 +114,7 @@ void SendAgain(Board& board) {
     WakeIn(board, board.facts.xmodem.resendMs);
 }
 
+// "C" asks for a CRC; firmware before 6.03 doesn't know it and counts it as noise.
 void TakeStart(Board& board, unsigned char c) {
     const XmodemFacts& facts = board.facts.xmodem;
     if (c == kXmodemNak || (c == kCrcLetter && facts.crc)) {
@@ -134,6 +139,7 @@ void TakeSecondCan(Board& board, unsigned char c) {
     }
 }
 
+// Any byte but ACK and CAN brings the block again at once.
 void TakeAnswer(Board& board, unsigned char c) {
     XmodemBoard& xmodem = board.xmodem;
     if (c == kXmodemAck) {
@@ -147,6 +153,7 @@ void TakeAnswer(Board& board, unsigned char c) {
     }
 }
 
+// Old firmware waits for silence before it prints its prompt.
 void CloseSend(Board& board) {
     if (board.facts.xmodem.modernEnding) {
         EndXmodem(board);

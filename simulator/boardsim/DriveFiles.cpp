@@ -42,11 +42,13 @@ int64_t CivilSeconds(time_t moment) {
     return static_cast<int64_t>(timegm(&local));
 }
 
+// Boards keep local time.
 int64_t StampOf(const fs::path& path) {
     struct stat status = {};
     return stat(path.c_str(), &status) == 0 ? CivilSeconds(status.st_mtime) : 0;
 }
 
+// Reads one byte more than may be, to see that a file is too long.
 bool AddOneFile(SimulatedBoard& board, const fs::path& path, const std::string& name) {
     std::ifstream file(path, std::ios::binary);
     std::string data(kMaximumPreloadBytes + 1, '\0');

@@ -14,6 +14,8 @@
 #include <cstdlib>
 #include <cstring>
 
+// A TCP listener with one host at a time, or the master side of a pseudo-terminal (posix_openpt).
+
 namespace {
 
 bool Complain(const std::string& what) {
@@ -29,6 +31,7 @@ void MakeNonblocking(int fd) {
     fcntl(fd, F_SETFL, fcntl(fd, F_GETFL) | O_NONBLOCK);
 }
 
+// An address may be taken anew at once after an end; a port that is in use stays refused.
 bool OpenTcp(const SimOptions& options, Endpoint* endpoint) {
     sockaddr_in address = {};
     address.sin_family = AF_INET;
@@ -97,6 +100,7 @@ bool OpenEndpoint(const SimOptions& options, Endpoint* endpoint) {
     return options.pty ? OpenPty(options, endpoint) : OpenTcp(options, endpoint);
 }
 
+// Keys and blocks are small: nothing is to wait for more.
 bool AcceptHost(Endpoint& endpoint) {
     endpoint.line = accept4(endpoint.listener, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC);
     if (endpoint.line < 0) return false;

@@ -39,6 +39,7 @@ struct Session {
     bool ended = false;
 };
 
+// A pseudo-terminal stands for the board's USB console, which knows no telnet.
 bool SpeaksTelnet(const Session& session) {
     return session.options.facts->line.telnet && !session.endpoint.isPty;
 }
@@ -48,6 +49,7 @@ void Tell(const char* text) {
     std::fflush(stdout);
 }
 
+// The board comes to life with its first host, so that its sign-on is seen.
 void PowerUpOnce(Session& session) {
     if (!session.powered) session.board.PowerUp(ClockMs());
     session.powered = true;
@@ -62,6 +64,7 @@ void WelcomeHost(Session& session) {
     PowerUpOnce(session);
 }
 
+// Output for nobody is dropped by the board from now on, as without DTR.
 void LoseHost(Session& session) {
     if (session.endpoint.isPty) {
         session.ended = true;
@@ -91,6 +94,7 @@ void ReadHost(Session& session) {
     session.board.Receive(bytes, ClockMs());
 }
 
+// Telnet goes out in small segments, as the firmware sends it.
 void WriteHost(Session& session) {
     std::string& waiting = session.waiting;
     while (!waiting.empty() && session.endpoint.line >= 0) {
@@ -106,6 +110,7 @@ void WriteHost(Session& session) {
     }
 }
 
+// A host that doesn't read leaves the rest in the board, which then stands still.
 void CollectOutput(Session& session) {
     if (session.waiting.size() >= kWaitingLimit) return;
     std::string bytes = session.board.TakeOutput();
@@ -151,6 +156,7 @@ void HangUpIfGone(Session& session) {
     LoseHost(session);
 }
 
+// One turn for each thing that happens: the board's time, bytes, a host that comes or goes.
 void Serve(Session& session, const sigset_t& openSignals) {
     while (!stopAsked && !session.ended) {
         session.board.Advance(ClockMs());

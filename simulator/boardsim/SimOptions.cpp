@@ -6,6 +6,8 @@
 
 #include "simulator/BoardText.h"
 
+// One row for each option; the help is printed from the same rows.
+
 namespace {
 
 constexpr int64_t kMaximumNumber = 1000000000;
@@ -29,6 +31,7 @@ void TakeBoard(SimOptions& options, Text text, int64_t) {
         options.error = "There is no board \"" + text + "\"; --list-boards tells all.";
 }
 
+// CAN and NAK are meant for transfers; at the prompt they would only move the cursor.
 void TakeStorm(SimOptions& options, Text text, int64_t) {
     BoardStorm& storm = options.setup.faults.storm;
     storm.inXmodemOnly = text == "can" || text == "nak";
