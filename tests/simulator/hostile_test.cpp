@@ -201,3 +201,22 @@ TEST(Hostile, AUartRingLosesItsOldestBytes) {
     usb.board.Receive(std::string(65000, 'x'), usb.now);
     EXPECT_EQ(usb.board.InputRoom(), 536u);  // a USB host would have to wait
 }
+
+TEST(Hostile, TheStepsOfTheClockMakeNoDifference) {
+    const char* const script[] = {"AUTOSAVE\rFOR i=1 TO 400:PRINT i;:PAUSE 3:NEXT\r\x1a", "RUN\r",
+                                  "FILES\r", "nosuch\r", "XMODEM RECEIVE \"x\"\r"};
+    const auto run = [&](int64_t step) {
+        BoardBench bench;
+        std::string out;
+        for (const char* bytes : script) {
+            bench.board.Receive(bytes, bench.now);
+            for (int64_t ms = 0; ms < 4200; ms += step) bench.board.Advance(bench.now += step);
+            out += bench.board.TakeOutput();
+        }
+        return out;
+    };
+    const std::string fine = run(1);
+    EXPECT_EQ(fine.substr(fine.size() - 3), "\x15\x15\x15");  // at 0, 2 and 4 s
+    EXPECT_EQ(fine, run(7));
+    EXPECT_EQ(fine, run(4200));
+}
