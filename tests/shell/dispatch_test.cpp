@@ -23,9 +23,9 @@
 #include "terminal/screen/TerminalSizing.h"
 #include "terminal/screen/TerminalText.h"
 #include "tests/support/VirtualClock.h"
-#include "ui/Drawing.h"
 #include "ui/Gadgets.h"
 #include "ui/MenuItem.h"
+#include "ui/WaitWindowEvent.h"
 #include "ui/Windows.h"
 #include "upload/UploadOptions.h"
 
@@ -42,10 +42,10 @@ class DispatchTest : public testing::Test {
     }
     void TearDown() override { close(device); }
 
-    // The window as start-up leaves it when the main loop first waits.
+    // The window as start-up leaves it, once it is active.
     static void BuildWindow() {
         ::BuildWindow();
-        FlushPainting();
+        for (int i = 0; i < 1000 && FocusedGadget() != kTerminalCanvas; ++i) WaitForEvent(1);
     }
     std::string Sent() {
         char bytes[4096];
