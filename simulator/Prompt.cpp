@@ -109,7 +109,7 @@ void PrintSignOn(Board& board) {
     Put(board, board.facts.signOn);
     Put(board,
         "\r\nSimulated board of Kewlink Console\r\n"
-        "The words of the firmware belong to its authors\r\n\r\n");
+        "A stand-in for trying things out, not the firmware\r\n\r\n");
     PutRaw(board, board.facts.prompt.startUp);
 }
 

@@ -127,6 +127,7 @@ void SendFile(const QString& path, bool useXmodem) {
         return SerialTouch1200();
     }
     if (GoesAsProgram(extension, useXmodem)) {
+        SetCurrentFile(path);
         SetUploadText(ReadSourceFile(path));
         return UploadProgram();
     }
