@@ -15,6 +15,10 @@
 
 namespace {
 
+// Bytes that the kernel may hold for us. Its default is about one read of the largest size:
+// the queue then runs dry between two polls, since the window opens late.
+constexpr int kReceiveQueue = 512 * 1024;
+
 bool ResolveHost(const QByteArray& host, in_addr& address) {
     if (host.size() > kLongestHostName) return false;
     address.s_addr = inet_addr(host.constData());
@@ -38,6 +42,8 @@ bool ConnectSocket(int fd, const QString& host, int port) {
 int ConnectTcpClient(const QString& host, int port) {
     const int fd = AboveStandardStreams(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
     if (fd < 1) return 0;
+    // Before connect(2): the window's scale is agreed on there. tcp(7)
+    setsockopt(fd, SOL_SOCKET, SO_RCVBUF, &kReceiveQueue, sizeof kReceiveQueue);
     if (OnInterfaceThread()) FlushPainting();
     if (!ConnectSocket(fd, host, port)) {
         close(fd);
