@@ -48,7 +48,7 @@ void SaveFamilies() {
     WriteNumbered("Type", rows);
 }
 
-// The specification is all that stands behind the first "|".
+// The device specification is all that stands behind the first "|".
 void LoadPresets() {
     ClearPresets();
     for (const QString& value : ReadNumbered("Device", kMostPresets)) {

@@ -31,7 +31,7 @@ struct SpecRun {
     QString portName;    // of the last port word, empty for none
 };
 
-// The part of the first line that holds the specification. A second comment mark ends
+// The part of the first line that holds the words. A second comment mark ends
 // it. A line without a directive word is read from its first character.
 QString SpecificationOf(const QString& text) {
     QString line = FirstLineOf(text);

@@ -142,7 +142,7 @@ class SecondInstance(Session):
         self.assertEqual(windows, [console.window])
         console.click(*CONNECT)
         text = console.wait_text("Check port then try again")
-        # The specification built from the window's gadgets cuts the name at its blank.
+        # The device specification built from the window's gadgets cuts the name at its blank.
         self.assertIn("not failed!", text)
         self.assertEqual(console.close(), 0)
 
