@@ -1,17 +1,13 @@
-// The two-pane window: files of the PC on the left, of the device on the right.
+// The window of two panes: files of the PC on the left, of the device on the right.
 // Interface thread.
 #pragma once
 
-#include <QString>
-
+// Opens the window (anew, if it stands) and asks the device for its list. Blocks for as
+// long as that takes.
 void OpenFileManager();
+
+// Stores place, division and folder, closes the window and goes back to terminal mode 0.
 void CloseFileManager();
-// Window 161 was resized; gadgets 162, 163 and 180 raised an event.
+
+// The window was resized: stores its size and fits the gadgets.
 void ResizeFileManager();
-void PcListChanged();
-void DeviceListClicked();
-void PathBoxChanged();
-// A chunk of what the device printed, in file manager mode.
-void ParseListingChunk(const QString& text);
-// Asks the device for its listing.
-void RefreshDeviceList();

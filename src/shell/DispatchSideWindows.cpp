@@ -1,5 +1,7 @@
 #include "base/Numbers.h"
+#include "filemanager/DevicePane.h"
 #include "filemanager/FileManagerWindow.h"
+#include "filemanager/PcPane.h"
 #include "help/HelpViewer.h"
 #include "shell/Dispatch.h"
 

@@ -117,7 +117,3 @@ void SetStartTicks() {
     // first toggle on.
     SetGadgetState(kOverrideCheck, uploadSettings.overrideFileSettings != 0);
 }
-
-void TickOneOf(int first, int last, int ticked) {
-    for (int item = first; item <= last; ++item) SetMenuItemTick(item, item == ticked);
-}

@@ -5,5 +5,3 @@ void CreateMainMenu();
 void CreateEditPopup();
 // The ticks as the settings say; the line ending's also sets its bytes.
 void SetStartTicks();
-// Ticks one of items `first` to `last` and unticks the others.
-void TickOneOf(int first, int last, int ticked);

@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "base/Numbers.h"
-#include "filemanager/FileManagerWindow.h"
+#include "filemanager/DeviceListing.h"
 #include "link/Connection.h"
 #include "link/LinkPrimitives.h"
 #include "link/SendListing.h"

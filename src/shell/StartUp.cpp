@@ -7,6 +7,7 @@
 #include "base/Numbers.h"
 #include "base/Pacing.h"
 #include "base/TextRules.h"
+#include "filemanager/DeviceListing.h"
 #include "filemanager/FileManagerWindow.h"
 #include "help/About.h"
 #include "link/Connection.h"

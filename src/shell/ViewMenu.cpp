@@ -21,8 +21,6 @@ void ToggleToolbarRow(int item) {
 }
 
 void ChooseMode(int item) {
-    TickOneOf(kFirstModeItem, kLastModeItem, item);
-    SetTerminalMode(item - kFirstModeItem);
-    SetGadgetText(kModeText, TerminalModeName(terminalMode));
+    ShowTerminalMode(item - kFirstModeItem);
     if (terminalMode == kModeFileManager) OpenFileManager();
 }

@@ -111,6 +111,10 @@ QString MenuItemText(int item) {
     return found == items.end() ? QString() : found->second.text;
 }
 
+void TickOneOf(int first, int last, int ticked) {
+    for (int item = first; item <= last; ++item) SetMenuItemTick(item, item == ticked);
+}
+
 // popup() returns at once; the choice comes as an event like any other.
 void ShowPopupMenu(int menu, int window) {
     const auto found = popups.find(menu);

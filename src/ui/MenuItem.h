@@ -15,6 +15,8 @@ void MenuItem(int item, const QString& text);
 // not it was created with a tick.
 void SetMenuItemTick(int item, bool ticked);
 bool MenuItemTick(int item);
+// Ticks one of items `first` to `last` and unticks the others.
+void TickOneOf(int first, int last, int ticked);
 QString MenuItemText(int item);
 
 // Shows a pop-up menu at the pointer, over a window, and returns at once.

@@ -2,6 +2,10 @@
 
 #include <algorithm>
 
+#include "base/Numbers.h"
+#include "ui/Gadgets.h"
+#include "ui/MenuItem.h"
+
 namespace {
 
 std::atomic<int> mode{kModeTerminal};
@@ -21,6 +25,12 @@ void SetTerminalMode(int value) {
 
 QString TerminalModeName(int value) {
     return value >= 0 && value < kModes ? kModeNames[value] : QString();
+}
+
+void ShowTerminalMode(int value) {
+    SetTerminalMode(value);
+    TickOneOf(kFirstModeItem, kLastModeItem, kFirstModeItem + mode);
+    SetGadgetText(kModeText, TerminalModeName(mode));
 }
 
 void SetMouseMode(int value) {

@@ -15,6 +15,9 @@ constexpr int kModes = 5;
 extern const std::atomic<int>& terminalMode;
 void SetTerminalMode(int mode);  // clamped to 0 to 4
 QString TerminalModeName(int mode);
+// Sets the mode and shows it: the tick of its menu item, its name below the terminal.
+// Interface thread.
+void ShowTerminalMode(int mode);
 
 // 0: the mouse works locally. Non-zero: clicks are reported to the device.
 extern const int& mouseMode;

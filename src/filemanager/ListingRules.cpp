@@ -1,0 +1,114 @@
+#include "filemanager/ListingRules.h"
+
+#include <QRegularExpression>
+
+#include "base/TextRules.h"
+
+namespace {
+
+struct Case {
+    const QString& text;
+    bool complete;
+    const DeviceFamily& family;
+    bool savingProgram;
+
+    bool Holds(const char* words) const { return text.contains(words, Qt::CaseInsensitive); }
+    bool HoldsExactly(const char* words) const { return text.contains(words); }
+    bool BeginsWith(const char* words) const {
+        return text.startsWith(QLatin1String(words), Qt::CaseInsensitive);
+    }
+};
+
+// What a person sees of a line. Firmware puts sequences between its prompt and the echo
+// of the command, and, before a prompt, colours on a line of their own.
+QString WithoutSequences(QString text) {
+    static const QRegularExpression sequence("\x1b\\[[0-9;?]*[@-~]");
+    return text.remove(sequence);
+}
+
+bool Pause(const Case& line) {
+    return line.Holds("PRESS ANY KEY");
+}
+bool CursorOn(const Case& line) {
+    return line.HoldsExactly("[?25h");
+}
+bool White(const Case& line) {
+    return line.HoldsExactly("[37m");
+}
+bool FolderEcho(const Case& line) {
+    return line.BeginsWith("chdir ");
+}
+bool ChangeEcho(const Case& line) {
+    return line.BeginsWith("kill ") || line.BeginsWith("mkdir ");
+}
+bool Error(const Case& line) {
+    return line.BeginsWith("error: ") || line.Holds("error : ");
+}
+bool SummaryOfFolders(const Case& line) {
+    return line.Holds(" directories") && line.Holds(" file");
+}
+bool SummaryOfFolder(const Case& line) {
+    return line.Holds(" directory") && line.Holds(" file");
+}
+// A family without a list command has no such echo.
+bool ListEcho(const Case& line) {
+    const QString& command = line.family.filesCMD;
+    return !command.isEmpty() && WithoutSequences(line.text).contains("> " + command);
+}
+bool FlashEcho(const Case& line) {
+    return line.family.flash != 0 &&
+           (line.Holds("flash list") || line.Holds("flash save") || line.Holds("list all"));
+}
+bool FlashChangeEcho(const Case& line) {
+    return line.family.flash != 0 && (line.Holds("flash erase") || line.Holds("flash overwrite"));
+}
+bool Prompt(const Case& line) {
+    return line.text.startsWith('>');
+}
+// As a row it would count as one slot too many in flash view.
+bool SequencesAlone(const Case& line) {
+    return TrimBlanks(WithoutSequences(line.text)).isEmpty();
+}
+bool Saving(const Case& line) {
+    return line.savingProgram;
+}
+bool Complete(const Case& line) {
+    return line.complete;
+}
+
+struct Rule {
+    bool (*fits)(const Case& line);
+    ListingAction action;
+};
+
+// clang-format off
+const Rule rules[] = {
+    {Pause,            ListingAction::kGoOn},
+    {CursorOn,         ListingAction::kEmptyBuffer},
+    {White,            ListingAction::kIgnore},
+    {FolderEcho,       ListingAction::kIgnore},
+    {ChangeEcho,       ListingAction::kEmptyBuffer},
+    {Error,            ListingAction::kPrint},
+    {SummaryOfFolders, ListingAction::kAwaitEnd},
+    {SummaryOfFolder,  ListingAction::kAwaitEnd},
+    {ListEcho,         ListingAction::kIgnore},
+    {FlashEcho,        ListingAction::kIgnore},
+    {FlashChangeEcho,  ListingAction::kEmptyBuffer},
+    {Prompt,           ListingAction::kEnd},
+    {SequencesAlone,   ListingAction::kIgnore},
+    {Saving,           ListingAction::kCapture},
+    {Complete,         ListingAction::kAddEntry},
+};
+// clang-format on
+
+}  // namespace
+
+ListingAction SortListingLine(const ListingLine& line, const DeviceFamily& family,
+                              bool savingProgram) {
+    if (line.text.isEmpty()) return ListingAction::kIgnore;
+    const Case known = {line.text, line.complete, family, savingProgram};
+    for (const Rule& rule : rules) {
+        if (rule.fits(known)) return rule.action;
+    }
+    return ListingAction::kNone;
+}
