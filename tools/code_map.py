@@ -10,7 +10,7 @@ ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 MAP = os.path.join(ROOT, "docs", "ARCHITECTURE.md")
 MARK = "## Files\n"
 FOLDERS = ["src/base", "src/ui", "src/terminal/screen", "src/link", "src/terminal/input",
-           "src/upload", "src/xmodem", "src/filemanager", "src/help", "src/shell", "simulator",
+           "src/encoding", "src/upload", "src/xmodem", "src/filemanager", "src/help", "src/shell", "simulator",
            "simulator/boardsim"]
 
 

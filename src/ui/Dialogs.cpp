@@ -17,6 +17,15 @@ QString ShownLines(QString text) {
     return text.replace("\r\n", "\n").replace('\r', '\n');
 }
 
+// An empty answer and a cancelled dialog are the same to the program.
+QString AskLine(const QString& title, const QString& prompt, const QString& preset,
+                QLineEdit::EchoMode echo) {
+    bool accepted = false;
+    const QString text =
+        QInputDialog::getText(ActiveProgramWindow(), title, prompt, echo, preset, &accepted);
+    return accepted ? text : QString();
+}
+
 }  // namespace
 
 void AnswerDialogs(const DialogAnswers* given) {
@@ -41,13 +50,14 @@ bool AskMessage(const QString& title, const QString& text, MessageButtons button
     return answer == QMessageBox::Yes || answer == QMessageBox::Ok;
 }
 
-// An empty answer and a cancelled dialog are the same to the program.
 QString AskText(const QString& title, const QString& prompt, const QString& preset) {
     if (answers) return answers->text ? answers->text(title, prompt, preset) : QString();
-    bool accepted = false;
-    const QString text = QInputDialog::getText(ActiveProgramWindow(), title, prompt,
-                                               QLineEdit::Normal, preset, &accepted);
-    return accepted ? text : QString();
+    return AskLine(title, prompt, preset, QLineEdit::Normal);
+}
+
+QString AskSecret(const QString& title, const QString& prompt) {
+    if (answers) return answers->secret ? answers->secret(title, prompt) : QString();
+    return AskLine(title, prompt, QString(), QLineEdit::Password);
 }
 
 FontChoice AskFont(const QString& name, int size) {

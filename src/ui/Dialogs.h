@@ -11,6 +11,10 @@ bool AskMessage(const QString& title, const QString& text, MessageButtons button
 // Asks for one line of text. Empty for a cancelled dialog.
 QString AskText(const QString& title, const QString& prompt, const QString& preset);
 
+// As AskText, with what is typed hidden. The caller overwrites the text when it is done
+// with it; the toolkit's own field is freed without that.
+QString AskSecret(const QString& title, const QString& prompt);
+
 struct FileChoice {
     QString path;     // empty for a cancelled dialog
     int pattern = 0;  // position, from 0, of the chosen pattern; 0 when cancelled
@@ -38,6 +42,7 @@ FontChoice AskFont(const QString& name, int size);
 struct DialogAnswers {
     bool (*message)(const QString& title, const QString& text) = nullptr;
     QString (*text)(const QString& title, const QString& prompt, const QString& preset) = nullptr;
+    QString (*secret)(const QString& title, const QString& prompt) = nullptr;
     FileChoice (*file)(const QString& title, const QString& preset) = nullptr;
     FontChoice (*font)(const QString& name, int size) = nullptr;
 };

@@ -7,10 +7,10 @@
 #include "link/Connection.h"
 #include "link/LinkPrimitives.h"
 #include "link/LinkSettings.h"
-#include "terminal/screen/NotBuilt.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "ui/Gadgets.h"
 #include "upload/DeviceSpec.h"
+#include "upload/EncodedUpload.h"
 #include "upload/PinDialogue.h"
 #include "upload/ProgressLabel.h"
 #include "upload/SourcePreparation.h"
@@ -26,9 +26,6 @@ constexpr int kBreakDelays = 3;
 constexpr int kAbortDelays = 10;
 constexpr int kCloseDelays = 10;
 constexpr int kRunDelays = 20;
-
-const QString kEncodedMagic = "KWHEX";
-const QString kEncodeDirective = "'encode";
 
 // Nothing in the program sets it; who wants to stop an upload has it here.
 bool abortUpload = false;
@@ -49,17 +46,8 @@ void PrepareSource() {
     SetUploadText(StripMarkerLines(NormaliseLineEndings(uploadSource.text)));
 }
 
-bool SourceIsEncoded() {
-    return !uploadSource.pasteSource && uploadSource.text.startsWith(kEncodedMagic);
-}
-
-bool SourceAsksForEncoding() {
-    return TrimBlanks(FirstLineOf(uploadSource.text)).toLower().startsWith(kEncodeDirective);
-}
-
-// An encoded source on its way in or out never reaches the device.
-void RefuseEncoding(const QString& what) {
-    TellNotBuilt(what);
+// The way out of an upload that never comes to the device.
+void LeaveWithoutUpload() {
     HideProgressLabel();
     FocusGadget(kTerminalCanvas);
 }
@@ -177,6 +165,19 @@ void LeaveUpload() {
     FocusGadget(kTerminalCanvas);
 }
 
+void UploadSourceText() {
+    PrepareSource();
+    if (SourceAsksForEncoding()) {
+        WriteEncodedSource();
+        return LeaveWithoutUpload();
+    }
+    ResetOptions();
+    ChooseOptions();
+    TerminalPrintLine("Upload started");
+    if (ConnectDevice() != 0) TypeProgram();
+    LeaveUpload();
+}
+
 }  // namespace
 
 void UploadProgram() {
@@ -185,14 +186,10 @@ void UploadProgram() {
         return;
     }
     ShowProgressLabel();
-    if (SourceIsEncoded()) return RefuseEncoding("Uploading an encoded source");
-    PrepareSource();
-    if (SourceAsksForEncoding()) return RefuseEncoding("Writing an encoded source");
-    ResetOptions();
-    ChooseOptions();
-    TerminalPrintLine("Upload started");
-    if (ConnectDevice() != 0) TypeProgram();
-    LeaveUpload();
+    const bool encoded = SourceIsEncoded();
+    if (encoded && !DecodeSource()) return LeaveWithoutUpload();
+    UploadSourceText();
+    if (encoded) WipeSource();
 }
 
 void UploadPastedText(const QString& text) {

@@ -86,8 +86,8 @@ TEST_F(Upload, TellsEachStep) {
     SetComPort("NOT SET");
     EXPECT_EQ(Send("s\\pico norun", "A", 2), "0|Upload started|Set port number then try again");
     EXPECT_TRUE(uploadOptions.noRun);  // options stay as applied
-    EXPECT_EQ(Send("", "KWHEX1234\n") + Send("", " 'ENCODE name\nA\n"), "0|0|");
-    EXPECT_EQ(Printed(2).count("is not part of this build."), 2);
+    EXPECT_EQ(Send("", "KWHEX1234\n"), "0|");
+    EXPECT_EQ(Send("", " 'ENCODE x\nA\n", 1), "0|No file to write beside: nothing was encoded.");
     SetCurrentFile("x.bas");
     UploadPastedText("KWHEX");  // pasted, so a program like any other
     EXPECT_EQ(Printed(1) + uploadSource.currentFile, "Set port number then try again");

@@ -1,0 +1,162 @@
+#include "encoding/EncodedSource.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <csignal>
+
+#include "encoding/WholeFile.h"
+
+static QByteArray Contents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+static SecretBytes Secret(const QByteArray& bytes) {
+    return SecretBytes(bytes.begin(), bytes.end());
+}
+
+// What a reader gets, and why it gets nothing.
+static EncodedFault Open(const QByteArray& file, const QByteArray& passphrase, QByteArray& plain) {
+    EncodedSource source;
+    SecretBytes text;
+    EncodedFault fault = ParseEncodedSource(file, source);
+    QString typed = QString::fromUtf8(passphrase);
+    const SecretBytes key = TakePassphrase(typed);
+    EXPECT_TRUE(typed.isEmpty());
+    if (fault == EncodedFault::kNone) fault = OpenEncodedSource(source, key, text);
+    plain = TextFromSecret(text).toLatin1();
+    return fault;
+}
+
+struct Vector {
+    QByteArray passphrase, plain, file;
+};
+
+// The vectors of the document that describes the format.
+static std::vector<Vector> Vectors() {
+    std::vector<Vector> vectors;
+    const QByteArray document = Contents(KWCC_SOURCE_DIR "/docs/ENCODED-SOURCES.md");
+    const QByteArray start = "```\npassphrase ";
+    for (int at = 0; (at = document.indexOf(start, at)) >= 0;) {
+        at += start.size();
+        const QByteArray block = document.mid(at, document.indexOf("```", at) - at);
+        const int second = block.indexOf("\nplain "), third = block.indexOf("\nKWHEX");
+        vectors.push_back({QByteArray::fromHex(block.left(second)),
+                           QByteArray::fromHex(block.mid(second + 7, third - second - 7)),
+                           block.mid(third + 1)});
+    }
+    return vectors;
+}
+
+TEST(EncodedSources, AreThoseOfTheDocument) {
+    const std::vector<Vector> vectors = Vectors();
+    ASSERT_EQ(vectors.size(), 3u);
+    for (const Vector& vector : vectors) {
+        QByteArray plain, file;
+        EXPECT_EQ(Open(vector.file, vector.passphrase, plain), EncodedFault::kNone);
+        EXPECT_EQ(plain, vector.plain);
+        EncodedSource source;
+        ParseEncodedSource(vector.file, source);
+        QString typed = QString::fromUtf8(vector.passphrase);
+        SealEncodedSource(source.header, TakePassphrase(typed), Secret(plain), file);
+        EXPECT_EQ(file, vector.file);
+        EXPECT_EQ(Open(file, vector.passphrase + ' ', plain), EncodedFault::kRefused);
+        EXPECT_EQ(plain, "");
+    }
+}
+
+// Whatever is done to a file, nothing of its text comes out.
+TEST(EncodedSources, SpoiltInAnyWayGiveNothing) {
+    const Vector good = Vectors()[0];
+    QByteArray plain;
+    for (int at = 0; at < good.file.size(); ++at) {
+        for (int bit = 0; bit < 8; ++bit) {
+            QByteArray file = good.file;
+            file[at] = static_cast<char>(file[at] ^ (1 << bit));
+            EXPECT_NE(Open(file, good.passphrase, plain), EncodedFault::kNone) << at << ' ' << bit;
+        }
+        EXPECT_NE(Open(good.file.left(at), good.passphrase, plain), EncodedFault::kNone) << at;
+        QByteArray longer = good.file;
+        EXPECT_NE(Open(longer.insert(at, '0'), good.passphrase, plain), EncodedFault::kNone) << at;
+    }
+    for (const char* tail : {"\n", "00\n", " ", "\r\n"}) {
+        EXPECT_EQ(Open(good.file + tail, good.passphrase, plain), EncodedFault::kDamaged);
+    }
+    EXPECT_EQ(Open(QByteArray(good.file).replace('\n', "\r\n"), good.passphrase, plain),
+              EncodedFault::kUnknown);
+}
+
+TEST(EncodedSources, AreBoundedBeforeAnythingIsDerived) {
+    struct Row {
+        const char* cost;
+        EncodedFault fault;
+    };
+    // A derivation at a refused cost would take minutes, or all memory.
+    const Row rows[] = {{"1 8", EncodedFault::kNone},
+                        {"8 524288", EncodedFault::kNone},
+                        {"9 8", EncodedFault::kTooCostly},
+                        {"0 8", EncodedFault::kTooCostly},
+                        {"1 7", EncodedFault::kTooCostly},
+                        {"1 524289", EncodedFault::kTooCostly},
+                        {"4294967295 8", EncodedFault::kTooCostly},
+                        {"4294967297 8", EncodedFault::kDamaged},
+                        {"01 8", EncodedFault::kDamaged},
+                        {"-1 8", EncodedFault::kDamaged},
+                        {"1 8 1", EncodedFault::kDamaged},
+                        {"1  8", EncodedFault::kDamaged},
+                        {"+1 8", EncodedFault::kDamaged}};
+    for (const Row& row : rows) {
+        EncodedSource source;
+        QByteArray file = Vectors()[0].file;
+        file.replace("argon2id 1 8\n", QByteArray("argon2id ") + row.cost + '\n');
+        EXPECT_EQ(ParseEncodedSource(file, source), row.fault) << row.cost;
+    }
+    QByteArray file;
+    EncodedHeader header = NewEncodedHeader();
+    EXPECT_NE(header.salt, NewEncodedHeader().salt);
+    EXPECT_NE(header.nonce, NewEncodedHeader().nonce);
+    header.passes = 1;
+    header.memoryKib = kLeastMemoryKib;
+    const SecretBytes most(kLargestEncodedText, 'A');
+    EXPECT_EQ(SealEncodedSource(header, Secret("x"), most, file), EncodedFault::kNone);
+    QByteArray plain;
+    EXPECT_EQ(Open(file, "x", plain), EncodedFault::kNone);
+    EXPECT_EQ(plain, QByteArray(kLargestEncodedText, 'A'));
+    EncodedSource source;
+    EXPECT_EQ(ParseEncodedSource(file + file, source), EncodedFault::kTooLarge);
+    SecretBytes more = most;
+    more.push_back('A');
+    EXPECT_EQ(SealEncodedSource(header, Secret("x"), more, file), EncodedFault::kTooLarge);
+}
+
+TEST(EncodedSources, AreWrittenWholeOrNotAtAll) {
+    QTemporaryDir folder;
+    const QString path = folder.filePath("a b.bae");
+    EXPECT_TRUE(WriteWholeFile(path, "first"));
+    chmod(path.toUtf8().constData(), 0640);
+    EXPECT_TRUE(WriteWholeFile(path, "second"));
+    EXPECT_EQ(Contents(path), "second");
+    struct stat facts = {};
+    stat(path.toUtf8().constData(), &facts);
+    EXPECT_EQ(facts.st_mode & 0777u, 0640u);
+    const QString fifo = folder.filePath("fifo");
+    mkfifo(fifo.toUtf8().constData(), 0600);
+    for (const QString& bad :
+         {fifo, folder.path(), folder.filePath("none/x"), QString("/dev/full")}) {
+        EXPECT_FALSE(WriteWholeFile(bad, "third")) << bad.toStdString();
+    }
+    // The disk is full after four bytes: a limit on the size of files stands for it. A buffer
+    // that went out in part was once taken for a written file.
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit none = {4, RLIM_INFINITY};
+    setrlimit(RLIMIT_FSIZE, &none);
+    EXPECT_FALSE(WriteWholeFile(path, "third"));
+    EXPECT_EQ(Contents(path), "second");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot),
+              QStringList({"a b.bae", "fifo"}));
+}
