@@ -25,9 +25,17 @@ const char kCursorOn[] = "\x1b[?25h";
 
 DeviceListing listing;
 
+// Of a line whose beginning was dropped the rest is no row, in however many pieces it comes.
+QString WithoutDroppedRest(const QString& text) {
+    if (!listing.dropRestOfLine) return text;
+    const int end = text.indexOf('\n');
+    listing.dropRestOfLine = end < 0;
+    return end < 0 ? QString() : text.mid(end);
+}
+
 // A line that never ends loses its rest, not the program its memory.
 void Collect(const QString& text) {
-    listing.listingBuffer += NormaliseLineEndings(text);
+    listing.listingBuffer += WithoutDroppedRest(NormaliseLineEndings(text));
     listing.listingBuffer.remove(kCursorOn);
     const int lastEnd = listing.listingBuffer.lastIndexOf('\n');
     if (listing.listingBuffer.size() - lastEnd > kLongestListingLine) {
@@ -59,12 +67,24 @@ void Capture(const QString& line) {
     listing.programCapture += line + lineEnding.bytes;
 }
 
+void AddEntry(const QString& line) {
+    if (listing.deviceEntries.size() < kMostDeviceEntries) listing.deviceEntries += line;
+}
+
 void ShowRows() {
     ClearGadgetItems(kDeviceList);
     for (const QString& entry : listing.deviceEntries) AddGadgetItem(kDeviceList, entry);
 }
 
-void EndListing() {
+// The buffer's last line is cut and no prompt, which ends a listing by itself.
+bool TextIsUnderWay() {
+    const QString& buffer = listing.listingBuffer;
+    const int begin = buffer.lastIndexOf('\n') + 1;
+    return begin < buffer.size() && buffer[begin] != '>';
+}
+
+void EndListing(bool complete) {
+    if (complete) listing.dropRestOfLine = TextIsUnderWay();
     listing.listingBuffer.clear();
     if (listing.savingProgram) {
         SaveProgram(listing.programCapture);
@@ -76,7 +96,14 @@ void EndListing() {
     SetPollingSuspended(false);
 }
 
-void Act(ListingAction action, const QString& line) {
+// "> " stands for the prompt that follows. A board stops inside its summary line while it
+// counts the free bytes.
+void AwaitEnd(bool complete) {
+    listing.dropRestOfLine = !complete || TextIsUnderWay();
+    listing.listingBuffer = "> ";
+}
+
+void Act(ListingAction action, const ListingLine& line) {
     switch (action) {
         case ListingAction::kNone:
         case ListingAction::kIgnore:
@@ -86,17 +113,15 @@ void Act(ListingAction action, const QString& line) {
         case ListingAction::kEmptyBuffer:
             return listing.listingBuffer.clear();
         case ListingAction::kPrint:
-            return TerminalPrintLine(line);
+            return TerminalPrintLine(line.text);
         case ListingAction::kAwaitEnd:
-            listing.listingBuffer = "> ";  // stands for the prompt that follows
-            return;
+            return AwaitEnd(line.complete);
         case ListingAction::kEnd:
-            return EndListing();
+            return EndListing(line.complete);
         case ListingAction::kCapture:
-            return Capture(line);
+            return Capture(line.text);
         case ListingAction::kAddEntry:
-            if (listing.deviceEntries.size() < kMostDeviceEntries) listing.deviceEntries += line;
-            return;
+            return AddEntry(line.text);
     }
 }
 
@@ -135,6 +160,7 @@ DeviceFamily ShownFamily() {
 void StartDeviceRows(const QString& first) {
     ClearGadgetItems(kDeviceList);
     listing.deviceEntries = QStringList(first);
+    listing.dropRestOfLine = false;
     AddGadgetItem(kDeviceList, first);
 }
 
@@ -168,7 +194,7 @@ void ParseListingChunk(const QString& text) {
     ListingLine line;
     do {
         line = TakeLine();
-        Act(SortListingLine(line, family, listing.savingProgram), line.text);
+        Act(SortListingLine(line, family, listing.savingProgram), line);
     } while (line.complete);
     SetPollingSuspended(false);
 }

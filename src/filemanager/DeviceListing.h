@@ -17,10 +17,11 @@ constexpr int kLargestProgramCapture = 4 << 20;  // characters
 struct DeviceListing {
     // The rows in the making. In flash view row 0 is main memory and row n is slot n.
     QStringList deviceEntries;
-    QString listingBuffer;       // text held between chunks
-    QString programCapture;      // lines of a program being saved
-    bool savingProgram = false;  // a listing goes to programCapture
-    bool flashView = false;      // main memory and slots are shown, not the file system
+    QString listingBuffer;        // text held between chunks
+    QString programCapture;       // lines of a program being saved
+    bool dropRestOfLine = false;  // the line under way belongs to what was dropped
+    bool savingProgram = false;   // a listing goes to programCapture
+    bool flashView = false;       // main memory and slots are shown, not the file system
 };
 
 extern const DeviceListing& deviceListing;

@@ -1,0 +1,230 @@
+// What boards print in answer to their list command, in every way that a line can be cut
+// into chunks, and what each kind of line does.
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+#include <fstream>
+#include <random>
+
+#include "base/Numbers.h"
+#include "filemanager/DeviceListing.h"
+#include "filemanager/ListingRules.h"
+#include "link/LinkPrimitives.h"
+#include "terminal/screen/Capture.h"
+#include "tests/support/FarEnd.h"
+#include "tests/support/VirtualClock.h"
+#include "ui/Dialogs.h"
+#include "ui/ExplorerListGadget.h"
+#include "ui/Gadgets.h"
+#include "ui/ListGadget.h"
+#include "ui/TextEntryGadget.h"
+#include "ui/Windows.h"
+
+namespace {
+
+class Listing : public testing::Test {
+  protected:
+    Listing() {
+        OpenNumberedWindow(kMainWindow, 0, 0, 300, 300, "Test", kStandardWindowFlags);
+        TextEntryGadget(kFamilyCombo, 0, 0, 9, 9, "picomite");
+        ListGadget(kDeviceList, 0, 0, 100, 100);
+        ExplorerListGadget(kPcList, 0, 0, 100, 100, folder.path());
+        AddDefaultFamilies();
+        StartCapture();
+    }
+
+    static QString Shown() {
+        QStringList rows;
+        for (int row = 0; row < GadgetItemCount(kDeviceList); ++row) {
+            rows += GadgetItemText(kDeviceList, row);
+        }
+        return rows.join('|');
+    }
+
+    // The list that a text gives when it comes in the pieces that end at `cuts`. What the
+    // one before left in the buffer is gone at the prompt.
+    static QString ListOf(const QString& text, const std::vector<int>& cuts) {
+        ParseListingChunk("\n> ");
+        StartDeviceRows("..");
+        int from = 0;
+        for (int cut : cuts) {
+            ParseListingChunk(text.mid(from, cut - from));
+            from = cut;
+        }
+        ParseListingChunk(text.mid(from));
+        return Shown();
+    }
+
+    VirtualClock clock;
+    QTemporaryDir folder;
+};
+
+const struct {
+    const char* family;
+    const char* text;
+    const char* rows;
+} listings[] = {
+    {"picomite",  // 6.03
+     "A:/games\r\n   <DIR>  sub\r\n10:07 21-06-2025       1234  prog.bas\r\n"
+     "1 directory, 1 file, 13017088 bytes free\r\n> \x1b[?7h",
+     "..|A:/games|<DIR>  sub|10:07 21-06-2025       1234  prog.bas"},
+    {"PicoMite",  // 6.00.02, a card, a time that is none, an error's prompt
+     "B:/\r\n00:00 00-00-1980          0  my, file name.txt\r\n"
+     "2 directories, 5 files\r\n\x1b[?25h\x1b[97;40m> ",
+     "..|B:/|00:00 00-00-1980          0  my, file name.txt"},
+    {"picomite",  // a console of 40 columns breaks the row
+     "A:/\r\n10:07 21-06-2025       1234  a_rather_l\r\nong_name.bas\r\n"
+     "0 directories, 1 file, 9 bytes free\r\n> ",
+     "..|A:/|10:07 21-06-2025       1234  a_rather_l|ong_name.bas"},
+    {"picomite",  // two pauses, the second right before the summary
+     "A:/\r\n   <DIR>  b>c\r\nPRESS ANY KEY ...\r                 \r   <DIR>  c\r\n"
+     "PRESS ANY KEY ...\r                 \r2 directories, 0 files, 1 bytes free\r\n> ",
+     "..|A:/|<DIR>  b>c|<DIR>  c"},
+    {"picomite", " Slot 1 in use: \"Print \"hello\"\"\r\n Slot 2 in use\r\n Slot 3 available\r\n> ",
+     "..|Slot 1 in use: \"Print \"hello\"\"|Slot 2 in use|Slot 3 available"},
+    {"cmm2",
+     "A:/\r\n   <DIR>  sub\r\n10:07 21-06-2025       1234  prog.bas\r\n"
+     "1 directory, 1 file\r\n\x1b[?25h\x1b[37m\x1b[m\r\n> ",
+     "..|A:/|<DIR>  sub|10:07 21-06-2025       1234  prog.bas"},
+    {"micromite+", "A:/\r\n   <DIR>  sub\r\n      1234  prog.bas\r\n1 directory, 1 file\r\n> ",
+     "..|A:/|<DIR>  sub|1234  prog.bas"},
+    {"maximite", "PROG.BAS 1234\r\nOTHER.BAS 99\r\n> ", "..|PROG.BAS 1234|OTHER.BAS 99"},
+    {"vgamite", "Error : SD card not present\r\n> ", ".."},
+};
+
+TEST_F(Listing, EveryCutGivesTheSameRows) {
+    const unsigned seed = std::random_device()();
+    std::mt19937 lot(seed);
+    for (const auto& row : listings) {
+        SetGadgetText(kFamilyCombo, row.family);
+        const QString text = row.text;
+        EXPECT_EQ(ListOf(text, {}).toStdString(), row.rows);
+        for (int first = 1; first < text.size(); ++first) {
+            ASSERT_EQ(ListOf(text, {first}).toStdString(), row.rows) << "cut at " << first;
+            for (int second = first + 1; second < text.size() && text.size() < 100; ++second) {
+                ASSERT_EQ(ListOf(text, {first, second}).toStdString(), row.rows)
+                    << first << ", " << second;
+            }
+        }
+        for (int time = 0; time < 100; ++time) {
+            std::vector<int> cuts;
+            for (int at = 0; (at += 1 + static_cast<int>(lot() % 9)) < text.size();) {
+                cuts.push_back(at);
+            }
+            ASSERT_EQ(ListOf(text, cuts).toStdString(), row.rows)
+                << "seed " << seed << ", time " << time;
+        }
+    }
+}
+
+TEST_F(Listing, TheFirstRuleThatFitsDecides) {
+    using Action = ListingAction;
+    const struct {
+        const char* line;
+        Action onPicomite, onMaximite;
+    } rows[] = {
+        {"files: press any key ...", Action::kGoOn, Action::kGoOn},
+        {"> [?25h", Action::kEmptyBuffer, Action::kEmptyBuffer},
+        {"> [37m", Action::kIgnore, Action::kIgnore},
+        {"CHDIR \"x\"", Action::kIgnore, Action::kIgnore},
+        {"Kill \"chdir x\"", Action::kEmptyBuffer, Action::kEmptyBuffer},
+        {"MKDIR \"x\"", Action::kEmptyBuffer, Action::kEmptyBuffer},
+        {"rmdir \"x\"", Action::kAddEntry, Action::kAddEntry},
+        {"ERROR: no", Action::kPrint, Action::kPrint},
+        {"[2] x Error : no", Action::kPrint, Action::kPrint},
+        {"an error: no", Action::kAddEntry, Action::kAddEntry},
+        {"my directory of file.bas", Action::kAwaitEnd, Action::kAwaitEnd},
+        {"> 3 DIRECTORIES, 2 FILES", Action::kAwaitEnd, Action::kAwaitEnd},
+        {"> files", Action::kIgnore, Action::kIgnore},
+        {"> \x1b[?7hfiles", Action::kIgnore, Action::kIgnore},
+        {"> FILES", Action::kEnd, Action::kEnd},
+        {"> flash list", Action::kIgnore, Action::kEnd},
+        {"Slot 1 in use: \"List All\"", Action::kIgnore, Action::kAddEntry},
+        {"Flash Save 1", Action::kIgnore, Action::kAddEntry},
+        {"FLASH OVERWRITE 2", Action::kEmptyBuffer, Action::kAddEntry},
+        {"flash erase 1", Action::kEmptyBuffer, Action::kAddEntry},
+        {"\x1b[97;40m ", Action::kIgnore, Action::kIgnore},
+        {"", Action::kIgnore, Action::kIgnore},
+    };
+    for (const auto& row : rows) {
+        const ListingLine line = {row.line, true};
+        EXPECT_EQ(SortListingLine(line, *FindFamily("picomite"), false), row.onPicomite)
+            << row.line;
+        EXPECT_EQ(SortListingLine(line, *FindFamily("maximite"), false), row.onMaximite)
+            << row.line;
+        const bool captured = row.onMaximite == Action::kAddEntry;
+        EXPECT_EQ(SortListingLine(line, *FindFamily("maximite"), true),
+                  captured ? Action::kCapture : row.onMaximite);
+    }
+    EXPECT_EQ(SortListingLine({"prog", false}, *FindFamily("cmm2"), false), Action::kNone);
+    // A family without a list command has no echo of it: the prompt ends its listing.
+    EXPECT_EQ(SortListingLine({"> ", false}, *FindFamily("micromite"), true), Action::kEnd);
+}
+
+TEST_F(Listing, APauseIsAnsweredEachTimeItIsSeenAndErrorsAreShown) {
+    FarEnd line;
+    ParseListingChunk("PRESS ANY");
+    EXPECT_EQ(line.Read(), "");
+    ParseListingChunk(" KEY");
+    ParseListingChunk(" ...");
+    EXPECT_EQ(line.Read(), "\r\n\r\n");
+    EXPECT_EQ(clock.Now(), 200);
+    EXPECT_FALSE(linkStatus.pollingSuspended);
+    ParseListingChunk("\rError : Could not find the path\r\n");
+    EXPECT_EQ(TakeCapture(), "Error : Could not find the path");
+}
+
+FileChoice choice;
+bool overwrite;
+int questions;
+
+TEST_F(Listing, AProgramIsSavedLineByLine) {
+    const DialogAnswers answers = {
+        [](const QString&, const QString&) { return ++questions, overwrite; }, nullptr,
+        [](const QString& title, const QString& preset) {
+            EXPECT_EQ(title, "Save");
+            EXPECT_TRUE(preset.endsWith("/*.bas"));
+            return choice;
+        },
+        nullptr};
+    AnswerDialogs(&answers);
+    const auto saved = [this](const char* name) {
+        std::ifstream file((folder.path() + '/' + name).toStdString(), std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    };
+    const auto save = [this](const char* name, const QStringList& chunks) {
+        choice.path = *name ? folder.path() + '/' + name : QString();
+        RequestProgram(0);
+        for (const QString& chunk : chunks) ParseListingChunk(chunk);
+        EXPECT_FALSE(deviceListing.savingProgram);
+        EXPECT_EQ(deviceListing.programCapture, "");
+    };
+    save("a", {QString::fromLatin1("list all\r\n  Print \"\xe9\"\r\nEnd\r\n\r\n> ")});
+    EXPECT_EQ(saved("a.bas"), "Print \"\xe9\"\r\nEnd\r\n");
+    save("b.txt", {"Pri", "nt 1\r\n> "});  // a cut line is there twice, its first piece too
+    EXPECT_EQ(saved("b.txt"), "Pri\r\nPrint 1\r\n");
+    SetGadgetText(kFamilyCombo, "cmm2");
+    save("b.txt", {"list all\r\nEnd\r\n> "});
+    EXPECT_EQ(questions, 1);
+    EXPECT_EQ(saved("b.txt"), "Pri\r\nPrint 1\r\n");  // the answer was No
+    overwrite = true;
+    save("b.txt", {"list all\r\nEnd\r\n> "});
+    EXPECT_EQ(saved("b.txt"), "list all\r\nEnd\r\n");  // without slots the echo is no echo
+    save("", {"End\r\n> "});
+    EXPECT_EQ(questions, 2);
+    AnswerDialogs(nullptr);
+}
+
+TEST_F(Listing, AFloodIsHeldWithinItsBounds) {
+    const QString block(5000, 'x');
+    for (int i = 0; i < 50; ++i) ParseListingChunk(block);
+    EXPECT_LE(deviceListing.listingBuffer.size(), kLongestListingLine);
+    ParseListingChunk("\n");
+    for (int i = 0; i < 3; ++i) ParseListingChunk(QString("y\n").repeated(10000));
+    EXPECT_EQ(deviceListing.deviceEntries.size(), kMostDeviceEntries);
+    RequestProgram(0);
+    for (int i = 0; i < 1000; ++i) ParseListingChunk(block + "\n");
+    EXPECT_LE(deviceListing.programCapture.size(), kLargestProgramCapture);
+}
+
+}  // namespace
