@@ -41,10 +41,8 @@ class FileManager : public testing::Test {
         SetPcFolder(folder.path() + "/");
         SetLineEnding("CR");  // CR LF is Enter twice to these boards
         SetAfterFlashUpload(RefreshDeviceList);
-        static const DialogAnswers answers = {
-            [](const QString&, const QString&) { return ++questions, yes; },
-            [](const QString&, const QString&, const QString&) { return answer; }, nullptr,
-            nullptr};
+        answers.message = [](const QString&, const QString&) { return ++questions, yes; };
+        answers.text = [](const QString&, const QString&, const QString&) { return answer; };
         AnswerDialogs(&answers);
         StartCapture();
     }
@@ -120,6 +118,7 @@ class FileManager : public testing::Test {
         return file.fileName();
     }
 
+    DialogAnswers answers;
     VirtualClock clock;
     QTemporaryDir folder;
     std::unique_ptr<BoardOnLine> line;

@@ -179,14 +179,13 @@ bool overwrite;
 int questions;
 
 TEST_F(Listing, AProgramIsSavedLineByLine) {
-    const DialogAnswers answers = {
-        [](const QString&, const QString&) { return ++questions, overwrite; }, nullptr,
-        [](const QString& title, const QString& preset) {
-            EXPECT_EQ(title, "Save");
-            EXPECT_TRUE(preset.endsWith("/*.bas"));
-            return choice;
-        },
-        nullptr};
+    DialogAnswers answers;
+    answers.message = [](const QString&, const QString&) { return ++questions, overwrite; };
+    answers.file = [](const QString& title, const QString& preset) {
+        EXPECT_EQ(title, "Save");
+        EXPECT_TRUE(preset.endsWith("/*.bas"));
+        return choice;
+    };
     AnswerDialogs(&answers);
     const auto saved = [this](const char* name) {
         std::ifstream file((folder.path() + '/' + name).toStdString(), std::ios::binary);
