@@ -238,8 +238,8 @@ TEST_F(FileManager, FlashSlotsAreShownLoadedReadAndErased) {
     Select(kDeviceList, {2, 3});
     Sent();
     CopyToPc();
+    Poll();  // no name is given: nothing is saved
     EXPECT_EQ(Sent(), "flash list 2\r");
-    Poll();  // no name was given: nothing is saved
     EXPECT_FALSE(deviceListing.savingProgram);
     DeleteOnDevice();
     EXPECT_EQ(Sent().substr(0, 14), "flash erase 2\r");
