@@ -1,10 +1,14 @@
 #include "base/Pacing.h"
 
+#include <poll.h>
+
 #include <chrono>
 #include <ctime>
 #include <thread>
 
 namespace {
+
+constexpr short kGone = POLLHUP | POLLRDHUP | POLLERR | POLLNVAL;
 
 class KernelClock : public Clock {
   public:
@@ -21,6 +25,12 @@ class KernelClock : public Clock {
         localtime_r(&now, &civil);
         return static_cast<int64_t>(now) + civil.tm_gmtoff;
     }
+    // A line that is gone is always ready and has nothing to read.
+    void AwaitInput(int fd, int64_t ms) override {
+        pollfd ready = {fd > 0 ? fd : -1, POLLIN | POLLRDHUP, 0};
+        poll(&ready, 1, static_cast<int>(ms));
+        if (ready.revents & kGone) Sleep(1);
+    }
 };
 
 KernelClock kernelClock;
@@ -33,6 +43,10 @@ std::thread::id beforeSleepThread;
 void SleepMs(int64_t ms) {
     if (beforeSleep && std::this_thread::get_id() == beforeSleepThread) beforeSleep();
     currentClock->Sleep(ms);
+}
+
+void AwaitInput(int fd, int64_t ms) {
+    currentClock->AwaitInput(fd, ms);
 }
 
 int64_t NowMs() {

@@ -15,6 +15,9 @@ class Clock {
     virtual int64_t Now() = 0;
     // Seconds since 1970-01-01 00:00 in local civil time (no zone applied on top).
     virtual int64_t LocalSeconds() = 0;
+    // Waits until `fd` can be read, at most `ms` milliseconds, and a moment when it never
+    // will be; with 0 for no descriptor that long. A virtual clock moves on by a millisecond.
+    virtual void AwaitInput(int, int64_t ms) { Sleep(ms > 0 ? 1 : 0); }
 };
 
 // Waits on the calling thread. Any thread. On the interface thread what was painted
@@ -23,6 +26,10 @@ void SleepMs(int64_t ms);
 
 // Milliseconds of the monotonic clock. Any thread.
 int64_t NowMs();
+
+// Waits for a byte on a descriptor instead of asking for one all the time; see Clock. Any
+// thread.
+void AwaitInput(int fd, int64_t ms);
 
 // Local civil time in seconds since 1970-01-01 00:00, for FormatDate. Any thread.
 int64_t WallClock();

@@ -96,6 +96,12 @@ int64_t ReceiveBytes(void* buffer, int64_t maximum) {
     return ReadSerialBytes(buffer, static_cast<int>(std::min<int64_t>(waiting, maximum)));
 }
 
+void AwaitBytes(int64_t ms) {
+    if (!linkStatus.deviceOnTcpip) return AwaitSerialBytes(ms);
+    const DescriptorUse use(linkStatus.netLink);
+    AwaitInput(use.fd, ms);
+}
+
 QString SendAndWait(const QString& text, int64_t delay) {
     if (delay == 0) delay = linkSettings.lineDelay;
     SendText(text);

@@ -49,6 +49,9 @@ int32_t SendByte(int64_t value);
 // Takes what waits, at most `maximum` bytes, and leaves the rest of the buffer as it
 // was. 0 for nothing, -1 for no link.
 int64_t ReceiveBytes(void* buffer, int64_t maximum);
+// Waits until a byte has come or `ms` milliseconds have passed. A short wait: whoever
+// closes the link meanwhile waits with it.
+void AwaitBytes(int64_t ms);
 // Sends, then collects a reply: above 0 a fixed wait in milliseconds and one read,
 // kWaitForLine until a "\n" came, kWaitForPrompt (as any other value) until a ">" came,
 // or 0 for the line delay. Waits for a terminator end with kTimeout after 4020 ms. Each

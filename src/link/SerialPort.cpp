@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "base/Pacing.h"
 #include "link/Descriptor.h"
 #include "link/LinkSettings.h"
 #include "link/SerialLine.h"
@@ -38,6 +39,11 @@ int SerialBytesAvailable() {
     int waiting = 0;
     if (use.fd > 0) ioctl(use.fd, FIONREAD, &waiting);
     return waiting;
+}
+
+void AwaitSerialBytes(int64_t ms) {
+    const DescriptorUse use(serialLink);
+    AwaitInput(use.fd, ms);
 }
 
 int ReadSerialBytes(void* buffer, int count) {

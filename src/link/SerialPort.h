@@ -13,6 +13,8 @@ int OpenSerialLink(const QString& path, int64_t baud, int64_t inBufferSize, int6
 bool SerialLinkIsOpen();
 // Bytes that wait; 0 for none, for no link, and for a failing ioctl(2).
 int SerialBytesAvailable();
+// Waits until a byte has come, at most `ms` milliseconds.
+void AwaitSerialBytes(int64_t ms);
 // One read(2) and one write(2). 0 for none, for an error, and for no link.
 int ReadSerialBytes(void* buffer, int count);
 int WriteSerialBytes(const void* buffer, int count);

@@ -10,15 +10,16 @@
 
 namespace {
 
-// read(2) or write(2) until `count` bytes went over or none will.
+// read(2) or write(2) until `count` bytes went over or no more will. True for all.
 template <typename Call, typename Bytes>
-void MoveAll(Call call, int fd, Bytes* bytes, int64_t count) {
+bool MoveAll(Call call, int fd, Bytes* bytes, int64_t count) {
     for (int64_t done = 0; done < count;) {
         const ssize_t step = call(fd, bytes + done, static_cast<size_t>(count - done));
         if (step < 0 && errno == EINTR) continue;
-        if (step < 1) return;
+        if (step < 1) return false;
         done += step;
     }
+    return true;
 }
 
 }  // namespace
@@ -33,7 +34,7 @@ PcFile::~PcFile() {
 }
 
 void PcFile::Append(const uint8_t* bytes, int count) {
-    if (fd >= 0) MoveAll(write, fd, bytes, count);
+    if (fd >= 0 && !MoveAll(write, fd, bytes, count)) Close();
 }
 
 void PcFile::Close() {

@@ -20,7 +20,8 @@ class PcFile {
     PcFile(const PcFile&) = delete;
     PcFile& operator=(const PcFile&) = delete;
 
-    // A write that fails, as on a full disk, is not told either.
+    // A write that fails, as on a full disk, is not told either. Nothing is written from
+    // then on, so what stands is the head of the file and not that and a later piece.
     void Append(const uint8_t* bytes, int count);
     void Close();
     // Deletes the file, if this record created or emptied it.

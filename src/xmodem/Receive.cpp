@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <thread>
 
 #include "base/Pacing.h"
 #include "xmodem/Frame.h"
@@ -19,6 +18,7 @@ constexpr int64_t kCommandDelay = 100;  // behind the command
 constexpr int64_t kLookInterval = 50;   // between two looks for a frame's start
 constexpr int64_t kQuietPause = 800;    // more, when there was none
 constexpr int32_t kFrameTime = 1000;    // for a frame, from when it is first looked for
+constexpr int32_t kLongestAwait = 20;   // for one more byte of it
 
 constexpr int kLooks = 10;          // before whatever came is judged as a frame
 constexpr int kMostEmptyPolls = 9;  // more in a row end the transfer
@@ -47,10 +47,11 @@ void Read(Receiver& r) {
     r.count = WorkerTake(r.reply);
 }
 
-// The difference is taken in 32 bits as well, so that it holds when the count wraps.
-bool PastDeadline(const Receiver& r) {
-    return static_cast<int32_t>(static_cast<uint32_t>(NowMs()) -
-                                static_cast<uint32_t>(r.deadline)) > 0;
+// Milliseconds until the time is past the deadline. The difference is taken in 32 bits as
+// well, so that it holds when the count wraps.
+int32_t TimeLeft(const Receiver& r) {
+    const uint32_t now = static_cast<uint32_t>(NowMs());
+    return static_cast<int32_t>(static_cast<uint32_t>(r.deadline) + 1 - now);
 }
 
 // Checksum mode is asked for always. What the read before the NAK brings is dropped, but
@@ -127,8 +128,8 @@ bool SenderCancelled(const Receiver& r) {
     return std::all_of(r.frame, r.frame + kCansFromSender, [](uint8_t b) { return b == kCan; });
 }
 
-// Gathers the frame without a pause; what the last read brings is not added. False when
-// the device gave up.
+// Gathers the frame without a pause: the wait for one more byte ends with that byte. What
+// the last read brings is not added. False when the device gave up.
 bool Collect(Receiver& r) {
     const int expected = r.blockSize + kFrameOverhead;
     r.have = 0;
@@ -141,9 +142,9 @@ bool Collect(Receiver& r) {
             return false;
         }
         r.have += std::max(r.count, 0);
+        if (r.have < expected) WorkerAwait(std::clamp(TimeLeft(r), 0, kLongestAwait));
         Read(r);
-        std::this_thread::yield();
-    } while (r.have < expected && !PastDeadline(r));
+    } while (r.have < expected && TimeLeft(r) > 0);
     return true;
 }
 

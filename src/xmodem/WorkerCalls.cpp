@@ -38,6 +38,11 @@ int WorkerTake(uint8_t* block) {
     return static_cast<int>(ReceiveBytes(block, kWorkerBlock));
 }
 
+void WorkerAwait(int64_t ms) {
+    const Killable here;
+    AwaitBytes(ms);
+}
+
 void WorkerPut(uint8_t byte, int times) {
     const Killable here;
     for (int i = 0; i < times; ++i) SendByte(byte);

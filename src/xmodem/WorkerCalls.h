@@ -45,6 +45,9 @@ void WorkerSleep(int64_t ms);
 // it as it was. The count; 0 for nothing, below 0 for no link and for a failure.
 int WorkerTake(uint8_t* block);
 
+// Waits until a byte has come on the link or `ms` milliseconds have passed.
+void WorkerAwait(int64_t ms);
+
 // Sends one byte, `times` times over.
 void WorkerPut(uint8_t byte, int times = 1);
 void WorkerPutBytes(const uint8_t* bytes, int count);
