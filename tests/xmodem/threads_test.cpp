@@ -18,18 +18,18 @@ class TransferThreads : public TransferBench {
 
     // Asks for blocks once the command has come, acknowledges those up to `last`.
     void Receive(int last) {
-        const std::string came = line.Read();
+        const std::string came = line->Read();
         got += came;
         if (came.find("XMODEM R") != std::string::npos) askAt = clock.Now() + 700;
-        if (askAt && clock.Now() > askAt) line.Write({kNakByte}), askAt = 0;
-        if (came.size() == 132 && came[1] <= last) line.Write({kAckByte});
-        if (came == std::string(1, kEotByte)) line.Write({kAckByte});
+        if (askAt && clock.Now() > askAt) line->Write({kNakByte}), askAt = 0;
+        if (came.size() == 132 && came[1] <= last) line->Write({kAckByte});
+        if (came == std::string(1, kEotByte)) line->Write({kAckByte});
     }
     // Sends ten blocks, one for each NAK and ACK.
     void Send() {
-        const std::string came = line.Read();
+        const std::string came = line->Read();
         if (came.find("XMODEM S") != std::string::npos || came.size() != 1) return;
-        line.Write(next <= 10 ? FrameOf(next, std::string(128, 'y')) : std::string(1, kEotByte));
+        line->Write(next <= 10 ? FrameOf(next, std::string(128, 'y')) : std::string(1, kEotByte));
         ++next;
     }
     template <typename Condition>
@@ -73,7 +73,7 @@ TEST_F(TransferThreads, StoppedWhileALineWaits) {
     TakeEvents();
     EXPECT_EQ(TakeCapture(), "Blocks: 11Sent: 10/11\x1b[1ATransfer failed!");
     EXPECT_EQ(ended, 1);
-    EXPECT_EQ(line.Read(), FrameOf(10, std::string(128, 'x')) + std::string(5, kCanByte));
+    EXPECT_EQ(line->Read(), FrameOf(10, std::string(128, 'x')) + std::string(5, kCanByte));
 }
 
 // A killed worker leaves its file, prints nothing and posts no end; the next one works.

@@ -8,6 +8,7 @@
 #include <deque>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <string>
 
 #include "base/Numbers.h"
@@ -30,10 +31,10 @@ class TransferBench : public testing::Test {
         SetServeBeforeWait(TakeEvents);
         ended = 0;
         clock.onTick = [this](int64_t now) {
-            const std::string came = line.Read();
+            const std::string came = line->Read();
             out += came;
             const std::string answer = device ? device(now, came) : std::string();
-            if (!answer.empty()) line.Write(answer);
+            if (!answer.empty()) line->Write(answer);
         };
     }
 
@@ -87,7 +88,7 @@ class TransferBench : public testing::Test {
     QTemporaryDir folder;
     QString lineEnd = "\r";
     TurnsClock clock;
-    FarEnd line;
+    std::unique_ptr<FarEnd> line = std::make_unique<FarEnd>();
     std::function<std::string(int64_t now, const std::string& came)> device;
     std::string out;   // all that the device got, from behind the command on
     int64_t took = 0;  // milliseconds of the last transfer
