@@ -39,10 +39,10 @@ class Session(unittest.TestCase):
         self.addCleanup(shutil.rmtree, self.folder)
         self.addCleanup(self.desktop.__exit__)
 
-    def write_settings(self, device, rest=""):
+    def write_settings(self, device, rest="", windows=""):
         with open(self.settings, "w", encoding="ascii") as f:
-            f.write("[Windows]\nMainX = 30\nMainY = 20\nMainW = 960\nMainH = 1000\n[Device]\n" +
-                    device + "Line ending = CR\n" + rest)
+            f.write("[Windows]\nMainX = 30\nMainY = 20\nMainW = 960\nMainH = 1000\n" + windows +
+                    "[Device]\n" + device + "Line ending = CR\n" + rest)
 
     def start_board(self, *arguments):
         return self.desktop.start([os.environ["BOARDSIM"], *arguments], stdout=subprocess.PIPE,

@@ -22,7 +22,7 @@
 
 namespace {
 
-class Listing : public testing::Test {
+class ListingParser : public testing::Test {
   protected:
     Listing() {
         OpenNumberedWindow(kMainWindow, 0, 0, 300, 300, "Test", kStandardWindowFlags);
@@ -92,7 +92,7 @@ const struct {
     {"vgamite", "Error : SD card not present\r\n> ", ".."},
 };
 
-TEST_F(Listing, EveryCutGivesTheSameRows) {
+TEST_F(ListingParser, EveryCutGivesTheSameRows) {
     const unsigned seed = std::random_device()();
     std::mt19937 lot(seed);
     for (const auto& row : listings) {
@@ -117,7 +117,7 @@ TEST_F(Listing, EveryCutGivesTheSameRows) {
     }
 }
 
-TEST_F(Listing, TheFirstRuleThatFitsDecides) {
+TEST_F(ListingParser, TheFirstRuleThatFitsDecides) {
     using Action = ListingAction;
     const struct {
         const char* line;
@@ -161,7 +161,7 @@ TEST_F(Listing, TheFirstRuleThatFitsDecides) {
     EXPECT_EQ(SortListingLine({"> ", false}, *FindFamily("micromite"), true), Action::kEnd);
 }
 
-TEST_F(Listing, APauseIsAnsweredEachTimeItIsSeenAndErrorsAreShown) {
+TEST_F(ListingParser, APauseIsAnsweredEachTimeItIsSeenAndErrorsAreShown) {
     FarEnd line;
     ParseListingChunk("PRESS ANY");
     EXPECT_EQ(line.Read(), "");
@@ -178,7 +178,7 @@ FileChoice choice;
 bool overwrite;
 int questions;
 
-TEST_F(Listing, AProgramIsSavedLineByLine) {
+TEST_F(ListingParser, AProgramIsSavedLineByLine) {
     DialogAnswers answers;
     answers.message = [](const QString&, const QString&) { return ++questions, overwrite; };
     answers.file = [](const QString& title, const QString& preset) {
@@ -214,7 +214,7 @@ TEST_F(Listing, AProgramIsSavedLineByLine) {
     AnswerDialogs(nullptr);
 }
 
-TEST_F(Listing, AFloodIsHeldWithinItsBounds) {
+TEST_F(ListingParser, AFloodIsHeldWithinItsBounds) {
     const QString block(5000, 'x');
     for (int i = 0; i < 50; ++i) ParseListingChunk(block);
     EXPECT_LE(deviceListing.listingBuffer.size(), kLongestListingLine);
