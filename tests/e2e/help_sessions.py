@@ -1,0 +1,81 @@
+"""The help window in a real session: links, both indexes, the history, About."""
+import os
+import shutil
+import subprocess
+import time
+import unittest
+
+from console_sessions import Session
+from desktop import Console, wait_for
+
+
+class HelpSession(Session):
+    """Pages of one colour each, so that the picture tells which one is on show."""
+    PAGES = {"html2/index.htm": ("red", "sub/%C3%BC%20two.htm#place"),
+             "html2/sub/ü two.htm": ("lime", "../../html/index.htm"),
+             "html/index.htm": ("blue", "#top")}
+
+    def setUp(self):
+        super().setUp()
+        self.folder = os.path.join(self.folder, "%20é")  # what an address has to encode
+        os.makedirs(os.path.join(self.folder, "data"))
+        self.settings = os.path.join(self.folder, "data", "KWCC.inf")
+        for name in ("KWCC", "libkewlink_web.so"):
+            shutil.copy(os.path.join(os.path.dirname(os.environ["KWCC"]), name), self.folder)
+        self.program = os.path.join(self.folder, "KWCC")
+
+    def write_pages(self):
+        for name, (colour, link) in self.PAGES.items():
+            path = os.path.join(self.folder, "data", name)
+            os.makedirs(os.path.dirname(path), exist_ok=True)
+            with open(path, "w", encoding="utf-8") as f:
+                f.write(f"<body bgcolor={colour}><a href='{link}'><div style='height:2000px'>"
+                        "</div></a><p id=place>")
+
+    def help_menu(self, item):
+        self.desktop.run("xdotool", "mousemove", "--window", self.console.window, "20", "10",
+                         "click", "1")
+        time.sleep(0.3)
+        self.console.key("Left", *["Down"] * item, "Return")  # to the last menu, its first item
+
+    def click(self, x, y):
+        self.desktop.run("xdotool", "mousemove", "--window", self.viewer, str(x), str(y),
+                         "click", "1")
+
+    def expect(self, pixel):
+        """Waits until the page has this colour, at a place clear of the scroll bars."""
+        def shown():
+            return subprocess.run(["import", "-window", self.viewer, "-crop", "1x1+30+200", "-depth",
+                                   "8", "rgb:-"], env=self.desktop.env, capture_output=True,
+                                  check=False).stdout
+        wait_for(f"page of {pixel}, not {shown()}", lambda: shown() == bytes(pixel))
+
+    def test_links_buttons_history_and_about(self):
+        red, lime, blue = (255, 0, 0), (0, 255, 0), (0, 0, 255)
+        self.write_settings("Comport = not set\n")
+        self.write_pages()
+        self.console = Console(self.desktop, self.program)
+        self.help_menu(1)
+        self.viewer = wait_for("help window", lambda: self.desktop.output(
+            ["xdotool", "search", "--onlyvisible", "--name", "^Help Viewer$"]).strip())
+        self.expect(red)
+        for place, pixel in [((30, 200), lime), ((30, 200), blue),  # two links
+                             ((240, 17), lime), ((240, 17), red),   # Back, twice
+                             ((340, 17), lime),                     # Forward
+                             ((50, 17), red), ((140, 17), blue)]:   # KW Edit, MM Basic
+            self.click(*place)
+            self.expect(pixel)
+        self.help_menu(1)  # the same window again, with the first index
+        self.expect(red)
+        before = self.console.windows()
+        self.help_menu(0)
+        wait_for("About", lambda: len(self.console.windows()) > len(before))
+        self.console.key("Return")
+        wait_for("end of About", lambda: len(self.console.windows()) == len(before))
+        self.desktop.run("wmctrl", "-i", "-c", hex(int(self.viewer)))
+        wait_for("end of help", lambda: self.viewer not in self.console.windows())
+        self.assertEqual(self.console.close(), 0)
+
+
+if __name__ == "__main__":
+    unittest.main()
