@@ -84,9 +84,13 @@ class FileSession(Session):
             f.write(data)
         return path
 
-    def connect(self):
+    def board_on_tcp(self):
         port = free_port()
         self.start_board("--board", "picomite-6.00", "--empty", "--port", str(port))
+        return port
+
+    def connect(self):
+        port = self.board_on_tcp()
         self.write_settings(f"Comport = TCPIP\nTCPIP address = localhost\nTCPIP port = {port}\n",
                             "[myDeviceList]\nDevice0 = Sim|'target s\\picomite le\\cr\n",
                             f"FileX = 1010\nFileY = 100\nPC start folder = {self.pc}/\n")
@@ -172,9 +176,20 @@ class FilesSession(FileSession):
 
 
 class DropSession(FileSession):
+    """The board stands on a serial line behind socat, as behind a terminal server."""
+
+    def board_on_tcp(self):
+        port = free_port()
+        board = self.start_board("--board", "picomite-6.00", "--empty", "--pty")
+        line = re.search(r"/dev/pts/\d+", board.stdout.readline()).group()
+        self.desktop.start(["socat", f"TCP4-LISTEN:{port},bind=127.0.0.1", f"{line},raw,echo=0"])
+        with open("/proc/net/tcp", encoding="ascii") as f:
+            wait_for("bridge", lambda: f.seek(0) or f":{port:04X} 00000000:0000 0A" in f.read())
+        return port
+
     def test_several_files_are_dropped_on_the_main_window(self):
         console = self.connect()
-        paths = [self.make(name, name.encode() * 40) for name in ("d1.bas", "d2.bin")]
+        paths = [self.make(name, bytes(range(256))) for name in ("d1.bas", "d2.bin")]
         self.desktop.start([os.environ["DRAG_SOURCE"], *paths])
         source = wait_for("drag source", lambda: self.desktop.output(
             ["xdotool", "search", "--onlyvisible", "--name", "^drag source$"]).strip())
