@@ -62,6 +62,23 @@ const ButtonRow buttonRows[] = {
 };
 // clang-format on
 
+// Names for assistive programs, where neither text nor tip is one.
+struct NameRow {
+    int gadget;
+    const char* name;
+};
+
+const NameRow nameRows[] = {
+    {kPcToolbar, "PC toolbar"},
+    {kDeviceToolbar, "Device toolbar"},
+    {kPcDeleteButton, "Delete selected files on PC"},
+    {kDeviceDeleteButton, "Delete selected files on device"},
+    {kPcPathEntry, "PC folder"},
+    {kPcList, "Files on the PC"},
+    {kDeviceList, "Files on the device"},
+    {kPaneSplitter, "Panes"},
+};
+
 constexpr Place kPathBoxPlace = {5, 45, 400, 30};
 constexpr Place kFamilyPlace = {75, 30, 400, 30};
 constexpr int kMargin = 5;
@@ -109,6 +126,7 @@ void CreateGadgets() {
     CreateButtonsIn(kNone);
     CreatePanes(place.width, place.height);
     CloseGadgetList();
+    for (const NameRow& row : nameRows) SetGadgetName(row.gadget, row.name);
 }
 
 void ShowPcFolder() {

@@ -52,6 +52,7 @@ void OpenHelpWindow() {
     CreateButtons();
     WebGadget(kHelpWebView, kWebX, kWebY, place.width - kWidthBesideWeb,
               place.height - kHeightBesideWeb);
+    SetGadgetName(kHelpWebView, "Help page");
     CloseGadgetList();
 }
 

@@ -93,6 +93,27 @@ const GadgetRow gadgetRows[] = {
 };
 // clang-format on
 
+// Names for assistive programs, where neither text nor tip is one.
+struct NameRow {
+    int gadget;
+    const char* name;
+};
+
+const NameRow nameRows[] = {
+    {kTerminalCanvas, "Terminal"},         {kFrameCanvas, "Terminal frame"},
+    {kTerminalScrollBar, "Scroll back"},   {kHistoryPreviousButton, "Earlier command"},
+    {kHistoryNextButton, "Later command"}, {kCtrlCButton, "Control C"},
+    {kCtrlZButton, "Control Z"},           {kTerminalSizeText, "Terminal size"},
+    {kProgressText, "Upload progress"},
+};
+
+void NameGadgets() {
+    for (const NameRow& row : nameRows) SetGadgetName(row.gadget, row.name);
+    for (int row = 0; row < kToolbarRows; ++row) {
+        SetGadgetName(kFirstToolbarRow + row, "Toolbar row " + QString::number(row + 1));
+    }
+}
+
 void CreateGadget(const GadgetRow& row, int gadget, int x) {
     switch (row.kind) {
         case Kind::kButton:
@@ -196,6 +217,7 @@ void DressGadgets() {
     for (const GadgetRow& row : gadgetRows) {
         if (*row.tooltip) SetGadgetTooltip(row.gadget, row.tooltip);
     }
+    NameGadgets();
     for (int gadget : {kTerminalCanvas, kCommandEntry, kAddressEntry}) {
         SetGadgetFont(gadget, kTerminalEntryFont);
     }

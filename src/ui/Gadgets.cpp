@@ -1,5 +1,6 @@
 #include "ui/Gadgets.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QFont>
 
@@ -117,6 +118,15 @@ void SetGadgetTooltip(int gadget, const QString& text) {
     if (!widget) return;
     widget->setToolTip(text);
     widget->setAccessibleName(text);
+}
+
+void SetGadgetName(int gadget, const QString& name) {
+    if (QWidget* const widget = WidgetOf(gadget)) widget->setAccessibleName(name);
+}
+
+QString GadgetName(int gadget) {
+    QAccessibleInterface* known = QAccessible::queryAccessibleInterface(WidgetOf(gadget));
+    return known ? known->text(QAccessible::Name) : QString();
 }
 
 QString GadgetTooltip(int gadget) {

@@ -36,8 +36,13 @@ void FocusGadget(int gadget);
 // Number of the gadget with the keyboard focus, -1 for none.
 int FocusedGadget();
 
+// The tip is the gadget's name to assistive programs as well, until it is given another.
 void SetGadgetTooltip(int gadget, const QString& text);
 QString GadgetTooltip(int gadget);
+
+// What a screen reader calls the gadget: the name it was given, its tip, or its text.
+void SetGadgetName(int gadget, const QString& name);
+QString GadgetName(int gadget);
 
 // Gives a gadget a font of Fonts.h; gadget -1 sets the default of gadgets created from
 // here on.

@@ -306,6 +306,9 @@ TEST_F(FileManager, PlaceAndDivisionAreKeptAndTheModeGoesBack) {
     EXPECT_EQ(GadgetWidth(kPaneSplitter), 890);
     EXPECT_EQ(GadgetHeight(kPaneSplitter), 310);
     EXPECT_EQ(GadgetTooltip(kPcDeleteButton), "Delete selected files on Maximite");
+    for (int gadget = kPcList; gadget <= kEditFileButton; ++gadget) {
+        EXPECT_TRUE(!GadgetExists(gadget) || !GadgetName(gadget).isEmpty()) << gadget;
+    }
     CloseFileManager();
     EXPECT_EQ(fileManagerSettings.width, 900);
     EXPECT_EQ(fileManagerSettings.splitter, 420);

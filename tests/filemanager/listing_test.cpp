@@ -24,7 +24,7 @@ namespace {
 
 class ListingParser : public testing::Test {
   protected:
-    Listing() {
+    ListingParser() {
         OpenNumberedWindow(kMainWindow, 0, 0, 300, 300, "Test", kStandardWindowFlags);
         TextEntryGadget(kFamilyCombo, 0, 0, 9, 9, "picomite");
         ListGadget(kDeviceList, 0, 0, 100, 100);
