@@ -17,6 +17,13 @@ CONNECT = (652, 66)  # middle of the button, client area coordinates
 TICKS = os.sysconf("SC_CLK_TCK")
 
 
+def free_port():
+    """A port that nobody holds."""
+    with socket.socket() as s:
+        s.bind(("127.0.0.1", 0))
+        return s.getsockname()[1]
+
+
 class Bench:
     """The console connected to this process, for as long as the `with` block lasts."""
 

@@ -4,11 +4,15 @@
 #include <benchmark/benchmark.h>
 
 #include <QString>
+#include <algorithm>
+#include <chrono>
 #include <string>
 #include <vector>
 
 #include "base/Numbers.h"
 #include "bench/Corpora.h"
+#include "terminal/screen/Capture.h"
+#include "terminal/screen/MonitorViews.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/VtParser.h"
@@ -112,6 +116,46 @@ void BM_Flood(benchmark::State& state) {
     state.SetLabel(flood.name);
 }
 BENCHMARK(BM_Flood)->DenseRange(0, std::size(kFloods) - 1)->Unit(benchmark::kMillisecond);
+
+// The monitors: blocks as a poll brings them, each looked at.
+void BM_Monitor(benchmark::State& state) {
+    const auto show = state.range(0) ? TerminalHexDump : TerminalPrintRaw;
+    const auto size = static_cast<size_t>(state.range(1));
+    std::string block = CorpusOf(state.range(0) ? kColour : kAscii).substr(0, size);
+    Feed(kUsual);
+    for (auto _ : state) {
+        Feed("\x1b[0m");
+        show(block.data(), static_cast<int64_t>(size));
+        benchmark::DoNotOptimize(TerminalPicture().constBits());
+    }
+    state.SetBytesProcessed(state.iterations() * state.range(1));
+}
+BENCHMARK(BM_Monitor)
+    ->ArgNames({"hex", "block"})
+    ->ArgsProduct({{0, 1}, {64, 5000, 16384}})
+    ->Unit(benchmark::kMicrosecond);
+
+// One chunk into a capture that holds so many million characters already. `worst` is the
+// dearest chunk on the way there and in the loop, in milliseconds.
+void BM_Capture(benchmark::State& state) {
+    const QString chunk(4096, 'c');
+    double worst = 0;
+    const auto add = [&] {
+        const auto start = std::chrono::steady_clock::now();
+        CaptureText(chunk);
+        const std::chrono::duration<double, std::milli> took =
+            std::chrono::steady_clock::now() - start;
+        worst = std::max(worst, took.count());
+    };
+    StartCapture();
+    while (capture.buffer.size() < state.range(0) * 1'000'000) add();
+    for (auto _ : state) add();
+    state.counters["worst"] = worst;
+    state.counters["held"] = capture.buffer.size();
+    StartCapture();
+    StopCapture();
+}
+BENCHMARK(BM_Capture)->ArgName("held")->Arg(0)->Arg(200)->Iterations(4000);
 
 void BM_Repaint(benchmark::State& state) {
     Feed(kUsual + AsciiCorpus(20000));

@@ -137,6 +137,13 @@ class Console:
             if line:
                 self.desktop.run("xdotool", "type", "--delay", "15", line)
 
+    def menu(self, x, entry):
+        """Chooses entry (counted from 1) of the menu that opens at x of the menu bar."""
+        self.desktop.run("xdotool", "mousemove", "--window", self.window, str(x), "10", "click", "1")
+        time.sleep(0.3)
+        self.key(*["Down"] * entry)
+        self.key("Return")
+
     def popup(self, entry):
         """Chooses entry (counted from 1) of the terminal's pop-up menu. While a handler blocks
         the menu opens late: keys sent before it would go to the board."""

@@ -7,8 +7,8 @@
 #include <vector>
 
 // Clients connected to one server at the same time; a further one is let in and closed
-// at once.
-constexpr int kMostServerClients = 64;
+// at once. Both servers' together stay well below the usual limit of 1024 descriptors.
+constexpr int kMostServerClients = 300;
 
 // Send buffer that a client's socket has at the least, in bytes (the kernel may grant
 // less, and by itself has more on a loopback). It is all that is kept for a client that

@@ -33,12 +33,10 @@ void SendByStagingBlock(const uint8_t* bytes, int64_t count) {
 }
 
 // What the data client sent, to the device. With no link it is lost without a word, and
-// shown all the same.
+// shown all the same. A failed read (length -1) sends nothing.
 void HandleDataChunk(const ServerRecord& record) {
-    if (record.length > 0) {
-        SendByStagingBlock(record.buffer.data(), record.length);
-        ShowClientBytes(record.buffer.data(), record.length);
-    }
+    SendByStagingBlock(record.buffer.data(), record.length);
+    ShowClientBytes(record.buffer.data(), record.length);
     ReleaseServerWorker(record.identity);
 }
 

@@ -16,6 +16,7 @@ from desktop import CONTENT_TOP, Console, Desktop, wait_for  # noqa: E402
 
 CONNECT = (652, 66)       # middle of the button, client area coordinates
 COMMAND_BAR = (100, 116)
+ACTION_MENU, MODE_MENU = 100, 200  # x of their titles
 SEND_CR = (560, 116)
 EXAMPLES = [("hello.bas", "on the board's clock. Bye."), ("colours.bas", "288 moves of the cursor."),
             ("sieve.bas", "primes in")]
@@ -92,9 +93,7 @@ class TcpSession(Session):
 
     def resize(self, console):
         before = console.geometry()
-        self.desktop.run("xdotool", "mousemove", "--window", console.window, "20", "10", "click", "1")
-        time.sleep(0.3)
-        console.key("Down", "Return")
+        console.menu(20, 1)
         wait_for("size dialog", lambda: self.desktop.output(
             ["xdotool", "search", "--onlyvisible", "--name", "^New size$"]))
         time.sleep(0.3)
@@ -129,6 +128,57 @@ class SerialSession(Session):
         console.wait_text("Disconnected")
         self.assertEqual(console.close(), 0)
         self.assertEqual(self.saved("Comport"), name)
+
+
+class LocalTools(Session):
+    """Programs of others at the local ports: picocom through socat, nc, and a listening editor."""
+
+    def nc(self, port, text, *options):
+        return subprocess.run(["nc", *options, "127.0.0.1", str(port)], input=text.encode(),
+                              capture_output=True, timeout=30, check=False).stdout.decode()
+
+    def test_bridge_load_and_listing(self):
+        port, data, control, editor = (free_port() for _ in range(4))
+        self.start_board("--board", "picomite-6.02", "--port", str(port))
+        self.write_settings(f"Comport = TCPIP\nTCPIP address = localhost\nTCPIP port = {port}\n",
+                            f"[Network]\nIP data port = {data}\nIP control port = {control}\n"
+                            f"KWedit control port = {editor}\n[VTterminal]\nVT Mode = 1\n"
+                            "[myDeviceList]\nDevice = Sim|'target s\\picomite le\\cr\n")
+        console = Console(self.desktop, self.program)
+        console.click(*CONNECT)
+        console.wait_text("Connected to localhost port")
+        line = os.path.join(self.folder, "line")
+        self.desktop.start(["socat", f"PTY,link={line},rawer,wait-slave", f"TCP:127.0.0.1:{data}"])
+        wait_for("pty", lambda: os.path.exists(line))
+        # In a process group of its own: ended by a signal, picocom sends that to its group.
+        picocom = self.desktop.start(["picocom", "-q", "-b", "115200", line], bufsize=0,
+                                     stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                     start_new_session=True)
+        console.wait_text("connected- 127.0.0.1")
+        for _ in range(2):
+            picocom.stdin.write(b"PRINT 6*7\r")
+            shown = b""
+            while not shown.endswith(b"> "):
+                shown += picocom.stdout.read(1)
+            self.assertRegex(shown, rb"PRINT 6\*7\s+42\s+> $")
+        self.assertRegex(self.nc(data, "PRINT 7*8\r", "-w", "2"), r"PRINT 7\*8\s+56\s+> ")
+
+        console.menu(MODE_MENU, 1)
+        self.assertEqual(self.nc(data, "", "-w", "1"), "Welcome to KWCC\r\n")
+        program = os.path.join(ROOT, "examples", "hello.bas")
+        self.nc(control, f"/load {program}\r\n", "-N")
+        console.wait_text("on the board's clock. Bye.", 60)
+        with socket.create_server(("127.0.0.1", editor)) as listener:
+            listener.settimeout(30)
+            console.menu(ACTION_MENU, 11)
+            with listener.accept()[0] as session:
+                self.assertEqual(session.recv(64, socket.MSG_WAITALL), b"/paste \r")
+        with open(program, encoding="ascii") as f:
+            written = f.read().split()
+        listing = self.desktop.output(["xclip", "-selection", "clipboard", "-o"])
+        self.assertEqual([word.lower() for word in listing.split()],
+                         [word.lower() for word in written] + [">"])
+        self.assertEqual(console.close(), 0)
 
 
 class SecondInstance(Session):

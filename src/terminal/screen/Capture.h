@@ -7,8 +7,9 @@ constexpr int kListingIdle = 0;
 constexpr int kListingWaiting = 1;   // for the prompt
 constexpr int kListingComplete = 2;  // not yet handed over
 
-// Beyond this many code units what arrives is not recorded any more.
-constexpr int kLongestCapture = 128 * 1024 * 1024;
+// Beyond this many code units, two bytes each, what arrives is not recorded any more:
+// half a day of a line at 115,200 baud that is never silent.
+constexpr int kLongestCapture = 512 * 1024 * 1024;
 
 struct Capture {
     bool on = false;  // TerminalFeed appends what it is given to `buffer`

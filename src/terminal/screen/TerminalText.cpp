@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr int kWrittenAtOnce = 1 << 20;  // characters; a capture can be long
+
 void AppendLine(QString* text, const TerminalLine& line) {
     const int last = std::min({line.length, terminalScreen.maxLineLength, kLastColumn});
     for (int column = 1; column <= last; ++column) {
@@ -52,5 +54,7 @@ void SaveTerminalText(int what) {
     const QString text = what == kTextCapture ? TakeCapture() : GetTerminalText(what);
     if (name.isEmpty()) return;
     QFile file(name);
-    if (file.open(QIODevice::WriteOnly)) file.write(text.toLatin1());
+    if (!file.open(QIODevice::WriteOnly)) return;
+    for (int at = 0; at < text.size(); at += kWrittenAtOnce)
+        file.write(text.mid(at, kWrittenAtOnce).toLatin1());
 }
