@@ -73,8 +73,8 @@ void CreatePopupMenu(int menu) {
     openMenu = popup;
 }
 
-// The first letter of a title opens it with Alt; items are found by their first letters
-// without a mark. Each title may make the bar higher; the inner area keeps its size.
+// The first letter of a title opens it with Alt, and the arrow keys choose. Each title may
+// make the bar higher; the inner area keeps its size.
 void MenuTitle(const QString& title) {
     if (!openBar) return;
     openMenu = openBar->menuBar()->addMenu('&' + ToCaption(title));
