@@ -44,55 +44,6 @@ std::string Spoiled(std::string message) {
     }
 }
 
-// The sending device: a frame for each NAK and ACK, the last one again after 3 s.
-struct SendingDevice {
-    std::string content;
-    size_t block = 128, next = 0;
-    int64_t lastSent = 0;
-    int errors = 0;
-
-    std::string Act(int64_t now, const std::string& came) {
-        const size_t verdict = came.find_first_of({kAckByte, kNakByte, kCanByte});
-        if (errors > 25 || (verdict == std::string::npos && now < lastSent + 3000)) return "";
-        const char byte = verdict == std::string::npos ? kNakByte : came[verdict];
-        if (byte == kCanByte) errors = 99;
-        byte == kAckByte ? ++next : ++errors;
-        lastSent = now;
-        if (next * block > content.size()) return "";
-        if (next * block == content.size()) return {kEotByte};
-        return FrameOf(next + 1, content.substr(next * block, block));
-    }
-};
-
-// The receiving device: strict on frames, and silent while a line is not.
-struct ReceivingDevice {
-    std::string content, frame;
-    int64_t lastByte = 0, lastAsked = -2000;
-
-    std::string Act(int64_t now, const std::string& came) {
-        frame += came;
-        if (!came.empty()) lastByte = now;
-        if (frame.size() == 132) return Judge();
-        if (frame.empty()) {
-            if (!content.empty() || now < lastAsked + 2000) return "";
-            lastAsked = now;
-            return {kNakByte};
-        }
-        if (now < lastByte + 100) return "";
-        const bool end = frame == std::string(1, kEotByte);
-        frame.clear();
-        return std::string(1, end ? kAckByte : kNakByte);
-    }
-    std::string Judge() {
-        const int due = content.size() / 128 + 1;
-        const std::string data = frame.substr(3, 128);
-        const bool wanted = frame == FrameOf(due, data), again = frame == FrameOf(due - 1, data);
-        if (wanted) content += data;
-        frame.clear();
-        return std::string(1, wanted || again ? kAckByte : kNakByte);
-    }
-};
-
 class FaultBench : public TransferBench {
   protected:
     FaultBench() {
@@ -117,36 +68,29 @@ class FaultBench : public TransferBench {
         EXPECT_TRUE(!done || far.content == Padded(content));
         return done;
     }
-    // `far` acts once the command has come; the abort is set at `limit`, as by a user.
-    template <typename Device>
-    std::string Act(Device& far, int64_t now, const std::string& came, int64_t limit) {
-        if (now > limit) JobOf(Direction::kReceive).abort = true;
-        if (running) return far.Act(now, came);
-        running = came.find("XMODEM") != std::string::npos;
-        return "";
-    }
     template <typename Device>
     void AttachSpoiling(Device& far) {
-        running = false;
+        commanded = false;
         device = [this, &far, limit = clock.Now() + 100000](int64_t now, const std::string& came) {
-            return Spoiled(Act(far, now, running ? Spoiled(came) : came, limit));
+            if (now > limit) JobOf(Direction::kReceive).abort = true;  // as a user would
+            return Spoiled(Act(far, now, commanded ? Spoiled(came) : came));
         };
     }
     template <typename Device>
     void AttachWithTrouble(Device& far, char trouble, int64_t after) {
-        running = false;
+        commanded = false;
         line.reset();
         line = std::make_unique<FarEnd>();
         device = [=, &far, from = clock.Now() + after](int64_t now, const std::string& came) {
             const bool endless = trouble != 'C' && trouble != 'X';
-            const std::string answer = Act(far, now, came, endless ? from + 2500 : INT64_MAX);
+            if (endless && now > from + 2500) JobOf(Direction::kReceive).abort = true;
+            const std::string answer = Act(far, now, came);
             if (now < from || trouble == 'O') return answer;
             if (trouble == 'X') AdoptSerialLink(0);
             if (trouble == 'H') line->Close();
             return trouble == 'C' ? "\x18" : trouble == 'N' ? "\x15" : std::string();
         };
     }
-    bool running = false;
 };
 
 TEST_F(FaultBench, WhatIsCompleteIsRight) {

@@ -54,7 +54,7 @@ class TransferBench : public testing::Test {
         sem_init(&job.semaphore, 0, 0);
         job.firstName = direction == Direction::kSend ? pcPath : "d.bin";
         job.secondName = direction == Direction::kSend ? "d.bin" : pcPath;
-        job.lineEnd = lineEnd;
+        job.lineEnd = "\r";
         job.abort = false;
         StartCapture();
         out.clear();
@@ -74,6 +74,14 @@ class TransferBench : public testing::Test {
         return Transfer(Direction::kSend, Path());
     }
 
+    // `far` acts from behind the device's command on.
+    template <typename Device>
+    std::string Act(Device& far, int64_t now, const std::string& came) {
+        if (commanded) return far.Act(now, came);
+        commanded = came.find("XMODEM") != std::string::npos;
+        return "";
+    }
+
     std::string Path() const { return folder.path().toStdString() + "/pc.bin"; }
     bool FileThere() const { return access(Path().c_str(), F_OK) == 0; }
     static void WriteFile(const std::string& path, const std::string& bytes) {
@@ -86,12 +94,12 @@ class TransferBench : public testing::Test {
     std::string Content() const { return Content(Path()); }
 
     QTemporaryDir folder;
-    QString lineEnd = "\r";
     TurnsClock clock;
     std::unique_ptr<FarEnd> line = std::make_unique<FarEnd>();
     std::function<std::string(int64_t now, const std::string& came)> device;
     std::string out;   // all that the device got, from behind the command on
     int64_t took = 0;  // milliseconds of the last transfer
+    bool commanded = false;
     static inline int ended = 0;
 };
 
@@ -102,6 +110,55 @@ inline std::string FrameOf(int number, const std::string& data) {
     for (unsigned char byte : data) sum += byte;
     return frame + data + char(sum);
 }
+
+// The sending device: a frame for each NAK and ACK, the last one again after 3 s.
+struct SendingDevice {
+    std::string content;
+    size_t block = 128, next = 0;
+    int64_t lastSent = INT64_MAX / 2;  // silent until it is asked
+    int errors = 0;
+
+    std::string Act(int64_t now, const std::string& came) {
+        const size_t verdict = came.find_first_of({kAckByte, kNakByte, kCanByte});
+        if (errors > 25 || (verdict == std::string::npos && now < lastSent + 3000)) return "";
+        const char byte = verdict == std::string::npos ? kNakByte : came[verdict];
+        if (byte == kCanByte) errors = 99;
+        byte == kAckByte ? ++next : ++errors;
+        lastSent = now;
+        if (next * block > content.size()) return "";
+        if (next * block == content.size()) return {kEotByte};
+        return FrameOf(next + 1, content.substr(next * block, block));
+    }
+};
+
+// The receiving device: strict on frames, and silent while a line is not.
+struct ReceivingDevice {
+    std::string content, frame;
+    int64_t lastByte = 0, lastAsked = -2000;
+
+    std::string Act(int64_t now, const std::string& came) {
+        frame += came;
+        if (!came.empty()) lastByte = now;
+        if (frame.size() == 132) return Judge();
+        if (frame.empty()) {
+            if (!content.empty() || now < lastAsked + 2000) return "";
+            lastAsked = now;
+            return {kNakByte};
+        }
+        if (now < lastByte + 100) return "";
+        const bool end = frame == std::string(1, kEotByte);
+        frame.clear();
+        return std::string(1, end ? kAckByte : kNakByte);
+    }
+    std::string Judge() {
+        const int due = content.size() / 128 + 1;
+        const std::string data = frame.substr(3, 128);
+        const bool wanted = frame == FrameOf(due, data), again = frame == FrameOf(due - 1, data);
+        if (wanted) content += data;
+        frame.clear();
+        return std::string(1, wanted || again ? kAckByte : kNakByte);
+    }
+};
 
 inline std::string Padded(std::string data, size_t block = 128) {
     data.resize((data.size() + block - 1) / block * block);
