@@ -197,6 +197,41 @@ class SecondInstance(Session):
         self.assertEqual(console.close(), 0)
 
 
+class EditorSession(Session):
+    def test_edit_load_run_and_the_listing_back(self):
+        port, control, paste = free_port(), free_port(), free_port()
+        self.start_board("--board", "picomite-6.00", "--port", str(port))
+        self.write_settings(f"Comport = TCPIP\nTCPIP address = localhost\nTCPIP port = {port}\n",
+                            "[myDeviceList]\nDevice = Sim|'target s\\picomite le\\cr\n[Network]\n"
+                            f"IP control port = {control}\nKWedit control port = {paste}\n")
+        console = Console(self.desktop, self.program)
+        source = os.path.join(self.folder, "my game.bas")
+        editor = self.desktop.start([shutil.copy(os.environ["KWEDIT"], self.folder), source])
+        window = self.editor_window("my game.bas")
+        self.desktop.run("xdotool", "windowactivate", "--sync", window)
+        console.type('PRINT "It is";6*7\n')
+        console.key("F5")
+        self.assertRegex(console.wait_text("It is 42", 60), r"Control\s.*my game.bas\s")
+        with open(source, encoding="ascii") as f:
+            self.assertEqual(f.read(), 'PRINT "It is";6*7\n')
+        self.desktop.run("xdotool", "windowactivate", "--sync", console.window)
+        self.desktop.run("xdotool", "mousemove", "--window", console.window, "20", "10", "click", "1")
+        time.sleep(0.3)
+        console.key("Right", "Right", "Up", "Return")  # the last item of "Action"
+        listing = self.editor_window("New text")
+        self.desktop.run("xdotool", "windowactivate", "--sync", listing)
+        console.key("ctrl+a", "ctrl+c")
+        time.sleep(0.3)
+        text = self.desktop.output(["xclip", "-selection", "clipboard", "-o"])
+        self.assertEqual(text.split("\n")[0], 'Print "It is";6*7')
+        editor.terminate()
+        self.assertEqual(console.close(), 0)
+
+    def editor_window(self, name):
+        return wait_for(name, lambda: self.desktop.output(
+            ["xdotool", "search", "--onlyvisible", "--name", f"^{name}.* - KWEdit$"])).split()[0]
+
+
 class FaultySettings(Session):
     def run_once(self):
         console = Console(self.desktop, self.program)

@@ -1,0 +1,13 @@
+// The two local ports between console and editor, as the console's settings file has them.
+#pragma once
+
+#include <QString>
+
+struct ConsolePorts {
+    quint16 control = 50899;  // of the console: takes "/load " and a path
+    quint16 editor = 6832;    // of this program: takes "/paste"
+};
+
+// What the file does not tell, or tells wrongly, stays at its default; so does everything
+// when there is no such file.
+ConsolePorts ReadConsolePorts(const QString& path);
