@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing, and says so first.
-# usage: install_packages.sh SET...   (sets: build demo test bench)
+# usage: install_packages.sh SET...   (sets: build demo test package fuzz bench)
 set -euo pipefail
 
 declare -A sets=(
   [build]="g++ cmake ninja-build pkg-config qtbase5-dev libqt5webkit5-dev libpcre2-dev libsodium-dev fonts-liberation python3"
   [demo]="xvfb xauth openbox xdotool wmctrl xclip imagemagick x11-utils"
-  [test]="libgtest-dev clang-format-14 git socat lrzsz netcat-openbsd picocom"
+  [test]="libgtest-dev clang-format-14 git socat lrzsz netcat-openbsd picocom desktop-file-utils appstream mandoc udev umockdev"
+  [package]="dpkg-dev lintian"
   [fuzz]="clang libclang-rt-14-dev"
   [bench]="libbenchmark-dev"
 )
