@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <csignal>
 
@@ -40,15 +41,13 @@ struct Vector {
 // The vectors of the document that describes the format.
 static std::vector<Vector> Vectors() {
     std::vector<Vector> vectors;
-    const QByteArray document = Contents(KWCC_SOURCE_DIR "/docs/ENCODED-SOURCES.md");
-    const QByteArray start = "```\npassphrase ";
-    for (int at = 0; (at = document.indexOf(start, at)) >= 0;) {
-        at += start.size();
-        const QByteArray block = document.mid(at, document.indexOf("```", at) - at);
-        const int second = block.indexOf("\nplain "), third = block.indexOf("\nKWHEX");
-        vectors.push_back({QByteArray::fromHex(block.left(second)),
-                           QByteArray::fromHex(block.mid(second + 7, third - second - 7)),
-                           block.mid(third + 1)});
+    const QString document =
+        QString::fromUtf8(Contents(KWCC_SOURCE_DIR "/docs/ENCODED-SOURCES.md"));
+    const QRegularExpression block("passphrase (\\w+)\nplain (\\w+)\n(KWHEX[^`]+)```");
+    for (auto found = block.globalMatch(document); found.hasNext();) {
+        const QStringList parts = found.next().capturedTexts();
+        vectors.push_back({QByteArray::fromHex(parts[1].toLatin1()),
+                           QByteArray::fromHex(parts[2].toLatin1()), parts[3].toLatin1()});
     }
     return vectors;
 }
@@ -92,29 +91,18 @@ TEST(EncodedSources, SpoiltInAnyWayGiveNothing) {
 }
 
 TEST(EncodedSources, AreBoundedBeforeAnythingIsDerived) {
-    struct Row {
-        const char* cost;
-        EncodedFault fault;
-    };
     // A derivation at a refused cost would take minutes, or all memory.
-    const Row rows[] = {{"1 8", EncodedFault::kNone},
-                        {"8 524288", EncodedFault::kNone},
-                        {"9 8", EncodedFault::kTooCostly},
-                        {"0 8", EncodedFault::kTooCostly},
-                        {"1 7", EncodedFault::kTooCostly},
-                        {"1 524289", EncodedFault::kTooCostly},
-                        {"4294967295 8", EncodedFault::kTooCostly},
-                        {"4294967297 8", EncodedFault::kDamaged},
-                        {"01 8", EncodedFault::kDamaged},
-                        {"-1 8", EncodedFault::kDamaged},
-                        {"1 8 1", EncodedFault::kDamaged},
-                        {"1  8", EncodedFault::kDamaged},
-                        {"+1 8", EncodedFault::kDamaged}};
-    for (const Row& row : rows) {
-        EncodedSource source;
-        QByteArray file = Vectors()[0].file;
-        file.replace("argon2id 1 8\n", QByteArray("argon2id ") + row.cost + '\n');
-        EXPECT_EQ(ParseEncodedSource(file, source), row.fault) << row.cost;
+    const std::pair<EncodedFault, QByteArrayList> rows[] = {
+        {EncodedFault::kNone, {"1 8", "8 524288"}},
+        {EncodedFault::kTooCostly, {"9 8", "0 8", "1 7", "1 524289", "4294967295 8"}},
+        {EncodedFault::kDamaged, {"4294967297 8", "01 8", "-1 8", "1 8 1", "1  8", "+1 8"}}};
+    for (const auto& [fault, costs] : rows) {
+        for (const QByteArray& cost : costs) {
+            EncodedSource source;
+            QByteArray file = Vectors()[0].file;
+            file.replace("argon2id 1 8\n", "argon2id " + cost + '\n');
+            EXPECT_EQ(ParseEncodedSource(file, source), fault) << cost.toStdString();
+        }
     }
     QByteArray file;
     EncodedHeader header = NewEncodedHeader();
