@@ -39,7 +39,14 @@ class FileManager:
     def click(self, place):
         self.desktop.run("xdotool", "mousemove", "--window", self.window, str(place[0]),
                          str(place[1]), "click", "1")
-        time.sleep(0.2)
+        # Keys sent before the window is the active one would go to the board.
+        wait_for("active file manager", lambda: self.desktop.output(
+            ["xdotool", "getactivewindow"]).strip() == self.window or self.dialog())
+        time.sleep(0.3)
+
+    def dialog(self):
+        return self.desktop.output(["xdotool", "search", "--onlyvisible", "--name",
+                                    "^(New folder|Warning!|Notice)$"]).strip()
 
     def keys(self, *keys):
         self.desktop.run("xdotool", "key", "--delay", "40", *keys)
