@@ -5,6 +5,12 @@
 
 #include "ui/InterfaceLayer.h"
 
+// Asked by AddressSanitizer, also when a test program is started by hand. With its frames
+// on the kernel's stack it takes what the unwinding of a killed thread leaves for a fault.
+extern "C" const char* __asan_default_options() {
+    return "detect_stack_use_after_return=1";
+}
+
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     // The build lists the tests of a program by running it, where no display is.
