@@ -26,6 +26,8 @@ void CreateApplication(char** argv) {
     QGuiApplication::setFallbackSessionManagementEnabled(false);
     application = new QApplication(toolkitArgumentCount, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    // By this name a Wayland desktop finds the icon.
+    QGuiApplication::setDesktopFileName("kewlink-console");
     // Every pointer move counts for a selection, those of a burst too. The platform's own
     // start turns the compression on.
     QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
