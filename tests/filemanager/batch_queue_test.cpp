@@ -50,25 +50,33 @@ TEST_F(BatchQueue, StepsWithoutAFile) {
     const struct {
         void (*entry)(const QString&);
         QString command, printed;
-        bool quietAfter;
+        bool quiet, quietAfter;
     } rows[] = {
-        {BatchSend, kQueueNext, "", false},         {BatchReceive, kQueueNext, "", true},
-        {BatchSend, kQueueAbort, "", false},        {BatchReceive, kQueueAbort, "", true},
-        {BatchSend, "\n", "Finished", false},       {BatchReceive, "", "Finished", false},
-        {BatchSend, kQueueNext, "Finished", false},  // one past the end, again and again
-        {BatchSend, kQueueAbort, "", false},        {BatchSend, kQueueNext, "", false},
+        {BatchSend, kQueueNext, "", true, false},
+        {BatchReceive, kQueueNext, "", true, true},
+        {BatchSend, kQueueAbort, "", true, false},
+        {BatchReceive, kQueueAbort, "", true, true},
+        {BatchSend, "\n", "Finished", true, false},
+        {BatchReceive, "", "Finished", false, false},
+        {BatchSend, kQueueNext, "Finished", true, false},  // one past the end, again and again
+        {BatchSend, kQueueAbort, "", false, false},
+        {BatchSend, kQueueNext, "", true, false},
     };
     for (const auto& row : rows) {
         SetPasteSource(true);
         const int64_t start = clock.Now();
-        bool busy = false;
-        clock.onTick = [&](int64_t) { busy = linkStatus.queueBusy; };
+        bool busy = false, quiet = false;
+        clock.onTick = [&](int64_t) {
+            busy = linkStatus.queueBusy;
+            quiet = linkStatus.quietTerminal;
+        };
         device.Write("> ");
         row.entry(row.command);
         EXPECT_EQ(TakeCapture(), row.printed + "> ");
         EXPECT_EQ(device.Read(), "\r");
         EXPECT_EQ(clock.Now() - start, linkSettings.lineDelay);
         EXPECT_TRUE(busy && !linkStatus.queueBusy);
+        EXPECT_EQ(quiet, row.quiet);
         EXPECT_EQ(linkStatus.quietTerminal, row.quietAfter);
         EXPECT_FALSE(uploadSource.pasteSource);
     }
@@ -77,7 +85,8 @@ TEST_F(BatchQueue, StepsWithoutAFile) {
 // Which way a file goes; the link is down, so no worker starts and nothing else is done.
 TEST_F(BatchQueue, TheRoadOfAFile) {
     VirtualClock clock;
-    const QString bas = MakeFile("a.Bas"), bin = MakeFile("b.bin"), bare = MakeFile("bare");
+    const QString bas = MakeFile("a.Bas"), bin = MakeFile("b.bin", std::string(4000, 'x')),
+                  bare = MakeFile("bare");
     const QString large = MakeFile("c.dat", std::string(4001, 'x'));
     const QString lists[] = {bas, bas + "\n" + bin, bin, large, bare, "/none/x.UF2"};
     const QString tried = "not set failed!Check port then try again";

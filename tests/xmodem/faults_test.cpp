@@ -143,10 +143,11 @@ TEST_F(FaultBench, FilesOfThePcThatCannotBeUsed) {
     mkfifo((here + "/pipe").c_str(), 0600);
     WriteFile(here + "/locked", std::string(200, 'l'));
     chmod((here + "/locked").c_str(), 0);
-    chmod(here.c_str(), 0555);
-    setfsuid(65534);  // root reads and writes everything
     for (const char* name : {"/none/pc.bin", "", "/pipe", "/new", "/locked"}) {
         const int there = access((here + name).c_str(), F_OK);
+        const bool locked = !strcmp(name, "/new") || !strcmp(name, "/locked");
+        chmod(here.c_str(), locked ? 0555 : 0700);
+        setfsuid(locked ? 65534 : geteuid());  // root reads and writes everything
         for (const char trouble : {'O', 'C'}) {
             SendingDevice sender;
             sender.content = zeros;
@@ -167,11 +168,16 @@ TEST_F(FaultBench, FilesOfThePcThatCannotBeUsed) {
     rlimit before = {};
     getrlimit(RLIMIT_FSIZE, &before);
     const rlimit full = {200, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &full);
     for (const bool fails : {false, true}) {
+        setrlimit(RLIMIT_FSIZE, &full);
         SendingDevice sender;
         sender.content = RandomBytes(512);
         AttachWithTrouble(sender, 'C', fails ? 450 : 5000);
+        // There is room again before the last two blocks.
+        device = [=, act = device, from = clock.Now() + 425](int64_t now, const std::string& came) {
+            if (now >= from) setrlimit(RLIMIT_FSIZE, &before);
+            return act(now, came);
+        };
         EXPECT_TRUE(Fetch().endsWith(fails ? "File transfer failed" : "Completed OK"));
         EXPECT_EQ(Content(), fails ? "" : sender.content.substr(0, 200));
         EXPECT_NE(FileThere(), fails);

@@ -137,4 +137,21 @@ TEST_F(ReceiveBench, WhatWaitsBehindTheEchoIsDroppedButSeen) {
     }
 }
 
+// Its head when it is looked for, the rest later; then far more than fits.
+TEST_F(ReceiveBench, AFrameInPieces) {
+    for (const size_t rest : {32, 1040}) {
+        const std::string good = FrameOf(1, Block(1)),
+                          more = good.substr(100) + std::string(1008, 'x');
+        Answer({"", {kEotByte}});
+        if (rest > 32) Answer({"", good, {kEotByte}});
+        device = [&, from = clock.Now() + 345](int64_t now, const std::string& came) {
+            if (now == from) return good.substr(0, 100);
+            return now == from + 10 ? more.substr(0, rest) : Next(came);
+        };
+        EXPECT_EQ(Fetch(),
+                  QString(kEcho) + (rest == 32 ? "" : "Long Block in #1") + "Completed OK");
+        EXPECT_EQ(Content(), Block(1));
+    }
+}
+
 }  // namespace

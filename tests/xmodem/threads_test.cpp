@@ -105,6 +105,7 @@ TEST_F(TransferThreads, KilledInASleep) {
     EXPECT_TRUE(FileThere());
     EXPECT_EQ(Held(), kept);
     StartReceiving();
+    EXPECT_TRUE(XmodemReceiveWorkerRuns());
     EXPECT_TRUE(LoopUntil(Ended));
     EXPECT_EQ(Content(), sending.content);
 }
