@@ -22,7 +22,7 @@ LONG_LINE = 1_000_000
 LONGEST_CHUNK = 5000
 LEAST_RATE = 400_000     # bytes a second over the bridge; not asked of a sanitized build
 MOST_GROWTH = 30         # MB of resident memory; the same
-LONGEST_EXIT = 8         # seconds: 3 for each server's worker, and the rest of the shutdown
+LONGEST_EXIT = 10        # seconds: 3 for each server's worker, and the rest of the shutdown
 NOISE = random.Random(7).randbytes(1 << 20)  # no UTF-8, and every byte
 
 
