@@ -31,12 +31,14 @@ class Board(threading.Thread):
 
     def __init__(self, link):
         super().__init__(daemon=True)
-        self.link, self.arrived = link, bytearray()
+        self.link, self.arrived, self.reads = link, bytearray(), threading.Event()
+        self.reads.set()
         self.start()
 
     def run(self):
         while block := self.link.recv(65536):
             self.arrived += block
+            self.reads.wait()
 
     def take(self, count):
         wait_for(f"{count} bytes at the board", lambda: len(self.arrived) >= count, 20, 0.001)
@@ -109,13 +111,15 @@ class Load:
               "each one's bytes whole")
         self.check_rss("crowd")
 
-    def stream(self, size, least):
+    def stream(self, size, least, meanwhile=None):
         """One client with chunks of 1 to 5000 bytes, byte for byte."""
         client = self.connect(self.data)
         stop = threading.Event()
+        sent = 0
 
         def send():
-            chance, sent = random.Random(5), 0
+            nonlocal sent
+            chance = random.Random(5)
             while sent < size and not stop.is_set():
                 at = sent % (len(NOISE) - LONGEST_CHUNK)
                 piece = NOISE[at:at + min(chance.randint(1, LONGEST_CHUNK), size - sent)]
@@ -128,6 +132,8 @@ class Load:
         cpu = self.bench.cpu_seconds()
         sender.start()
         try:
+            if meanwhile:
+                meanwhile(lambda: sent)
             while taken < size:
                 at = taken % (len(NOISE) - LONGEST_CHUNK)
                 piece = min(size - taken, 100_000, len(NOISE) - LONGEST_CHUNK - at)
@@ -143,6 +149,24 @@ class Load:
               f"{size / max(cpu, 0.01) / 1000:.0f} kB per CPU second of the console")
         assert QUICK or size / seconds >= least, size / seconds
         self.check_rss("stream")
+
+    def busy_board(self, sent):
+        """The board stops reading until the client is held up. The console answers all the same."""
+        self.board.reads.clear()
+        last = [-1, 0.0]
+
+        def held():
+            if sent() != last[0]:
+                last[:] = sent(), time.monotonic()
+            return time.monotonic() - last[1] > 2
+        wait_for("a client that is held up", held, 60)
+        start = time.monotonic()
+        with self.connect(self.control) as client:
+            client.sendall(b"/load /is/it/there.bas\r")
+            self.bench.console.wait_text("/is/it/there.bas", 10)
+        print(f"board not reading, client held up after {sent() / 1e6:.1f} MB: "
+              f"an answer after {time.monotonic() - start:.1f} s")
+        self.board.reads.set()
 
     def deaf(self):
         """A client that never reads what the board sends it."""
@@ -219,6 +243,8 @@ class Load:
 with Load(mode=1) as load:
     load.crowd()
     load.stream(STREAM, LEAST_RATE)
+    if not QUICK:
+        load.stream(20_000_000, 0, load.busy_board)
     load.deaf()
     load.commands()
     load.leave()

@@ -43,8 +43,8 @@ struct Tool {
     LocalClient client{port};
     size_t sent = 0, taken = 0;
 
-    // Sends, and serves the loop until all of it was handled.
-    void Say(const std::string& bytes) {
+    // Sends, and serves the loop until all of it was handled. The device reads all the while.
+    void Say(const std::string& bytes, FarEnd& device, std::string& arrived) {
         client.Write(bytes);
         for (sent += bytes.size(); taken < sent;) {
             const int32_t event = WaitForEvent(1000);
@@ -52,6 +52,7 @@ struct Tool {
                 taken += static_cast<size_t>(FindServer(identity)->length);
             // What the terminal answers would stand among the bytes that are compared.
             if (event != kEventTerminalReply) DispatchEvent(event, EventWindow());
+            arrived += device.Read();
         }
         client.Read();
         client.received.clear();
@@ -104,23 +105,23 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (size == 0) return 0;
     SetTerminalMode(data[0] % kModes);
-    std::string toDevice;
+    std::string toDevice, arrived;
     for (size_t at = 1; at + 1 < size;) {
         const int kind = data[at] % 3;
         const size_t length = std::min<size_t>(1 + data[at] / 3 * kSliceStep, size - at - 1);
         const std::string slice(reinterpret_cast<const char*>(data + at + 1), length);
         at += 1 + length;
         if (kind == 0) {
-            session->data.Say(slice);
+            session->data.Say(slice, session->device, arrived);
             toDevice += slice;
         } else if (kind == 1) {
-            session->control.Say(Harmless(slice));
+            session->control.Say(Harmless(slice), session->device, arrived);
         } else {
             session->device.Write(slice);
             PollLink();
         }
     }
-    if (session->device.Read() != toDevice) abort();
+    if (arrived != toDevice) abort();
     TakeReplyText();
     DropQueuedEvents(kEventTerminalReply, kNone);
     EmptyFolder();

@@ -1,6 +1,7 @@
 #include "link/Descriptor.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -19,6 +20,12 @@ int AboveStandardStreams(int fd) {
 DescriptorUse::DescriptorUse(const SharedDescriptor& used) : users(used.users) {
     ++users;
     fd = used.fd;
+}
+
+bool TakesBytes(const SharedDescriptor& descriptor) {
+    const DescriptorUse use(descriptor);
+    pollfd ready = {use.fd, POLLOUT, 0};
+    return use.fd < 1 || poll(&ready, 1, 0) != 0;
 }
 
 void ReplaceDescriptor(SharedDescriptor& descriptor, int fd) {

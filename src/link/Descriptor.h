@@ -39,6 +39,10 @@ class DescriptorUse {
     std::atomic<int>& users;
 };
 
+// Whether a write would be taken at once. True as well for no descriptor and for a failed
+// one: what is written there is lost, and there is nothing to wait for. Any thread.
+bool TakesBytes(const SharedDescriptor& descriptor);
+
 // Puts `fd` (0 for none) in the place of the earlier descriptor, then closes that one.
 // A socket is shut down first, which ends a send(2) that waits for the peer; the number
 // is given back only when no other thread is inside an operation on it, since it could

@@ -64,6 +64,12 @@ int64_t SendBytes(const void* buffer, int64_t count) {
     return WriteSerialBytes(buffer, static_cast<int>(std::min<int64_t>(count, INT_MAX)));
 }
 
+int LinkRoom() {
+    if (linkStatus.deviceOnTcpip) return TakesBytes(linkStatus.netLink) ? INT_MAX : 0;
+    if (!SerialLinkIsOpen()) return INT_MAX;
+    return SerialTakesBytes() ? kSerialRoom : 0;
+}
+
 int64_t SendText(const QString& text) {
     int64_t taken = 0;
     int next = 0;

@@ -24,6 +24,10 @@ constexpr int64_t kWaitForLine = -1;
 constexpr int64_t kWaitForPrompt = -2;
 extern const QString kTimeout;  // "***TIMEOUT***"
 
+// Bytes that a serial line takes whole when it says that it takes any: Linux says so while
+// fewer than 256 wait in the driver, whose buffer has 4096 as a rule.
+constexpr int kSerialRoom = 2048;
+
 // Allocates the two blocks of `Comms buffer size` bytes, filled with zeros; frees them.
 // A block that is used before is allocated by that use.
 void AllocateLinkBuffers();
@@ -38,6 +42,9 @@ int LinkBufferSize();
 
 // Writes to the transport in one call, with no retry. Its result, or -1 with no link.
 int64_t SendBytes(const void* buffer, int64_t count);
+// How many bytes SendBytes can be given now without a wait or a loss: 0 while the line
+// still holds earlier ones. No link takes any number. Any thread.
+int LinkRoom();
 // One byte for each code unit below 256, others left out; the count sent is the text's
 // length all the same: a 0 byte stands behind the last character, and bytes of earlier
 // texts make up the count. A text longer than the block goes in pieces of the block's

@@ -59,6 +59,10 @@ int WriteSerialBytes(const void* buffer, int count) {
     return static_cast<int>(std::max<ssize_t>(write(use.fd, buffer, count), 0));
 }
 
+bool SerialTakesBytes() {
+    return TakesBytes(serialLink);
+}
+
 void CloseSerialLink() {
     ReplaceDescriptor(serialLink, 0);
 }

@@ -18,6 +18,8 @@ void AwaitSerialBytes(int64_t ms);
 // One read(2) and one write(2). 0 for none, for an error, and for no link.
 int ReadSerialBytes(void* buffer, int count);
 int WriteSerialBytes(const void* buffer, int count);
+// Whether a write of some hundred bytes would be taken whole; true for no link. Any thread.
+bool SerialTakesBytes();
 void CloseSerialLink();
 // Sets or clears DTR; true when the line then reads as asked.
 bool SetSerialDtr(bool on);

@@ -81,14 +81,14 @@ void WakeServer(const ServerSockets& sockets) {
     if (sockets.wake > 0) eventfd_write(sockets.wake, 1);
 }
 
-ServerEvent TakeServerEvent(ServerSockets& sockets) {
+ServerEvent TakeServerEvent(ServerSockets& sockets, bool data) {
     if (const int fd = AcceptClient(sockets)) return {ServerEventKind::kNewClient, fd};
     for (size_t i = 0; i < sockets.clients.size(); ++i) {
         const int fd = sockets.clients[i];
         char bytes[kPeekedBytes];
         const ssize_t count = recv(fd, bytes, sizeof bytes, MSG_PEEK);
-        if (count > 0) return {ServerEventKind::kData, fd};
-        if (count < 0) continue;  // nothing there, or an error that the next call tells as gone
+        if (count > 0 && data) return {ServerEventKind::kData, fd};
+        if (count != 0) continue;  // nothing there, or an error that the next call tells as gone
         sockets.clients.erase(sockets.clients.begin() + static_cast<std::ptrdiff_t>(i));
         return {ServerEventKind::kClientGone, fd};
     }

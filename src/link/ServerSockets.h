@@ -40,8 +40,9 @@ void WakeServer(const ServerSockets& sockets);
 
 // One event at the most, without waiting: a new client goes before all others, then the
 // first in the list that has sent something or has gone. A client that has gone is off
-// the list; its descriptor stays open for the caller to close.
-ServerEvent TakeServerEvent(ServerSockets& sockets);
+// the list; its descriptor stays open for the caller to close. Without `data`, what was
+// sent stays where it is, and its client is passed over.
+ServerEvent TakeServerEvent(ServerSockets& sockets, bool data);
 
 // Closes the listening socket and those of all clients.
 void CloseServer(ServerSockets& sockets);

@@ -8,6 +8,7 @@
 #include "base/DecodeLinkText.h"
 #include "base/Numbers.h"
 #include "base/Pacing.h"
+#include "link/LinkPrimitives.h"
 #include "link/LinkSettings.h"
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/TerminalScreen.h"
@@ -50,8 +51,16 @@ void Welcome(ServerRecord& record, int client) {
     send(client, welcome.constData(), static_cast<size_t>(welcome.size()), MSG_NOSIGNAL);
 }
 
-void TakeChunk(ServerRecord& record, int client) {
-    record.length = recv(client, record.buffer.data(), record.buffer.size(), 0);
+// How much of a chunk can be taken. A board that does not read, or a line slower than the
+// tool, holds the tool back: its bytes wait in its socket, and neither are any lost nor does
+// the interface thread wait in a send.
+size_t RoomForChunk(const ServerRecord& record) {
+    const size_t whole = record.buffer.size();
+    return record.identity == kDataServerIdentity ? std::min<size_t>(LinkRoom(), whole) : whole;
+}
+
+void TakeChunk(ServerRecord& record, int client, size_t room) {
+    record.length = recv(client, record.buffer.data(), room, 0);
     record.text = DecodeLinkText(record.buffer.data(), record.length);
     HandOverChunk(record);
     std::fill(record.buffer.begin(), record.buffer.end(), uint8_t{0});
@@ -65,12 +74,14 @@ void DropClient(ServerRecord& record, int client) {
     if (linkSettings.debugMode) TerminalPrintLine(kPlainVideo + QString("Net Disconnected"));
 }
 
-void ActOn(ServerRecord& record, const ServerEvent& event) {
+void TakeTurn(ServerRecord& record) {
+    const size_t room = RoomForChunk(record);
+    const ServerEvent event = TakeServerEvent(record.sockets, room > 0);
     if (event.kind == ServerEventKind::kNone) return;
     if (event.kind == ServerEventKind::kClientGone) return DropClient(record, event.client);
     record.client.fd = event.client;
     if (event.kind == ServerEventKind::kNewClient) return Welcome(record, event.client);
-    TakeChunk(record, event.client);
+    TakeChunk(record, event.client, room);
 }
 
 }  // namespace
@@ -81,7 +92,7 @@ void ServerWorker(void* argument) {
     while (!record.quit) {
         WaitForServerEvent(record.sockets);
         if (record.quit) break;
-        ActOn(record, TakeServerEvent(record.sockets));
+        TakeTurn(record);
         SleepMs(kServerPace);
     }
     ForgetClient(record);

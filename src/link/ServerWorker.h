@@ -5,7 +5,8 @@
 #include "link/ServerRecord.h"
 
 // Pause behind each turn of the worker, in milliseconds: with a chunk a turn, a server
-// takes 500 kB a second at the most. While nothing comes, the worker sleeps in poll(2).
+// takes 500 kB a second at the most, and 200 kB with the board on a serial line. While
+// nothing comes, the worker sleeps in poll(2).
 constexpr int64_t kServerPace = 10;
 
 // Thread body; the argument is the ServerRecord. Returns once `quit` is set, or at once

@@ -82,12 +82,23 @@ TEST_F(ServerChunkThreads, EachModeShowsAndForwardsItsDirections) {
         const std::string forwarded = row.forwards ? "dd" : "";
         EXPECT_TRUE(Until([&] { return client.Read() == forwarded; })) << row.mode;
     }
-    LocalClient client(linkSettings.dataPort);
-    std::string bytes, arrived;
-    for (int i = 0; i < 20000; ++i) bytes += static_cast<char>(i * 11);
-    client.Write(bytes);
-    ASSERT_TRUE(Until([&] { return (arrived += device.Read()).size() >= bytes.size(); }));
-    EXPECT_EQ(arrived, bytes);
+}
+
+// A device that does not read holds the tool back, not the console, and nothing is lost.
+TEST_F(ServerChunkThreads, EveryByteReachesASlowDevice) {
+    std::string bytes;
+    for (int i = 0; i < 300000; ++i) bytes += static_cast<char>(i * 11 + i / 251);
+    for (const bool overTcp : {false, true}) {
+        FarEnd slow(overTcp);
+        LocalClient client(linkSettings.dataPort);
+        client.Write(bytes);
+        ASSERT_TRUE(Until([] { return LinkRoom() == 0; }));
+        for (int event; (event = WaitForEvent(100)) != kNoEvent;)
+            DispatchEvent(event, EventWindow());
+        std::string arrived;
+        ASSERT_TRUE(Until([&] { return (arrived += slow.Read()).size() >= bytes.size(); }));
+        EXPECT_EQ(arrived, bytes);
+    }
 }
 
 TEST_F(ServerChunkThreads, Commands) {
