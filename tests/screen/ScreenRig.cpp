@@ -1,13 +1,7 @@
 #include "tests/screen/ScreenRig.h"
 
-#include "base/Numbers.h"
-#include "terminal/screen/TerminalScreen.h"
-#include "terminal/screen/TerminalSettings.h"
-#include "terminal/screen/TerminalSizing.h"
-#include "terminal/screen/VtParser.h"
 #include "ui/CanvasGadget.h"
 #include "ui/ContainerGadget.h"
-#include "ui/Drawing.h"
 #include "ui/ScrollBarGadget.h"
 #include "ui/TextGadget.h"
 #include "ui/Windows.h"

@@ -6,6 +6,18 @@
 #include <QString>
 #include <string>
 
+#include "base/LineEnding.h"
+#include "base/Numbers.h"
+#include "terminal/screen/Capture.h"
+#include "terminal/screen/TerminalPainters.h"
+#include "terminal/screen/TerminalScreen.h"
+#include "terminal/screen/TerminalSettings.h"
+#include "terminal/screen/TerminalSizing.h"
+#include "terminal/screen/VtParser.h"
+#include "ui/Drawing.h"
+#include "ui/Gadgets.h"
+#include "ui/InterfaceEvent.h"
+
 // Opens the window and sets the terminal up from the settings as they stand.
 void OpenScreenRig();
 

@@ -1,12 +1,7 @@
 // The plain and the hex monitor: which byte stands in which cell, and what stays as it was.
 #include <gtest/gtest.h>
 
-#include "base/LineEnding.h"
-#include "base/Numbers.h"
-#include "terminal/screen/Capture.h"
 #include "terminal/screen/MonitorViews.h"
-#include "terminal/screen/TerminalScreen.h"
-#include "terminal/screen/TerminalSizing.h"
 #include "tests/screen/ScreenRig.h"
 
 namespace {

@@ -1,16 +1,10 @@
 // Selecting with the mouse: which cells light up on the way, and what is copied.
 #include <gtest/gtest.h>
 
-#include "base/Numbers.h"
 #include "terminal/screen/Selection.h"
-#include "terminal/screen/TerminalPainters.h"
-#include "terminal/screen/TerminalScreen.h"
-#include "terminal/screen/TerminalSettings.h"
-#include "terminal/screen/TerminalSizing.h"
 #include "tests/screen/ScreenRig.h"
 #include "ui/CanvasEventData.h"
 #include "ui/DragDrop.h"
-#include "ui/InterfaceEvent.h"
 #include "ui/WaitWindowEvent.h"
 #include "ui/Windows.h"
 

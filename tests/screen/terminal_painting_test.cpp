@@ -1,22 +1,14 @@
-// The screen model and its painters against a plain terminal, and the looks that are meant
-// although they seem to be slips.
+// The painters against a plain one, and the list of lines.
 #include <gtest/gtest.h>
 
 #include <random>
-#include <tuple>
 
-#include "base/Numbers.h"
-#include "terminal/screen/TerminalPainters.h"
-#include "terminal/screen/TerminalScreen.h"
-#include "terminal/screen/TerminalSettings.h"
-#include "terminal/screen/TerminalSizing.h"
-#include "terminal/screen/VtParser.h"
-#include "tests/screen/PlainTerminal.h"
 #include "tests/screen/ScreenRig.h"
-#include "ui/Drawing.h"
-#include "ui/Gadgets.h"
+#include "ui/CanvasGadget.h"
 
 namespace {
+
+constexpr int kPlain = kDeviceList;  // a canvas here
 
 void UseSettings(int cols, int rows, int scrollBack, bool dark) {
     TerminalSettings& settings = TerminalSettingsForTable();
@@ -26,156 +18,202 @@ void UseSettings(int cols, int rows, int scrollBack, bool dark) {
     settings.darkBackground = dark;
 }
 
-bool SameCell(const TerminalCell& a, const TerminalCell& b) {
-    return a.ch == b.ch && a.attr == b.attr && a.bg == b.bg && a.fg == b.fg;
-}
-
-void Compare(const PlainTerminal& plain) {
-    const TerminalScreen &a = terminalScreen, &b = plain.state;
-    ASSERT_EQ(std::tie(a.cursorX, a.cursorY, a.topLine, a.topLimit, a.curFg),
-              std::tie(b.cursorX, b.cursorY, b.topLine, b.topLimit, b.curFg));
-    ASSERT_EQ(TerminalLineCount(), a.rows + 1 + a.topLimit);
-    for (int i = 0; i < TerminalLineCount(); ++i) {
-        const TerminalLine &line = *TerminalLineAt(i), &other = plain.lines[i];
-        ASSERT_EQ(line.length, other.length) << "element " << i;
-        ASSERT_TRUE(std::equal(line.cells, line.cells + kLineCells, other.cells, SameCell)) << i;
+// Random use of the terminal. Each step is also painted at once on a second canvas, from
+// the cells as they are stored: one by one, with nothing kept from the step before.
+class TerminalPainting : public testing::Test {
+  protected:
+    TerminalPainting() {
+        OpenScreenRig();
+        CanvasGadget(kPlain, 0, 0, 9, 9, 0);
     }
-    ASSERT_EQ(TerminalLineAt(-1), nullptr);
-    ASSERT_EQ(TerminalLineAt(TerminalLineCount()), nullptr);
-    plain.picture.ExpectEqual(TerminalPicture());
-}
-
-class RandomUse {
-  public:
-    explicit RandomUse(unsigned seed) : random(seed) {}
 
     int Number(int least, int most) {
         return std::uniform_int_distribution<int>(least, most)(random);
     }
+    static int X(int column) { return (column - 1) * metrics.charWidth + 2; }
+    static int Y(int row) { return (row - 1) * metrics.charHeight + 2; }
 
-    void Step(PlainTerminal* plain) {
-        const int lines = Number(0, 5) ? 1 : Number(-1, 12);
-        const int mode = Number(-1, 3);
-        switch (Number(0, 8)) {
-            case 0:
-                return Move(plain);
-            case 1:
-                return Look(plain);
-            case 2:
-                TerminalEraseLine(mode);
-                return plain->Erase(mode);
-            case 3:
-                TerminalScrollDown(lines);
-                return plain->ScrollDown(std::max(lines, 0));
-            case 4:
-            case 5:
-                TerminalScrollUp(lines);
-                return plain->ScrollUp(std::max(lines, 0));
-            case 6:
-                return Rare(plain);
-            default:
-                return Put(plain);
+    static void Cell(int x, int y, const TerminalCell& cell, bool fill, int width) {
+        uint32_t front = cell.attr & 16 ? cell.bg : cell.fg, back = cell.bg;
+        if (cell.attr & 8) front = screen.dimColour;
+        if (cell.attr & 4) std::swap(front, back);
+        const int font = cell.attr & 1   ? metrics.boldFont
+                         : cell.attr & 2 ? metrics.thirdFont
+                                         : metrics.normalFont;
+        const CellLook look = {front, back, static_cast<int16_t>(font), fill || cell.attr & 4};
+        const CellRun run = {&cell.ch, 1, look};
+        DrawCells(x, y, &run, 1, {0, width, metrics.charHeight});
+    }
+    // Past the last line held, that line stands again.
+    static void Rows(int first, int last, bool fill) {
+        const TerminalLine* line = nullptr;
+        for (int row = std::max(first, 1); row <= last; ++row) {
+            if (const TerminalLine* next = TerminalLineAt(screen.topLine + row)) line = next;
+            for (int c = 1; c <= line->length; ++c)
+                Cell(X(c), Y(row) - 2, line->cells[c], fill, metrics.charWidth + fill);
         }
     }
-
-  private:
-    void Move(PlainTerminal* plain) {
-        // Beyond the last column too, where the hex monitor writes.
-        plain->state.cursorX = Number(1, Number(0, 9) ? plain->state.cols : kLastColumn);
-        plain->state.cursorY = Number(1, plain->state.rows);
-        MoveTerminalCursor(plain->state.cursorX, plain->state.cursorY);
+    static void Row(int x, int width) {
+        DrawBox(x, Y(screen.cursorY), width, metrics.charHeight, screen.curBg);
+    }
+    static void Bar(int x, int y, uint32_t colour) {
+        DrawBox(x, y + metrics.charHeight - 2, metrics.charWidth, 2, colour);
+    }
+    static void Fill(uint32_t colour) {
+        DrawBox(0, 0, terminalSettings.canvasWidth, terminalSettings.canvasHeight, colour);
     }
 
-    void Look(PlainTerminal* plain) {
+    void Put() {
+        std::u16string text;
+        for (int count = Number(1, Number(0, 9) ? 12 : 300); count > 0; --count)
+            text += static_cast<char16_t>(Number(0, 30) ? Number(' ', '~') : Number(0, 0xFFFF));
+        int x = screen.cursorX;
+        TerminalPutText(text.data(), static_cast<int>(text.size()));
+        StartDrawing(kPlain);
+        TerminalCell cell = {0, int16_t(screen.textAttr), screen.curBg, screen.curFg};
+        for (const char16_t c : text) {
+            cell.ch = c;
+            Cell(X(x), Y(screen.cursorY), cell, true, metrics.charWidth + 1);
+            x = std::min(x + 1, screen.cols);
+        }
+    }
+    void Erase() {
+        const int mode = Number(-1, 3), x = X(screen.cursorX);
+        TerminalEraseLine(mode);
+        StartDrawing(kPlain);
+        if (mode == 0) Row(x, terminalSettings.canvasWidth - x);
+        if (mode == 1) Row(0, x - 2);
+        if (mode == 2) Row(0, terminalSettings.canvasWidth);
+    }
+    void Scroll(bool up) {
+        const int asked = Number(0, 5) ? 1 : Number(-1, 12), n = std::max(asked, 0);
+        up ? TerminalScrollUp(asked) : TerminalScrollDown(asked);
+        StartDrawing(kPlain);
+        if (n == 0) return;
+        const int shift = n * metrics.charHeight, height = terminalSettings.canvasHeight;
+        Bar(X(screen.cursorX), Y(screen.cursorY), screen.defaultBg);
+        if (up) {
+            MovePicture(shift + 2, height - shift - 1, 2, screen.defaultBg);
+            Rows(screen.rows - n, screen.rows, true);
+        } else {
+            MovePicture(2, height - shift, 2 + shift, screen.defaultBg);
+            Rows(1, screen.rows + n, true);
+            DrawBox(0, 0, terminalSettings.canvasWidth, 2, screen.defaultBg);
+        }
+    }
+    void Repaint() {
+        TerminalRepaint();
+        StartDrawing(kPlain);
+        Fill(screen.defaultBg);
+        Rows(1, screen.rows, false);
+    }
+    void Blink() {
+        static bool lit = false, drawn = false;
+        static int x = 0, y = 0;
+        static uint32_t under = 0;
+        NotifyCursorBlink();
+        lit = !lit;
+        StartDrawing(kPlain);
+        if (drawn) Bar(x, y, under);
+        x = X(screen.cursorX);
+        y = Y(screen.cursorY);
+        drawn = true;
+        under = TerminalLineAt(screen.topLine + screen.cursorY)->cells[screen.cursorX].bg;
+        Bar(x, y, lit && screen.cursorVisible ? screen.curFg : under);
+    }
+    void Rare() {
+        const int kind = Number(0, 19);
+        if (kind == 0) return Repaint();
+        if (kind > 9) return Blink();
+        if (kind > 1) return;
+        StartDrawing(kPlain);
+        Fill(screen.curBg);
+        StopDrawing();
+        ClearTerminal(kTerminalCanvas);
+    }
+    // Beyond the last column too, where the hex monitor writes.
+    void Look() {
         static const int kAttributes[] = {0, 1, 2, 4, 8, 16, 28};
         static const uint32_t kColours[] = {0xFFFFFF, 0, 0x00CD00, 0xE10000};
-        plain->state.textAttr = kAttributes[Number(0, 6)];
-        plain->state.curFg = kColours[Number(0, 3)];
-        plain->state.curBg = kColours[Number(0, 3)];
-        plain->state.cursorVisible = Number(0, 3) != 0;
-        SetTextAttribute(plain->state.textAttr);
-        SetCurrentColours(plain->state.curFg, plain->state.curBg);
-        SetCursorVisible(plain->state.cursorVisible);
+        MoveTerminalCursor(Number(1, Number(0, 9) ? screen.cols : kLastColumn),
+                           Number(1, screen.rows));
+        if (Number(0, 1)) return;
+        SetTextAttribute(kAttributes[Number(0, 6)]);
+        SetCurrentColours(kColours[Number(0, 3)], kColours[Number(0, 3)]);
+        SetCursorVisible(Number(0, 3) != 0);
     }
-
-    void Rare(PlainTerminal* plain) {
-        const int kind = Number(0, 19);
-        if (kind == 0) TerminalRepaint(), plain->Repaint();
-        if (kind == 1) ClearTerminal(kTerminalCanvas), plain->Clear();
-        if (kind > 9) NotifyCursorBlink(), plain->Blink();
-    }
-
-    void Put(PlainTerminal* plain) {
-        std::u16string text;
-        for (int count = Number(1, Number(0, 9) ? 12 : 300); count > 0; --count) {
-            text += static_cast<char16_t>(Number(0, 30) ? Number(' ', '~') : Number(0, 0xFFFF));
-        }
-        TerminalPutText(text.data(), static_cast<int>(text.size()));
-        plain->Put(text);
+    void Step() {
+        const int kind = Number(0, 8);
+        if (kind < 2) return Look();
+        if (kind < 4) return Put();
+        if (kind < 7) return Scroll(kind > 4);
+        kind == 7 ? Erase() : Rare();
     }
 
     std::mt19937 random;
+    static const TerminalScreen& screen;
+    static const TerminalMetrics& metrics;
 };
+const TerminalScreen& TerminalPainting::screen = terminalScreen;
+const TerminalMetrics& TerminalPainting::metrics = terminalMetrics;
 
-TEST(TerminalPainting, EqualsAPlainTerminalInCellsAndPixels) {
-    OpenScreenRig();
-    PlainTerminal plain;
+TEST_F(TerminalPainting, EqualsAPlainPainter) {
     const unsigned first = std::random_device()();
-    for (unsigned seed = first; seed != first + 150 && !testing::Test::HasFatalFailure(); ++seed) {
+    for (unsigned seed = first; seed != first + 150 && !HasFatalFailure(); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
-        RandomUse use(seed);
-        UseSettings(use.Number(1, 30), use.Number(1, 7), use.Number(0, 9), use.Number(0, 1));
+        random.seed(seed);
+        UseSettings(Number(1, 30), Number(1, 7), Number(0, 9), Number(0, 1));
         SetUpTerminal();
         LayoutMainWindow();
-        plain.TakeOver();
-        for (int step = use.Number(1, 150); step > 0; --step) use.Step(&plain);
-        Compare(plain);
+        ResetCanvasPicture(kPlain, terminalSettings.canvasWidth, terminalSettings.canvasHeight);
+        for (Repaint(); Number(0, 99); Step()) {
+            StopDrawing();
+            CanvasPicture(kPlain);  // makes the pixels
+        }
+        StopDrawing();
+        ASSERT_EQ(TerminalPicture(), CanvasPicture(kPlain));
     }
 }
 
-// A pixel of the row's box at a column, so many rows below the box's repaint y.
-QRgb PixelAt(int column, int row, int below) {
-    return TerminalPicture().pixel((column - 1) * terminalMetrics.charWidth + 3,
-                                   (row - 1) * terminalMetrics.charHeight + below);
+// Used again, a line is empty, beyond the last column too.
+TEST_F(TerminalPainting, TheLatestLinesAreKept) {
+    const auto contents = [](int element) {
+        std::string text;
+        for (const TerminalCell& cell : TerminalLineAt(element)->cells)
+            if (cell.ch || cell.fg || cell.bg || cell.attr) text += static_cast<char>(cell.ch);
+        return text;
+    };
+    UseSettings(20, 5, 100, true);
+    SetUpTerminal();
+    SetCurrentColours(0xFF, 0xFF00);
+    for (int i = 0; i < 1000; ++i) {
+        if (i == 333) SetScrollBackLimits(300, 256);
+        MoveTerminalCursor(i % 3 ? 1 : 25 + i % 50, screen.cursorY);
+        TerminalPrintLine(QString::number(i));
+    }
+    ASSERT_EQ(TerminalLineCount(), 306);
+    for (int element = 0; element < 305; ++element) {
+        const std::string n = std::to_string(element + 695);
+        EXPECT_EQ(contents(element), (element + 695) % 3 ? n : n.substr(2) + n[0]);
+    }
+    EXPECT_EQ(contents(305), "");
+    EXPECT_FALSE(TerminalLineAt(-1) || TerminalLineAt(306));
+    EXPECT_EQ(screen.topLine + screen.topLimit, 600);
 }
 
-TEST(TerminalPainting, LooksThatAreMeant) {
-    constexpr QRgb kBlackPixel = 0xFF000000, kWhitePixel = 0xFFFFFFFF;
-    UseSettings(20, 5, 10, true);
-    OpenScreenRig();
-    const int height = terminalMetrics.charHeight;
-    // A redrawn row stands two pixels higher than a written one, whose last two pixel rows
-    // stay below it.
-    Feed("\x1b[5;1H\x1b[7m  ");
-    EXPECT_EQ(PixelAt(1, 5, 1), kBlackPixel);
-    EXPECT_EQ(PixelAt(1, 5, 2), kWhitePixel);
-    EXPECT_EQ(PixelAt(1, 5, height + 1), kWhitePixel);
+// The cell that nothing wrote at a line's end has background 0: black on white.
+TEST_F(TerminalPainting, ARedrawnLineEndsInABlackCell) {
+    UseSettings(20, 5, 10, false);
+    SetUpTerminal();
+    LayoutMainWindow();
+    const auto pixel = [](int column, int row) {
+        return TerminalPicture().pixel(X(column) + 1, Y(row) + 6);
+    };
+    Feed("\x1b[5;1Habc");
+    EXPECT_EQ(pixel(4, 5), 0xFFFFFFFF);
     Feed("\n");
-    EXPECT_EQ(PixelAt(1, 4, -1), kBlackPixel);
-    EXPECT_EQ(PixelAt(1, 4, 0), kWhitePixel);
-    EXPECT_EQ(PixelAt(1, 4, height + 1), kWhitePixel);
-    EXPECT_EQ(PixelAt(1, 4, height + 2), kBlackPixel);
-    // A full repaint draws the cells alone and takes those two rows away.
-    TerminalRepaint();
-    EXPECT_EQ(PixelAt(1, 4, height - 1), kWhitePixel);
-    EXPECT_EQ(PixelAt(1, 4, height), kBlackPixel);
-    // The cell that nothing wrote at a line's end has background 0: black on white.
-    SwitchDarkBackground();
-    Feed("\x1b[0m\x1b[5;1Habc");
-    EXPECT_EQ(PixelAt(4, 5, 8), kWhitePixel);
-    Feed("\n");
-    EXPECT_EQ(PixelAt(4, 4, 8), kBlackPixel);
-    EXPECT_EQ(PixelAt(5, 4, 8), kWhitePixel);
-    // So is the cursor bar on such a cell, in both phases.
-    for (int phase = 0; phase < 2; ++phase) {
-        NotifyCursorBlink();
-        EXPECT_EQ(PixelAt(1, 5, height), kBlackPixel) << phase;
-    }
-    Feed("\x1b[?25l ");
-    for (int phase = 0; phase < 2; ++phase) {
-        NotifyCursorBlink();
-        EXPECT_EQ(PixelAt(2, 5, height), kBlackPixel) << phase;
-    }
+    EXPECT_EQ(pixel(4, 4), 0xFF000000);
+    EXPECT_EQ(pixel(5, 4), 0xFFFFFFFF);
 }
 
 }  // namespace

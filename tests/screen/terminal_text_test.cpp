@@ -6,10 +6,6 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "base/LineEnding.h"
-#include "terminal/screen/Capture.h"
-#include "terminal/screen/TerminalScreen.h"
-#include "terminal/screen/TerminalSettings.h"
 #include "terminal/screen/TerminalText.h"
 #include "tests/screen/ScreenRig.h"
 #include "ui/Dialogs.h"
