@@ -1,34 +1,13 @@
 // Presets, macros, the command history and the function-key row in the real window, with
 // the device's side of the line.
-#include <gtest/gtest.h>
-
-#include "base/Numbers.h"
-#include "link/LinkPrimitives.h"
 #include "shell/CommandHistory.h"
-#include "shell/FunctionKeyRow.h"
-#include "shell/Macros.h"
-#include "shell/MainWindow.h"
-#include "shell/Presets.h"
-#include "shell/ShellSettings.h"
-#include "tests/support/FarEnd.h"
-#include "tests/support/VirtualClock.h"
-#include "ui/Dialogs.h"
-#include "ui/Gadgets.h"
-#include "ui/Windows.h"
-#include "upload/UploadOptions.h"
+#include "tests/shell/ShellRig.h"
 
 namespace {
 
-class ButtonsTest : public testing::Test {
+class ButtonsTest : public ShellRig {
   protected:
-    ButtonsTest() {
-        AllocateLinkBuffers();
-        OpenMainWindow();
-        CreateToolbarRows();
-        CreateTerminal();
-        DressGadgets();
-    }
-    ~ButtonsTest() override { FreeLinkBuffers(); }
+    ButtonsTest() { BuildWindow(); }
 
     static void SavePreset(const QString& nickname, const QString& spec) {
         SetGadgetText(kNicknameEntry, nickname);
@@ -41,21 +20,19 @@ class ButtonsTest : public testing::Test {
         EXPECT_EQ(GadgetText(kCommandEntry), "");
     }
     static QString Bar() { return GadgetText(kCommandEntry); }
-
-    VirtualClock clock;
-    FarEnd device;
 };
 
-QString macroLabel;
-
-QString AnswerLabel(const QString& title, const QString& prompt, const QString& preset) {
-    EXPECT_EQ(title + "," + prompt + "," + preset, "Macro,Nickname for macro?,");
-    return macroLabel;
-}
-
 void NameMacro(const QString& label) {
-    macroLabel = label;
+    static QString answer;
+    answer = label;
+    DialogAnswers answers;
+    answers.text = [](const QString& title, const QString& prompt, const QString& preset) {
+        EXPECT_EQ(title + "," + prompt + "," + preset, "Macro,Nickname for macro?,");
+        return answer;
+    };
+    AnswerDialogs(&answers);
     SaveMacro();
+    AnswerDialogs(nullptr);
 }
 
 }  // namespace
@@ -113,9 +90,6 @@ TEST_F(ButtonsTest, PresetButtonAppliesItsEntry) {
 }
 
 TEST_F(ButtonsTest, MacrosAreNamedHereAndSent) {
-    DialogAnswers answers;
-    answers.text = AnswerLabel;
-    AnswerDialogs(&answers);
     AddMacro({"Go", "RUN\\013"});
     SetGadgetText(kCommandEntry, "not stored");
     NameMacro("");
@@ -133,15 +107,6 @@ TEST_F(ButtonsTest, MacrosAreNamedHereAndSent) {
     ClearMacros();
     MacroButtonClicked(kFirstMacroButton);
     EXPECT_EQ(device.Read(), "");
-    AnswerDialogs(nullptr);
-}
-
-TEST_F(ButtonsTest, FunctionKeyRowSkipsTwoNumbers) {
-    const int numbers[] = {11, 12, 13, 14, 15, 17, 18, 19, 20, 21, 23, 24};
-    for (int i = 0; i < 12; ++i) {
-        FunctionKeyButtonClicked(kFirstFunctionKeyButton + i);
-        EXPECT_EQ(device.Read(), "\x1b[" + std::to_string(numbers[i]) + "~");
-    }
 }
 
 TEST_F(ButtonsTest, HistoryKeepsEachCommandOnce) {

@@ -1,67 +1,27 @@
-// The main window as start-up builds it, and the routes of its events, with a socket pair
-// as the link.
-#include <gtest/gtest.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
+// The main window as start-up builds it, and the routes of its events.
 #include <QStringList>
-#include <string>
 
-#include "base/Numbers.h"
-#include "link/Connection.h"
-#include "link/LinkPrimitives.h"
-#include "link/LinkSettings.h"
-#include "link/SerialPort.h"
-#include "shell/Dispatch.h"
-#include "shell/Poll.h"
-#include "shell/Presets.h"
-#include "shell/ShellSettings.h"
-#include "shell/StartUp.h"
-#include "terminal/screen/TerminalMode.h"
-#include "terminal/screen/TerminalScreen.h"
-#include "terminal/screen/TerminalSettings.h"
-#include "terminal/screen/TerminalSizing.h"
 #include "terminal/screen/TerminalText.h"
-#include "tests/support/VirtualClock.h"
-#include "ui/Gadgets.h"
+#include "tests/shell/ShellRig.h"
 #include "ui/MenuItem.h"
 #include "ui/WaitWindowEvent.h"
-#include "ui/Windows.h"
-#include "upload/UploadOptions.h"
 
 namespace {
 
-class DispatchTest : public testing::Test {
+class DispatchTest : public ShellRig {
   protected:
-    void SetUp() override {
-        AllocateLinkBuffers();
-        int ends[2];
-        ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0, ends), 0);
-        AdoptSerialLink(ends[0]);
-        device = ends[1];
-    }
-    void TearDown() override { close(device); }
-
     // The window as start-up leaves it, once it is active.
     static void BuildWindow() {
         ::BuildWindow();
         for (int i = 0; i < 1000 && FocusedGadget() != kTerminalCanvas; ++i) WaitForEvent(1);
     }
-    std::string Sent() {
-        char bytes[4096];
-        const ssize_t count = read(device, bytes, sizeof bytes);
-        return count > 0 ? std::string(bytes, static_cast<size_t>(count)) : std::string();
-    }
     void Receive(const std::string& bytes) {
-        ASSERT_EQ(write(device, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+        device.Write(bytes);
         PollLink();
     }
     static QString Row(int row) {
         return GetTerminalText(kTextVisible).split("\r\n").value(row - 1).trimmed();
     }
-
-    VirtualClock clock;
-    int device = -1;
 };
 
 }  // namespace
@@ -128,13 +88,19 @@ TEST_F(DispatchTest, ButtonsAndMenusSendTheirBytes) {
     const struct {
         int gadget;
         const char* bytes;
-    } buttons[] = {{kEscButton, "\x1b"},    {kCtrlCButton, "\x03"}, {kCtrlZButton, "\x0f"},
-                   {kRunButton, "RUN\r\n"}, {117, "\x1b[11~"},      {121, "\x1b[15~"},
-                   {122, "\x1b[17~"},       {126, "\x1b[21~"},      {128, "\x1b[24~"}};
+    } buttons[] = {{kEscButton, "\x1b"},
+                   {kCtrlCButton, "\x03"},
+                   {kCtrlZButton, "\x0f"},
+                   {kRunButton, "RUN\r\n"}};
     for (const auto& row : buttons) {
         DispatchGadget(row.gadget, kTypeLeftClick);
-        EXPECT_EQ(Sent(), row.bytes) << row.gadget;
+        EXPECT_EQ(device.Read(), row.bytes) << row.gadget;
     }
+    std::string keys;
+    for (int i = 0; i < 12; ++i) DispatchGadget(kFirstFunctionKeyButton + i, kTypeLeftClick);
+    for (int n : {11, 12, 13, 14, 15, 17, 18, 19, 20, 21, 23, 24})
+        keys += "\x1b[" + std::to_string(n) + "~";
+    EXPECT_EQ(device.Read(), keys);
     const struct {
         int item;
         const char* bytes;
@@ -151,12 +117,12 @@ TEST_F(DispatchTest, ButtonsAndMenusSendTheirBytes) {
                  {kShortcutCtrlZ, "\x1a"}};
     for (const auto& row : items) {
         DispatchMenu(row.item);
-        EXPECT_EQ(Sent().substr(0, std::string(row.bytes).size()), row.bytes) << row.item;
+        EXPECT_EQ(device.Read().substr(0, std::string(row.bytes).size()), row.bytes) << row.item;
     }
     DispatchMenu(kItemLineEndingLf);
     EXPECT_TRUE(MenuItemTick(kItemLineEndingLf) && !MenuItemTick(kItemLineEndingCrLf));
     DispatchMenu(kItemRun);
-    EXPECT_EQ(Sent(), "RUN\n");
+    EXPECT_EQ(device.Read(), "RUN\n");
 }
 
 TEST_F(DispatchTest, ViewItemsHideRowsAndCloseTheGaps) {
@@ -216,7 +182,7 @@ TEST_F(DispatchTest, TheReplyGoesOutAfterTheBlockAndOnlyTheLast) {
     Receive("\x1b[2;3H\x1b[6n\x1b[7;5H\x1b[6n");
     DispatchEvent(kEventTerminalReply, kMainWindow);
     DispatchEvent(kEventTerminalReply, kMainWindow);
-    EXPECT_EQ(Sent(), "\x1b[7;5R");
+    EXPECT_EQ(device.Read(), "\x1b[7;5R");
 }
 
 TEST_F(DispatchTest, SwitchingTheSchemeClearsAndCloseEndsTheLoop) {

@@ -1,27 +1,17 @@
 // What local tools send, from their sockets through the servers to the device, the screen
 // and the loader; and what the device sends, back to them.
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <QTemporaryDir>
 
-#include "base/Numbers.h"
-#include "link/LinkPrimitives.h"
-#include "link/LinkSettings.h"
 #include "link/Servers.h"
-#include "shell/Dispatch.h"
-#include "shell/Poll.h"
 #include "shell/ServerChunks.h"
 #include "terminal/screen/Capture.h"
-#include "terminal/screen/TerminalMode.h"
-#include "terminal/screen/TerminalScreen.h"
-#include "terminal/screen/TerminalSizing.h"
 #include "terminal/screen/TerminalText.h"
-#include "tests/support/FarEnd.h"
+#include "tests/shell/ShellRig.h"
 #include "tests/support/LocalTools.h"
 #include "ui/CanvasGadget.h"
 #include "ui/InterfaceEvent.h"
-#include "ui/Windows.h"
 
 namespace {
 

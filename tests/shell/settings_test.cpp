@@ -6,29 +6,16 @@
 #include <QDir>
 #include <cstdlib>
 
-#include "base/LineEnding.h"
-#include "base/Numbers.h"
 #include "filemanager/FileManagerSettings.h"
 #include "help/HelpSettings.h"
-#include "link/Connection.h"
-#include "link/LinkSettings.h"
 #include "shell/CommandHistory.h"
-#include "shell/Macros.h"
-#include "shell/Presets.h"
 #include "shell/SettingsTable.h"
-#include "shell/ShellSettings.h"
 #include "terminal/input/TerminalInput.h"
-#include "terminal/screen/TerminalMode.h"
-#include "terminal/screen/TerminalScreen.h"
-#include "terminal/screen/TerminalSettings.h"
-#include "terminal/screen/TerminalSizing.h"
+#include "tests/shell/ShellRig.h"
 #include "tests/shell/scratch_folder.h"
 #include "ui/Drawing.h"
-#include "ui/Gadgets.h"
 #include "ui/TextEntryGadget.h"
-#include "ui/Windows.h"
 #include "upload/DeviceFamily.h"
-#include "upload/UploadOptions.h"
 
 namespace {
 
@@ -44,8 +31,8 @@ class SettingsTest : public testing::Test {
         LoadSettings();
     }
     // A settings file that was written by hand.
-    static QByteArray Written(const QString& name) {
-        return ScratchFolder::Get(KWCC_SOURCE_DIR "/tests/shell/" + name);
+    static QByteArray Defaults() {
+        return ScratchFolder::Get(KWCC_SOURCE_DIR "/tests/shell/default_settings.inf");
     }
     static std::string Saved() {
         SaveSettings();
@@ -53,11 +40,6 @@ class SettingsTest : public testing::Test {
     }
 
     ScratchFolder scratch;
-};
-
-struct HeldNumber {
-    const char* key;
-    int value;
 };
 
 void OpenDeviceEntries(const char* nickname, const char* spec) {
@@ -68,73 +50,60 @@ void OpenDeviceEntries(const char* nickname, const char* spec) {
 
 }  // namespace
 
-TEST_F(SettingsTest, EachKeyHasItsVariableAndTheFileItsBytes) {
-    // No value of it is the default, and no two numbers are alike, so that no key can stand
-    // for another.
-    const QByteArray file = Written("stored_settings.inf");
-    ASSERT_FALSE(file.isEmpty());
-    Load(file);
-    const TerminalSettings& vt = terminalSettings;
-    const FileManagerSettings& files = fileManagerSettings;
-    const LinkSettings& link = linkSettings;
-    // clang-format off
-    const HeldNumber numbers[] = {
-        {"MainX", mainWindowPlace.x}, {"MainY", mainWindowPlace.y},
-        {"MainW", mainWindowPlace.width}, {"MainH", mainWindowPlace.height},
-        {"Preset group", shellSettings.presetGroup}, {"Button height", mainWindowPlace.contentTop},
-        {"HelpX", helpSettings.x}, {"HelpY", helpSettings.y}, {"HelpW", helpSettings.width},
-        {"HelpH", helpSettings.height}, {"FontSize", helpSettings.fontSize}, {"FileX", files.x},
-        {"FileY", files.y}, {"FileW", files.width}, {"FileH", files.height},
-        {"Splitter", files.splitter}, {"Column1", files.columns[0]}, {"Column2", files.columns[1]},
-        {"Column3", files.columns[2]}, {"Device on TCPIP", linkStatus.deviceOnTcpip},
-        {"LineDelay", link.lineDelay}, {"Maximum com port", link.maximumComPort},
-        {"Maximum IP length", link.maximumIpLength},
-        {"Serial polling interval", link.pollingInterval},
-        {"Comms buffer size", link.commsBufferSize},
-        {"Override file settings", uploadSettings.overrideFileSettings},
-        {"IP control port", link.controlPort}, {"IP data port", link.dataPort},
-        {"KWedit control port", link.editorPort}, {"Debug mode", link.debugMode},
-        {"Use XMODEM for Drag&Drop", uploadSettings.useXmodemForDrop},
-        {"Warn when copying to flash", uploadSettings.warnFlashCopy},
-        {"Advise when copied to clipboard", vt.adviseCopied}, {"Font size", vt.fontSize},
-        {"Extra Char Pixels", vt.extraCharPixels}, {"Extra Line Pixels", vt.extraLinePixels},
-        {"VT Terminal dark background", terminalScreen.darkBackground},
-        {"Characters per line", vt.cols}, {"Number of rows", vt.rows},
-        {"Default Characters per line", vt.defaultCols}, {"Default Number of rows", vt.defaultRows},
-        {"Tab stops", vt.tabStops}, {"Auto resize window", vt.allowResize},
-        {"Scroll back buffer", vt.scrollBack}, {"Maximum line length", vt.maxLineLength},
-        {"Wordwrap", vt.wordWrap}, {"VT Mode", terminalMode},
-        {"Autosave end delay", uploadSettings.autosaveEndDelay}, {"VT width", vt.canvasWidth},
-        {"VT height", vt.canvasHeight}, {"VT100 Function keys", inputSettings.vt100FunctionKeys},
-        {"XTERM Function keys", inputSettings.xtermFunctionKeys}, {"XTERM mouse", vt.xtermMouse},
-        {"Mouse scroll rate", inputSettings.mouseScrollRate},
-        {"Click X shift", inputSettings.clickXShift}, {"Click Y shift", inputSettings.clickYShift},
-        {"LastUsed", shellSettings.lastUsedPreset},
-    };
-    // clang-format on
-    for (const HeldNumber& held : numbers) {
-        const QByteArray line =
-            "\n" + QByteArray(held.key) + " = " + QByteArray::number(held.value);
-        EXPECT_TRUE(file.contains(line + "\n")) << line.constData();
+// The defaults with another value behind each key, and with lists. A number grows by its
+// line, so that neighbours differ.
+static QByteArray ChangedDefaults(const QByteArray& defaults) {
+    QByteArrayList lines = defaults.split('\n');
+    for (int i = 0; i < lines.size(); ++i) {
+        const int at = lines[i].indexOf(" = ") + 3;
+        if (at < 3 || lines[i][0] == ';' || lines[i].contains('|')) continue;
+        const QByteArray value = lines[i].mid(at);
+        bool number = false;
+        const int grown = value.toInt(&number) + i;
+        lines[i].truncate(at);
+        if (value[0] == '$') {
+            const uint32_t colour = 0xFFFFFF - value.mid(1).toUInt(nullptr, 16);
+            lines[i] += '$' + QByteArray::number(colour, 16).toUpper().rightJustified(6, '0');
+        } else {
+            lines[i] += number ? QByteArray::number(grown) : value + "\xC3\xA4";
+        }
     }
-    EXPECT_EQ(mainWindowPlace.linesToShow, "101010");
-    EXPECT_EQ(files.pcFolder, "/srv/");
-    EXPECT_EQ(link.comPort + link.serialSpeed + link.tcpAddress + link.tcpPort, "TCPIP9600board23");
-    EXPECT_EQ(shellSettings.device + uploadSettings.picoPort, "cmm2ttyACM1");
-    EXPECT_EQ(lineEnding.bytes, "\n");
-    EXPECT_EQ(link.welcomeMessage + uploadSettings.textTypes, "Gr\u00FC\u00DF dichbas");
-    EXPECT_EQ(vt.fontName, "Courier");
-    const uint32_t colours[] = {0x010203, 0x0A0B0C, 0x112233, 0x445566,
-                                0x778899, 0xAABBCC, 0xDDEEFF, 0xF0F1F2};
-    for (int i = 0; i < 8; ++i) EXPECT_EQ(vt.palette[i], colours[i]);
+    return lines.join('\n').replace("\nDevice = |", "\nDevice = Desk|'target s\\pico") +
+           "Device0 = A|first\nDevice1 = B|x|y\n\n[Command History]\nCmd0 = PRINT 1\n"
+           "Cmd1 = PRINT \"=\"\n\n[Macros]\nMacro0 = Hi|PRINT 2\\r\nMacro1 = empty|\n";
+}
+
+TEST_F(SettingsTest, EachKeyHasItsVariableAndTheFileItsBytes) {
+    QByteArray file = ChangedDefaults(Defaults());
+    file.replace("background = 61\n", "background = 0\n");
+    file.replace("VT Mode = 70\n", "VT Mode = 2\n").replace("TCPIP = 31\n", "TCPIP = 1\n");
+    Load(file);
+    // One of each pair that could stand for each other both ways.
+    const TerminalSettings& vt = terminalSettings;
+    const std::pair<int, int> numbers[] = {{mainWindowPlace.y, 203},
+                                           {mainWindowPlace.height, 705},
+                                           {helpSettings.y, 211},
+                                           {helpSettings.width, 712},
+                                           {fileManagerSettings.y, 217},
+                                           {fileManagerSettings.width, 718},
+                                           {fileManagerSettings.columns[1], 112},
+                                           {linkSettings.dataPort, 50944},
+                                           {vt.rows, 112},
+                                           {vt.extraLinePixels, 60},
+                                           {vt.defaultRows, 114},
+                                           {vt.canvasWidth, 986},
+                                           {inputSettings.clickYShift, 85},
+                                           {inputSettings.xtermFunctionKeys, 76}};
+    for (const auto& [held, stored] : numbers) EXPECT_EQ(held, stored);
+    EXPECT_EQ(terminalMode, kModeMonitor);
+    EXPECT_TRUE(linkStatus.deviceOnTcpip);
+    EXPECT_EQ(lineEnding.name, "CRLF\u00E4");
+    EXPECT_EQ(terminalSettings.palette[1], 0xFFFF32u);
     EXPECT_EQ(terminalScreen.curFg, 0u);
     EXPECT_EQ(terminalScreen.curBg, 0xFFFFFFu);
-    EXPECT_EQ(deviceFamilies.size(), 2u);
     EXPECT_EQ(presetList.at(1).spec, "x|y");
     EXPECT_EQ(macroList.at(0).text, "PRINT 2\\r");
     EXPECT_EQ(historyIndex, 2);
-    EXPECT_EQ(shellSettings.activeDevice, "Desk|'target s\\pico");
-
     OpenDeviceEntries("Desk", "'target s\\pico");
     EXPECT_EQ(Saved(), file.toStdString());
 }
@@ -144,7 +113,7 @@ TEST_F(SettingsTest, NothingStoredGivesTheDefaults) {
     // A mere load creates the file.
     EXPECT_EQ(ScratchFolder::Get(kFile),
               QByteArray(kMark) + "[Windows]\n; Help Window\n; File Window\n");
-    EXPECT_EQ(Saved(), Written("default_settings.inf").toStdString());
+    EXPECT_EQ(Saved(), Defaults().toStdString());
     EXPECT_EQ(historyIndex, 0);
 }
 
