@@ -22,6 +22,8 @@ namespace {
 constexpr char kFile[] = "KWCC.inf";
 constexpr char kMark[] = "\xEF\xBB\xBF\n";
 
+using Numbers = std::vector<int>;
+
 class SettingsTest : public testing::Test {
   protected:
     SettingsTest() { setenv("HOME", "/home/nobody", 1); }
@@ -80,21 +82,21 @@ TEST_F(SettingsTest, EachKeyHasItsVariableAndTheFileItsBytes) {
     Load(file);
     // One of each pair that could stand for each other both ways.
     const TerminalSettings& vt = terminalSettings;
-    const std::pair<int, int> numbers[] = {{mainWindowPlace.y, 203},
-                                           {mainWindowPlace.height, 705},
-                                           {helpSettings.y, 211},
-                                           {helpSettings.width, 712},
-                                           {fileManagerSettings.y, 217},
-                                           {fileManagerSettings.width, 718},
-                                           {fileManagerSettings.columns[1], 112},
-                                           {linkSettings.dataPort, 50944},
-                                           {vt.rows, 112},
-                                           {vt.extraLinePixels, 60},
-                                           {vt.defaultRows, 114},
-                                           {vt.canvasWidth, 986},
-                                           {inputSettings.clickYShift, 85},
-                                           {inputSettings.xtermFunctionKeys, 76}};
-    for (const auto& [held, stored] : numbers) EXPECT_EQ(held, stored);
+    const Numbers held = {mainWindowPlace.y,
+                          mainWindowPlace.height,
+                          helpSettings.y,
+                          helpSettings.width,
+                          fileManagerSettings.y,
+                          fileManagerSettings.width,
+                          fileManagerSettings.columns[1],
+                          linkSettings.dataPort,
+                          vt.rows,
+                          vt.extraLinePixels,
+                          vt.defaultRows,
+                          vt.canvasWidth,
+                          inputSettings.clickYShift,
+                          inputSettings.xtermFunctionKeys};
+    EXPECT_EQ(held, (Numbers{203, 705, 211, 712, 217, 718, 112, 50944, 112, 60, 114, 986, 85, 76}));
     EXPECT_EQ(terminalMode, kModeMonitor);
     EXPECT_TRUE(linkStatus.deviceOnTcpip);
     EXPECT_EQ(lineEnding.name, "CRLF\u00E4");
@@ -118,31 +120,16 @@ TEST_F(SettingsTest, NothingStoredGivesTheDefaults) {
 }
 
 TEST_F(SettingsTest, NumbersObeyTheirRules) {
-    const struct {
-        const char* line;
-        const int& variable;
-        int value;
-    } rows[] = {
-        {"[Windows]\nMainX = -201", mainWindowPlace.x, 0},
-        {"[Windows]\nMainY = -1", mainWindowPlace.y, 0},
-        {"[windows]\nMAINW = -5", mainWindowPlace.width, -5},
-        {"[Windows]\nHelpX = -1", helpSettings.x, 0},
-        {"[Windows]\nHelpY = -1", helpSettings.y, 0},
-        {"[Windows]\nFileX = -1", fileManagerSettings.x, 0},
-        {"[Windows]\nFileY = -1", fileManagerSettings.y, 0},
-        {"[Device]\nLineDelay = 99", linkSettings.lineDelay, 100},
-        {"[Device]\nLineDelay = 100", linkSettings.lineDelay, 100},
-        {"[Device]\nLineDelay = 999999", linkSettings.lineDelay, 999999},
-        {"[Device]\nComms buffer size = 1", linkSettings.commsBufferSize, 2048},
-        {"[Device]\nComms buffer size = 100000", linkSettings.commsBufferSize, 65536},
-        {"[Device]\nSerial polling interval = 5", linkSettings.pollingInterval, 10},
-        {"[Device]\nSerial polling interval = 500", linkSettings.pollingInterval, 100},
-        {"[VTterminal]\nFont size = twelve", terminalSettings.fontSize, 0},
-    };
-    for (const auto& row : rows) {
-        Load(row.line);
-        EXPECT_EQ(row.variable, row.value) << row.line;
-    }
+    const LinkSettings& link = linkSettings;
+    Load(
+        "[windows]\nMainX = -201\nMainY = -1\nMAINW = -5\nHelpX = -1\nHelpY = -1\nFileX = -1\n"
+        "FileY = -1\n[Device]\nLineDelay = 99\nComms buffer size = 1\n"
+        "Serial polling interval = 5\n[VTterminal]\nFont size = twelve\n");
+    const Numbers low = {mainWindowPlace.x,     mainWindowPlace.y,        mainWindowPlace.width,
+                         helpSettings.x,        helpSettings.y,           fileManagerSettings.x,
+                         fileManagerSettings.y, link.lineDelay,           link.commsBufferSize,
+                         link.pollingInterval,  terminalSettings.fontSize};
+    EXPECT_EQ(low, (Numbers{0, 0, -5, 0, 0, 0, 0, 100, 2048, 10, 0}));
     EXPECT_GT(TextWidthOf(kTerminalEntryFont, "W"), 0);  // of size 0, and usable all the same
     Load(
         "[Colours]\nVT Red = FF0000\nVT Green = $12345678\nVT Blue = blue\n[VTterminal]\nVT "
@@ -151,7 +138,12 @@ TEST_F(SettingsTest, NumbersObeyTheirRules) {
     EXPECT_EQ(terminalSettings.palette[2], 0x345678u);
     EXPECT_EQ(terminalSettings.palette[4], 0xBu);  // the B is a digit, the rest is none
     EXPECT_EQ(terminalMode, kModeFileManager);
-    Load("[Device]\nLine ending = lf");
+    Load(
+        "[Windows]\nMainX = -200\n[Device]\nLineDelay = 999999\nComms buffer size = 100000\n"
+        "Serial polling interval = 500\nLine ending = lf");
+    const Numbers high = {mainWindowPlace.x, link.lineDelay, link.commsBufferSize,
+                          link.pollingInterval};
+    EXPECT_EQ(high, (Numbers{-200, 999999, 65536, 100}));
     EXPECT_EQ(lineEnding.bytes, "\r\n");
     EXPECT_EQ(lineEnding.name, "lf");
 }

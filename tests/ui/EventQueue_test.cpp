@@ -1,17 +1,12 @@
 // The queue: what is merged, in which order bound handlers run, and posts from threads.
-#include <gtest/gtest.h>
 
 #include <QElapsedTimer>
-#include <QTimer>
 #include <ctime>
 #include <string>
 #include <thread>
 
-#include "base/Numbers.h"
 #include "tests/ui/Gestures.h"
 #include "ui/BoundHandlers.h"
-#include "ui/InterfaceEvent.h"
-#include "ui/WaitWindowEvent.h"
 
 namespace {
 

@@ -1,25 +1,17 @@
 // What comes from and goes to other programs and the user: drops, the clipboard, dialogs
 // and web pages.
-#include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QDialog>
 #include <QDragEnterEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QTimer>
 #include <QUrl>
 
-#include "base/Numbers.h"
 #include "tests/ui/Gestures.h"
-#include "ui/CanvasGadget.h"
 #include "ui/Dialogs.h"
 #include "ui/DragDrop.h"
-#include "ui/Gadgets.h"
-#include "ui/InterfaceEvent.h"
 #include "ui/PBDropHandler.h"
-#include "ui/WaitWindowEvent.h"
 #include "ui/WebGadget.h"
 
 namespace {

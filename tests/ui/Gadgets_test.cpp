@@ -1,7 +1,4 @@
 // The kinds of gadgets: state, text, items, and which changes are events.
-#include "ui/Gadgets.h"
-
-#include <gtest/gtest.h>
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -9,26 +6,17 @@
 #include <QScrollBar>
 #include <QSplitter>
 
-#include "base/Numbers.h"
 #include "tests/ui/Gestures.h"
-#include "ui/ButtonGadget.h"
 #include "ui/CheckBoxGadget.h"
 #include "ui/ComboBoxGadget.h"
 #include "ui/ContainerGadget.h"
-#include "ui/InterfaceEvent.h"
 #include "ui/ListGadget.h"
 #include "ui/ScrollBarGadget.h"
 #include "ui/SplitterGadget.h"
-#include "ui/TextEntryGadget.h"
 #include "ui/TextGadget.h"
 #include "ui/WebGadget.h"
-#include "ui/Windows.h"
 
 namespace {
-
-Seen GadgetEvent(int gadget, int64_t type) {
-    return {kEventGadget, kTestWindow, gadget, type};
-}
 
 int scrolledTo = -1;
 
@@ -49,7 +37,7 @@ TEST(Gadgets, UnknownNumbersDoNothing) {
     EXPECT_FALSE(GadgetHidden(1) || GadgetDisabled(1) || GadgetItemSelected(1, 0));
     EXPECT_FALSE(GadgetExists(164));
     LoadWebPage(1, "file:///");
-    EXPECT_TRUE(TakeEventsOf(kEventGadget).empty());
+    EXPECT_TRUE(TakeEvents(kEventGadget).empty());
 }
 
 TEST(Gadgets, LieInContainersAndGoWithThem) {
@@ -85,11 +73,11 @@ TEST(Gadgets, ClicksAndTicksAreEventsOfTheUserAlone) {
     ButtonGadget(62, 5, 5, 80, 20, "Connect");
     CheckBoxGadget(50, 5, 60, 100, 20, "Override");
     SetGadgetState(50, 1);
-    EXPECT_TRUE(TakeEventsOf(kEventGadget).empty());
+    EXPECT_TRUE(TakeEvents(kEventGadget).empty());
     Click(WidgetOfGadget(62));
     Click(WidgetOfGadget(50));
     EXPECT_EQ(GadgetState(50), 0);
-    EXPECT_EQ(TakeEventsOf(kEventGadget), (Events{GadgetEvent(62, 0), GadgetEvent(50, 0)}));
+    EXPECT_EQ(TakeEvents(kEventGadget), (Events{GadgetEvent(62, 0), GadgetEvent(50, 0)}));
 }
 
 // A handler may free the very gadget whose click it handles.
@@ -114,7 +102,7 @@ TEST(Gadgets, TextEntriesAndTheDigitRule) {
         Key(WidgetOfGadget(42), 0, QString::fromUtf8(key));
     }
     EXPECT_EQ(GadgetText(42), "19");
-    EXPECT_EQ(TakeEventsOf(kEventGadget), (Events{GadgetEvent(42, kTypeValueChanged)}));
+    EXPECT_EQ(TakeEvents(kEventGadget), (Events{GadgetEvent(42, kTypeValueChanged)}));
 }
 
 TEST(Gadgets, AComboShowsATextThatIsNoItem) {
@@ -132,7 +120,7 @@ TEST(Gadgets, AComboShowsATextThatIsNoItem) {
     SetGadgetText(kPortCombo, "not set");
     EXPECT_EQ(GadgetItemText(kPortCombo, 0), "ttyUSB0");
     EXPECT_EQ(GadgetItemCount(kPortCombo), 3);
-    EXPECT_TRUE(TakeEventsOf(kEventGadget).empty());
+    EXPECT_TRUE(TakeEvents(kEventGadget).empty());
 
     auto* combo = static_cast<QComboBox*>(WidgetOfGadget(kPortCombo));
     const auto pick = [&](int item) {
@@ -141,11 +129,11 @@ TEST(Gadgets, AComboShowsATextThatIsNoItem) {
     };
     pick(0);  // the text that is no item
     EXPECT_EQ(GadgetText(kPortCombo), "not set");
-    EXPECT_EQ(TakeEventsOf(kEventGadget).size(), 1u);
+    EXPECT_EQ(TakeEvents(kEventGadget).size(), 1u);
     pick(2);
     EXPECT_EQ(GadgetText(kPortCombo), "ttyUSB1");
     EXPECT_EQ(GadgetState(kPortCombo), 1);
-    EXPECT_EQ(TakeEventsOf(kEventGadget).size(), 1u);
+    EXPECT_EQ(TakeEvents(kEventGadget).size(), 1u);
     SetGadgetState(kPortCombo, 0);
     EXPECT_EQ(combo->count(), 3);
     ClearGadgetItems(kPortCombo);
@@ -163,7 +151,7 @@ TEST(Gadgets, AScrollBarTellsOfTheUserAloneAndCapsItsRange) {
     EXPECT_EQ(scrolledTo, -1);
     static_cast<QScrollBar*>(WidgetOfGadget(27))->triggerAction(QScrollBar::SliderPageStepAdd);
     EXPECT_EQ(scrolledTo, 40);
-    EXPECT_EQ(TakeEventsOf(kEventGadget), (Events{GadgetEvent(27, 0)}));
+    EXPECT_EQ(TakeEvents(kEventGadget), (Events{GadgetEvent(27, 0)}));
 }
 
 TEST(Gadgets, AListHasRowsAndAMultipleSelection) {
@@ -189,7 +177,7 @@ TEST(Gadgets, AListHasRowsAndAMultipleSelection) {
     EXPECT_EQ(GadgetState(kDeviceList), 1);
     ClickAgain(list->viewport(), second);
     Click(list->viewport(), QPoint(50, 190));  // below the rows
-    EXPECT_EQ(TakeEventsOf(kEventGadget), (Events{GadgetEvent(163, 0), GadgetEvent(163, 2)}));
+    EXPECT_EQ(TakeEvents(kEventGadget), (Events{GadgetEvent(163, 0), GadgetEvent(163, 2)}));
     ClearGadgetItems(kDeviceList);
     EXPECT_EQ(GadgetItemCount(kDeviceList), 0);
 }

@@ -1,14 +1,8 @@
 #include "tests/ui/Gestures.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
-
-#include "base/Numbers.h"
-#include "ui/InterfaceEvent.h"
-#include "ui/WaitWindowEvent.h"
-#include "ui/Windows.h"
 
 namespace {
 
@@ -41,18 +35,11 @@ QWidget* WidgetOfWindow(int window) {
     return WidgetWith("PB_WindowID", window);
 }
 
-std::vector<Seen> TakeEvents() {
-    std::vector<Seen> seen;
+Events TakeEvents(int32_t number) {
+    Events seen;
     while (WaitForEvent(0) != kNoEvent) {
-        seen.push_back({EventNumber(), EventWindow(), EventObject(), EventType()});
-    }
-    return seen;
-}
-
-std::vector<Seen> TakeEventsOf(int32_t number) {
-    std::vector<Seen> seen;
-    for (const Seen& event : TakeEvents()) {
-        if (event.number == number) seen.push_back(event);
+        if (number == kNoEvent || number == EventNumber())
+            seen.push_back({EventNumber(), EventWindow(), EventObject(), EventType()});
     }
     return seen;
 }

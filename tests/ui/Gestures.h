@@ -1,11 +1,22 @@
 // What a user does, sent straight to the widgets, and the events that come of it.
 #pragma once
 
-#include <QString>
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTimer>
 #include <QWidget>
-#include <cstdint>
 #include <ostream>
 #include <vector>
+
+#include "base/Numbers.h"
+#include "ui/ButtonGadget.h"
+#include "ui/CanvasGadget.h"
+#include "ui/Gadgets.h"
+#include "ui/InterfaceEvent.h"
+#include "ui/TextEntryGadget.h"
+#include "ui/WaitWindowEvent.h"
+#include "ui/Windows.h"
 
 // A taken event.
 struct Seen {
@@ -27,16 +38,18 @@ using Events = std::vector<Seen>;
 
 constexpr int kTestWindow = 0;
 
+inline Seen GadgetEvent(int gadget, int64_t type) {
+    return {kEventGadget, kTestWindow, gadget, type};
+}
+
 // Opens a sizable window of 400 by 300 with a gadget list, and takes its first events.
 void OpenTestWindow();
 
 QWidget* WidgetOfGadget(int gadget);
 QWidget* WidgetOfWindow(int window);
 
-// Serves the toolkit once and takes all events that wait.
-std::vector<Seen> TakeEvents();
-// The same, but only those of one number.
-std::vector<Seen> TakeEventsOf(int32_t number);
+// Serves the toolkit once and takes all events that wait; keeps those of one number, if given.
+Events TakeEvents(int32_t number = kNoEvent);
 
 void Press(QWidget* widget, QPoint at, Qt::MouseButton button);
 void Release(QWidget* widget, QPoint at, Qt::MouseButton button);

@@ -1,25 +1,15 @@
 // Menus and their ticks, keyboard shortcuts, window timers.
-#include <gtest/gtest.h>
 
 #include <QAction>
-#include <QApplication>
 #include <QMenu>
 #include <QShortcut>
 #include <QTest>
-#include <QTimer>
 #include <QWindow>
 
-#include "base/Numbers.h"
 #include "tests/ui/Gestures.h"
 #include "ui/AddKeyboardShortcut.h"
 #include "ui/AddWindowTimer.h"
-#include "ui/CanvasGadget.h"
-#include "ui/Gadgets.h"
-#include "ui/InterfaceEvent.h"
 #include "ui/MenuItem.h"
-#include "ui/TextEntryGadget.h"
-#include "ui/WaitWindowEvent.h"
-#include "ui/Windows.h"
 
 namespace {
 
@@ -63,7 +53,7 @@ TEST(Menus, AnItemRaisesItsNumberFromEveryMenuThatHoldsIt) {
     ASSERT_EQ(actions.size(), 2);
     for (QAction* action : actions) {
         action->trigger();
-        EXPECT_EQ(TakeEventsOf(kEventMenu), (Events{MenuEvent(kItemPasteText)}));
+        EXPECT_EQ(TakeEvents(kEventMenu), (Events{MenuEvent(kItemPasteText)}));
     }
     EXPECT_EQ(MenuItemText(kItemPasteText), "Paste text");
 
@@ -71,7 +61,7 @@ TEST(Menus, AnItemRaisesItsNumberFromEveryMenuThatHoldsIt) {
     BindMenuHandler(kItemAbout, [] { ranFor = static_cast<int>(EventObject()); });
     ActionsOf(kItemAbout)[0]->trigger();
     EXPECT_EQ(ranFor, kItemAbout);
-    EXPECT_EQ(TakeEventsOf(kEventMenu), (Events{MenuEvent(kItemAbout)}));
+    EXPECT_EQ(TakeEvents(kEventMenu), (Events{MenuEvent(kItemAbout)}));
     ShowPopupMenu(99, kTestWindow);
     ShowPopupMenu(kPopupMenu, 99);
 }
@@ -108,7 +98,7 @@ TEST(Shortcuts, ComeBeforeTheFocusOnlyWhileTheyStand) {
     PressKey(Qt::Key_F10, Qt::ShiftModifier);
     PressKey(Qt::Key_C, Qt::AltModifier);
     Events expected = {MenuEvent(126), MenuEvent(126), MenuEvent(129), MenuEvent(67)};
-    EXPECT_EQ(TakeEventsOf(kEventMenu), expected);
+    EXPECT_EQ(TakeEvents(kEventMenu), expected);
 
     AddKeyboardShortcut(kTestWindow, 0x01000039, 200);  // replaces
     PressKey(Qt::Key_F10);
@@ -133,7 +123,7 @@ TEST(Shortcuts, ReachPastTheEntryThatHasTheFocus) {
     for (int i = 0; i < 3; ++i) AddKeyboardShortcut(kTestWindow, keys[i], numbers[i]);
     TakeEvents();
     for (const int key : keys) PressKey(key);
-    EXPECT_EQ(TakeEventsOf(kEventMenu), (Events{MenuEvent(53), MenuEvent(150), MenuEvent(151)}));
+    EXPECT_EQ(TakeEvents(kEventMenu), (Events{MenuEvent(53), MenuEvent(150), MenuEvent(151)}));
 }
 
 TEST(Timers, FireWithTheirNumberUntilRemoved) {
@@ -157,7 +147,7 @@ TEST(Timers, FireWithTheirNumberUntilRemoved) {
     RemoveWindowTimer(kTestWindow, 115);
     RemoveWindowTimer(99, 115);
     AddWindowTimer(99, 115, 1);
-    EXPECT_TRUE(TakeEventsOf(kEventTimer).empty());
+    EXPECT_TRUE(TakeEvents(kEventTimer).empty());
     EXPECT_EQ(WaitForEvent(20), kNoEvent);
 }
 

@@ -1,22 +1,14 @@
 // Numbered windows: measures, places, flags, and the events that they raise.
-#include "ui/Windows.h"
-
-#include <gtest/gtest.h>
 
 #include <QEvent>
 #include <QMainWindow>
 
-#include "base/Numbers.h"
 #include "tests/ui/Gestures.h"
 #include "ui/AddWindowTimer.h"
-#include "ui/ButtonGadget.h"
 #include "ui/ContainerGadget.h"
 #include "ui/Drawing.h"
-#include "ui/Gadgets.h"
-#include "ui/InterfaceEvent.h"
 #include "ui/MenuItem.h"
 #include "ui/Notice.h"
-#include "ui/WaitWindowEvent.h"
 
 namespace {
 
@@ -82,7 +74,7 @@ TEST(Windows, FlagsBecomeTheFrame) {
 TEST(Windows, ClosingRaisesEventTwoAndLeavesTheWindowOpen) {
     OpenTestWindow();
     WidgetOfWindow(0)->close();
-    EXPECT_EQ(TakeEventsOf(kEventCloseWindow).size(), 1u);
+    EXPECT_EQ(TakeEvents(kEventCloseWindow).size(), 1u);
     EXPECT_TRUE(WidgetOfWindow(0)->isVisible());
     EXPECT_TRUE(WindowIsOpen(0));
 }
@@ -91,19 +83,19 @@ TEST(Windows, SizesMovesAndStatesAreEventsAndBurstsCollapse) {
     OpenTestWindow();
     WidgetOfWindow(0)->resize(410, 310);
     WidgetOfWindow(0)->resize(420, 320);
-    EXPECT_EQ(TakeEventsOf(kEventSizeWindow).size(), 1u);
+    EXPECT_EQ(TakeEvents(kEventSizeWindow).size(), 1u);
     WidgetOfWindow(0)->move(90, 95);
-    EXPECT_EQ(TakeEventsOf(kEventMoveWindow).size(), 1u);
+    EXPECT_EQ(TakeEvents(kEventMoveWindow).size(), 1u);
     WidgetOfWindow(0)->showMinimized();
-    EXPECT_EQ(TakeEventsOf(kEventMinimizeWindow).size(), 1u);
+    EXPECT_EQ(TakeEvents(kEventMinimizeWindow).size(), 1u);
     WidgetOfWindow(0)->showMaximized();
-    EXPECT_EQ(TakeEventsOf(kEventMaximizeWindow).size(), 1u);
+    EXPECT_EQ(TakeEvents(kEventMaximizeWindow).size(), 1u);
     WidgetOfWindow(0)->showNormal();
-    EXPECT_EQ(TakeEventsOf(kEventRestoreWindow).size(), 1u);
+    EXPECT_EQ(TakeEvents(kEventRestoreWindow).size(), 1u);
     OpenNumberedWindow(155, 0, 0, 200, 100, "other", kHelpWindowFlags);
-    EXPECT_EQ(TakeEventsOf(kEventDeactivateWindow), (Events{{8, 0, -1, 0}}));
+    EXPECT_EQ(TakeEvents(kEventDeactivateWindow), (Events{{8, 0, -1, 0}}));
     ActivateNumberedWindow(0);
-    EXPECT_EQ(TakeEventsOf(kEventActivateWindow), (Events{{7, 0, -1, 0}}));
+    EXPECT_EQ(TakeEvents(kEventActivateWindow), (Events{{7, 0, -1, 0}}));
 }
 
 TEST(Windows, ButtonsReleasedOverTheWindowAreEvents) {
@@ -112,7 +104,7 @@ TEST(Windows, ButtonsReleasedOverTheWindowAreEvents) {
     TakeEvents();
     QWidget* const window = CentralWidget(0);
     Click(window, QPoint(300, 200));
-    EXPECT_EQ(TakeEventsOf(kEventLeftButtonUp), (Events{{17, 0, -1, 0}}));
+    EXPECT_EQ(TakeEvents(kEventLeftButtonUp), (Events{{17, 0, -1, 0}}));
     ClickAgain(window, QPoint(300, 200));
     Release(window, QPoint(300, 200), Qt::RightButton);
     Release(WidgetOfGadget(62), QPoint(5, 5), Qt::RightButton);  // over a gadget as well
