@@ -185,14 +185,15 @@ TEST_F(TerminalSizingTest, PrintsLinesOfOtherThreadsInOrderWithTheirEvents) {
     worker.join();
     EXPECT_EQ(RowText(1), "");
     std::string order;
-    int32_t event = kNoEvent;
-    while ((event = WaitForEvent(0)) != kNoEvent) {
+    int printed = 0;
+    for (int32_t event; (event = WaitForEvent(0)) != kNoEvent;) {
         if (event == kEventSendStatus) order += "status ";
-        if (event == kEventPrintLine) PrintHandedLines();
-        if (event == kEventPrintLine && order.size() < 12)
-            order += RowText(terminalScreen.cursorY - 1);
+        if (event != kEventPrintLine) continue;
+        PrintHandedLines();
+        if (++printed < 3) order += RowText(terminalScreen.cursorY - 1);
     }
     EXPECT_EQ(order, "one.status two.");
+    EXPECT_EQ(printed, kMostHandedLines);
 }
 
 // Without a canvas the painters return quietly: text is lost, a scroll moves the lines.

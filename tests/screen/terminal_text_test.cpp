@@ -1,23 +1,16 @@
 // The terminal's text, and the files that it is saved to.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 
 #include "terminal/screen/TerminalText.h"
 #include "tests/screen/ScreenRig.h"
+#include "tests/support/ScratchFolder.h"
 #include "ui/Dialogs.h"
 
 namespace {
 
 FileChoice answer;
-
-QString Saved(const QString& name) {
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll()) : "none";
-}
 
 }  // namespace
 
@@ -30,8 +23,7 @@ TEST(TerminalText, LinesUpToTheirLengthAndTheirFiles) {
     EXPECT_EQ(GetTerminalText(kTextAll), all);
     EXPECT_EQ(GetTerminalText(kTextVisible), visible);
 
-    const QTemporaryDir folder;
-    ASSERT_EQ(chdir(folder.path().toLocal8Bit().constData()), 0);
+    const ScratchFolder folder;
     DialogAnswers answers;
     answers.file = [](const QString&, const QString&) { return answer; };
     AnswerDialogs(&answers);
@@ -46,18 +38,18 @@ TEST(TerminalText, LinesUpToTheirLengthAndTheirFiles) {
         {{"b", 1}, kTextAll, "b.txt", all},
         {{"c", 2}, kTextVisible, "c", visible},
         {{"d.bas", 1}, kTextVisible, "d.bas", visible},
-        {{"missing/f", 0}, kTextVisible, "missing/f.bas", "none"},
-        {{".", 2}, kTextVisible, ".", "none"},                         // a folder
+        {{"missing/f", 0}, kTextVisible, "missing/f.bas", ""},
+        {{".", 2}, kTextVisible, ".", ""},                             // a folder
         {{QString(), 0}, kTextCapture, ".bas", "captured\x1b[m\ré?"},  // a cancelled dialog
     };
     for (const auto& each : cases) {
         answer = each.chosen;
         SaveTerminalText(each.what);
-        EXPECT_EQ(Saved(each.name), each.text) << each.name.toStdString();
+        EXPECT_EQ(QString::fromLatin1(ScratchFolder::Get(each.name)), each.text)
+            << each.name.toStdString();
     }
     EXPECT_EQ(capture.buffer, "");
     EXPECT_EQ(QDir().entryList(QDir::Files | QDir::Hidden).size(), 5);
-    ASSERT_EQ(chdir("/"), 0);
 
     TerminalScrollDown(2);
     SetLineEnding("CR");

@@ -217,6 +217,8 @@ TEST_F(VtParserTest, GraphicRendition) {
         EXPECT_EQ(cell.fg, row.foreground) << row.parameters;
         EXPECT_EQ(cell.bg, row.background) << row.parameters;
     }
+    Feed(C + "7mX" + C + "1K");
+    EXPECT_EQ(TerminalLineAt(1)->cells[1].attr, 0);
 }
 
 // The colours in force fall back at each scroll; the pending ones come back with the next

@@ -11,7 +11,7 @@
 #include <thread>
 
 #include "shell/PreferencesText.h"
-#include "tests/shell/scratch_folder.h"
+#include "tests/support/ScratchFolder.h"
 
 namespace {
 

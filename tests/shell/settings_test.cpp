@@ -12,7 +12,7 @@
 #include "shell/SettingsTable.h"
 #include "terminal/input/TerminalInput.h"
 #include "tests/shell/ShellRig.h"
-#include "tests/shell/scratch_folder.h"
+#include "tests/support/ScratchFolder.h"
 #include "ui/Drawing.h"
 #include "ui/TextEntryGadget.h"
 #include "upload/DeviceFamily.h"
@@ -149,10 +149,10 @@ TEST_F(SettingsTest, NumbersObeyTheirRules) {
 }
 
 TEST_F(SettingsTest, LoadingAddsItsTwoCommentsBehindWhatItRead) {
-    Load("[Windows]\nMainH = 5\nMainX = 1\nFontSize = 3\n; mine\nother = 1\n");
+    Load("[Windows]\nMainH = 5\nLines to show = 1\nFontSize = 3\n; mine\nother = 1\n");
     EXPECT_EQ(ScratchFolder::Get(kFile),
               QByteArray(kMark) +
-                  "[Windows]\nMainH = 5\n; Help Window\nMainX = 1\nFontSize = 3\n"
+                  "[Windows]\nMainH = 5\n; Help Window\nLines to show = 1\nFontSize = 3\n"
                   "; File Window\n; mine\nother = 1\n");
 }
 

@@ -25,6 +25,7 @@ bool Drop(QWidget* target, const QMimeData& data) {
     if (!enter.isAccepted()) return false;
     QDropEvent drop(QPoint(5, 5), Qt::MoveAction | Qt::CopyAction, &data, Qt::LeftButton,
                     Qt::NoModifier);
+    drop.setDropAction(Qt::MoveAction);
     QApplication::sendEvent(target, &drop);
     return drop.isAccepted() && drop.dropAction() == Qt::CopyAction;
 }
@@ -43,10 +44,13 @@ void WithDialog(Action action) {
     look->start(5);
 }
 
+using Drops = WithWindow;
+using Dialogs = WithWindow;
+using Web = WithWindow;
+
 }  // namespace
 
-TEST(Drops, GoToTheCallForTheirFormat) {
-    OpenTestWindow();
+TEST_F(Drops, GoToTheCallForTheirFormat) {
     CanvasGadget(kTerminalCanvas, 0, 0, 100, 100, kCanvasKeyboard);
     EnableWindowDrop(kTestWindow, DropFormat::kFiles);
     EnableGadgetDrop(kTerminalCanvas, DropFormat::kText);
@@ -83,8 +87,7 @@ TEST(Drops, GoToTheCallForTheirFormat) {
     EXPECT_EQ(EventDropText(), "");
 }
 
-TEST(Drops, AreBounded) {
-    OpenTestWindow();
+TEST_F(Drops, AreBounded) {
     EnableWindowDrop(kTestWindow, DropFormat::kFiles);
     EnableWindowDrop(kTestWindow, DropFormat::kText);
     QMimeData data;
@@ -110,7 +113,7 @@ TEST(Clipboard, HoldsTextUpToItsBound) {
     EXPECT_EQ(ClipboardText().size(), kMaxClipboardText);
 }
 
-TEST(Dialogs, AnswersTakeTheirPlace) {
+TEST_F(Dialogs, AnswersTakeTheirPlace) {
     DialogAnswers answers;
     answers.text = [](const QString&, const QString&, const QString& preset) {
         return preset + " x 25";
@@ -123,8 +126,7 @@ TEST(Dialogs, AnswersTakeTheirPlace) {
     AnswerDialogs(nullptr);
 }
 
-TEST(Dialogs, RealOnesStandOverTheProgramsWindow) {
-    OpenTestWindow();
+TEST_F(Dialogs, RealOnesStandOverTheProgramsWindow) {
     WithDialog([](QDialog* dialog) {
         EXPECT_EQ(dialog->parentWidget(), WidgetOfWindow(kTestWindow));
         EXPECT_EQ(dialog->windowTitle(), "New size");
@@ -151,8 +153,7 @@ TEST(Dialogs, RealOnesStandOverTheProgramsWindow) {
     EXPECT_EQ(font.size, 9);
 }
 
-TEST(Web, PagesAreLoadedAndLinksFollowed) {
-    OpenTestWindow();
+TEST_F(Web, PagesAreLoadedAndLinksFollowed) {
     WebGadget(kHelpWebView, 0, 0, 400, 300);
     ASSERT_STREQ(WidgetOfGadget(kHelpWebView)->metaObject()->className(), "QWebView");
     LoadWebPage(kHelpWebView, "file:///nowhere%20at%20all.htm");

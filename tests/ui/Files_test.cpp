@@ -1,23 +1,16 @@
 // The explorer list, the path box and the patterns of file dialogs.
 
 #include <QDir>
-#include <QFile>
 #include <QLineEdit>
-#include <QTemporaryDir>
 #include <QTreeWidget>
 
+#include "tests/support/ScratchFolder.h"
 #include "tests/ui/Gestures.h"
 #include "ui/ExplorerListGadget.h"
 #include "ui/FilePatterns.h"
 #include "ui/PathBoxGadget.h"
 
 namespace {
-
-void MakeFile(const QString& path, int size) {
-    QFile file(path);
-    file.open(QIODevice::WriteOnly);
-    file.write(QByteArray(size, 'x'));
-}
 
 QString Rows() {
     QString rows;
@@ -41,14 +34,17 @@ Events GadgetEvents() {
 const Events kFolderChanged = {GadgetEvent(kPcList, kTypeValueChanged)};
 const Events kNothing;
 
+using PathBox = WithWindow;
+
 }  // namespace
 
 TEST(ExplorerList, ListsFoldersFirstAndIsWalkedByDoubleClicks) {
-    const QTemporaryDir top;
-    QDir(top.path()).mkpath("Beta/inner");
-    QDir(top.path()).mkpath("alpha");
-    MakeFile(top.filePath("b.bas"), 1234);
-    MakeFile(top.filePath("A.BAS"), 5);
+    const ScratchFolder scratch;
+    const QTemporaryDir& top = scratch.folder;
+    QDir().mkpath("Beta/inner");
+    QDir().mkpath("alpha");
+    ScratchFolder::Put("b.bas", "x");
+    ScratchFolder::Put("A.BAS", "");
     OpenTestWindow();
     ExplorerListGadget(kPcList, 0, 0, 400, 300, top.path());
     TakeEvents();
@@ -66,7 +62,7 @@ TEST(ExplorerList, ListsFoldersFirstAndIsWalkedByDoubleClicks) {
     EXPECT_EQ(GadgetEvents(), kFolderChanged);
 
     // Setting the folder lists it anew; one that is not there changes nothing.
-    MakeFile(top.filePath("c.bas"), 1);
+    ScratchFolder::Put("c.bas", "");
     SetGadgetText(kPcList, GadgetText(kPcList));
     EXPECT_EQ(Rows(), "../|alpha/|Beta/|A.BAS|b.bas|c.bas|");
     SetGadgetText(kPcList, top.filePath("nowhere"));
@@ -79,8 +75,9 @@ TEST(ExplorerList, ListsFoldersFirstAndIsWalkedByDoubleClicks) {
 }
 
 TEST(ExplorerList, SelectionAndColumns) {
-    const QTemporaryDir top;
-    for (const char* name : {"a.bas", "b.bas"}) MakeFile(top.filePath(name), 1);
+    const ScratchFolder scratch;
+    const QTemporaryDir& top = scratch.folder;
+    for (const char* name : {"a.bas", "b.bas"}) ScratchFolder::Put(name, "");
     OpenTestWindow();
     ExplorerListGadget(kPcList, 0, 0, 400, 300, top.path());
     EXPECT_EQ(GadgetState(kPcList), -1);
@@ -97,8 +94,7 @@ TEST(ExplorerList, SelectionAndColumns) {
 }
 
 // Who marks a change as its own counts on the echo, so it comes for an equal text too.
-TEST(PathBox, TellsOfEveryChangeAndOfTheChoice) {
-    OpenTestWindow();
+TEST_F(PathBox, TellsOfEveryChangeAndOfTheChoice) {
     PathBoxGadget(kPcPathEntry, 0, 0, 400, 30, "/tmp/");
     EXPECT_EQ(GadgetText(kPcPathEntry), "/tmp/");
     EXPECT_EQ(GadgetEvents(), kNothing);

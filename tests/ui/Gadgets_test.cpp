@@ -20,9 +20,11 @@ namespace {
 
 int scrolledTo = -1;
 
+using Gadgets = WithWindow;
+
 }  // namespace
 
-TEST(Gadgets, UnknownNumbersDoNothing) {
+TEST(NoGadgets, UnknownNumbersDoNothing) {
     ButtonGadget(1, 0, 0, 10, 10, "no list is open");
     OpenTestWindow();
     ButtonGadget(-1, 0, 0, 10, 10, "no number");
@@ -40,8 +42,7 @@ TEST(Gadgets, UnknownNumbersDoNothing) {
     EXPECT_TRUE(TakeEvents(kEventGadget).empty());
 }
 
-TEST(Gadgets, LieInContainersAndGoWithThem) {
-    OpenTestWindow();
+TEST_F(Gadgets, LieInContainersAndGoWithThem) {
     ContainerGadget(201, 5, 30, 300, 25);
     ButtonGadget(92, 66, 1, 65, 20, "R&D");
     CloseGadgetList();
@@ -68,8 +69,7 @@ TEST(Gadgets, LieInContainersAndGoWithThem) {
     EXPECT_FALSE(GadgetExists(92));
 }
 
-TEST(Gadgets, ClicksAndTicksAreEventsOfTheUserAlone) {
-    OpenTestWindow();
+TEST_F(Gadgets, ClicksAndTicksAreEventsOfTheUserAlone) {
     ButtonGadget(62, 5, 5, 80, 20, "Connect");
     CheckBoxGadget(50, 5, 60, 100, 20, "Override");
     SetGadgetState(50, 1);
@@ -81,8 +81,7 @@ TEST(Gadgets, ClicksAndTicksAreEventsOfTheUserAlone) {
 }
 
 // A handler may free the very gadget whose click it handles.
-TEST(Gadgets, AHandlerMayFreeItsOwnGadget) {
-    OpenTestWindow();
+TEST_F(Gadgets, AHandlerMayFreeItsOwnGadget) {
     ButtonGadget(62, 5, 5, 80, 20, "Connect");
     BindGadgetHandler(62, [] { FreeGadget(62); });
     Click(WidgetOfGadget(62));
@@ -91,8 +90,7 @@ TEST(Gadgets, AHandlerMayFreeItsOwnGadget) {
     EXPECT_EQ(WidgetOfGadget(62), nullptr);
 }
 
-TEST(Gadgets, TextEntriesAndTheDigitRule) {
-    OpenTestWindow();
+TEST_F(Gadgets, TextEntriesAndTheDigitRule) {
     TextEntryGadget(41, 5, 5, 80, 20, "a1");
     TextEntryGadget(42, 5, 35, 80, 20, "", EntryRule::kDigits);
     SetGadgetText(41, "10.0.0.1:3001");
@@ -105,8 +103,7 @@ TEST(Gadgets, TextEntriesAndTheDigitRule) {
     EXPECT_EQ(TakeEvents(kEventGadget), (Events{GadgetEvent(42, kTypeValueChanged)}));
 }
 
-TEST(Gadgets, AComboShowsATextThatIsNoItem) {
-    OpenTestWindow();
+TEST_F(Gadgets, AComboShowsATextThatIsNoItem) {
     ComboBoxGadget(kPortCombo, 5, 5, 90, 20);
     EXPECT_EQ(GadgetState(kPortCombo), -1);
     for (const char* port : {"ttyUSB0", "ttyUSB1", "TCPIP"}) AddGadgetItem(kPortCombo, port);
@@ -140,8 +137,7 @@ TEST(Gadgets, AComboShowsATextThatIsNoItem) {
     EXPECT_EQ(GadgetText(kPortCombo), "");
 }
 
-TEST(Gadgets, AScrollBarTellsOfTheUserAloneAndCapsItsRange) {
-    OpenTestWindow();
+TEST_F(Gadgets, AScrollBarTellsOfTheUserAloneAndCapsItsRange) {
     ScrollBarGadget(27, 380, 5, 18, 200, 0, 1000, 40, ScrollDirection::kVertical);
     BindGadgetHandler(27, [] { scrolledTo = GadgetState(27); });
     SetGadgetState(27, 990);
@@ -154,8 +150,7 @@ TEST(Gadgets, AScrollBarTellsOfTheUserAloneAndCapsItsRange) {
     EXPECT_EQ(TakeEvents(kEventGadget), (Events{GadgetEvent(27, 0)}));
 }
 
-TEST(Gadgets, AListHasRowsAndAMultipleSelection) {
-    OpenTestWindow();
+TEST_F(Gadgets, AListHasRowsAndAMultipleSelection) {
     ListGadget(kDeviceList, 5, 5, 200, 200);
     EXPECT_EQ(GadgetState(kDeviceList), -1);
     for (const char* row : {"..", "<DIR> games", "a.bas", "b.bas"}) AddGadgetItem(kDeviceList, row);
@@ -182,7 +177,7 @@ TEST(Gadgets, AListHasRowsAndAMultipleSelection) {
     EXPECT_EQ(GadgetItemCount(kDeviceList), 0);
 }
 
-TEST(Gadgets, ASplitterHoldsTwoGadgetsAndItsBar) {
+TEST_F(Gadgets, ASplitterHoldsTwoGadgetsAndItsBar) {
     // All of it before the window shows, as a window is built.
     OpenNumberedWindow(kTestWindow, 0, 0, 400, 300, "Test", kStandardWindowFlags);
     ListGadget(162, 0, 0, 10, 10);
@@ -204,8 +199,7 @@ TEST(Gadgets, ASplitterHoldsTwoGadgetsAndItsBar) {
     EXPECT_FALSE(GadgetExists(162));
 }
 
-TEST(Gadgets, TextsStandAsTheyAre) {
-    OpenTestWindow();
+TEST_F(Gadgets, TextsStandAsTheyAre) {
     TextGadget(208, 5, 5, 250, 20, "<b>101 x 50</b> & more");
     EXPECT_EQ(GadgetText(208), "<b>101 x 50</b> & more");
     const QSize plain = WidgetOfGadget(208)->sizeHint();

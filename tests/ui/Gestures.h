@@ -45,6 +45,10 @@ inline Seen GadgetEvent(int gadget, int64_t type) {
 // Opens a sizable window of 400 by 300 with a gadget list, and takes its first events.
 void OpenTestWindow();
 
+struct WithWindow : testing::Test {
+    WithWindow() { OpenTestWindow(); }
+};
+
 QWidget* WidgetOfGadget(int gadget);
 QWidget* WidgetOfWindow(int window);
 

@@ -37,10 +37,14 @@ void PressKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
 
 int ranFor = 0;
 
+using Menus = WithWindow;
+using Shortcuts = WithWindow;
+using Timers = WithWindow;
+using Properties = WithWindow;
+
 }  // namespace
 
-TEST(Menus, AnItemRaisesItsNumberFromEveryMenuThatHoldsIt) {
-    OpenTestWindow();
+TEST_F(Menus, AnItemRaisesItsNumberFromEveryMenuThatHoldsIt) {
     CreateMenuBar(kMainMenu, kTestWindow);
     MenuTitle("Edit");
     MenuItem(kItemPasteText, "Paste text");
@@ -66,8 +70,7 @@ TEST(Menus, AnItemRaisesItsNumberFromEveryMenuThatHoldsIt) {
     ShowPopupMenu(kPopupMenu, 99);
 }
 
-TEST(Menus, TheTickIsTheProgramsAlone) {
-    OpenTestWindow();
+TEST_F(Menus, TheTickIsTheProgramsAlone) {
     CreateMenuBar(kMainMenu, kTestWindow);
     MenuTitle("View");
     MenuItem(185, "Presets");
@@ -86,8 +89,7 @@ TEST(Menus, TheTickIsTheProgramsAlone) {
     EXPECT_FALSE(MenuItemTick(99));
 }
 
-TEST(Shortcuts, ComeBeforeTheFocusOnlyWhileTheyStand) {
-    OpenTestWindow();
+TEST_F(Shortcuts, ComeBeforeTheFocusOnlyWhileTheyStand) {
     CanvasGadget(kTerminalCanvas, 0, 0, 100, 100, kCanvasKeyboard);
     FocusGadget(kTerminalCanvas);
     AddKeyboardShortcut(kTestWindow, 0x01000039, kShortcutF10);
@@ -114,8 +116,7 @@ TEST(Shortcuts, ComeBeforeTheFocusOnlyWhileTheyStand) {
 }
 
 // Return, Up and Down in an entry: the entry itself must not keep them.
-TEST(Shortcuts, ReachPastTheEntryThatHasTheFocus) {
-    OpenTestWindow();
+TEST_F(Shortcuts, ReachPastTheEntryThatHasTheFocus) {
     TextEntryGadget(53, 0, 0, 100, 20, "print");
     FocusGadget(53);
     const int keys[] = {0x01000004, 0x01000013, 0x01000015};
@@ -126,8 +127,7 @@ TEST(Shortcuts, ReachPastTheEntryThatHasTheFocus) {
     EXPECT_EQ(TakeEvents(kEventMenu), (Events{MenuEvent(53), MenuEvent(150), MenuEvent(151)}));
 }
 
-TEST(Timers, FireWithTheirNumberUntilRemoved) {
-    OpenTestWindow();
+TEST_F(Timers, FireWithTheirNumberUntilRemoved) {
     AddWindowTimer(kTestWindow, 114, 1);
     for (int i = 0; i < 3; ++i) {
         ASSERT_EQ(WaitForEvent(5000), kEventTimer);
@@ -152,8 +152,7 @@ TEST(Timers, FireWithTheirNumberUntilRemoved) {
 }
 
 // A slot finds a number by the property on the real object.
-TEST(Properties, StandOnWidgetsActionsTimersAndShortcuts) {
-    OpenTestWindow();
+TEST_F(Properties, StandOnWidgetsActionsTimersAndShortcuts) {
     CanvasGadget(kTerminalCanvas, 0, 0, 100, 100, kCanvasKeyboard);
     AddWindowTimer(kTestWindow, 114, 1000);
     AddKeyboardShortcut(kTestWindow, Qt::Key_F1, 67);

@@ -21,10 +21,13 @@ QWidget* CentralWidget(int window) {
     return static_cast<QMainWindow*>(WidgetOfWindow(window))->centralWidget();
 }
 
+using Windows = WithWindow;
+using Notice = WithWindow;
+using Painting = WithWindow;
+
 }  // namespace
 
-TEST(Windows, TheInnerSizeLiesBelowTheMenuBar) {
-    OpenTestWindow();
+TEST_F(Windows, TheInnerSizeLiesBelowTheMenuBar) {
     EXPECT_EQ(InnerSize(0), QSize(400, 300));
     CreateMenuBar(kMainMenu, 0);
     for (const char* title : {"Setup", "Edit", "Action"}) {
@@ -50,7 +53,7 @@ TEST(Windows, TheInnerSizeLiesBelowTheMenuBar) {
     EXPECT_EQ(WindowY(0, WindowMeasure::kFrame), 80);
 }
 
-TEST(Windows, FlagsBecomeTheFrame) {
+TEST_F(Windows, FlagsBecomeTheFrame) {
     OpenNumberedWindow(1, 0, 0, 200, 100, "all", kStandardWindowFlags);
     OpenNumberedWindow(2, 0, 0, 200, 100, "help", kHelpWindowFlags);
     OpenNumberedWindow(3, 0, 0, 200, 100, "fixed", kWindowClose + kWindowMinimize);
@@ -71,16 +74,14 @@ TEST(Windows, FlagsBecomeTheFrame) {
     EXPECT_EQ(WidgetOfWindow(4)->parentWidget(), WidgetOfWindow(1));
 }
 
-TEST(Windows, ClosingRaisesEventTwoAndLeavesTheWindowOpen) {
-    OpenTestWindow();
+TEST_F(Windows, ClosingRaisesEventTwoAndLeavesTheWindowOpen) {
     WidgetOfWindow(0)->close();
     EXPECT_EQ(TakeEvents(kEventCloseWindow).size(), 1u);
     EXPECT_TRUE(WidgetOfWindow(0)->isVisible());
     EXPECT_TRUE(WindowIsOpen(0));
 }
 
-TEST(Windows, SizesMovesAndStatesAreEventsAndBurstsCollapse) {
-    OpenTestWindow();
+TEST_F(Windows, SizesMovesAndStatesAreEventsAndBurstsCollapse) {
     WidgetOfWindow(0)->resize(410, 310);
     WidgetOfWindow(0)->resize(420, 320);
     EXPECT_EQ(TakeEvents(kEventSizeWindow).size(), 1u);
@@ -98,8 +99,7 @@ TEST(Windows, SizesMovesAndStatesAreEventsAndBurstsCollapse) {
     EXPECT_EQ(TakeEvents(kEventActivateWindow), (Events{{7, 0, -1, 0}}));
 }
 
-TEST(Windows, ButtonsReleasedOverTheWindowAreEvents) {
-    OpenTestWindow();
+TEST_F(Windows, ButtonsReleasedOverTheWindowAreEvents) {
     ButtonGadget(62, 10, 10, 80, 20, "Connect");
     TakeEvents();
     QWidget* const window = CentralWidget(0);
@@ -112,8 +112,7 @@ TEST(Windows, ButtonsReleasedOverTheWindowAreEvents) {
     EXPECT_EQ(TakeEvents(), expected);
 }
 
-TEST(Windows, AClosedWindowTakesItsGadgetsTimersAndEventsAlong) {
-    OpenTestWindow();
+TEST_F(Windows, AClosedWindowTakesItsGadgetsTimersAndEventsAlong) {
     OpenNumberedWindow(161, 0, 0, 300, 200, "files", kStandardWindowFlags);
     ContainerGadget(166, 0, 0, 100, 40);
     ButtonGadget(168, 2, 2, 50, 25, ">>>");
@@ -144,8 +143,7 @@ TEST(Windows, AClosedWindowTakesItsGadgetsTimersAndEventsAlong) {
     ActivateNumberedWindow(0);
 }
 
-TEST(Notice, StandsOverItsParentUntilItsTimerIsHandled) {
-    OpenTestWindow();
+TEST_F(Notice, StandsOverItsParentUntilItsTimerIsHandled) {
     ButtonGadget(62, 10, 10, 80, 20, "Connect");
     FocusGadget(62);
     TakeEvents();
@@ -167,8 +165,7 @@ TEST(Notice, StandsOverItsParentUntilItsTimerIsHandled) {
 }
 
 // What a blocking procedure did must be on the screen before it sleeps.
-TEST(FlushPainting, ShowsChangesWithoutTheLoop) {
-    OpenTestWindow();
+TEST_F(Painting, FlushShowsChangesWithoutTheLoop) {
     ButtonGadget(62, 10, 10, 80, 20, "Connect");
     TakeEvents();
     struct PaintCounter : QObject {

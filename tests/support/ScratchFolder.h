@@ -1,5 +1,4 @@
-// A folder of a test's own, which is the working folder while the test runs, so that the
-// settings file lies in it.
+// A folder of a test's own, which is the working folder while the test runs.
 #pragma once
 
 #include <unistd.h>
@@ -13,11 +12,13 @@ class ScratchFolder {
     ScratchFolder() { (void)!chdir(folder.path().toUtf8().constData()); }
     ~ScratchFolder() { (void)!chdir("/"); }
 
-    static void Put(const QString& name, const QByteArray& bytes) {
+    static QString Put(const QString& name, const QByteArray& bytes) {
         QFile file(name);
         file.open(QIODevice::WriteOnly);
         file.write(bytes);
+        return name;
     }
+    // Nothing of a file that is not there.
     static QByteArray Get(const QString& name) {
         QFile file(name);
         file.open(QIODevice::ReadOnly);
