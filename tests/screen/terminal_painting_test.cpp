@@ -187,7 +187,7 @@ TEST_F(TerminalPainting, TheLatestLinesAreKept) {
     SetUpTerminal();
     SetCurrentColours(0xFF, 0xFF00);
     for (int i = 0; i < 1000; ++i) {
-        if (i == 333) SetScrollBackLimits(300, 256);
+        if (i == 800) SetScrollBackLimits(300, 256);
         MoveTerminalCursor(i % 3 ? 1 : 25 + i % 50, screen.cursorY);
         TerminalPrintLine(QString::number(i));
     }
