@@ -13,9 +13,7 @@ namespace {
 constexpr int kCols = 20;
 constexpr int kRows = 5;
 
-struct Place {
-    int column, row;  // from 0
-};
+using Places = std::vector<std::pair<int, int>>;  // column and row, from 0
 
 class SelectionTest : public testing::Test {
   protected:
@@ -40,8 +38,8 @@ class SelectionTest : public testing::Test {
         FinishSelection();
         return ClipboardText();
     }
-    static QString Select(const std::vector<Place>& places) {
-        for (const Place& place : places) PointTo(place.column, place.row);
+    static QString Select(const Places& places) {
+        for (const auto& [column, row] : places) PointTo(column, row);
         return Finish();
     }
     // Cells whose picture differs from `before`.

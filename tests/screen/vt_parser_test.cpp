@@ -176,16 +176,10 @@ TEST_F(VtParserTest, PrivateFinalsReadTheWorkingSlot) {
     EXPECT_EQ(mouseMode, 3);
 }
 
-struct Graphics {
-    string parameters;
-    int attribute;
-    uint32_t foreground, background;
-};
-
 TEST_F(VtParserTest, GraphicRendition) {
     const uint32_t fg = 0xFFFFFF, bg = 0;
     const uint32_t* palette = terminalSettings.palette;
-    std::vector<Graphics> rows = {
+    std::vector<std::tuple<string, int, uint32_t, uint32_t>> rows = {
         {"", 0, fg, bg},
         {"0", 0, fg, bg},
         {"1", 1, fg, bg},
@@ -209,13 +203,12 @@ TEST_F(VtParserTest, GraphicRendition) {
         rows.push_back({std::to_string(40 + i), 0, fg, palette[i]});
         if (i < 7) rows.push_back({std::to_string(90 + i), 0, palette[i], bg});
     }
-    for (const Graphics& row : rows) {
+    for (const auto& row : rows) {
+        const string& parameters = std::get<0>(row);
         StartOver();
-        Feed(C + row.parameters + "mX");
+        Feed(C + parameters + "mX");
         const TerminalCell& cell = TerminalLineAt(1)->cells[1];
-        EXPECT_EQ(cell.attr, row.attribute) << row.parameters;
-        EXPECT_EQ(cell.fg, row.foreground) << row.parameters;
-        EXPECT_EQ(cell.bg, row.background) << row.parameters;
+        EXPECT_EQ(std::make_tuple(parameters, int(cell.attr), cell.fg, cell.bg), row);
     }
     Feed(C + "7mX" + C + "1K");
     EXPECT_EQ(TerminalLineAt(1)->cells[1].attr, 0);

@@ -45,17 +45,14 @@ TEST_F(ButtonsTest, PresetsAreSavedUpToTheirLimit) {
               "Desk,'target port\\ttyUSB0:9600");
     EXPECT_EQ(GadgetText(kFirstPresetButton), "Desk");
     EXPECT_FALSE(GadgetDisabled(kFirstPresetButton));
-    const struct {
-        const char* spec;
-        const char* stored;
-    } specs[] = {{"", ""},
-                 {"'TARGET x", "'TARGET x"},
-                 {"'onLoad", "'onLoad"},
-                 {"' onload", "' onload"},
-                 {"' target x", "'target ' target x"}};
-    for (const auto& row : specs) {
-        SavePreset("Desk", row.spec);
-        EXPECT_EQ(presetList[0].spec, row.stored);
+    const std::pair<const char*, const char*> specs[] = {{"", ""},
+                                                         {"'TARGET x", "'TARGET x"},
+                                                         {"'onLoad", "'onLoad"},
+                                                         {"' onload", "' onload"},
+                                                         {"' target x", "'target ' target x"}};
+    for (const auto& [spec, stored] : specs) {
+        SavePreset("Desk", spec);
+        EXPECT_EQ(presetList[0].spec, stored);
     }
     AddPreset({"Desk", "twin"});
     SavePreset("Desk", "'target both");

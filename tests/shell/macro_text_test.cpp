@@ -6,10 +6,7 @@
 
 TEST(MacroText, Expands) {
     VirtualClock clock;
-    const struct {
-        const char* text;
-        QString expanded;
-    } rows[] = {
+    const std::pair<const char*, QString> rows[] = {
         {"", ""},
         {"a", "a"},
         {"abc", "ab"},  // a plain last character is dropped
@@ -35,5 +32,5 @@ TEST(MacroText, Expands) {
         {"\\d \\h.", "04/03/2026 05:06:07"},
         {"\u00E4\\\u00F6\u20AC.", "\u00E4\u00F6\u20AC"},
     };
-    for (const auto& row : rows) EXPECT_EQ(ExpandMacroText(row.text), row.expanded) << row.text;
+    for (const auto& [text, expanded] : rows) EXPECT_EQ(ExpandMacroText(text), expanded) << text;
 }

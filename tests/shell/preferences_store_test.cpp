@@ -66,12 +66,10 @@ TEST_F(PreferencesStoreTest, ReadsByGroupWithoutRegardToCase) {
     EXPECT_TRUE(PreferenceGroup("Two"));
     EXPECT_EQ(ReadPreferenceLong("n", 0), 12);
     PreferenceGroup("Numbers");
-    const struct {
-        const char* key;
-        int32_t value;
-    } numbers[] = {{"space", 7}, {"minus", -3}, {"hex", 0},  {"word", 0},
-                   {"big", 5},   {"huge", -1},  {"empty", 0}};
-    for (const auto& row : numbers) EXPECT_EQ(ReadPreferenceLong(row.key, 9), row.value) << row.key;
+    const std::pair<const char*, int> numbers[] = {{"space", 7}, {"minus", -3}, {"hex", 0},
+                                                   {"word", 0},  {"big", 5},    {"huge", -1},
+                                                   {"empty", 0}};
+    for (const auto& [key, value] : numbers) EXPECT_EQ(ReadPreferenceLong(key, 9), value) << key;
     EXPECT_EQ(ReadPreferenceString("space", ""), "7");
     EXPECT_EQ(ReadPreferenceString("empty", "default"), "");
     ClosePreferences();

@@ -26,10 +26,7 @@ std::string Read(const QByteArray& bytes) {
 }  // namespace
 
 TEST(PreferencesText, LinesBecomeEntries) {
-    const struct {
-        std::string text;
-        std::string entries;
-    } rows[] = {
+    const std::pair<std::string, std::string> rows[] = {
         {"", ""},
         {"\n\r\n \t \n", ""},
         {"[A]\nk = v\n", "<[A]><k=v>"},
@@ -47,7 +44,8 @@ TEST(PreferencesText, LinesBecomeEntries) {
         {"k=", "<k=>"},
         {std::string("k=a\0b\n", 6), std::string("<k=a\0b>", 7)},
     };
-    for (const auto& row : rows) EXPECT_EQ(Read(QByteArray::fromStdString(row.text)), row.entries);
+    for (const auto& [text, entries] : rows)
+        EXPECT_EQ(Read(QByteArray::fromStdString(text)), entries);
 }
 
 TEST(PreferencesText, BytesBecomeTextByMarkThenByValidity) {

@@ -134,8 +134,6 @@ TEST_F(Dialogs, RealOnesStandOverTheProgramsWindow) {
         dialog->accept();
     });
     EXPECT_EQ(AskText("New size", "Enter", "101 x 50"), "80x24");
-    WithDialog([](QDialog* dialog) { dialog->reject(); });
-    EXPECT_EQ(AskText("New size", "Enter", "101 x 50"), "");
     WithDialog([](QDialog* dialog) {
         // Lines joined by CR stand below each other, and markup is text.
         EXPECT_EQ(dialog->findChild<QLabel*>("qt_msgbox_label")->text(), "<b>one</b>\ntwo");
@@ -143,14 +141,15 @@ TEST_F(Dialogs, RealOnesStandOverTheProgramsWindow) {
         dialog->reject();
     });
     EXPECT_FALSE(AskMessage("About", "<b>one</b>\rtwo", MessageButtons::kYesNo));
-    WithDialog([](QDialog* dialog) { dialog->reject(); });
+    const auto cancel = [](QDialog* dialog) { dialog->reject(); };
+    WithDialog(cancel);
+    EXPECT_EQ(AskText("New size", "Enter", "101 x 50"), "");
+    WithDialog(cancel);
     const FileChoice none = AskSaveFile("Save", "/tmp/*.bas", "Basic (*.bas)|*.bas|All (*.*)|*.*");
-    EXPECT_EQ(none.path, "");
-    EXPECT_EQ(none.pattern, 0);
+    EXPECT_TRUE(none.path.isEmpty() && none.pattern == 0);
     WithDialog([](QDialog* dialog) { dialog->accept(); });
     const FontChoice font = AskFont("Liberation Mono", 9);
-    EXPECT_TRUE(font.accepted);
-    EXPECT_EQ(font.size, 9);
+    EXPECT_TRUE(font.accepted && font.size == 9);
 }
 
 TEST_F(Web, PagesAreLoadedAndLinksFollowed) {

@@ -28,8 +28,6 @@ TEST(NoGadgets, UnknownNumbersDoNothing) {
     ButtonGadget(1, 0, 0, 10, 10, "no list is open");
     OpenTestWindow();
     ButtonGadget(-1, 0, 0, 10, 10, "no number");
-    EXPECT_FALSE(GadgetExists(1));
-    EXPECT_FALSE(GadgetExists(-1));
     HideGadget(1, true);
     SetGadgetText(1, "x");
     ResizeGadget(1, 1, 1, 1, 1);
@@ -37,7 +35,7 @@ TEST(NoGadgets, UnknownNumbersDoNothing) {
     EXPECT_EQ(GadgetText(1) + GadgetTooltip(1) + GadgetItemText(1, 0), "");
     EXPECT_EQ(GadgetState(1) + GadgetWidth(1) + GadgetItemCount(1) + GadgetColumnWidth(1, 0), 0);
     EXPECT_FALSE(GadgetHidden(1) || GadgetDisabled(1) || GadgetItemSelected(1, 0));
-    EXPECT_FALSE(GadgetExists(164));
+    EXPECT_FALSE(GadgetExists(-1) || GadgetExists(1) || GadgetExists(164));
     LoadWebPage(1, "file:///");
     EXPECT_TRUE(TakeEvents(kEventGadget).empty());
 }

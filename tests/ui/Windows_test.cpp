@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QMainWindow>
+#include <functional>
 
 #include "tests/ui/Gestures.h"
 #include "ui/AddWindowTimer.h"
@@ -58,10 +59,8 @@ TEST_F(Windows, FlagsBecomeTheFrame) {
     OpenNumberedWindow(2, 0, 0, 200, 100, "help", kHelpWindowFlags);
     OpenNumberedWindow(3, 0, 0, 200, 100, "fixed", kWindowClose + kWindowMinimize);
     OpenNumberedWindow(4, 0, 0, 200, 80, "centred", kWindowCentredOnParent, 1);
-    const Qt::WindowFlags all = WidgetOfWindow(1)->windowFlags();
-    EXPECT_TRUE(all & Qt::WindowCloseButtonHint);
-    EXPECT_TRUE(all & Qt::WindowMaximizeButtonHint);
-    EXPECT_TRUE(all & Qt::WindowMinimizeButtonHint);
+    const Qt::WindowFlags all = Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint;
+    EXPECT_EQ(WidgetOfWindow(1)->windowFlags() & all, all);
     EXPECT_FALSE(WidgetOfWindow(2)->windowFlags() & Qt::WindowCloseButtonHint);
     EXPECT_FALSE(WidgetOfWindow(3)->windowFlags() & Qt::WindowMaximizeButtonHint);
     EXPECT_EQ(WidgetOfWindow(3)->minimumSize(), WidgetOfWindow(3)->maximumSize());
@@ -74,25 +73,21 @@ TEST_F(Windows, FlagsBecomeTheFrame) {
     EXPECT_EQ(WidgetOfWindow(4)->parentWidget(), WidgetOfWindow(1));
 }
 
-TEST_F(Windows, ClosingRaisesEventTwoAndLeavesTheWindowOpen) {
-    WidgetOfWindow(0)->close();
-    EXPECT_EQ(TakeEvents(kEventCloseWindow).size(), 1u);
-    EXPECT_TRUE(WidgetOfWindow(0)->isVisible());
-    EXPECT_TRUE(WindowIsOpen(0));
-}
-
-TEST_F(Windows, SizesMovesAndStatesAreEventsAndBurstsCollapse) {
-    WidgetOfWindow(0)->resize(410, 310);
-    WidgetOfWindow(0)->resize(420, 320);
-    EXPECT_EQ(TakeEvents(kEventSizeWindow).size(), 1u);
-    WidgetOfWindow(0)->move(90, 95);
-    EXPECT_EQ(TakeEvents(kEventMoveWindow).size(), 1u);
-    WidgetOfWindow(0)->showMinimized();
-    EXPECT_EQ(TakeEvents(kEventMinimizeWindow).size(), 1u);
-    WidgetOfWindow(0)->showMaximized();
-    EXPECT_EQ(TakeEvents(kEventMaximizeWindow).size(), 1u);
-    WidgetOfWindow(0)->showNormal();
-    EXPECT_EQ(TakeEvents(kEventRestoreWindow).size(), 1u);
+TEST_F(Windows, WhatHappensToOneIsAnEventAndBurstsCollapse) {
+    QWidget* const window = WidgetOfWindow(0);
+    const std::pair<int, std::function<void()>> rows[] = {
+        {kEventSizeWindow, [=] { window->resize(410, 310), window->resize(420, 320); }},
+        {kEventMoveWindow, [=] { window->move(90, 95); }},
+        {kEventMinimizeWindow, [=] { window->showMinimized(); }},
+        {kEventMaximizeWindow, [=] { window->showMaximized(); }},
+        {kEventRestoreWindow, [=] { window->showNormal(); }},
+        {kEventCloseWindow, [=] { window->close(); }},
+    };
+    for (const auto& [event, act] : rows) {
+        act();
+        EXPECT_EQ(TakeEvents(event).size(), 1u) << event;
+    }
+    EXPECT_TRUE(window->isVisible() && WindowIsOpen(0));
     OpenNumberedWindow(155, 0, 0, 200, 100, "other", kHelpWindowFlags);
     EXPECT_EQ(TakeEvents(kEventDeactivateWindow), (Events{{8, 0, -1, 0}}));
     ActivateNumberedWindow(0);
