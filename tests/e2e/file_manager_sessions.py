@@ -141,6 +141,7 @@ class FilesSession(FileSession):
             with open(os.path.join(back, name), "rb") as f:
                 self.assertEqual(f.read(), padded(padded(data)), name)
 
+        time.sleep(2)  # this firmware throws away what comes right behind a transfer
         files_window.select(DEVICE_FIRST, 2)
         files_window.click(DELETE)
         time.sleep(3)
