@@ -76,6 +76,7 @@ const Script kScripts[] = {
     {"AB", "AB. 3,1"},
     {"A\bB", "B. 2,1"},
     {"\bA", "A. 2,1"},
+    {C + "1;5HAB\bC", "....AC. 7,1"},
     {"A\a\x01"
      "B",
      "A\a\x01"
@@ -210,6 +211,7 @@ TEST_F(VtParserTest, GraphicRendition) {
         const TerminalCell& cell = TerminalLineAt(1)->cells[1];
         EXPECT_EQ(std::make_tuple(parameters, int(cell.attr), cell.fg, cell.bg), row);
     }
+    StartOver();
     Feed(C + "7mX" + C + "1K");
     EXPECT_EQ(TerminalLineAt(1)->cells[1].attr, 0);
 }

@@ -31,10 +31,11 @@ Typed TakeTyping() {
     Typed typed;
     while (WaitForEvent(0) != kNoEvent) {
         typed.modifiers = EventAttribute(kCanvas, kAttributeModifiers);
+        const int key = EventAttribute(kCanvas, kAttributeKey);
+        EXPECT_EQ(key != 0, EventType() == kTypeKeyDown);
+        if (key != 0) typed.keys.push_back(key);
         if (EventType() == kTypeInput)
             typed.text += QChar(EventAttribute(kCanvas, kAttributeInput));
-        if (EventType() == kTypeKeyDown)
-            typed.keys.push_back(EventAttribute(kCanvas, kAttributeKey));
     }
     return typed;
 }
