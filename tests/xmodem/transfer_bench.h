@@ -4,24 +4,20 @@
 
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
 #include <deque>
-#include <fstream>
-#include <iterator>
 #include <memory>
-#include <string>
 
 #include "base/Numbers.h"
 #include "link/LinkPrimitives.h"
 #include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "tests/support/FarEnd.h"
-#include "tests/xmodem/turns_clock.h"
+#include "tests/support/ScratchFolder.h"
+#include "tests/support/TurnsClock.h"
 #include "ui/WaitWindowEvent.h"
 #include "xmodem/Receive.h"
 #include "xmodem/Send.h"
 #include "xmodem/TransferWorkers.h"
-#include "xmodem/XmodemJob.h"
 
 constexpr char kAckByte = 6, kNakByte = 21, kCanByte = 24, kEotByte = 4;
 
@@ -37,7 +33,6 @@ class TransferBench : public testing::Test {
             if (!answer.empty()) line->Write(answer);
         };
     }
-
     static void TakeEvents() {
         for (int32_t event; (event = WaitForEvent(0)) != kNoEvent;) {
             if (event == kEventSendStatus) ShowSendStatus();
@@ -47,20 +42,20 @@ class TransferBench : public testing::Test {
         }
     }
 
-    // What was printed, run together, and what the device got behind the command.
-    QString Transfer(Direction direction, const std::string& path) {
+    // What was printed, run together; `out` is what the device got behind the command.
+    QString Transfer(Direction direction, const QString& name = "pc.bin") {
         XmodemJob& job = JobOf(direction);
-        const QString pcPath = QString::fromStdString(path);
+        const bool sends = direction == Direction::kSend;
         sem_init(&job.semaphore, 0, 0);
-        job.firstName = direction == Direction::kSend ? pcPath : "d.bin";
-        job.secondName = direction == Direction::kSend ? "d.bin" : pcPath;
+        job.firstName = sends ? name : "d.bin";
+        job.secondName = sends ? "d.bin" : name;
         job.lineEnd = "\r";
         job.abort = false;
         StartCapture();
         out.clear();
         const int64_t start = clock.Now();
         const int endedBefore = ended;
-        direction == Direction::kSend ? XmodemSendWorker(job) : XmodemReceiveWorker(job);
+        sends ? XmodemSendWorker(job) : XmodemReceiveWorker(job);
         took = clock.Now() - start;
         clock.Sleep(1);
         TakeEvents();
@@ -68,36 +63,36 @@ class TransferBench : public testing::Test {
         out.erase(0, out.find("\"\r") + 2);
         return TakeCapture();
     }
-    QString Fetch() { return Transfer(Direction::kReceive, Path()); }
+    QString Fetch() { return Transfer(Direction::kReceive); }
     QString Store(const std::string& content) {
-        WriteFile(Path(), content);
-        return Transfer(Direction::kSend, Path());
+        Write(content);
+        return Transfer(Direction::kSend);
     }
 
     // `far` acts from behind the device's command on.
     template <typename Device>
     std::string Act(Device& far, int64_t now, const std::string& came) {
         if (commanded) return far.Act(now, came);
-        commanded = came.find("XMODEM") != std::string::npos;
+        commanded = came.find("XMODEM") != came.npos;
         return "";
     }
-
-    std::string Path() const { return folder.path().toStdString() + "/pc.bin"; }
-    bool FileThere() const { return access(Path().c_str(), F_OK) == 0; }
-    static void WriteFile(const std::string& path, const std::string& bytes) {
-        std::ofstream(path, std::ios::binary) << bytes;
+    void Relink(bool overTcp = false) {
+        line.reset();
+        line = std::make_unique<FarEnd>(overTcp);
     }
-    static std::string Content(const std::string& path) {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    std::string Content() const { return Content(Path()); }
 
-    QTemporaryDir folder;
+    static void Write(const std::string& bytes, const char* name = "pc.bin") {
+        ScratchFolder::Put(name, QByteArray::fromStdString(bytes));
+    }
+    static std::string Content(const char* name = "pc.bin") {
+        return QFile::exists(name) ? ScratchFolder::Get(name).toStdString() : "(none)";
+    }
+
+    ScratchFolder folder;
     TurnsClock clock;
     std::unique_ptr<FarEnd> line = std::make_unique<FarEnd>();
     std::function<std::string(int64_t now, const std::string& came)> device;
-    std::string out;   // all that the device got, from behind the command on
+    std::string out;
     int64_t took = 0;  // milliseconds of the last transfer
     bool commanded = false;
     static inline int ended = 0;
@@ -109,6 +104,11 @@ inline std::string FrameOf(int number, const std::string& data) {
     int sum = 0;
     for (unsigned char byte : data) sum += byte;
     return frame + data + char(sum);
+}
+
+inline std::string Padded(std::string data, size_t block = 128) {
+    data.resize((data.size() + block - 1) / block * block);
+    return data;
 }
 
 // The sending device: a frame for each NAK and ACK, the last one again after 3 s.
@@ -139,28 +139,18 @@ struct ReceivingDevice {
     std::string Act(int64_t now, const std::string& came) {
         frame += came;
         if (!came.empty()) lastByte = now;
-        if (frame.size() == 132) return Judge();
         if (frame.empty()) {
             if (!content.empty() || now < lastAsked + 2000) return "";
             lastAsked = now;
             return {kNakByte};
         }
-        if (now < lastByte + 100) return "";
-        const bool end = frame == std::string(1, kEotByte);
-        frame.clear();
-        return std::string(1, end ? kAckByte : kNakByte);
-    }
-    std::string Judge() {
+        if (frame.size() != 132 && now < lastByte + 100) return "";
         const int due = content.size() / 128 + 1;
-        const std::string data = frame.substr(3, 128);
+        const std::string data = frame.size() == 132 ? frame.substr(3, 128) : "";
         const bool wanted = frame == FrameOf(due, data), again = frame == FrameOf(due - 1, data);
+        const bool end = frame == std::string(1, kEotByte);
         if (wanted) content += data;
         frame.clear();
-        return std::string(1, wanted || again ? kAckByte : kNakByte);
+        return std::string(1, wanted || again || end ? kAckByte : kNakByte);
     }
 };
-
-inline std::string Padded(std::string data, size_t block = 128) {
-    data.resize((data.size() + block - 1) / block * block);
-    return data;
-}
