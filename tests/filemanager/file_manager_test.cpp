@@ -241,7 +241,7 @@ TEST_F(FileManager, FlashSlotsAreShownLoadedReadAndErased) {
     Poll();  // no name is given: nothing is saved
     EXPECT_EQ(Sent(), "flash list 2\r");
     EXPECT_FALSE(deviceListing.savingProgram);
-    DeleteOnDevice();
+    EXPECT_EQ(TimeOf(DeleteOnDevice), 800 + 200 + 120 + 1000 + 660);
     EXPECT_EQ(Sent().substr(0, 14), "flash erase 2\r");
     Poll();
     EXPECT_EQ(Rows().value(2), "Slot 2 available");
@@ -250,7 +250,9 @@ TEST_F(FileManager, FlashSlotsAreShownLoadedReadAndErased) {
     EXPECT_EQ(Sent(), "\r\r\r\3flash list\r");
     ToggleFlashView();
     SetGadgetText(kFamilyCombo, "micromite");
-    RefreshDeviceList();  // no drive: flash view, of main memory alone
+    clock.Sleep(50);
+    Sent();
+    EXPECT_EQ(TimeOf(RefreshDeviceList), 260);  // no drive: flash view, of main memory alone
     EXPECT_TRUE(deviceListing.flashView);
     EXPECT_EQ(Rows().join('|'), "current program");
     ToggleFlashView();

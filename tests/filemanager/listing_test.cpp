@@ -163,6 +163,7 @@ TEST_F(ListingParser, TheFirstRuleThatFitsDecides) {
 
 TEST_F(ListingParser, APauseIsAnsweredEachTimeItIsSeenAndErrorsAreShown) {
     FarEnd line;
+    clock.onTick = [](int64_t) { EXPECT_FALSE(linkStatus.pollingSuspended); };
     ParseListingChunk("PRESS ANY");
     EXPECT_EQ(line.Read(), "");
     ParseListingChunk(" KEY");
