@@ -279,15 +279,22 @@ TEST_F(FileManager, BothPcGadgetsStandOnOneFolder) {
     SetGadgetText(kPcPathEntry, "/");
     Raise(kTypePathChanged, PathBoxChanged);  // taken for the echo
     EXPECT_EQ(fileManagerSettings.pcFolder, folder.path() + "/");
+    SetGadgetText(kPcPathEntry, folder.path());
+    Raise(kTypePathChosen, PathBoxChanged);  // no echo
+    EXPECT_EQ(GadgetText(kPcList), folder.path() + "/");
+    EXPECT_EQ(clock.Now(), before);
     answer = "made";
     NewPcFolder();
     EXPECT_TRUE(QDir(folder.path() + "/made").exists());
-    Select(kPcList, {0, 1, 2});  // "..", sub and a.bas
+    SetGadgetText(kPcList, folder.path());
+    Select(kPcList, {0, 1, 2, 3});  // "..", made, sub and a.bas
+    CopyToDevice();
+    EXPECT_TRUE(TakeCapture().startsWith("Processing file: " + folder.path() + "/a.bas"));
+    Select(kPcList, {0, 1, 2, 3});
     DeleteOnPc();
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).join('|'),
               "b.txt|made|sub");
     EXPECT_EQ(GadgetItemCount(kPcList), 4);
-    EXPECT_EQ(clock.Now(), before);
 }
 
 TEST_F(FileManager, PlaceAndDivisionAreKeptAndTheModeGoesBack) {
