@@ -1,4 +1,7 @@
 // The small BASIC by tables: programs and what they print.
+#include <algorithm>
+#include <sstream>
+
 #include "tests/simulator/board_bench.h"
 
 namespace {
@@ -72,52 +75,46 @@ const ProgramRow kPrograms[] = {
     {"t=TIMER:PAUSE 150:PRINT TIMER-t>=150 AND TIMER-t<155:TIMER=0:PRINT TIMER<5", " 1| 1|"},
 };
 
-const ProgramRow kErrors[] = {
-    {"PRINT 1/0", "Divide by zero"},
-    {"PRINT 5 MOD 0", "Divide by zero"},
-    {"a=\"x\"", "Expected a number"},
-    {"a$=1", "Expected a string"},
-    {"PRINT \"a\"+1", "Expected a string"},
-    {"PRINT LEN(5)", "Expected a string"},
-    {"PRINT (1", "Expected closing bracket"},
-    {"PRINT \"open", "Unterminated string"},
-    {"PRINT LEFT$(\"a\")", "Argument count"},
-    {"NEXT", "Cannot find a matching FOR"},
-    {"LOOP", "LOOP without a matching DO"},
-    {"RETURN", "Nothing to return to"},
-    {"GOTO nowhere", "Cannot find label"},
-    {"FOR i=1 TO 0", "FOR without a matching NEXT"},
-    {"IF 0 THEN", "IF without a matching ENDIF"},
-    {"DIM a(5):a(6)=1", "Index out of bounds"},
-    {"DIM a(5):DIM a(5)", "A already declared"},
-    {"DIM a(16384)", "Not enough memory"},
-    {"a$=SPACE$(200)+SPACE$(56)", "String too long"},
-    {"PRINT CHR$(256)", "256 is invalid (valid is 0 to 255)"},
-    {"PRINT 10^400", "Number is not valid"},
-    {"PRINT SQR(-1)", "Negative argument"},
-    {"PAUSE -1", "Number out of bounds"},
-    {"DO:GOSUB x|x:|LOOP", "LOOP without a matching DO"},
-    {"x:|GOSUB x", "Too many nested GOSUB"},
-    {"s|SUB s|s|END SUB", "Too many nested SUB"},
-    {"DO|i=i+1|LOOP UNTIL i=5|DO|DO|GOTO y|y:|x:|DO|GOTO x", "Too many nested loops"},
-    {"12 =5", "Unknown command"},
-    {"PRINT 1 2 )", "Syntax"},
-};
+// A row of each: a program, and the words of its error.
+const char kErrors[] = R"(
+PRINT 1/0 -> Divide by zero
+PRINT 5 MOD 0 -> Divide by zero
+a="x" -> Expected a number
+a$=1 -> Expected a string
+PRINT "a"+1 -> Expected a string
+PRINT LEN(5) -> Expected a string
+PRINT (1 -> Expected closing bracket
+PRINT "open -> Unterminated string
+PRINT LEFT$("a") -> Argument count
+NEXT -> Cannot find a matching FOR
+LOOP -> LOOP without a matching DO
+RETURN -> Nothing to return to
+GOTO nowhere -> Cannot find label
+FOR i=1 TO 0 -> FOR without a matching NEXT
+IF 0 THEN -> IF without a matching ENDIF
+DIM a(5):a(6)=1 -> Index out of bounds
+DIM a(5):DIM a(5) -> A already declared
+DIM a(16384) -> Not enough memory
+a$=SPACE$(200)+SPACE$(56) -> String too long
+PRINT CHR$(256) -> 256 is invalid (valid is 0 to 255)
+PRINT 10^400 -> Number is not valid
+PRINT SQR(-1) -> Negative argument
+PAUSE -1 -> Number out of bounds
+DO:GOSUB x|x:|LOOP -> LOOP without a matching DO
+x:|GOSUB x -> Too many nested GOSUB
+s|SUB s|s|END SUB -> Too many nested SUB
+DO|i=i+1|LOOP UNTIL i=5|DO|DO|GOTO y|y:|x:|DO|GOTO x -> Too many nested loops
+12 =5 -> Unknown command
+PRINT 1 2 ) -> Syntax
+)";
 
-std::string Lines(std::string text) {
-    std::string result;
-    for (const char c : text) {
-        if (c == '\r') continue;
-        result += c == '\n' ? '|' : c;
-    }
-    return result;
-}
-
-std::string WithReturns(std::string text) {
-    for (char& c : text) {
-        if (c == '|') c = '\r';
-    }
-    return text;
+std::string RunLines(BoardBench& bench, std::string program) {
+    std::replace(program.begin(), program.end(), '|', '\r');
+    std::string out = bench.RunText(program);
+    out.erase(std::remove(out.begin(), out.end(), '\r'), out.end());
+    std::replace(out.begin(), out.end(), '\n', '|');
+    const size_t error = out.find("Error :");
+    return error == out.npos ? out : out.substr(error);
 }
 
 }  // namespace
@@ -125,47 +122,33 @@ std::string WithReturns(std::string text) {
 TEST(Basic, ProgramsPrintWhatTheyShould) {
     BoardBench bench;
     for (const ProgramRow& row : kPrograms) {
-        SCOPED_TRACE(row.program);
-        std::string out = Lines(bench.RunText(WithReturns(row.program)));
-        if (out.find("Error :") != std::string::npos) out.erase(0, out.find("Error :"));
-        EXPECT_EQ(out, row.output);
+        EXPECT_EQ(RunLines(bench, row.program), row.output) << row.program;
     }
-}
-
-TEST(Basic, ErrorsHaveTheirWords) {
-    BoardBench bench;
-    for (const ProgramRow& row : kErrors) {
-        SCOPED_TRACE(row.program);
-        const std::string out = Lines(bench.RunText(WithReturns(row.program)));
-        const size_t at = out.find("Error : ");
-        EXPECT_EQ(at == std::string::npos ? out : out.substr(at + 8),
-                  row.output + std::string("|"));
+    std::istringstream rows(kErrors + 1);
+    for (std::string row; std::getline(rows, row);) {
+        const size_t end = row.find(" -> ");
+        EXPECT_EQ(RunLines(bench, row.substr(0, end)), "Error : " + row.substr(end + 4) + "|");
     }
 }
 
 TEST(Basic, InputAndKeys) {
     BoardBench bench;
     bench.Say("AUTOSAVE\rINPUT \"Name\";n$:INPUT \"Two: \",a,b\rPRINT n$;a+b\r\x1a");
-    EXPECT_EQ(bench.Say("RUN\r"), "RUN\r\nName? ");
+    EXPECT_EQ(bench.Type("RUN"), "Name? ");
     EXPECT_EQ(bench.Say("Anx\bn\r\n"), "Anx\b \bn\r\nTwo: ");  // the LF is skipped
-    EXPECT_EQ(bench.Say("4, 5\r"), "4, 5\r\nAnn 9\r\n" + kLoud603);
+    EXPECT_EQ(bench.Type("4, 5"), "Ann 9\r\n" + kLoud603);
     bench.Say("AUTOSAVE\rDO:k$=INKEY$:IF k$<>\"\" THEN PRINT ASC(k$);\rLOOP\r\x1a");
-    bench.Say("RUN\r", 50);
-    EXPECT_EQ(bench.Say("a\x1b[A\r", 50), " 97 128 13");
-    EXPECT_EQ(bench.Say("\x03", 50), "\x1b[?25h\x1b[97;40m\r\n> " + kTail603);
+    bench.Follow({{"RUN\r", 50, "RUN\r\n"},
+                  {"a\x1b[A\r", 50, " 97 128 13"},
+                  {"\x03", 50, kLead603 + "\r\n" + kQuiet}});
 }
 
 TEST(Basic, ProgramsRunInBoardTime) {
     BoardBench bench;
     bench.Say("AUTOSAVE\rPRINT 1:PAUSE 1000:PRINT 2\r\x1a");
-    EXPECT_EQ(bench.Say("RUN\r", 999), "RUN\r\n 1\r\n");
+    EXPECT_EQ(bench.Type("RUN", 999), " 1\r\n");
     EXPECT_EQ(bench.Wait(1), " 2\r\n" + kLoud603);
     // 40 statements a millisecond, also when the clock is read seldom.
     bench.Say("AUTOSAVE\rDO:i=i+1:LOOP UNTIL i=20000\rPRINT \"end\"\r\x1a");
-    bench.Say("RUN\r", 900);
-    std::string end;
-    const int64_t rest = bench.TimeToNextByte(&end);
-    EXPECT_GE(rest, 80);
-    EXPECT_LE(rest, 120);
-    EXPECT_EQ(end, "end\r\n" + kLoud603);
+    bench.Follow({{"RUN\r", 980, "RUN\r\n"}, {"", 40, "end\r\n" + kLoud603}});
 }

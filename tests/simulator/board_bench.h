@@ -4,12 +4,25 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "simulator/SimulatedBoard.h"
 
 // ESC sequences of the prompts, as the firmwares send them.
-const std::string kTail603 = "\x1b[?7h";
-const std::string kLoud603 = "\x1b[?25h\x1b[97;40m> \x1b[?7h";
+const std::string kTail603 = "\x1b[?7h", kQuiet = "> " + kTail603;
+const std::string kLead603 = "\x1b[?25h\x1b[97;40m", kLoud603 = kLead603 + kQuiet;
+const std::string kLoudCmm2 = "\x1b[?25h\x1b[37m\x1b[m\r\n> ";
+
+inline bool Has(const std::string& text, const std::string& part) {
+    return text.find(part) != text.npos;
+}
+
+// What is said to a board, how long it is listened to then (ms), and what comes.
+struct Step {
+    std::string say;
+    int64_t ms;
+    std::string answer;
+};
 
 class BoardBench {
   public:
@@ -23,6 +36,18 @@ class BoardBench {
     std::string Say(const std::string& bytes, int64_t ms = 10000) {
         board.Receive(bytes, now);
         return Wait(ms);
+    }
+
+    // Types a command: what comes behind its echo.
+    std::string Type(const std::string& command, int64_t ms = 10000) {
+        const std::string out = Say(command + "\r", ms), echo = command + "\r\n";
+        EXPECT_EQ(out.substr(0, echo.size()), echo);
+        return out.substr(std::min(out.size(), echo.size()));
+    }
+
+    void Follow(const std::vector<Step>& steps) {
+        for (const Step& step : steps)
+            EXPECT_EQ(Say(step.say, step.ms), step.answer) << "step " << &step - &steps[0];
     }
 
     // What comes within `ms`.
@@ -39,15 +64,23 @@ class BoardBench {
         return all + board.TakeOutput();
     }
 
-    // Milliseconds until the next byte comes; -1 if none does within `limit`.
-    int64_t TimeToNextByte(std::string* bytes = nullptr, int64_t limit = 100000) {
-        for (int64_t ms = 0; ms <= limit; ++ms) {
-            const std::string some = Wait(ms == 0 ? 0 : 1);
-            if (some.empty()) continue;
-            if (bytes) *bytes = some;
-            return ms;
+    // Lines of commands between " | "; all are silent but a line's last, whose answer, up to
+    // the prompt, stands behind " -> " with "#" for line ends.
+    void ExpectDialogue(std::string script) {
+        for (size_t end; (end = script.find_first_of("|\n")) != script.npos;) {
+            const std::string step = script.substr(0, end), echo = step.substr(0, step.find(" ->"));
+            script.erase(0, end + 1 + (script[end] == '|'));
+            const std::string command = echo.substr(0, echo.find_last_not_of(' ') + 1);
+            if (command.empty()) continue;
+            std::string answer = Type(command, 2000), lines;
+            answer.erase(std::min(answer.find('\x1b'), answer.size()));
+            if (answer.size() > 1 && answer.substr(answer.size() - 2) == "> ")
+                answer.erase(answer.size() - 2);
+            for (const char c : answer.substr(0, answer.find_last_not_of("\r\n") + 1)) {
+                if (c != '\r') lines += c == '\n' ? '#' : c;
+            }
+            EXPECT_EQ(lines, echo == step ? "" : step.substr(echo.size() + 4)) << command;
         }
-        return -1;
     }
 
     // Puts a program into memory and runs it: what it prints, without prompt sequences.

@@ -14,11 +14,12 @@ size_t Lines(const std::string& text) {
     return count;
 }
 
-void AddMany(BoardBench& bench, int count) {
-    for (int i = 0; i < count; ++i) {
-        bench.board.AddFile("f" + std::to_string(100 + i) + ".bas", "x", kStamp);
+struct FullBench : BoardBench {
+    FullBench(const char* family, int count) : BoardBench(family) {
+        for (int i = 100; i < 100 + count; ++i)
+            board.AddFile("f" + std::to_string(i) + ".bas", "x", kStamp);
     }
-}
+};
 
 std::string Program(int lines) {
     std::string text = "AUTOSAVE\r";
@@ -33,69 +34,56 @@ TEST(Listing, FilesOfThePicoMite) {
     bench.board.AddFile("games/sub/deep.bas", "", kStamp);
     bench.board.AddFile("games/prog.bas", std::string(1234, 'x'), kStamp);
     bench.board.AddFile("games/Another, one.txt", "abc", 0);
-    EXPECT_EQ(bench.Say("CHDIR \"games\"\r"), "CHDIR \"games\"\r\n> " + kTail603);
-    EXPECT_EQ(bench.Say("files\r"),
-              "files\r\nA:/games\r\n"
-              "   <DIR>  sub\r\n"
-              "00:00 00-00-1980          3  Another, one.txt\r\n"
-              "10:07 21-06-2025       1234  prog.bas\r\n"
-              "1 directory, 2 files, 13623296 bytes free\r\n> " +
-                  kTail603);
+    // FILES at the prompt clears the variables.
+    bench.ExpectDialogue(R"(
+CHDIR "games" | x=5 | files -> A:/games#   <DIR>  sub#)"
+                         R"(00:00 00-00-1980          3  Another, one.txt#)"
+                         R"(10:07 21-06-2025       1234  prog.bas#)"
+                         R"(1 directory, 2 files, 13623296 bytes free
+PRINT x ->  0
+FILES "sub" -> A:/games/sub#10:07 21-06-2025          0  deep.bas#)"
+                         R"(0 directories, 1 file, 13623296 bytes free
+FILES "no/*" -> Error : Could not find the path
+FILES "B:" -> Error : SD card not present
+)");
     // The free bytes take their time, inside the line.
     const std::string head = bench.Say("FILES \"*.bas\",SIZE\r", 39);
     EXPECT_EQ(head.substr(head.size() - 21), "0 directories, 1 file");
-    EXPECT_EQ(bench.Wait(1), ", 13623296 bytes free\r\n> " + kTail603);
-    EXPECT_NE(bench.Say("FILES \"sub\"\r")
-                  .find("\r\nA:/games/sub\r\n"
-                        "10:07 21-06-2025          0  deep.bas\r\n"),
-              std::string::npos);
-    EXPECT_EQ(bench.Say("FILES \"no/*\"\r"),
-              "FILES \"no/*\"\r\nError : Could not find the path\r\n" + kLoud603);
-    EXPECT_EQ(bench.Say("FILES \"B:\"\r"),
-              "FILES \"B:\"\r\nError : SD card not present\r\n" + kLoud603);
-    // FILES at the prompt clears the variables.
-    bench.Say("x=5\r");
-    bench.Say("FILES\r");
-    EXPECT_EQ(bench.Say("PRINT x\r"), "PRINT x\r\n 0\r\n> " + kTail603);
+    EXPECT_EQ(bench.Wait(1), ", 13623296 bytes free\r\n" + kQuiet);
 }
 
 TEST(Listing, OtherFamiliesLayoutsAndOrders) {
-    const auto fill = [](BoardBench& bench) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"cmm2", R"(
+ls -> A:/#   <DIR>  dir#10:08 21-06-2025         20  a.zip#10:07 21-06-2025          7  b.txt#)"
+                 R"(1 directory, 2 files
+LIST FILES "b*",TIME -> A:/#10:07 21-06-2025          7  b.txt#0 directories, 1 file
+CHDIR "dir" | PRINT CWD$ -> A:/DIR
+CHDIR ".." | LIST FILES "*",TIME -> A:/#   <DIR>  dir#10:07 21-06-2025          7  b.txt#)"
+                 R"(10:08 21-06-2025         20  a.zip#1 directory, 2 files
+)"},
+        {"armmite", R"(
+FILES "*",TYPE -> A:/#   <DIR>  dir#         7  b.txt#        20  a.zip#1 directory, 2 files
+)"},
+        {"maximite", R"(
+files -> dir             <DIR>#a.zip                   20#b.txt                    7#)"
+                     R"(1 directory, 2 files
+)"}};
+    for (const auto& [family, script] : rows) {
+        BoardBench bench(family);
         bench.board.AddFile("dir/x", "", 0);
         bench.board.AddFile("b.txt", std::string(7, 'x'), kStamp);
         bench.board.AddFile("a.zip", std::string(20, 'x'), kStamp + 60);
-    };
-    const std::string loud = "\x1b[?25h\x1b[37m\x1b[m\r\n> ";
+        bench.ExpectDialogue(script);
+    }
     BoardBench cmm2("cmm2");
-    fill(cmm2);
-    EXPECT_EQ(cmm2.Say("ls\r"),
-              "ls\r\nA:/\r\n   <DIR>  dir\r\n"
-              "10:08 21-06-2025         20  a.zip\r\n"
-              "10:07 21-06-2025          7  b.txt\r\n"
-              "1 directory, 2 files\r\n" +
-                  loud);
-    const std::string bySize = cmm2.Say("LIST FILES \"*\",TIME\r");
-    EXPECT_LT(bySize.find("b.txt"), bySize.find("a.zip"));
     EXPECT_EQ(cmm2.Say("FILES\r").substr(7, 12), "\x1b[2J\x1b[HA:/\r\n");  // a whole screen
     EXPECT_EQ(cmm2.Say("x\x1b", 29), "");
-    EXPECT_EQ(cmm2.Wait(1), "\x1b[2J\x1b[H" + loud);
-    EXPECT_EQ(cmm2.Say("CHDIR \"dir\"\r"), "CHDIR \"dir\"\r\n> ");
-    EXPECT_EQ(cmm2.Say("PRINT CWD$\r"), "PRINT CWD$\r\nA:/DIR\r\n> ");
-    BoardBench armmite("armmite");
-    fill(armmite);
-    EXPECT_EQ(armmite.Say("FILES \"*\",TYPE\r").substr(16),
-              "A:/\r\n   <DIR>  dir\r\n         7  b.txt\r\n        20  a.zip\r\n"
-              "1 directory, 2 files\r\n> ");
-    BoardBench maximite("maximite");
-    fill(maximite);
-    EXPECT_EQ(maximite.Say("files\r"),
-              "files\r\ndir             <DIR>\r\na.zip                   20\r\n"
-              "b.txt                    7\r\n1 directory, 2 files\r\n> ");
+    EXPECT_EQ(cmm2.Wait(1), "\x1b[2J\x1b[H" + kLoudCmm2);
 }
 
 TEST(Listing, PagesStopForOneRawByte) {
-    BoardBench bench;
-    AddMany(bench, 60);
+    FullBench bench("picomite", 60);
     std::string page = bench.Say("FILES\r");
     EXPECT_EQ(page.substr(page.size() - kAnyKey.size()), kAnyKey);
     EXPECT_EQ(Lines(page), 1u + 20u);  // the command and 20 lines
@@ -104,34 +92,25 @@ TEST(Listing, PagesStopForOneRawByte) {
     EXPECT_EQ(Lines(page), 21u);
     // CR LF: the CR goes on to the end, the LF is left for the prompt.
     page = bench.Say("\r\n");
-    EXPECT_EQ(page.substr(page.size() - 18), "\r\n> " + kTail603 + "\r\n> " + kTail603);
+    EXPECT_EQ(page.substr(page.size() - 18), "\r\n" + kQuiet + "\r\n" + kQuiet);
     // Ctrl-C stops with no summary.
-    page = bench.Say("FILES\r");
-    EXPECT_EQ(bench.Say("\x03"), "\x1b[?25h\x1b[97;40m\r\n> " + kTail603);
+    bench.Say("FILES\r");
+    EXPECT_EQ(bench.Say("\x03"), kLead603 + "\r\n" + kQuiet);
     // The stop may come right before the summary.
-    page = bench.Say("FILES \"f10*\"\r");
-    EXPECT_EQ(page.find(kAnyKey), std::string::npos);
-    BoardBench full;
-    AddMany(full, 19);
-    EXPECT_NE(full.Say("FILES\r").find("f118.bas\r\n" + kAnyKey), std::string::npos);
+    EXPECT_FALSE(Has(bench.Say("FILES \"f10*\"\r"), kAnyKey));
+    FullBench full("picomite", 19);
+    EXPECT_TRUE(Has(full.Say("FILES\r"), "f118.bas\r\n" + kAnyKey));
     EXPECT_EQ(full.Say("x").substr(0, kErase.size() + 25), kErase + "0 directories, 19 files, ");
-    struct {
-        const char* family;
-        size_t first, next;
-    } const rows[] = {{"picomite-6.02", 21, 22}, {"picocalc", 24, 25}};
-    for (const auto& row : rows) {
-        BoardBench other(row.family);
-        AddMany(other, 60);
-        EXPECT_EQ(Lines(other.Say("FILES\r")), row.first + 1);
-        EXPECT_EQ(Lines(other.Say(" ")), row.next);
+    for (const auto& [family, first] : {std::pair("picomite-6.02", 21), {"picocalc", 24}}) {
+        FullBench other(family, 60);
+        EXPECT_EQ(Lines(other.Say("FILES\r")), first + 1u);
+        EXPECT_EQ(Lines(other.Say(" ")), first + 1u);
     }
     // A console of 100 rows: no stop before line 96.
-    EXPECT_EQ(bench.Say("OPTION DISPLAY 100\r"),
-              "OPTION DISPLAY 100\r\n\x1b[8;100;80t> " + kTail603);
-    EXPECT_EQ(bench.Say("FILES\r").find(kAnyKey), std::string::npos);
-    BoardBench picoCalc("picocalc");
-    EXPECT_EQ(picoCalc.Say("OPTION DISPLAY 30\r").substr(19),
-              "Error : Cannot change LCD console\r\n" + kLoud603);
+    EXPECT_EQ(bench.Type("OPTION DISPLAY 100"), "\x1b[8;100;80t" + kQuiet);
+    EXPECT_FALSE(Has(bench.Say("FILES\r"), kAnyKey));
+    BoardBench("picocalc")
+        .ExpectDialogue("OPTION DISPLAY 30 -> Error : Cannot change LCD console\n");
 }
 
 TEST(Listing, LongNamesAreCutAtTheWidth) {
@@ -139,32 +118,23 @@ TEST(Listing, LongNamesAreCutAtTheWidth) {
     narrow.board.AddFile("a_rather_long_name.bas", std::string(1234, 'x'), kStamp);
     narrow.board.AddFile("ten_chars_", "", kStamp);
     const std::string out = narrow.Say("FILES\r");
-    EXPECT_NE(out.find("\r\n10:07 21-06-2025       1234  a_rather_l\r\nong_name.bas\r\n"),
-              std::string::npos);
-    EXPECT_NE(out.find("  ten_chars_\r\n"), std::string::npos);
-    BoardBench wide;
-    const std::string name(51, 'n');
-    wide.board.AddFile(name, "", kStamp);
-    EXPECT_NE(wide.Say("FILES\r").find("  " + name.substr(1) + "\r\nn\r\n"), std::string::npos);
+    EXPECT_TRUE(Has(out, "\r\n10:07 21-06-2025       1234  a_rather_l\r\nong_name.bas\r\n"));
+    EXPECT_TRUE(Has(out, "  ten_chars_\r\n"));
 }
 
 TEST(Listing, ListShowsKeywordsAnewAndBreaksLongLines) {
     BoardBench bench;
-    bench.Say(
-        "AUTOSAVE\rfor i=1 to 3:if i<>2 then print i;chr$(65);\"print \" ' print\rnext\r\x1a");
-    EXPECT_EQ(bench.Say("list all\r"),
-              "list all\r\nFor i=1 To 3:If i<>2 Then Print i;Chr$(65);\"print \" ' print\r\n"
-              "Next\r\n> " +
-                  kTail603);
-    BoardBench narrow("picocalc");
-    narrow.Say("AUTOSAVE\rx=1" + std::string(60, ' ') + "'\r\x1a");
-    EXPECT_EQ(narrow.Say("LIST ALL\r"), "LIST ALL\r\nx=1" + std::string(37, ' ') + "\r\n" +
-                                            std::string(23, ' ') + "'\r\n> " + kTail603);
+    bench.Say("AUTOSAVE\rfor i=1 to 3:if i<>2 then print i;\"print \" ' print\rnext\r\x1a");
     bench.board.AddFile(
         "t.txt", "one\r\n\r\n" + std::string(60, 'a') + " " + std::string(30, 'b') + "\n", 0);
-    EXPECT_EQ(bench.Say("LIST \"t.txt\"\r"), "LIST \"t.txt\"\r\none\r\n" + std::string(60, 'a') +
-                                                 "\r\n" + std::string(30, 'b') + "\r\n> " +
-                                                 kTail603);
+    bench.ExpectDialogue(
+        "list all -> For i=1 To 3:If i<>2 Then Print i;\"print \" ' print#Next\n"
+        "LIST \"t.txt\" -> one#" +
+        std::string(60, 'a') + "#" + std::string(30, 'b') + "\n");
+    BoardBench narrow("picocalc");
+    narrow.Say("AUTOSAVE\rx=1" + std::string(60, ' ') + "'\r\x1a");
+    EXPECT_EQ(narrow.Type("LIST ALL"),
+              "x=1" + std::string(37, ' ') + "\r\n" + std::string(23, ' ') + "'\r\n" + kQuiet);
 }
 
 TEST(Listing, ListPagesBackAndForthOnFirmware603) {
@@ -181,7 +151,7 @@ TEST(Listing, ListPagesBackAndForthOnFirmware603) {
     page = bench.Say("\x1b[A");  // up
     EXPECT_EQ(page.substr(0, erase.size() + 10), erase + "Print 21\r\n");
     bench.Say("x");
-    EXPECT_EQ(bench.Say("\r"), erase + "> " + kTail603);
+    EXPECT_EQ(bench.Say("\r"), erase + kQuiet);
     EXPECT_EQ(Lines(bench.Say("LIST ALL\r")), 51u);
     BoardBench older("picomite-6.00");
     older.Say(Program(25));

@@ -4,7 +4,7 @@
 struct PromptRow {
     const char* family;
     const char* quiet;  // after an ordinary command
-    const char* loud;   // after an error, printed at column 1
+    std::string loud;   // after an error, printed at column 1
     const char* error;
 };
 
@@ -12,7 +12,7 @@ const PromptRow kPrompts[] = {
     {"picomite", "> \x1b[?7h", "\x1b[?25h\x1b[97;40m> \x1b[?7h", "Error : Unknown command"},
     {"picomite-6.02", "> ", "\x1b[?25h\x1b[97;40m> ", "Error : Unknown command"},
     {"picomite-6.00", "> ", "\x1b[?25h> ", "Error : Unknown command"},
-    {"cmm2", "> ", "\x1b[?25h\x1b[37m\x1b[m\r\n> ", "Unknown command"},
+    {"cmm2", "> ", kLoudCmm2, "Unknown command"},
     {"armmite", "> ", "> ", "Error : Unknown command"},
     {"micromite", "> ", "> ", "Error: Unknown command"},
     {"command", "> ", "> ", "error: unknown command"},
@@ -27,11 +27,11 @@ TEST(Prompt, EachFirmwareHasItsOwnBytesAfterACommandAnErrorAndNew) {
         const std::string end = "\r\n\r\n" + startUp + quiet;
         EXPECT_EQ(bench.signOn.substr(bench.signOn.size() - end.size()), end);
         EXPECT_EQ(bench.Say("nosuch\r"), std::string("nosuch\r\n") + row.error + "\r\n" + loud);
-        EXPECT_EQ(bench.Say("\r"), "\r\n" + quiet);
+        EXPECT_EQ(bench.Type(""), quiet);
         if (row.family == std::string("command")) continue;
-        EXPECT_EQ(bench.Say("PRINT 6*7\r"), "PRINT 6*7\r\n 42\r\n" + quiet);
-        EXPECT_EQ(bench.Say("PRINT 1;\r"), "PRINT 1;\r\n 1\r\n" + quiet);
-        EXPECT_EQ(bench.Say("NEW\r"), "NEW\r\n" + quiet);
+        EXPECT_EQ(bench.Type("PRINT 6*7"), " 42\r\n" + quiet);
+        EXPECT_EQ(bench.Type("PRINT 1;"), " 1\r\n" + quiet);
+        EXPECT_EQ(bench.Type("NEW"), quiet);
     }
 }
 
@@ -39,7 +39,7 @@ TEST(Prompt, LineEndsEchoAndWrapMarks) {
     BoardBench bench;
     EXPECT_EQ(bench.signOn.rfind("\rPicoMite MMBasic RP2350A V6.03.00RC25\r\n", 0), 0u);
     // CR LF is two line ends: the LF brings an empty line and its prompt.
-    EXPECT_EQ(bench.Say("x=1\r\n"), "x=1\r\n> " + kTail603 + "\r\n> " + kTail603);
+    EXPECT_EQ(bench.Say("x=1\r\n"), "x=1\r\n" + kQuiet + "\r\n" + kQuiet);
     // Only 0x20 to 0x7e are typed; a tab goes to a multiple of two columns.
     EXPECT_EQ(bench.Say("a\xc3\xa9\x01"
                         "b\tc\t"),
@@ -52,8 +52,7 @@ TEST(Prompt, LineEndsEchoAndWrapMarks) {
     EXPECT_EQ(echo, expected);
     // A line may hold several statements, and a comment.
     bench.Say("\x03");
-    EXPECT_EQ(bench.Say("a=2:PRINT a;:PRINT \"it's\" ' note\r"),
-              "a=2:PRINT a;:PRINT \"it's\" ' note\r\n 2it's\r\n> " + kTail603);
+    EXPECT_EQ(bench.Type("a=2:PRINT a;:PRINT \"it's\" ' note"), " 2it's\r\n" + kQuiet);
 }
 
 TEST(Prompt, EditingByKeysAndControlBytes) {
@@ -67,7 +66,7 @@ TEST(Prompt, EditingByKeysAndControlBytes) {
     EXPECT_EQ(bench.Say("\x7f"), erased(7, "PRINT 9", 0));  // deletes to the right
     EXPECT_EQ(bench.Say("\x15"), std::string(7, '\b'));     // NAK is "home"
     EXPECT_EQ(bench.Say("\x04\x1b[C\x0b"), "PRINT 9");      // right, right, end
-    EXPECT_EQ(bench.Say("\r"), "\r\n 9\r\n> " + kTail603);
+    EXPECT_EQ(bench.Type(""), " 9\r\n" + kQuiet);
     EXPECT_EQ(bench.Say("\x18"), "\x1b[0J");                       // a stray CAN
     EXPECT_EQ(bench.Say("C\x05"), "C" + erased(1, "PRINT 9", 0));  // up: the last command
     EXPECT_EQ(bench.Say("\x1b[B"), erased(7, "", 0));              // down
@@ -91,13 +90,13 @@ TEST(Prompt, CtrlCActsAtItsReceptionAndEmptiesTheInput) {
     EXPECT_EQ(bench.Say("\x03"), clear + kLoud603);
     bench.Say("EDIT\r");
     EXPECT_EQ(bench.Say("\x92"), clear + " 8\r\n" + kLoud603);
-    EXPECT_EQ(bench.Say("PRI\x03"), "PRI\x1b[?25h\x1b[97;40m\r\n> " + kTail603);
+    EXPECT_EQ(bench.Say("PRI\x03"), "PRI\x1b[?25h\x1b[97;40m\r\n" + kQuiet);
     bench.Say("AUTOSAVE\rDO:LOOP\r\x1a");
-    EXPECT_EQ(bench.Say("RUN\r", 500), "RUN\r\n");
+    EXPECT_EQ(bench.Type("RUN", 500), "");
     EXPECT_EQ(bench.Say("PRINT 5\r", 500), "");  // waits in the ring, and is thrown away
     EXPECT_EQ(bench.Say("\x03"), kLoud603);
     BoardBench cmm2("cmm2");
-    EXPECT_EQ(cmm2.Say("\x03"), "\x1b[?25h\x1b[37m\x1b[m\r\n> ");
+    EXPECT_EQ(cmm2.Say("\x03"), kLoudCmm2);
 }
 
 TEST(Prompt, ErrorsInAProgramTellTheLineInEachFamilysWay) {
@@ -114,12 +113,10 @@ TEST(Prompt, ErrorsInAProgramTellTheLineInEachFamilysWay) {
               "Error : " + std::string(63, 'X') + "\r\n\x1b");
     BoardBench cmm2("cmm2");
     cmm2.Say("AUTOSAVE \"t\"\r" + program);
-    EXPECT_EQ(cmm2.Say("\x1b[12~"),
-              "\r\n> Saved to SDcard\r\nx\r\nError in line 2: NOSUCH is not declared\r\n"
-              "\x1b[?25h\x1b[37m\x1b[m\r\n> ");
-    EXPECT_EQ(cmm2.Say("print \"a\r"),
-              "print \"a\r\nUnterminated string\r\n"
-              "\x1b[?25h\x1b[37m\x1b[m\r\n> ");
+    EXPECT_EQ(
+        cmm2.Say("\x1b[12~"),
+        "\r\n> Saved to SDcard\r\nx\r\nError in line 2: NOSUCH is not declared\r\n" + kLoudCmm2);
+    EXPECT_EQ(cmm2.Type("print \"a"), "Unterminated string\r\n" + kLoudCmm2);
 }
 
 TEST(Prompt, ShortFormsAndAPromptOfTheProgramsOwn) {
@@ -127,29 +124,29 @@ TEST(Prompt, ShortFormsAndAPromptOfTheProgramsOwn) {
     setup.sdCard = true;
     BoardBench bench("picomite", setup);
     bench.board.AddFile("hi.bas", "PRINT \"hi\"\n", 0);
-    EXPECT_EQ(bench.Say("*hi\r"), "*hi\r\nhi\r\n" + kLoud603);
-    EXPECT_EQ(bench.Say("B:\r"), "B:\r\n> " + kTail603);
-    EXPECT_EQ(bench.Say("PRINT CWD$\r"), "PRINT CWD$\r\nB:/\r\n> " + kTail603);
+    EXPECT_EQ(bench.Type("*hi"), "hi\r\n" + kLoud603);
+    EXPECT_EQ(bench.Type("B:"), kQuiet);
+    EXPECT_EQ(bench.Type("PRINT CWD$"), "B:/\r\n" + kQuiet);
     const std::string loud = "\x1b[?25h\x1b[97;40m";
     bench.Say("AUTOSAVE\rSUB MM.PROMPT\rPRINT \"ready \";\rEND SUB\r");
     EXPECT_EQ(bench.Say("\x1a"), "Saved 51 bytes\r\n" + loud + "ready ");
-    EXPECT_EQ(bench.Say("PRINT 1\r"), "PRINT 1\r\n 1\r\nready ");
+    EXPECT_EQ(bench.Type("PRINT 1"), " 1\r\nready ");
     // One that fails gives way to the plain prompt.
     bench.Say("AUTOSAVE\rSUB MM.PROMPT\rnosuch\rEND SUB\r\x1a");
-    EXPECT_EQ(bench.Say("PRINT 1\r"), "PRINT 1\r\n 1\r\n> " + kTail603);
+    EXPECT_EQ(bench.Type("PRINT 1"), " 1\r\n" + kQuiet);
 }
 
 TEST(Prompt, ARestartTakesAUsbPortAwayAndPrintsNoSignOn) {
     BoardBench bench;
-    EXPECT_EQ(bench.Say("CPU RESTART\r", 100), "CPU RESTART\r\n");
+    EXPECT_EQ(bench.Type("CPU RESTART", 100), "");
     EXPECT_FALSE(bench.board.LinkIsUp());
     EXPECT_EQ(bench.Say("PRINT 1\r", 1390), "");
     EXPECT_FALSE(bench.board.LinkIsUp());
-    EXPECT_EQ(bench.Wait(20), "> " + kTail603);
+    EXPECT_EQ(bench.Wait(20), kQuiet);
     EXPECT_TRUE(bench.board.LinkIsUp());
     // What is printed while nobody listens (DTR) is gone.
     bench.board.SetListening(false);
     EXPECT_EQ(bench.Say("PRINT 1\r"), "");
     bench.board.SetListening(true);
-    EXPECT_EQ(bench.Say("\r"), "\r\n> " + kTail603);
+    EXPECT_EQ(bench.Type(""), kQuiet);
 }

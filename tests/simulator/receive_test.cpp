@@ -20,7 +20,7 @@ std::string Stored(BoardBench& bench, const std::string& text) {
 
 TEST(Receive, TranscriptOfFirmware603) {
     BoardBench bench;
-    EXPECT_EQ(bench.Say("AUTOSAVE\r"), "AUTOSAVE\r\n");
+    EXPECT_EQ(bench.Type("AUTOSAVE"), "");
     EXPECT_EQ(bench.Say("PRINT 1\rPRINT 2"), "PRINT 1\r\nPRINT 2");
     EXPECT_EQ(bench.Say("\x1a", 449), "");
     EXPECT_EQ(bench.Wait(1), kSaved + "28 bytes\r\n" + kLoud603);
@@ -54,7 +54,7 @@ TEST(Receive, EndCodesThatHideInTheText) {
     EXPECT_EQ(Stored(bench, "c\x1b[12~PRINT 1"), "c|");
     // What follows the end code at once is lost; the next command runs.
     bench.Say("AUTOSAVE\rd\r\x1aPRINT 5\r");
-    EXPECT_EQ(bench.Say("PRINT 6\r"), "PRINT 6\r\n 6\r\n> " + kTail603);
+    EXPECT_EQ(bench.Type("PRINT 6"), " 6\r\n" + kQuiet);
 }
 
 TEST(Receive, EchoComesAtCrAndElseIsHeld) {
@@ -62,7 +62,7 @@ TEST(Receive, EchoComesAtCrAndElseIsHeld) {
     bench.Say("AUTOSAVE\r");
     EXPECT_EQ(bench.Say("abc", 99), "");
     EXPECT_EQ(bench.Wait(1), "abc");
-    EXPECT_EQ(bench.Say("def\r", 0), "def\r\n");
+    EXPECT_EQ(bench.Type("def", 0), "");
     EXPECT_EQ(bench.Say("\nghi\n", 99), "");  // LF behind CR is nothing, LF alone is held
     EXPECT_EQ(bench.Wait(1), "ghi\n");
     EXPECT_EQ(bench.Say(std::string(64, 'x'), 0), std::string(64, 'x'));
@@ -70,7 +70,7 @@ TEST(Receive, EchoComesAtCrAndElseIsHeld) {
     bench.Say("\x1a");
     EXPECT_EQ(bench.Say("AUTOSAVE N\rabc\rd", 99), "AUTOSAVE N\r\n");
     EXPECT_EQ(bench.Wait(1), "Enter ctrl-Z, F1, or F2 to exit\r\n");
-    EXPECT_EQ(bench.Say("ef\r", 0), "ef\r\n");
+    EXPECT_EQ(bench.Type("ef", 0), "");
     bench.Say("\x1a");
     EXPECT_EQ(bench.board.ProgramText(), "abc\ndef\n");
     BoardBench older("picomite-6.02");
@@ -87,8 +87,8 @@ TEST(Receive, TooMuchBringsAnErrorAndTheRestIsTakenForCommands) {
     while (huge.size() <= 122880 + 12) huge += "PRINT 123456789\r";
     bench.Say(huge.substr(0, huge.size() - 16));
     const std::string out = bench.Say("PRINT 1\rPRINT 2\r");
-    EXPECT_NE(out.find("Error : Not enough memory\r\n" + kLoud603), std::string::npos);
-    EXPECT_NE(out.find("PRINT 2\r\n 2\r\n"), std::string::npos);
+    EXPECT_TRUE(Has(out, "Error : Not enough memory\r\n" + kLoud603));
+    EXPECT_TRUE(Has(out, "PRINT 2\r\n 2\r\n"));
 }
 
 TEST(Receive, EachOlderFamilyHasItsOwnEndCode) {
@@ -102,13 +102,13 @@ TEST(Receive, EachOlderFamilyHasItsOwnEndCode) {
 
     BoardBench maximite("maximite");
     EXPECT_EQ(maximite.Say("AUTO\rPRINT 3\r\x03"), "AUTO\r\nPRINT 3\r\n> ");
-    EXPECT_EQ(maximite.Say("RUN\r"), "RUN\r\n 3\r\n> ");
+    EXPECT_EQ(maximite.Type("RUN"), " 3\r\n> ");
 }
 
 TEST(Receive, TheCmm2WantsANameAndAFunctionKey) {
     BoardBench bench("cmm2");
-    const std::string loud = "\x1b[?25h\x1b[37m\x1b[m\r\n> ";
-    EXPECT_EQ(bench.Say("AUTOSAVE\r"), "AUTOSAVE\r\nSyntax\r\n" + loud);
+    const std::string loud = kLoudCmm2;
+    EXPECT_EQ(bench.Type("AUTOSAVE"), "Syntax\r\n" + loud);
     bench.Say("AUTOSAVE \"x\"\rprint 1\r\x1a\rprint 2\r");
     EXPECT_EQ(bench.Say("\x1b[17~"), "\r\n> Saved to SDcard\r\n" + loud);  // F6: only saved
     std::string data;
@@ -120,21 +120,20 @@ TEST(Receive, TheCmm2WantsANameAndAFunctionKey) {
     bench.Say("AUTOSAVE N \"y\"\rprint 4\r", 99);
     EXPECT_EQ(bench.Wait(1), "Enter F1 ,F2 or F6 to exit\r\n");
     EXPECT_EQ(bench.Say("\x1bOQ"), "\r\n> Saved to SDcard\r\n 4\r\n" + loud);  // F2: and run
-    EXPECT_EQ(bench.Say("LIST\r"), "LIST\r\nprint 4\r\n" + loud);              // as the file stands
+    EXPECT_EQ(bench.Type("LIST"), "print 4\r\n" + loud);                       // as the file stands
 }
 
 TEST(Receive, NewRunLoadAndSave) {
     BoardBench bench;
     bench.Say("AUTOSAVE\rPRINT \"one\"\r\x1a");
-    EXPECT_EQ(bench.Say("SAVE \"a\"\r"), "SAVE \"a\"\r\n> " + kTail603);
-    EXPECT_EQ(bench.Say("NEW\r", 349), "NEW\r\n");
-    EXPECT_EQ(bench.Wait(1), "> " + kTail603);
-    EXPECT_EQ(bench.Say("RUN\r"), "RUN\r\n" + kLoud603);
-    EXPECT_EQ(bench.Say("RUN \"a\"\r"), "RUN \"a\"\r\none\r\n" + kLoud603);
-    EXPECT_EQ(bench.Say("LOAD \"a\",R\r"), "LOAD \"a\",R\r\none\r\n" + kLoud603);
-    EXPECT_EQ(bench.Say("LOAD \"b\"\r"),
-              "LOAD \"b\"\r\nError : Could not find the file\r\n" + kLoud603);
+    EXPECT_EQ(bench.Type("SAVE \"a\""), kQuiet);
+    EXPECT_EQ(bench.Type("NEW", 349), "");
+    EXPECT_EQ(bench.Wait(1), kQuiet);
+    EXPECT_EQ(bench.Type("RUN"), kLoud603);
+    EXPECT_EQ(bench.Type("RUN \"a\""), "one\r\n" + kLoud603);
+    EXPECT_EQ(bench.Type("LOAD \"a\",R"), "one\r\n" + kLoud603);
+    EXPECT_EQ(bench.Type("LOAD \"b\""), "Error : Could not find the file\r\n" + kLoud603);
     // The column is left anywhere: a line end goes before the prompt, behind the sequences.
     EXPECT_EQ(Stored(bench, "PRINT 5;\r\x1a"), "PRINT 5;|");
-    EXPECT_EQ(bench.Say("RUN\r"), "RUN\r\n 5\x1b[?25h\x1b[97;40m\r\n> " + kTail603);
+    EXPECT_EQ(bench.Type("RUN"), " 5\x1b[?25h\x1b[97;40m\r\n" + kQuiet);
 }

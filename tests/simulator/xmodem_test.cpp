@@ -3,8 +3,11 @@
 
 namespace {
 
-const std::string kNak = "\x15", kAck = "\x06", kEot = "\x04", kCan = "\x18";
-const std::string kCan3 = "\x18\x18\x18";
+const std::string kNak = "\x15", kAck = "\x06", kEot = "\x04", kCan = "\x18",
+                  kCan3 = "\x18\x18\x18";
+const std::string kNoAnswer = "Error : Remote did not respond\r\n";
+const std::string kManyErrors = kCan3 + "Error : Too many errors\r\n" + kLoud603;
+const std::string kCancelled = "Error : Cancelled by remote\r\n";
 
 std::string Data(size_t number) {
     return std::string(128, static_cast<char>('A' + number % 26));
@@ -22,103 +25,93 @@ std::string Block(size_t number) {
     return Frame(number, Data(number));
 }
 
-// The board asks for blocks 1 to `last` and gets them.
-void SendBlocks(BoardBench& bench, size_t first, size_t last) {
-    for (size_t i = first; i <= last; ++i) ASSERT_EQ(bench.Say(Block(i), 2), kAck) << i;
-}
+// A board that asks for blocks.
+struct Receiving : BoardBench {
+    explicit Receiving(const char* family = "picomite") : BoardBench(family) {
+        EXPECT_EQ(Type("XMODEM RECEIVE \"f.bas\"", 0), kNak);
+    }
+    void Give(size_t first, size_t last) {
+        for (size_t i = first; i <= last; ++i) ASSERT_EQ(Say(Block(i), 2), kAck) << i;
+    }
+    std::string Stored() const {
+        std::string data;
+        return board.ReadFile("f.bas", &data) ? data : "(none)";
+    }
+};
 
-BoardBench* StartReceive(const char* family, const char* name = "f.bas") {
-    auto* bench = new BoardBench(family);
-    const std::string command = std::string("XMODEM RECEIVE \"") + name + "\"\r";
-    EXPECT_EQ(bench->Say(command, 0), command + "\n" + kNak);
-    return bench;
-}
-
-std::string Stored(BoardBench& bench, const char* name = "f.bas") {
-    std::string data;
-    return bench.board.ReadFile(name, &data) ? data : "(none)";
-}
+// A board that offers a file of so many "x".
+struct Sending : BoardBench {
+    explicit Sending(const char* family, size_t size = 200) : BoardBench(family) {
+        board.AddFile("f.bas", std::string(size, 'x'), 0);
+        EXPECT_EQ(Type("XMODEM SEND \"f.bas\"", 0), "");
+    }
+    const std::string one = Frame(1, std::string(128, 'x'));
+    const std::string two = Frame(2, std::string(72, 'x') + std::string(56, '\0'));
+};
 
 }  // namespace
 
+// The write comes before each ACK. EOT is answered after 1.5 s of silence.
 TEST(XmodemReceive, AWholeFileKeepsItsPadding) {
+    const std::string last = "end" + std::string(125, '\x1a');
     for (const char* family : {"picomite", "cmm2"}) {
-        std::unique_ptr<BoardBench> bench(StartReceive(family));
-        EXPECT_EQ(bench->Say(Block(1), 1), "");  // the write comes first
-        EXPECT_EQ(bench->Wait(1), kAck);
-        EXPECT_EQ(bench->Say(Frame(2, "end" + std::string(125, '\x1a')), 2), kAck);
-        // EOT is answered after 1.5 s of silence; the prompt follows at once.
-        EXPECT_EQ(bench->Say(kEot, 1499), "");
-        const std::string end = bench->Wait(1);
-        EXPECT_EQ(end.substr(0, 7), kAck + "\x1b[?25h");
-        EXPECT_EQ(Stored(*bench), Data(1) + "end" + std::string(125, '\x1a'));
+        Receiving bench(family);
+        bench.Follow({{Block(1), 1, ""}, {"", 1, kAck}, {Frame(2, last), 2, kAck}});
+        bench.Follow({{kEot, 1499, ""}, {"", 1, kAck + (family[0] == 'c' ? kLoudCmm2 : kLoud603)}});
+        EXPECT_EQ(bench.Stored(), Data(1) + last);
     }
 }
 
 TEST(XmodemReceive, TheStartAsks32TimesAndStrayBytesCostTries) {
-    std::unique_ptr<BoardBench> bench(StartReceive("picomite"));
-    EXPECT_EQ(bench->Wait(1999), "");
-    EXPECT_EQ(bench->Wait(1), kNak);
-    EXPECT_EQ(bench->Say("\n", 0), kNak);  // at once
-    std::string rest;
-    EXPECT_EQ(bench->TimeToNextByte(&rest), 2000);
-    EXPECT_EQ(rest, kNak);
-    for (int i = 5; i <= 32; ++i) EXPECT_EQ(bench->Wait(2000), kNak) << i;
-    EXPECT_EQ(bench->Wait(1999), "");
-    EXPECT_EQ(bench->Wait(201), kCan3 + "Error : Remote did not respond\r\n" + kLoud603);
-}
-
-TEST(XmodemReceive, AfterTheFirstBlockItWaitsInSilence) {
-    std::unique_ptr<BoardBench> bench(StartReceive("picomite"));
-    SendBlocks(*bench, 1, 1);
-    EXPECT_EQ(bench->Wait(63990), "");  // 32 tries of 2 s
-    EXPECT_EQ(bench->Wait(300), kCan3 + "Error : Remote did not respond\r\n" + kLoud603);
-    EXPECT_EQ(Stored(*bench), Data(1));  // the partial file stays
+    Receiving start;
+    start.Follow({{"", 1999, ""}, {"", 1, kNak}, {"\n", 0, kNak}, {"", 1999, ""}, {"", 1, kNak}});
+    for (int i = 5; i <= 32; ++i) EXPECT_EQ(start.Wait(2000), kNak) << i;
+    start.Follow({{"", 1999, ""}, {"", 201, kCan3 + kNoAnswer + kLoud603}});
+    // After the first block it waits in silence, for 32 tries of 2 s; the partial file stays.
+    Receiving later;
+    later.Give(1, 1);
+    later.Follow({{"", 63990, ""}, {"", 300, kCan3 + kNoAnswer + kLoud603}});
+    EXPECT_EQ(later.Stored(), Data(1));
 }
 
 TEST(XmodemReceive, BadBlocksRepeatsAndCancel) {
-    std::unique_ptr<BoardBench> bench(StartReceive("picomite"));
-    EXPECT_EQ(bench->Say(Frame(0, Data(0)), 2), kAck);  // a YMODEM header is ignored
+    Receiving bench;
     std::string bad = Block(1);
     bad[60] ^= 1;
-    EXPECT_EQ(bench->Say(bad, 1499), "");  // corrupt: 1.5 s
-    EXPECT_EQ(bench->Wait(1), kNak);
-    EXPECT_EQ(bench->Say(Block(1).substr(0, 50), 2499), "");  // short: 1 s more
-    EXPECT_EQ(bench->Wait(1), kNak);
-    SendBlocks(*bench, 1, 2);
-    EXPECT_EQ(bench->Say(Block(2), 2), kAck);     // repeated: acknowledged, not written
-    EXPECT_EQ(bench->Say(Block(4), 1500), kNak);  // out of order
-    EXPECT_EQ(bench->Say("\x02", 2), "");         // STX is noise, with no NAK any more
-    SendBlocks(*bench, 3, 3);
+    bench.Follow({{Frame(0, Data(0)), 2, kAck},  // a YMODEM header is ignored
+                  {bad, 1499, ""},               // corrupt: 1.5 s
+                  {"", 1, kNak},
+                  {Block(1).substr(0, 50), 2499, ""},  // short: 1 s more
+                  {"", 1, kNak}});
+    bench.Give(1, 2);
+    bench.Follow({{Block(2), 2, kAck},     // repeated: acknowledged, not written
+                  {Block(4), 1500, kNak},  // out of order
+                  {"\x02", 2, ""}});       // STX is noise, with no NAK any more
+    bench.Give(3, 3);
     // A host that repeats EOT every second is never answered.
-    for (int i = 0; i < 5; ++i) EXPECT_EQ(bench->Say(kEot, 1000), "");
-    EXPECT_EQ(bench->Wait(500).substr(0, 1), kAck);
-    EXPECT_EQ(Stored(*bench), Data(1) + Data(2) + Data(3));
-
-    std::unique_ptr<BoardBench> other(StartReceive("picomite-6.00"));
-    EXPECT_EQ(other->Say(kCan, 1499), "");
-    EXPECT_EQ(other->Wait(201), kAck + "Error : Cancelled by remote\r\n\x1b[?25h> ");
-    // Ctrl-C is data in a transfer.
-    std::unique_ptr<BoardBench> third(StartReceive("picomite"));
-    EXPECT_EQ(third->Say("\x03", 0), kNak);
-    for (int i = 0; i < 25; ++i) EXPECT_EQ(third->Say(Block(0), 2), kAck) << i;
-    EXPECT_EQ(third->Say(Block(0), 1499), "");
-    EXPECT_EQ(third->Wait(201), kCan3 + "Error : Too many errors\r\n" + kLoud603);
+    for (int i = 0; i < 5; ++i) EXPECT_EQ(bench.Say(kEot, 1000), "");
+    EXPECT_EQ(bench.Wait(500).substr(0, 1), kAck);
+    EXPECT_EQ(bench.Stored(), Data(1) + Data(2) + Data(3));
+    Receiving("picomite-6.00")
+        .Follow({{kCan, 1499, ""}, {"", 201, kAck + kCancelled + "\x1b[?25h> "}});
+    Receiving stubborn;
+    EXPECT_EQ(stubborn.Say("\x03", 0), kNak);  // Ctrl-C is data in a transfer
+    for (int i = 0; i < 25; ++i) EXPECT_EQ(stubborn.Say(Block(0), 2), kAck) << i;
+    stubborn.Follow({{Block(0), 1499, ""}, {"", 201, kManyErrors}});
 }
 
 TEST(XmodemReceive, ARepeatedBlock255IsRefusedForEver) {
-    std::unique_ptr<BoardBench> bench(StartReceive("picomite"));
-    SendBlocks(*bench, 1, 255);
-    for (int i = 0; i < 3; ++i) EXPECT_EQ(bench->Say(Block(255), 1500), kNak);
-    EXPECT_EQ(bench->Say(Frame(0, Data(5)), 2), kAck);  // block 256 is the way on
-    bench->Say(kEot, 2000);
-    EXPECT_EQ(Stored(*bench).size(), 256u * 128);
-    EXPECT_EQ(Stored(*bench).substr(255 * 128), Data(5));
+    Receiving bench;
+    bench.Give(1, 255);
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(bench.Say(Block(255), 1500), kNak);
+    EXPECT_EQ(bench.Say(Frame(0, Data(5)), 2), kAck);  // block 256 is the way on
+    bench.Say(kEot, 2000);
+    EXPECT_EQ(bench.Stored().substr(255 * 128), Data(5));
 }
 
 TEST(XmodemReceive, IntoProgramMemory) {
     BoardBench bench;
-    EXPECT_EQ(bench.Say("XMODEM R\r", 0), "XMODEM R\r\n" + kNak);
+    EXPECT_EQ(bench.Type("XMODEM R", 0), kNak);
     std::string text = "PRINT 1\r\nPRINT 2";
     text.resize(128, '\0');
     EXPECT_EQ(bench.Say(Frame(1, text), 2), kAck);
@@ -130,89 +123,57 @@ TEST(XmodemReceive, IntoProgramMemory) {
     BoardBench older("armmite");
     older.Say("AUTOSAVE\rPRINT 1\r\x1a");
     EXPECT_EQ(older.Say("XMODEM S\r" + kNak, 0).substr(13, 9), std::string("PRINT 1\0\0", 9));
-    BoardBench cmm2("cmm2");
-    EXPECT_EQ(cmm2.Say("XMODEM R\r").substr(10, 8), "Syntax\r\n");
+    BoardBench("cmm2").ExpectDialogue(
+        "XMODEM R -> Syntax\nXMODEM SEND \"no\" -> Could not find the file\n");
 }
 
-namespace {
-
-struct SendBench {
-    explicit SendBench(const char* family, size_t size = 200) : bench(family) {
-        bench.board.AddFile("f.bas", std::string(size, 'x'), 0);
-        const std::string command = "XMODEM SEND \"f.bas\"\r";
-        EXPECT_EQ(bench.Say(command, 0), command + "\n");
-    }
-    BoardBench bench;
-    const std::string one = Frame(1, std::string(128, 'x'));
-    const std::string two = Frame(2, std::string(72, 'x') + std::string(56, '\0'));
-};
-
-}  // namespace
-
 TEST(XmodemSend, AWholeFileIsPaddedWithZeros) {
-    SendBench now("picomite");
-    EXPECT_EQ(now.bench.Say(kNak, 0), now.one);
-    EXPECT_EQ(now.bench.Say(kAck, 0), now.two);
-    EXPECT_EQ(now.bench.Say(kAck, 0), kEot);
-    EXPECT_EQ(now.bench.Say(kAck, 0), kLoud603);  // the prompt at once
-    SendBench old("picomite-6.00");
-    old.bench.Say(kNak, 0);
-    old.bench.Say(kAck, 0);
-    EXPECT_EQ(old.bench.Say(kAck, 0), kEot);
-    EXPECT_EQ(old.bench.Say(kAck, 1499), "");  // 1.5 s of silence first
-    EXPECT_EQ(old.bench.Wait(1), "\x1b[?25h> ");
-    SendBench empty("picomite", 0);
-    EXPECT_EQ(empty.bench.Say(kNak, 0), kEot);
-    BoardBench none;
-    EXPECT_EQ(none.Say("XMODEM SEND \"no\"\r"),
-              "XMODEM SEND \"no\"\r\nError : Could not find the file\r\n" + kLoud603);
+    Sending now("picomite");
+    now.Follow({{kNak, 0, now.one}, {kAck, 0, now.two}, {kAck, 0, kEot}, {kAck, 0, kLoud603}});
+    Sending old("picomite-6.00");  // 1.5 s of silence before its prompt
+    old.Follow({{kNak, 0, old.one},
+                {kAck, 0, old.two},
+                {kAck, 0, kEot},
+                {kAck, 1499, ""},
+                {"", 1, "\x1b[?25h> "}});
+    Sending("picomite", 0).Follow({{kNak, 0, kEot}});
 }
 
 TEST(XmodemSend, TheStartOfBothAges) {
-    SendBench now("picomite");
+    Sending now("picomite");
     // CRC-16 of 128 times "x".
-    const std::string crcBlock = now.bench.Say("C", 0);
-    EXPECT_EQ(crcBlock.substr(0, 131), now.one.substr(0, 131));
-    EXPECT_EQ(crcBlock.substr(131), std::string("\x81\xd7", 2));
-    SendBench silent("picomite");
-    EXPECT_EQ(silent.bench.Say("z", 58999), "");  // a stray byte costs one of 60 tries
-    EXPECT_EQ(silent.bench.Wait(201), "Error : Receiver did not respond\r\n" + kLoud603);
-    SendBench old("picomite-6.02");
-    EXPECT_EQ(old.bench.Say("C", 61999), "");  // ignored, and one of 32 tries of 2 s
-    EXPECT_EQ(old.bench.Wait(1), kCan3);
-    EXPECT_EQ(old.bench.Wait(1700), "Error : Remote did not respond\r\n\x1b[?25h\x1b[97;40m> ");
+    EXPECT_EQ(now.Say("C", 0), now.one.substr(0, 131) + "\x81\xd7");
+    // A stray byte costs one of 60 tries.
+    Sending("picomite")
+        .Follow({{"z", 58999, ""}, {"", 201, "Error : Receiver did not respond\r\n" + kLoud603}});
+    // Before 6.03 "C" is ignored, and one of 32 tries of 2 s.
+    Sending("picomite-6.02")
+        .Follow(
+            {{"C", 61999, ""}, {"", 1, kCan3}, {"", 1700, kNoAnswer + "\x1b[?25h\x1b[97;40m> "}});
 }
 
 TEST(XmodemSend, ResendsDoubleStartAndLostEnds) {
-    SendBench now("picomite");
-    EXPECT_EQ(now.bench.Say(kNak + kNak, 0), now.one + now.one);  // nothing is flushed
-    EXPECT_EQ(now.bench.Wait(2999), "");
-    EXPECT_EQ(now.bench.Wait(1), now.one);
-    EXPECT_EQ(now.bench.Say("?", 0), now.one);  // at once on any other byte
-    for (int i = 5; i <= 25; ++i) EXPECT_EQ(now.bench.Wait(3000), now.one) << i;
-    EXPECT_EQ(now.bench.Wait(3201), kCan3 + "Error : Too many errors\r\n" + kLoud603);
-    SendBench old("armmite");
-    EXPECT_EQ(old.bench.Say(kNak, 999), old.one);
-    EXPECT_EQ(old.bench.Wait(1), old.one);
+    Sending now("picomite");
+    now.Follow({{kNak + kNak, 0, now.one + now.one},  // nothing is flushed
+                {"", 2999, ""},
+                {"", 1, now.one},
+                {"?", 0, now.one}});  // at once on any other byte
+    for (int i = 5; i <= 25; ++i) EXPECT_EQ(now.Wait(3000), now.one) << i;
+    EXPECT_EQ(now.Wait(3201), kManyErrors);
+    Sending old("armmite");
+    old.Follow({{kNak, 999, old.one}, {"", 1, old.one}});
     // EOT with no answer: a success for 6.03, an error before it.
-    SendBench lost("picomite", 1);
-    lost.bench.Say(kNak, 0);
-    EXPECT_EQ(lost.bench.Say(kAck, 29999), std::string(10, '\x04'));
-    EXPECT_EQ(lost.bench.Wait(1), kLoud603);
-    SendBench lostOld("armmite", 1);
-    lostOld.bench.Say(kNak, 0);
-    EXPECT_EQ(lostOld.bench.Say(kAck, 21499), std::string(10, '\x04'));
-    EXPECT_EQ(lostOld.bench.Wait(1), "Error : Error closing\r\n> ");
+    const std::string eots(10, '\x04');
+    Sending lost("picomite", 1), lostOld("armmite", 1);
+    lost.Say(kNak, 0);
+    lost.Follow({{kAck, 29999, eots}, {"", 1, kLoud603}});
+    lostOld.Say(kNak, 0);
+    lostOld.Follow({{kAck, 21499, eots}, {"", 1, "Error : Error closing\r\n> "}});
 }
 
 TEST(XmodemSend, Cancel) {
-    SendBench now("picomite");
-    EXPECT_EQ(now.bench.Say(kCan), "Error : Cancelled by remote\r\n" + kLoud603);
-    SendBench old("armmite");
-    EXPECT_EQ(old.bench.Say(kCan, 999), "");
-    EXPECT_EQ(old.bench.Say(kCan, 1499), kAck);
-    EXPECT_EQ(old.bench.Wait(1), "Error : Cancelled by remote\r\n> ");
-    SendBench later("armmite");
-    later.bench.Say(kNak, 0);
-    EXPECT_EQ(later.bench.Say(kCan, 1500), kAck + "Error : Cancelled by remote\r\n> ");
+    Sending("picomite").Follow({{kCan, 10000, kCancelled + kLoud603}});
+    Sending("armmite").Follow({{kCan, 999, ""}, {kCan, 1499, kAck}, {"", 1, kCancelled + "> "}});
+    Sending later("armmite");
+    later.Follow({{kNak, 0, later.one}, {kCan, 1500, kAck + kCancelled + "> "}});
 }
