@@ -98,17 +98,15 @@ TEST(Hostile, NothingTakenOutMeansNothingGrows) {
 
 TEST(Hostile, DeepAndWideProgramsFailInWords) {
     BoardBench bench;
-    const std::string open(200, '('), minus(240, '-');
-    EXPECT_TRUE(Has(bench.Say("PRINT " + open + "1\r"), "Expression is too complex"));
-    EXPECT_TRUE(Has(bench.Say("PRINT " + minus + "1\r"), "\r\n 1\r\n"));
-    std::string nots;
+    const std::string open(200, '('), minus(240, '-'), tooDeep = "Expression is too complex";
+    std::string nots, calls, many = "AUTOSAVE\r";
     for (int i = 0; i < 60; ++i) nots += "NOT ";
-    EXPECT_TRUE(Has(bench.Say("PRINT " + nots + "0\r"), "\r\n 0\r\n"));
-    std::string calls;
     for (int i = 0; i < 40; ++i) calls += "ABS(";
-    EXPECT_TRUE(Has(bench.Say("PRINT " + calls + "1\r"), "Expression is too complex"));
-    std::string many = "AUTOSAVE\r";
     for (int i = 0; i < 600; ++i) many += "v" + std::to_string(i) + "=1\r";
+    EXPECT_TRUE(Has(bench.Say("PRINT " + open + "1\r"), tooDeep));
+    EXPECT_TRUE(Has(bench.Say("PRINT " + minus + "1\r"), "\r\n 1\r\n"));
+    EXPECT_TRUE(Has(bench.Say("PRINT " + nots + "0\r"), "\r\n 0\r\n"));
+    EXPECT_TRUE(Has(bench.Say("PRINT " + calls + "1\r"), tooDeep));
     bench.Say(many + "\x1a");
     EXPECT_TRUE(Has(bench.Say("RUN\r"), "[513] v512=1\r\nError : Not enough memory"));
     // A drive takes so many files and no more.
