@@ -5,12 +5,11 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QStatusBar>
-#include <QTemporaryDir>
 
 #include "editor/BasicLine.h"
 #include "tests/support/LocalTools.h"
+#include "tests/support/ScratchFolder.h"
 
 static bool Until(const std::function<bool()>& holds) {
     QElapsedTimer timer;
@@ -40,13 +39,10 @@ class EditorProgram : public testing::Test {
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     QString Write(const char* name, const QByteArray& bytes) const {
-        QFile file(folder.filePath(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-        return file.fileName();
+        return ScratchFolder::Put(folder.filePath(name), bytes);
     }
-    static QByteArray Contents(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    QByteArray Contents(const char* name) const {
+        return ScratchFolder::Get(folder.filePath(name));
     }
     EditorWindow& First() const { return *editor.Windows().at(0); }
     void Send(const std::string& words) const {
@@ -59,33 +55,31 @@ class EditorProgram : public testing::Test {
 TEST_F(EditorProgram, SavesWhatItOpenedByteByByte) {
     QByteArray all;
     for (int i = 1; i < 256; ++i) all += i == '\r' ? ' ' : static_cast<char>(i);
-    const QByteArray rows[] = {all,
-                               "",
-                               "\n\n",
-                               "A\r\nB\r\n",
-                               "no end",
-                               "\xef\xbb\xbf'\xc3\xa9\n",
-                               "'\xc3\xa9 \xe2\x82\xac\xc2\xa0\n",
-                               "\xe2\x80\xa9 \xc3\xa9\n",
-                               "\xc3"};
+    const QByteArrayList rows = {all,
+                                 "",
+                                 "\n\n",
+                                 "A\r\nB\r\n",
+                                 "no end",
+                                 "\xef\xbb\xbf'\xc3\xa9\n",
+                                 "'\xc3\xa9 \xe2\x82\xac\xc2\xa0\n",
+                                 "\xe2\x80\xa9 \xc3\xa9\n",
+                                 "\xc3"};
     editor.OpenAll({});
     for (const QByteArray& row : rows) {
         ASSERT_TRUE(First().OpenFile(Write("in.bas", row)));
         EXPECT_FALSE(First().isWindowModified());
         chosen = folder.filePath("out.bas");
         EXPECT_TRUE(First().SaveAs());
-        EXPECT_EQ(Contents(chosen).toHex(), row.toHex());
+        EXPECT_EQ(Contents("out.bas").toHex(), row.toHex());
     }
     First().OpenFile(Write("in.bas", "\xe9\r\n"));
     First().Text()->insertPlainText(QString("\nA") + QChar(0x20AC));  // no byte for it
     EXPECT_TRUE(First().isWindowModified() && First().Save() && !First().isWindowModified());
-    EXPECT_EQ(Contents(folder.filePath("in.bas")), "\r\nA\xe2\x82\xac\xc3\xa9\r\n");
+    EXPECT_EQ(Contents("in.bas"), "\r\nA\xe2\x82\xac\xc3\xa9\r\n");
     told.clear();
     QFile(Write("large", "")).resize(kLargestText + 1);
-    for (const QString& bad :
-         {folder.path(), folder.filePath("large"), Write("nul", {"A\0B", 3})}) {
+    for (const QString& bad : {folder.path(), folder.filePath("large"), Write("nul", {"A\0B", 3})})
         EXPECT_FALSE(First().OpenFile(bad));
-    }
     chosen = folder.filePath("none/x.bas");
     EXPECT_FALSE(First().SaveAs());
     EXPECT_EQ(told.size(), 5);  // each told, and the question for a name
@@ -103,7 +97,7 @@ TEST_F(EditorProgram, LosesNoChangesUnasked) {
     EXPECT_TRUE(First().close());  // nothing changed, nothing asked
     EXPECT_TRUE(second.close());
     EXPECT_EQ(told.join('|'), "changes of new.bas|changes of new.bas");
-    EXPECT_EQ(Contents(folder.filePath("new.bas")), "B");
+    EXPECT_EQ(Contents("new.bas"), "B");
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     editor.OpenAll({});
     First().ShowNewText("C");
@@ -128,7 +122,7 @@ TEST_F(EditorProgram, SendsTheFileToTheConsole) {
     client.Write("Welcome to KWCC\r\n");
     EXPECT_TRUE(Until([&] { return client.Read(), client.closed; }));
     EXPECT_EQ(client.received, "/load " + First().Path().toStdString() + "\r");
-    EXPECT_EQ(Contents(First().Path()), "BA");
+    EXPECT_EQ(Contents("a b\xc3\xa9.bas"), "BA");
     chosen = folder.filePath("two\nlines.bas");  // would reach the console as another name
     First().SaveAs();
     First().LoadToDevice();
@@ -192,10 +186,7 @@ TEST(Editor, FindsFromTheCursorOnAndAround) {
 TEST(Editor, KnowsItsPortsAndItsBasic) {
     QTemporaryDir folder;
     const auto read = [&folder](const QByteArray& settings) {
-        QFile file(folder.filePath("KWCC.inf"));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(settings) == settings.size());
-        file.close();
-        const ConsolePorts ports = ReadConsolePorts(file.fileName());
+        const auto ports = ReadConsolePorts(ScratchFolder::Put(folder.filePath("i"), settings));
         return std::make_pair(int(ports.control), int(ports.editor));
     };
     const std::pair<int, int> given(5, 6), usual(50899, 6832);

@@ -5,21 +5,11 @@
 #include <sys/stat.h>
 
 #include <QDir>
-#include <QFile>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 #include <csignal>
 
 #include "encoding/WholeFile.h"
-
-static QByteArray Contents(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-static SecretBytes Secret(const QByteArray& bytes) {
-    return SecretBytes(bytes.begin(), bytes.end());
-}
+#include "tests/support/ScratchFolder.h"
 
 // What a reader gets, and why it gets nothing.
 static EncodedFault Open(const QByteArray& file, const QByteArray& passphrase, QByteArray& plain) {
@@ -41,8 +31,7 @@ struct Vector {
 // The vectors of the document that describes the format.
 static std::vector<Vector> Vectors() {
     std::vector<Vector> vectors;
-    const QString document =
-        QString::fromUtf8(Contents(KWCC_SOURCE_DIR "/docs/ENCODED-SOURCES.md"));
+    const QString document = ScratchFolder::Get(KWCC_SOURCE_DIR "/docs/ENCODED-SOURCES.md");
     const QRegularExpression block("passphrase (\\w+)\nplain (\\w+)\n(KWHEX[^`]+)```");
     for (auto found = block.globalMatch(document); found.hasNext();) {
         const QStringList parts = found.next().capturedTexts();
@@ -62,7 +51,8 @@ TEST(EncodedSources, AreThoseOfTheDocument) {
         EncodedSource source;
         ParseEncodedSource(vector.file, source);
         QString typed = QString::fromUtf8(vector.passphrase);
-        SealEncodedSource(source.header, TakePassphrase(typed), Secret(plain), file);
+        SealEncodedSource(source.header, TakePassphrase(typed),
+                          SecretFromText(QString::fromLatin1(plain)), file);
         EXPECT_EQ(file, vector.file);
         EXPECT_EQ(Open(file, vector.passphrase + ' ', plain), EncodedFault::kRefused);
         EXPECT_EQ(plain, "");
@@ -104,47 +94,40 @@ TEST(EncodedSources, AreBoundedBeforeAnythingIsDerived) {
             EXPECT_EQ(ParseEncodedSource(file, source), fault) << cost.toStdString();
         }
     }
-    QByteArray file;
     EncodedHeader header = NewEncodedHeader();
     EXPECT_NE(header.salt, NewEncodedHeader().salt);
     EXPECT_NE(header.nonce, NewEncodedHeader().nonce);
     header.passes = 1;
     header.memoryKib = kLeastMemoryKib;
-    const SecretBytes most(kLargestEncodedText, 'A');
-    EXPECT_EQ(SealEncodedSource(header, Secret("x"), most, file), EncodedFault::kNone);
-    QByteArray plain;
+    SecretBytes most(kLargestEncodedText, 'A'), key(1, 'x');
+    QByteArray file, plain;
+    EXPECT_EQ(SealEncodedSource(header, key, most, file), EncodedFault::kNone);
     EXPECT_EQ(Open(file, "x", plain), EncodedFault::kNone);
     EXPECT_EQ(plain, QByteArray(kLargestEncodedText, 'A'));
     EncodedSource source;
     EXPECT_EQ(ParseEncodedSource(file + file, source), EncodedFault::kTooLarge);
-    SecretBytes more = most;
-    more.push_back('A');
-    EXPECT_EQ(SealEncodedSource(header, Secret("x"), more, file), EncodedFault::kTooLarge);
+    most.push_back('A');
+    EXPECT_EQ(SealEncodedSource(header, key, most, file), EncodedFault::kTooLarge);
 }
 
 TEST(EncodedSources, AreWrittenWholeOrNotAtAll) {
-    QTemporaryDir folder;
-    const QString path = folder.filePath("a b.bae");
-    EXPECT_TRUE(WriteWholeFile(path, "first"));
-    chmod(path.toUtf8().constData(), 0640);
-    EXPECT_TRUE(WriteWholeFile(path, "second"));
-    EXPECT_EQ(Contents(path), "second");
+    const ScratchFolder folder;
+    EXPECT_TRUE(WriteWholeFile("a b.bae", "first"));
+    chmod("a b.bae", 0640);
+    EXPECT_TRUE(WriteWholeFile("a b.bae", "second"));
     struct stat facts = {};
-    stat(path.toUtf8().constData(), &facts);
+    stat("a b.bae", &facts);
     EXPECT_EQ(facts.st_mode & 0777u, 0640u);
-    const QString fifo = folder.filePath("fifo");
-    mkfifo(fifo.toUtf8().constData(), 0600);
-    for (const QString& bad :
-         {fifo, folder.path(), folder.filePath("none/x"), QString("/dev/full")}) {
-        EXPECT_FALSE(WriteWholeFile(bad, "third")) << bad.toStdString();
-    }
+    mkfifo("fifo", 0600);
+    for (const char* bad : {"fifo", ".", "none/x"})
+        EXPECT_FALSE(WriteWholeFile(bad, "third")) << bad;
     // The disk is full after four bytes: a limit on the size of files stands for it. A buffer
     // that went out in part was once taken for a written file.
     signal(SIGXFSZ, SIG_IGN);
     const rlimit none = {4, RLIM_INFINITY};
     setrlimit(RLIMIT_FSIZE, &none);
-    EXPECT_FALSE(WriteWholeFile(path, "third"));
-    EXPECT_EQ(Contents(path), "second");
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot),
+    EXPECT_FALSE(WriteWholeFile("a b.bae", "third"));
+    EXPECT_EQ(ScratchFolder::Get("a b.bae"), "second");
+    EXPECT_EQ(QDir().entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot),
               QStringList({"a b.bae", "fifo"}));
 }
