@@ -30,8 +30,8 @@ bool WorkerRuns(const WorkerThread& worker) {
 
 bool WaitForWorker(WorkerThread& worker, int64_t ms) {
     // By the clock and not by the steps, which a busy machine makes longer.
-    for (const int64_t end = NowMs() + ms; WorkerRuns(worker) && NowMs() < end;)
-        SleepMs(kWaitStep);
+    const int64_t end = NowMs() + ms;
+    while (WorkerRuns(worker) && NowMs() < end) SleepMs(kWaitStep);
     if (WorkerRuns(worker)) return false;
     if (worker.started) pthread_join(worker.handle, nullptr);
     worker.started = false;
