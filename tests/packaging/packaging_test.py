@@ -15,12 +15,21 @@ sys.path.insert(0, os.path.join(ROOT, "tools"))
 from desktop import CONTENT_TOP, Console, Desktop, wait_for  # noqa: E402
 
 
+def attempt(*command, **options):
+    return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                          check=False, **options)
+
+
 def run(*command, **options):
     """Output of a command that must succeed."""
-    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
-                          check=False, **options)
+    done = attempt(*command, **options)
     assert done.returncode == 0, f"{command}: {done.stdout}"
     return done.stdout
+
+
+def text_of(path):
+    with open(path, encoding="utf-8") as f:
+        return f.read()
 
 
 def packaging(*names):
@@ -48,20 +57,18 @@ class Texts(Case):
         run("appstreamcli", "validate", "--no-net", *packaging("org.kewlink.console.metainfo.xml"))
         run("mandoc", "-T", "lint", "-W", "warning",
             *packaging("man/KWCC.1", "man/KWEdit.1", "man/boardsim.1"))
-        run("sh", "-n", *packaging("launcher.sh"))
-        run("sh", "-n", *packaging("add-to-menu.sh"))
+        for script in packaging("launcher.sh", "add-to-menu.sh"):
+            run("sh", "-n", script)
 
     def test_the_texts_tell_what_the_programs_do(self):
-        page = run("mandoc", "-T", "ascii", *packaging("man/boardsim.1"))
-        page = re.sub(r".\x08", "", page)
-        help_text = run(os.path.join(BUILD, "bin", "boardsim"), "--help")
-        self.assertEqual(set(re.findall(r"--[a-z-]+", page)),
-                         set(re.findall(r"--[a-z-]+", help_text)))
+        page = re.sub(r".\x08", "", run("mandoc", "-T", "ascii", *packaging("man/boardsim.1")))
+        options = [set(re.findall(r"--[a-z-]+", text))
+                   for text in (page, run(os.path.join(BUILD, "bin", "boardsim"), "--help"))]
+        self.assertEqual(*options)
         version = os.environ["KWCC_VERSION"]
-        with open(packaging("changelog")[0], encoding="utf-8") as f:
-            self.assertTrue(f.readline().startswith(f"kewlink-console ({version}) "))
-        with open(packaging("org.kewlink.console.metainfo.xml")[0], encoding="utf-8") as f:
-            self.assertIn(f'<release version="{version}"', f.read())
+        changes, metainfo = map(text_of, packaging("changelog", "org.kewlink.console.metainfo.xml"))
+        self.assertTrue(changes.startswith(f"kewlink-console ({version}) "))
+        self.assertIn(f'<release version="{version}"', metainfo)
 
 
 class Folder(Case):
@@ -82,8 +89,7 @@ class Folder(Case):
             console = Console(desktop, os.path.join(moved, "KWCC"))
             console.click(300, CONTENT_TOP + 100)
             self.assertEqual(console.close(), 0)
-        with open(settings, encoding="utf-8") as f:
-            self.assertIn("MainW = 960", f.read())
+        self.assertIn("MainW = 960", text_of(settings))
 
 
 class UserFolder(Case):
@@ -134,8 +140,7 @@ class MenuEntries(Case):
         for name, program in (("kewlink-console", "KWCC"), ("kwedit", "KWEdit")):
             path = os.path.join(entries, name + ".desktop")
             run("desktop-file-validate", path)
-            with open(path, encoding="utf-8") as f:
-                line = re.search(r'^Exec="(.*)" %[fF]$', f.read(), re.M).group(1)
+            line = re.search(r'^Exec="(.*)" %[fF]$', text_of(path), re.M).group(1)
             # As a desktop reads it: the value's escapes, then those in quotes, then field codes.
             text = re.sub(r"\\(.)", r"\1", re.sub(r"\\\\", r"\\", line)).replace("%%", "%")
             self.assertEqual(text, os.path.join(odd, program))
@@ -166,8 +171,7 @@ def own_places(script, *arguments):
     """Runs a script where it cannot touch the machine's devices."""
     folder = tempfile.mkdtemp()
     try:
-        return subprocess.run(["unshare", "-rm", "sh", "-c", OWN_PLACES + script, "sh", folder, *arguments],
-                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, check=False)
+        return attempt("unshare", "-rm", "sh", "-c", OWN_PLACES + script, "sh", folder, *arguments)
     finally:
         os.rmdir(folder)
 

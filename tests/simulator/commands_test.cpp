@@ -31,8 +31,7 @@ TEST(Commands, KillWithAPatternAsks) {
     BoardBench bench;
     for (const char* name : {"a.tmp", "b.tmp", "c.bas"}) bench.board.AddFile(name, "x", 0);
     EXPECT_EQ(bench.Type("KILL \"*.tmp\""), "Deleting a.tmp ? (Y/N) ");
-    EXPECT_EQ(bench.Say("n"), "N\r\nDeleting b.tmp ? (Y/N) ");
-    EXPECT_EQ(bench.Say("y"), "Y\r\n" + kQuiet);
+    bench.Follow({{"n", 1, "N\r\nDeleting b.tmp ? (Y/N) "}, {"y", 1, "Y\r\n" + kQuiet}});
     EXPECT_EQ(bench.Type("KILL \"*\",ALL"), "Deleting * from A:/\r\nAre you sure ? (Y/N) ");
     EXPECT_EQ(bench.Say("x"), "X\r\n" + kQuiet);
     std::string data;
