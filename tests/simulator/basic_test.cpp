@@ -67,6 +67,7 @@ PRINT (1 -> Error : Expected closing bracket|
 PRINT "open -> Error : Unterminated string|
 PRINT LEFT$("a") -> Error : Argument count|
 NEXT -> Error : Cannot find a matching FOR|
+GOSUB s:NEXT|END|s:|FOR i=1 TO 2:RETURN -> Error : Cannot find a matching FOR|
 LOOP -> Error : LOOP without a matching DO|
 RETURN -> Error : Nothing to return to|
 GOTO nowhere -> Error : Cannot find label|

@@ -19,30 +19,22 @@ const char kPieces[] =
     "PAUSE 9\r|DATE$=\"31-12-2999\"\r|OPTION DISPLAY 5\r|PRINT STRING$(255,66);\r|"
     "xmodem send \"x\"\r";
 
-std::string HostileStream(std::mt19937& random, size_t size, bool pieces) {
-    std::string stream;
-    while (stream.size() < size) {
-        if (pieces && random() % 4 != 0) {
+// Pieces or single bytes in uneven chunks at uneven times; the longest output of one take.
+size_t Feed(BoardBench& bench, std::mt19937& random, bool pieces) {
+    size_t longest = 0;
+    for (size_t fed = 0; fed < 100000;) {
+        std::string chunk;
+        for (const size_t least = 1 + random() % 200; chunk.size() < least;) {
             const char* piece = kPieces + random() % (sizeof kPieces - 1);
             while (piece > kPieces && piece[-1] != '|') --piece;
-            stream.append(piece, strcspn(piece, "|"));
-        } else {
-            stream += static_cast<char>(random());
+            const bool whole = pieces && random() % 4 != 0;
+            chunk +=
+                whole ? std::string(piece, strcspn(piece, "|")) : std::string(1, char(random()));
         }
-    }
-    return stream;
-}
-
-// Feeds it in uneven chunks at uneven times; gives the longest output of one take.
-size_t Feed(BoardBench& bench, std::mt19937& random, const std::string& stream) {
-    size_t longest = 0;
-    for (size_t at = 0; at < stream.size();) {
-        const size_t chunk = 1 + random() % 200;
-        const int64_t ms = random() % 8 == 0 ? static_cast<int64_t>(random() % 300) : 1;
-        bench.board.Receive(stream.substr(at, chunk), bench.now);
-        bench.board.Advance(bench.now += ms);
+        fed += chunk.size();
+        bench.board.Receive(chunk, bench.now);
+        bench.board.Advance(bench.now += random() % 8 == 0 ? int64_t(random() % 300) : 1);
         longest = std::max(longest, bench.board.TakeOutput().size());
-        at += chunk;
     }
     return longest;
 }
@@ -58,13 +50,10 @@ TEST(Hostile, RandomStreamsLeaveEveryBoardAliveAndBounded) {
                          std::to_string(seed));
             std::mt19937 random(seed);
             BoardBench bench(name.c_str());
-            const size_t longest = Feed(bench, random, HostileStream(random, 100000, pieces));
-            EXPECT_LE(longest, kOutputLimit + 4096);
+            EXPECT_LE(Feed(bench, random, pieces), kOutputLimit + 4096);
             // Out of whatever it is in: a full screen, a program, a transfer.
-            bench.Say("\x1b", 100);
-            bench.Say("\x03", 100);
-            bench.Wait(200000);
-            bench.Say("\x03", 5000);
+            for (const auto& [way, ms] : {std::pair("\x1b", 100), {"\x03", 200000}, {"\x03", 5000}})
+                bench.Say(way, ms);
             const bool shell = BoardFactsAt(i).language == BoardLanguage::kShell;
             const std::string out = bench.Say(shell ? "echo 42\r" : "PRINT 6*7\r", 5000);
             EXPECT_TRUE(Has(out, shell ? "42\r\n> " : " 42\r\n")) << out.substr(0, 300);

@@ -128,13 +128,11 @@ TEST(Prompt, ShortFormsAndAPromptOfTheProgramsOwn) {
 
 TEST(Prompt, ARestartTakesAUsbPortAwayAndPrintsNoSignOn) {
     BoardBench bench;
-    EXPECT_EQ(bench.Type("CPU RESTART", 100), "");
-    EXPECT_EQ(bench.Say("PRINT 1\r", 1390), "");
+    bench.Follow({{"CPU RESTART\r", 100, "CPU RESTART\r\n"}, {"PRINT 1\r", 1390, ""}});
     EXPECT_FALSE(bench.board.LinkIsUp());
     EXPECT_EQ(bench.Wait(20), kQuiet);
     EXPECT_TRUE(bench.board.LinkIsUp());
-    // What is printed while nobody listens (DTR) is gone.
-    bench.board.SetListening(false);
+    bench.board.SetListening(false);  // what is printed while nobody listens (DTR) is gone
     EXPECT_EQ(bench.Say("PRINT 1\r"), "");
     bench.board.SetListening(true);
     EXPECT_EQ(bench.Type(""), kQuiet);

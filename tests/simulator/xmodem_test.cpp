@@ -131,11 +131,8 @@ TEST(XmodemSend, AWholeFileIsPaddedWithZeros) {
     Sending now("picomite");
     now.Follow({{kNak, 0, now.one}, {kAck, 0, now.two}, {kAck, 0, kEot}, {kAck, 0, kLoud603}});
     Sending old("picomite-6.00");  // 1.5 s of silence before its prompt
-    old.Follow({{kNak, 0, old.one},
-                {kAck, 0, old.two},
-                {kAck, 0, kEot},
-                {kAck, 1499, ""},
-                {"", 1, "\x1b[?25h> "}});
+    old.Follow({{kNak, 0, old.one}, {kAck, 0, old.two}, {kAck, 0, kEot}});
+    old.Follow({{kAck, 1499, ""}, {"", 1, "\x1b[?25h> "}});
     Sending("picomite", 0).Follow({{kNak, 0, kEot}});
 }
 
@@ -154,10 +151,8 @@ TEST(XmodemSend, TheStartOfBothAges) {
 
 TEST(XmodemSend, ResendsDoubleStartAndLostEnds) {
     Sending now("picomite");
-    now.Follow({{kNak + kNak, 0, now.one + now.one},  // nothing is flushed
-                {"", 2999, ""},
-                {"", 1, now.one},
-                {"?", 0, now.one}});  // at once on any other byte
+    now.Follow({{kNak + kNak, 0, now.one + now.one}, {"", 2999, ""}});  // nothing is flushed
+    now.Follow({{"", 1, now.one}, {"?", 0, now.one}});                  // at once on any other byte
     for (int i = 5; i <= 25; ++i) EXPECT_EQ(now.Wait(3000), now.one) << i;
     EXPECT_EQ(now.Wait(3201), kManyErrors);
     Sending old("armmite");

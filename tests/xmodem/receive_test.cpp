@@ -85,42 +85,29 @@ TEST_F(ReceiveBench, EachFaultOfAFrameHasItsLineAndAnswer) {
 TEST_F(ReceiveBench, EndsOfATransfer) {
     // A stray byte brings a line ending and, before the first block, another NAK; after ten
     // of them what came is judged as a frame.
-    const std::string first = FrameOf(1, Block(1)), cans(3, kCanByte), looks(10, '\r');
+    const std::string first = FrameOf(1, Block(1)), cans(3, kCanByte);
+    const std::string open = kNak + kAck, looks = std::string(10, '\r') + kNak, naks(11, kNakByte);
+    const std::string stopped = "Transfer Aborted by Sender";
     const std::string dots = std::string(5120, '.') + kEot, early = "Short Block in #1";
     std::string asking;
     for (int i = 0; i < 10; ++i) asking += '\r' + kNak;
+    asking += kNak;
+    const std::string silence = "Maximum Errors. Transfer Aborted.", late = "Short Block in #2";
+    const std::string failed = "File transfer failed", done = "Completed OK", gone = "(none)";
     const struct {
         std::deque<std::string> script;
         std::string lines, answers, content;
         int64_t time, abortAt = INT64_MAX;
     } rows[] = {
-        {{kEcho, kEot}, "Completed OK", kNak + kAck, "", 50},  // no block at all
-        {{kEcho},
-         "Maximum Errors. Transfer Aborted.File transfer failed",
-         std::string(11, kNakByte) + "\r" + kGiveUp,
-         "(none)",
-         10 * 850 + 120},
-        {{kEcho, first, cans},
-         "Transfer Aborted by SenderFile transfer failed",
-         kNak + kAck + kGiveUp + cans + kAck,
-         "(none)",
-         60 + 50},
-        {{kEcho, "Error"},
-         early + early + "File transfer failed",
-         kNak + asking + kNak + asking + kNak,
-         "(none)",
-         2 * 10 * (50 + 120),
-         2600},
-        {{kEcho, first, "Error"},
-         "Short Block in #2Short Block in #2File transfer failed",
-         kNak + kAck + looks + kNak + looks + kNak,
-         "(none)",
-         60 + 2 * 10 * (50 + 120),
-         2600},
+        {{kEcho, kEot}, done, open, "", 50},  // no block at all
+        {{kEcho}, silence + failed, naks + "\r" + kGiveUp, gone, 10 * 850 + 120},
+        {{kEcho, first, cans}, stopped + failed, open + kGiveUp + cans + kAck, gone, 110},
+        {{kEcho, "Error"}, early + early + failed, kNak + asking + asking, gone, 3400, 2600},
+        {{kEcho, first, "Error"}, late + late + failed, open + looks + looks, gone, 3460, 2600},
         // More than the reply to the command can hold: the rest is dropped, and yet the first
         // look sees it when nothing else has come.
-        {{dots}, "Completed OK", kNak + kAck, "", 50},
-        {{dots, first, kEot}, "Completed OK", kNak + kAck + kAck, Block(1), 60 + 50},
+        {{dots}, done, open, "", 50},
+        {{dots, first, kEot}, done, open + kAck, Block(1), 60 + 50},
     };
     for (const auto& row : rows) {
         const std::string printed = FetchFrom(row.script, row.abortAt).toStdString();

@@ -78,6 +78,7 @@ TEST_F(SendBench, AnswersToABlock) {
         {{""}, ack, 20, 0, 19 * 250 + 200},
         {{nak, stop}, ack, 2, 0, 250 + 200},
         {{stop, ack}, ack, 1, 0, 200},
+        {{stop.substr(1) + "x", ack}, ack, 3, 1, 600 + 500},
         // Stale bytes make a lone CAN the third of three.
         {{"x" + stop.substr(1), {kCanByte}}, ack, 2, 0, 250 + 200},
         // The time limit takes each block as acknowledged.
