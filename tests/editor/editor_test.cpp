@@ -55,15 +55,10 @@ class EditorProgram : public testing::Test {
 TEST_F(EditorProgram, SavesWhatItOpenedByteByByte) {
     QByteArray all;
     for (int i = 1; i < 256; ++i) all += i == '\r' ? ' ' : static_cast<char>(i);
-    const QByteArrayList rows = {all,
-                                 "",
-                                 "\n\n",
-                                 "A\r\nB\r\n",
-                                 "no end",
-                                 "\xef\xbb\xbf'\xc3\xa9\n",
-                                 "'\xc3\xa9 \xe2\x82\xac\xc2\xa0\n",
-                                 "\xe2\x80\xa9 \xc3\xa9\n",
-                                 "\xc3"};
+    const QByteArray some =
+        "|\n\n|A\r\nB\r\n|no end|\xef\xbb\xbf'\xc3\xa9\n|'\xc3\xa9 \xe2\x82\xac\xc2\xa0\n|"
+        "\xe2\x80\xa9 \xc3\xa9\n|\xc3";
+    const QByteArrayList rows = some.split('|') << all;
     editor.OpenAll({});
     for (const QByteArray& row : rows) {
         ASSERT_TRUE(First().OpenFile(Write("in.bas", row)));

@@ -63,21 +63,19 @@ TEST(EncodedSources, AreThoseOfTheDocument) {
 TEST(EncodedSources, SpoiltInAnyWayGiveNothing) {
     const Vector good = Vectors()[0];
     QByteArray plain;
+    const auto fault = [&](const QByteArray& file) { return Open(file, good.passphrase, plain); };
     for (int at = 0; at < good.file.size(); ++at) {
+        QByteArray file = good.file;
         for (int bit = 0; bit < 8; ++bit) {
-            QByteArray file = good.file;
-            file[at] = static_cast<char>(file[at] ^ (1 << bit));
-            EXPECT_NE(Open(file, good.passphrase, plain), EncodedFault::kNone) << at << ' ' << bit;
+            file[at] = static_cast<char>(good.file[at] ^ (1 << bit));
+            EXPECT_NE(fault(file), EncodedFault::kNone) << at << ' ' << bit;
         }
-        EXPECT_NE(Open(good.file.left(at), good.passphrase, plain), EncodedFault::kNone) << at;
-        QByteArray longer = good.file;
-        EXPECT_NE(Open(longer.insert(at, '0'), good.passphrase, plain), EncodedFault::kNone) << at;
+        EXPECT_NE(fault(good.file.left(at)), EncodedFault::kNone) << at;
+        EXPECT_NE(fault(QByteArray(good.file).insert(at, '0')), EncodedFault::kNone) << at;
     }
-    for (const char* tail : {"\n", "00\n", " ", "\r\n"}) {
-        EXPECT_EQ(Open(good.file + tail, good.passphrase, plain), EncodedFault::kDamaged);
-    }
-    EXPECT_EQ(Open(QByteArray(good.file).replace('\n', "\r\n"), good.passphrase, plain),
-              EncodedFault::kUnknown);
+    for (const char* tail : {"\n", "00\n", " ", "\r\n"})
+        EXPECT_EQ(fault(good.file + tail), EncodedFault::kDamaged);
+    EXPECT_EQ(fault(QByteArray(good.file).replace('\n', "\r\n")), EncodedFault::kUnknown);
 }
 
 TEST(EncodedSources, AreBoundedBeforeAnythingIsDerived) {
