@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Counts lines of tests and of code that are not blank, and fails outside 15 to 45 per cent.
+"""Counts lines of tests and of code that are not blank, and fails outside 15 to 42 per cent.
 
 The house's aim is a quarter to a third; the bounds leave room for a change in progress.
 """
@@ -26,7 +26,7 @@ def main():
     tests = lines(n for n in names if n.startswith("tests/"))
     share = 100 * tests / code
     print(f"tests: {tests} lines to {code} lines of code, {share:.0f} %")
-    sys.exit(0 if 15 <= share <= 45 else 1)
+    sys.exit(0 if 15 <= share <= 42 else 1)
 
 
 main()
