@@ -180,6 +180,21 @@ class UdevRules(Case):
     BOARDS = [("2e8a", "000a"), ("04d8", "000a"), ("0483", "5740"), ("1a86", "7523"), ("10c4", "ea60"),
               ("0403", "6001"), ("067b", "2303")]
 
+    def test_rules_are_whole_on_any_machine(self):
+        """What can be said of the file without a udev that may be tried."""
+        path = packaging("udev/70-kewlink-console.rules")[0]
+        lines = [line for line in text_of(path).split("\n") if line and line[0] != "#"]
+        token = r'[A-Z]+(\{\w+\})?(==|!=|=|\+=)"[^"]*"'
+        for line in lines:
+            self.assertRegex(line, f"^{token}(, {token})*$")
+        named = {kind: set(re.findall(kind + '="([^"]*)"', "\n".join(lines)))
+                 for kind in ("GOTO", "LABEL")}
+        self.assertEqual(named["GOTO"], named["LABEL"])
+        links = re.findall(r'^KERNEL=="(\w+)", SYMLINK\+="(\w+)"$', "\n".join(lines), re.M)
+        self.assertEqual(links, [(f"tty{kind}{i}", f"TTY{kind}{i}") for kind in ("USB", "ACM")
+                                 for i in range(4)])
+        self.assertLess(int(os.path.basename(path)[:2]), 73)  # where the seat's user gets access
+
     @unittest.skipUnless(own_places("").returncode == 0, "this machine gives no /dev of one's own")
     def test_links_access_and_modem_manager(self):
         """The machine's own udev, with made-up devices, in a /dev and /run of its own."""
