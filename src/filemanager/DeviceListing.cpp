@@ -183,6 +183,7 @@ void ToggleFlashView() {
 
 void RequestProgram(int slot) {
     listing.savingProgram = true;
+    listing.dropRestOfLine = false;
     const QString command = slot == 0 ? QString("list all") : "flash list " + QString::number(slot);
     SendText(command + lineEnding.bytes);
 }

@@ -1,8 +1,8 @@
 #include "filemanager/SaveProgram.h"
 
-#include <QFile>
 #include <QFileInfo>
 
+#include "base/EightBitText.h"
 #include "base/Numbers.h"
 #include "base/TextRules.h"
 #include "ui/Dialogs.h"
@@ -10,12 +10,10 @@
 
 namespace {
 
-const char kPatterns[] = "Basic (*.bas)|*.bas|Text (*.txt)|*.txt|All files (*.*)|*.*";
-
 // With its extension; empty for none.
 QString AskName() {
     const QString preset = GadgetText(kPcList) + "*.bas";
-    QString path = AskSaveFile("Save", preset, kPatterns, OverwriteQuestion::kByCaller).path;
+    QString path = AskSaveFile("Save", preset, kSourcePatterns, OverwriteQuestion::kByCaller).path;
     if (!path.isEmpty() && ExtensionPart(path).isEmpty()) path += ".bas";
     return path;
 }
@@ -30,6 +28,5 @@ bool MayWrite(const QString& path) {
 void SaveProgram(const QString& text) {
     const QString path = AskName();
     if (path.isEmpty() || !MayWrite(path)) return;
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly)) file.write(text.toLatin1());
+    WriteEightBitText(path, text);
 }

@@ -8,7 +8,6 @@
 #include "shell/ActionMenu.h"
 #include "shell/CommandHistory.h"
 #include "shell/Dispatch.h"
-#include "shell/MainMenu.h"
 #include "shell/ViewMenu.h"
 #include "terminal/input/Paste.h"
 #include "terminal/screen/Capture.h"

@@ -4,10 +4,8 @@
 
 #include "base/Numbers.h"
 #include "filemanager/FileManagerWindow.h"
-#include "shell/MainMenu.h"
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/TerminalSizing.h"
-#include "ui/Gadgets.h"
 #include "ui/MenuItem.h"
 
 void ToggleToolbarRow(int item) {

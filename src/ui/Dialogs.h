@@ -15,6 +15,9 @@ QString AskText(const QString& title, const QString& prompt, const QString& pres
 // with it; the toolkit's own field is freed without that.
 QString AskSecret(const QString& title, const QString& prompt);
 
+// The patterns under which programs and captures are saved.
+constexpr char kSourcePatterns[] = "Basic (*.bas)|*.bas|Text (*.txt)|*.txt|All files (*.*)|*.*";
+
 struct FileChoice {
     QString path;     // empty for a cancelled dialog
     int pattern = 0;  // position, from 0, of the chosen pattern; 0 when cancelled

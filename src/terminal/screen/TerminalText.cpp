@@ -1,8 +1,8 @@
 #include "terminal/screen/TerminalText.h"
 
-#include <QFile>
 #include <algorithm>
 
+#include "base/EightBitText.h"
 #include "base/LineEnding.h"
 #include "base/TextRules.h"
 #include "terminal/screen/Capture.h"
@@ -10,8 +10,6 @@
 #include "ui/Dialogs.h"
 
 namespace {
-
-constexpr int kWrittenAtOnce = 1 << 20;  // characters; a capture can be long
 
 void AppendLine(QString* text, const TerminalLine& line) {
     const int last = std::min({line.length, terminalScreen.maxLineLength, kLastColumn});
@@ -47,14 +45,9 @@ QString GetTerminalText(int what) {
 }
 
 void SaveTerminalText(int what) {
-    const FileChoice choice = AskSaveFile(
-        "Save", QString(), "Basic (*.bas)|*.bas|Text (*.txt)|*.txt|All files (*.*)|*.*");
+    const FileChoice choice = AskSaveFile("Save", QString(), kSourcePatterns);
     // A cancelled dialog gives an empty name and the first pattern, so this is ".bas".
     const QString name = WithExtension(choice);
     const QString text = what == kTextCapture ? TakeCapture() : GetTerminalText(what);
-    if (name.isEmpty()) return;
-    QFile file(name);
-    if (!file.open(QIODevice::WriteOnly)) return;
-    for (int at = 0; at < text.size(); at += kWrittenAtOnce)
-        file.write(text.mid(at, kWrittenAtOnce).toLatin1());
+    if (!name.isEmpty()) WriteEightBitText(name, text);
 }
