@@ -15,6 +15,9 @@ endif()
 if(KWCC_SANITIZE)
   add_compile_options(-fsanitize=${KWCC_SANITIZE} -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${KWCC_SANITIZE})
+  # In each program alone, not in the libraries that it is linked from.
+  target_sources(kewlink_flags INTERFACE
+    $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:${PROJECT_SOURCE_DIR}/cmake/KeepModules.cpp>)
   if(KWCC_SANITIZE MATCHES "undefined")
     add_compile_options(-fno-sanitize-recover=undefined)
   endif()
