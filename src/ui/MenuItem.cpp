@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
+#include <QProxyStyle>
 #include <QWindow>
 #include <map>
 #include <vector>
@@ -32,6 +33,16 @@ std::map<int, QMenu*> popups;
 QPointer<PBQMainWindow> openBar;  // takes the next titles
 QPointer<QMenu> openMenu;         // takes the next items
 
+// The desktop's style, but for the Alt key, which by itself would move the keyboard to the bar.
+class BarStyle : public QProxyStyle {
+  public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override {
+        if (hint == SH_MenuBar_AltKeyNavigation) return 0;
+        return QProxyStyle::styleHint(hint, option, widget, result);
+    }
+};
+
 // An item becomes checkable with its first tick, so that the others have no room for one.
 void ShowTick(const ItemRecord& record) {
     for (const QPointer<QAction>& action : record.actions) {
@@ -58,6 +69,9 @@ void CreateMenuBar(int, int window) {
     openMenu = nullptr;
     if (!found) return;
     auto* bar = new QMenuBar;
+    auto* style = new BarStyle;
+    style->setParent(bar);
+    bar->setStyle(style);
     bar->setNativeMenuBar(false);
     found->setMenuBar(bar);
     bar->show();
@@ -73,11 +87,11 @@ void CreatePopupMenu(int menu) {
     openMenu = popup;
 }
 
-// The first letter of a title opens it with Alt, and the arrow keys choose. Each title may
-// make the bar higher; the inner area keeps its size.
+// Every key with Alt is the board's, so a title has no letter of its own. Each title may make
+// the bar higher; the inner area keeps its size.
 void MenuTitle(const QString& title) {
     if (!openBar) return;
-    openMenu = openBar->menuBar()->addMenu('&' + ToCaption(title));
+    openMenu = openBar->menuBar()->addMenu(ToCaption(title));
     openMenu->setProperty(kMenuWindowProperty, openBar->Number());
     openBar->FitMenuBar();
 }

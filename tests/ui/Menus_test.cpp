@@ -89,6 +89,24 @@ TEST_F(Menus, TheTickIsTheProgramsAlone) {
     EXPECT_FALSE(MenuItemTick(99));
 }
 
+// Alt with a letter is a key of the board like any other: a menu that opened by it would take
+// what is typed next, and a Return with it.
+TEST_F(Menus, NoKeyOpensOne) {
+    CanvasGadget(kTerminalCanvas, 0, 0, 100, 100, kCanvasKeyboard);
+    CreateMenuBar(kMainMenu, kTestWindow);
+    MenuTitle("Edit");
+    MenuItem(kItemPasteText, "Paste text");
+    FocusGadget(kTerminalCanvas);
+    TakeEvents();
+    PressKey(Qt::Key_E, Qt::AltModifier);
+    EXPECT_FALSE(QApplication::activePopupWidget());
+    PressKey(Qt::Key_Alt);
+    EXPECT_EQ(FocusedGadget(), kTerminalCanvas);
+    PressKey(Qt::Key_Return);
+    EXPECT_EQ(TakeEvents(kEventMenu), Events());
+    EXPECT_EQ(FocusedGadget(), kTerminalCanvas);
+}
+
 TEST_F(Shortcuts, ComeBeforeTheFocusOnlyWhileTheyStand) {
     CanvasGadget(kTerminalCanvas, 0, 0, 100, 100, kCanvasKeyboard);
     FocusGadget(kTerminalCanvas);
