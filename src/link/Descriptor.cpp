@@ -2,10 +2,11 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <pthread.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <thread>
+#include <utility>
 
 int AboveStandardStreams(int fd) {
     if (fd < 0) return 0;
@@ -15,11 +16,20 @@ int AboveStandardStreams(int fd) {
     return above < 0 ? 0 : above;
 }
 
-// The count goes up before the number is read, and ReplaceDescriptor changes the number
-// before it reads the count, so that one of the two always sees the other.
-DescriptorUse::DescriptorUse(const SharedDescriptor& used) : users(used.users) {
-    ++users;
-    fd = used.fd;
+// close(2) is a place where a thread can be cancelled, and a destructor is none.
+OpenDescriptor::~OpenDescriptor() {
+    int before = 0;
+    pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &before);
+    close(fd);
+    pthread_setcancelstate(before, nullptr);
+}
+
+SharedDescriptor::operator int() const {
+    return DescriptorUse(*this).fd;
+}
+
+HeldDescriptor SharedDescriptor::Exchange(HeldDescriptor next) {
+    return std::atomic_exchange(&held, std::move(next));
 }
 
 bool TakesBytes(const SharedDescriptor& descriptor) {
@@ -29,9 +39,7 @@ bool TakesBytes(const SharedDescriptor& descriptor) {
 }
 
 void ReplaceDescriptor(SharedDescriptor& descriptor, int fd) {
-    const int earlier = descriptor.fd.exchange(fd);
-    if (earlier < 1) return;
-    shutdown(earlier, SHUT_RDWR);  // a terminal gives ENOTSOCK, which is as good
-    for (int i = 0; descriptor.users > 0 && i < kMostYieldsForUsers; ++i) std::this_thread::yield();
-    close(earlier);
+    HeldDescriptor next = fd > 0 ? std::make_shared<OpenDescriptor>(fd) : nullptr;
+    const HeldDescriptor earlier = descriptor.Exchange(std::move(next));
+    if (earlier) shutdown(earlier->fd, SHUT_RDWR);  // a terminal gives ENOTSOCK, which is as good
 }

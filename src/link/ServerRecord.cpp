@@ -2,7 +2,6 @@
 
 #include <cerrno>
 #include <memory>
-#include <thread>
 
 #include "base/Numbers.h"
 #include "ui/InterfaceEvent.h"
@@ -26,10 +25,4 @@ void HandOverChunk(ServerRecord& record) {
     PostInterfaceEvent(kEventServerChunk, kMainWindow, kNone, record.identity);
     while (sem_wait(&record.chunkSemaphore) < 0 && errno == EINTR) {
     }
-}
-
-void ForgetClient(ServerRecord& record) {
-    record.client.fd = 0;
-    // Short: a send to a client never waits.
-    while (record.client.users > 0) std::this_thread::yield();
 }

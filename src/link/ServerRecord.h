@@ -47,7 +47,3 @@ QString TakeServerMessage(ServerRecord& record);
 // Posts the event of a filled buffer, and sleeps until the interface thread has taken it.
 // Worker.
 void HandOverChunk(ServerRecord& record);
-
-// Takes `client` out of use. On return no other thread is inside a send to it, so that
-// its descriptor may be closed. Worker.
-void ForgetClient(ServerRecord& record);

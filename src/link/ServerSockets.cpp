@@ -7,8 +7,6 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include "link/Descriptor.h"
-
 namespace {
 
 constexpr int kBacklog = 100;
@@ -40,18 +38,16 @@ void PrepareClient(int fd) {
     if (size < kClientSendBuffer) SetOption(fd, SOL_SOCKET, SO_SNDBUF, kClientSendBuffer);
 }
 
-// The new client's descriptor, 0 for none.
-int AcceptClient(ServerSockets& sockets) {
+// The new client, null for none.
+HeldDescriptor AcceptClient(ServerSockets& sockets) {
     const int flags = SOCK_NONBLOCK | SOCK_CLOEXEC;
     const int fd = AboveStandardStreams(accept4(sockets.listener, nullptr, nullptr, flags));
-    if (fd < 1) return 0;
-    if (sockets.clients.size() >= kMostServerClients) {
-        close(fd);
-        return 0;
-    }
+    if (fd < 1) return nullptr;
+    auto client = std::make_shared<OpenDescriptor>(fd);
+    if (sockets.clients.size() >= kMostServerClients) return nullptr;
     PrepareClient(fd);
-    sockets.clients.push_back(fd);
-    return fd;
+    sockets.clients.push_back(client);
+    return client;
 }
 
 }  // namespace
@@ -73,7 +69,9 @@ void WaitForServerEvent(const ServerSockets& sockets) {
     std::vector<pollfd> watched;
     watched.push_back({sockets.listener, POLLIN, 0});
     if (sockets.wake > 0) watched.push_back({sockets.wake, POLLIN, 0});
-    for (const int client : sockets.clients) watched.push_back({client, POLLIN, 0});
+    for (const HeldDescriptor& client : sockets.clients) {
+        watched.push_back({client->fd, POLLIN, 0});
+    }
     poll(watched.data(), watched.size(), kLongestWait);
 }
 
@@ -82,22 +80,23 @@ void WakeServer(const ServerSockets& sockets) {
 }
 
 ServerEvent TakeServerEvent(ServerSockets& sockets, bool data) {
-    if (const int fd = AcceptClient(sockets)) return {ServerEventKind::kNewClient, fd};
+    if (HeldDescriptor client = AcceptClient(sockets)) {
+        return {ServerEventKind::kNewClient, client};
+    }
     for (size_t i = 0; i < sockets.clients.size(); ++i) {
-        const int fd = sockets.clients[i];
+        const HeldDescriptor client = sockets.clients[i];
         char bytes[kPeekedBytes];
-        const ssize_t count = recv(fd, bytes, sizeof bytes, MSG_PEEK);
-        if (count > 0 && data) return {ServerEventKind::kData, fd};
+        const ssize_t count = recv(client->fd, bytes, sizeof bytes, MSG_PEEK);
+        if (count > 0 && data) return {ServerEventKind::kData, client};
         if (count != 0) continue;  // nothing there, or an error that the next call tells as gone
         sockets.clients.erase(sockets.clients.begin() + static_cast<std::ptrdiff_t>(i));
-        return {ServerEventKind::kClientGone, fd};
+        return {ServerEventKind::kClientGone, client};
     }
     return {};
 }
 
 void CloseServer(ServerSockets& sockets) {
     if (sockets.listener > 0) close(sockets.listener);
-    for (const int client : sockets.clients) close(client);
     sockets.listener = 0;
     sockets.clients.clear();
 }

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "link/Descriptor.h"
+
 // Clients connected to one server at the same time; a further one is let in and closed
 // at once. Both servers' together stay well below the usual limit of 1024 descriptors.
 constexpr int kMostServerClients = 300;
@@ -16,16 +18,16 @@ constexpr int kMostServerClients = 300;
 constexpr int kClientSendBuffer = 256 * 1024;
 
 struct ServerSockets {
-    int listener = 0;          // 0 for none
-    int wake = 0;              // eventfd(2) that ends a wait; 0 for none
-    std::vector<int> clients;  // in the order in which they came
+    int listener = 0;                     // 0 for none
+    int wake = 0;                         // eventfd(2) that ends a wait; 0 for none
+    std::vector<HeldDescriptor> clients;  // in the order in which they came
 };
 
 enum class ServerEventKind { kNone, kNewClient, kData, kClientGone };
 
 struct ServerEvent {
     ServerEventKind kind = ServerEventKind::kNone;
-    int client = 0;  // its descriptor
+    HeldDescriptor client;
 };
 
 // Listens on all of the machine's addresses. False, with nothing open, when the port can
@@ -40,7 +42,7 @@ void WakeServer(const ServerSockets& sockets);
 
 // One event at the most, without waiting: a new client goes before all others, then the
 // first in the list that has sent something or has gone. A client that has gone is off
-// the list; its descriptor stays open for the caller to close. Without `data`, what was
+// the list; its descriptor is open until the caller lets go. Without `data`, what was
 // sent stays where it is, and its client is passed over.
 ServerEvent TakeServerEvent(ServerSockets& sockets, bool data);
 

@@ -1,7 +1,6 @@
 #include "link/ServerWorker.h"
 
 #include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
 
@@ -68,9 +67,8 @@ void TakeChunk(ServerRecord& record, int client, size_t room) {
 
 // Whichever client goes, the one of the last event is forgotten: device bytes reach
 // nobody until the next event, even while another client is connected. This is meant.
-void DropClient(ServerRecord& record, int client) {
-    ForgetClient(record);
-    close(client);
+void DropClient(ServerRecord& record) {
+    record.client.Exchange(nullptr);
     if (linkSettings.debugMode) TerminalPrintLine(kPlainVideo + QString("Net Disconnected"));
 }
 
@@ -78,10 +76,10 @@ void TakeTurn(ServerRecord& record) {
     const size_t room = RoomForChunk(record);
     const ServerEvent event = TakeServerEvent(record.sockets, room > 0);
     if (event.kind == ServerEventKind::kNone) return;
-    if (event.kind == ServerEventKind::kClientGone) return DropClient(record, event.client);
-    record.client.fd = event.client;
-    if (event.kind == ServerEventKind::kNewClient) return Welcome(record, event.client);
-    TakeChunk(record, event.client, room);
+    if (event.kind == ServerEventKind::kClientGone) return DropClient(record);
+    record.client.Exchange(event.client);
+    if (event.kind == ServerEventKind::kNewClient) return Welcome(record, event.client->fd);
+    TakeChunk(record, event.client->fd, room);
 }
 
 }  // namespace
@@ -95,7 +93,7 @@ void ServerWorker(void* argument) {
         TakeTurn(record);
         SleepMs(kServerPace);
     }
-    ForgetClient(record);
+    record.client.Exchange(nullptr);
     CloseServer(record.sockets);
     record.buffer.clear();
     record.buffer.shrink_to_fit();

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "base/Numbers.h"
+#include "base/Pacing.h"
 #include "link/LinkSettings.h"
 #include "link/ServerWorker.h"
 #include "terminal/screen/TerminalScreen.h"
@@ -44,13 +45,17 @@ bool KillServer(ServerRecord& record) {
     return WaitForWorker(record.thread, kServerKillWait);
 }
 
-void StopServer(ServerRecord& record) {
-    if (!record.running) return;
+void AskToEnd(ServerRecord& record) {
     record.quit = true;
     WakeServer(record.sockets);
+}
+
+void StopServer(ServerRecord& record, int64_t deadline) {
+    if (!record.running) return;
     record.running = false;
+    const int64_t wait = std::max<int64_t>(deadline - NowMs(), 0);
     // A worker that comes on neither keeps what it could still touch until the process ends.
-    if (!WaitForWorker(record.thread, kServerEndWait) && !KillServer(record)) return;
+    if (!WaitForWorker(record.thread, wait) && !KillServer(record)) return;
     sem_destroy(&record.chunkSemaphore);
     sem_destroy(&record.spareSemaphore);
     if (record.sockets.wake > 0) close(record.sockets.wake);
@@ -65,9 +70,11 @@ void StartServers() {
     StartServer(controlServer, kControlServerIdentity, linkSettings.controlPort, "control server");
 }
 
+// Both are asked first, so that two that stand on their semaphores cost one wait.
 void StopServers() {
-    StopServer(dataServer);
-    StopServer(controlServer);
+    const int64_t deadline = NowMs() + kServerEndWait;
+    for (ServerRecord* record : {&dataServer, &controlServer}) AskToEnd(*record);
+    for (ServerRecord* record : {&dataServer, &controlServer}) StopServer(*record, deadline);
 }
 
 void SendToDataClient(const void* bytes, int64_t count) {

@@ -6,13 +6,13 @@
 
 #include "link/ServerRecord.h"
 
-// How long a worker is waited for at exit, and how long once it was let go by force.
+// How long the workers are waited for at exit, and how long once it was let go by force.
 constexpr int64_t kServerEndWait = 3000;  // milliseconds
 constexpr int64_t kServerKillWait = 1000;
 
 // Starts the two workers, which then open their ports and say how that went.
 void StartServers();
-// Ends the two workers, the data server's first.
+// Ends the two workers, the data server's first, within kServerEndWait or by force.
 void StopServers();
 
 // Bytes from the device to the data port's client, if one is connected. Never waits: what

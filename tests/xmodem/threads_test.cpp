@@ -7,6 +7,11 @@
 
 namespace {
 
+// Byte operations on the link at this moment, beside the link itself and this look.
+long UsersOfLink() {
+    return linkStatus.netLink.Hold().use_count() - 2;
+}
+
 class TransferThreads : public TransferBench {
   protected:
     TransferThreads() {
@@ -97,10 +102,10 @@ TEST_F(TransferThreads, KilledInASendThatNobodyTakes) {
     while (send(linkStatus.netLink, block.data(), block.size(), MSG_DONTWAIT) > 0) {
     }
     StartSendWorker("pc.bin", "d.bin");
-    EXPECT_TRUE(LoopUntil([] { return linkStatus.netLink.users > 0; }));
+    EXPECT_TRUE(LoopUntil([] { return UsersOfLink() > 0; }));
     StopSendWorker();
     EXPECT_FALSE(Ended() || XmodemSendWorkerRuns());
-    EXPECT_EQ(linkStatus.netLink.users, 0);
+    EXPECT_EQ(UsersOfLink(), 0);
 }
 
 // The end of the earlier file is not taken for that of the new one.
