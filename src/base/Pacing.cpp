@@ -2,6 +2,8 @@
 
 #include <poll.h>
 
+#include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <ctime>
 #include <thread>
@@ -9,6 +11,14 @@
 namespace {
 
 constexpr short kGone = POLLHUP | POLLRDHUP | POLLERR | POLLNVAL;
+// A window that is uncovered stands unpainted for so long at the most.
+constexpr int64_t kServiceStep = 20;  // milliseconds
+
+short Poll(int fd, short events, int64_t ms) {
+    pollfd ready = {fd > 0 ? fd : -1, events, 0};
+    poll(&ready, 1, static_cast<int>(ms));
+    return ready.revents;
+}
 
 class KernelClock : public Clock {
   public:
@@ -25,28 +35,63 @@ class KernelClock : public Clock {
         localtime_r(&now, &civil);
         return static_cast<int64_t>(now) + civil.tm_gmtoff;
     }
-    // A line that is gone is always ready and has nothing to read.
-    void AwaitInput(int fd, int64_t ms) override {
-        pollfd ready = {fd > 0 ? fd : -1, POLLIN | POLLRDHUP, 0};
-        poll(&ready, 1, static_cast<int>(ms));
-        if (ready.revents & kGone) Sleep(1);
-    }
+    bool Await(int fd, short events, int64_t ms) override { return Poll(fd, events, ms) != 0; }
 };
 
 KernelClock kernelClock;
 Clock* currentClock = &kernelClock;
-void (*beforeSleep)() = nullptr;
-std::thread::id beforeSleepThread;
+void (*waitService)() = nullptr;
+std::thread::id servedThread;
+std::atomic<bool> leaveRequested{false};
+
+bool IsServed() {
+    return waitService && std::this_thread::get_id() == servedThread;
+}
 
 }  // namespace
 
-void SleepMs(int64_t ms) {
-    if (beforeSleep && std::this_thread::get_id() == beforeSleepThread) beforeSleep();
-    currentClock->Sleep(ms);
+bool Clock::Await(int fd, short events, int64_t ms) {
+    if (fd > 0 && Poll(fd, events, 0) != 0) return true;
+    Sleep(fd > 0 ? std::min<int64_t>(ms, 1) : ms);
+    return false;
 }
 
+// The end is taken first: what the service takes is part of the wait.
+void SleepMs(int64_t ms) {
+    if (!IsServed()) return currentClock->Sleep(ms);
+    const int64_t end = NowMs() + ms;
+    waitService();
+    for (int64_t left = ms; left > 0 && !leaveRequested; left = end - NowMs()) {
+        currentClock->Sleep(std::min(left, kServiceStep));
+        waitService();
+    }
+}
+
+bool AwaitReady(int fd, short events, int64_t ms) {
+    const int64_t end = NowMs() + ms;
+    for (int64_t left = ms;; left = end - NowMs()) {
+        const bool served = IsServed();
+        if (served) waitService();
+        left = std::max<int64_t>(left, 0);
+        if (currentClock->Await(fd, events, served ? std::min(left, kServiceStep) : left))
+            return true;
+        if (NowMs() >= end) return false;
+    }
+}
+
+// A line that is gone is always ready and has nothing to read.
 void AwaitInput(int fd, int64_t ms) {
-    currentClock->AwaitInput(fd, ms);
+    if (AwaitReady(fd, POLLIN | POLLRDHUP, ms) && Poll(fd, POLLIN | POLLRDHUP, 0) & kGone) {
+        currentClock->Sleep(1);
+    }
+}
+
+bool LeaveRequested() {
+    return leaveRequested;
+}
+
+void RequestLeave(bool leave) {
+    leaveRequested = leave;
 }
 
 int64_t NowMs() {
@@ -61,7 +106,7 @@ void InstallClock(Clock* clock) {
     currentClock = clock ? clock : &kernelClock;
 }
 
-void SetBeforeSleep(void (*procedure)()) {
-    beforeSleepThread = std::this_thread::get_id();
-    beforeSleep = procedure;
+void SetWaitService(void (*procedure)()) {
+    servedThread = std::this_thread::get_id();
+    waitService = procedure;
 }

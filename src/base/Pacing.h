@@ -15,20 +15,31 @@ class Clock {
     virtual int64_t Now() = 0;
     // Seconds since 1970-01-01 00:00 in local civil time (no zone applied on top).
     virtual int64_t LocalSeconds() = 0;
-    // Waits until `fd` can be read, at most `ms` milliseconds, and a moment when it never
-    // will be; with 0 for no descriptor that long. A virtual clock moves on by a millisecond.
-    virtual void AwaitInput(int, int64_t ms) { Sleep(ms > 0 ? 1 : 0); }
+    // Waits until `fd` is ready for one of `events`, those of poll(2), or has failed, at most
+    // `ms` milliseconds; with 0 for no descriptor that long. True when it is ready. A virtual
+    // clock that is not told better moves on by a millisecond, or the whole time with none.
+    virtual bool Await(int fd, short events, int64_t ms);
 };
 
-// Waits on the calling thread. Any thread. On the interface thread what was painted
-// before the wait is brought to the screen first.
+// Waits on the calling thread. Any thread. On the interface thread the toolkit is served
+// meanwhile, and a request to leave ends the wait.
 void SleepMs(int64_t ms);
+
+// Waits until `fd` (0 for none) is ready for one of `events`, those of poll(2), or has
+// failed, at most `ms` milliseconds. True when it is ready. A request to leave does not end
+// it: the caller asks for that between two waits. Any thread; the toolkit is served as above.
+bool AwaitReady(int fd, short events, int64_t ms);
+
+// True once the user or the system asked the program to end. Whatever blocks then gives up
+// at its next step. Any thread.
+bool LeaveRequested();
+void RequestLeave(bool leave);
 
 // Milliseconds of the monotonic clock. Any thread.
 int64_t NowMs();
 
-// Waits for a byte on a descriptor instead of asking for one all the time; see Clock. Any
-// thread.
+// Waits for a byte on a descriptor instead of asking for one all the time, and a moment where
+// none will ever come. Any thread.
 void AwaitInput(int fd, int64_t ms);
 
 // Local civil time in seconds since 1970-01-01 00:00, for FormatDate. Any thread.
@@ -38,6 +49,6 @@ int64_t WallClock();
 // nullptr. The clock stays the caller's. For tests, before any thread starts.
 void InstallClock(Clock* clock);
 
-// The procedure that SleepMs calls first on the thread that registered it. The
-// interface layer registers the one that shows pending painting. nullptr for none.
-void SetBeforeSleep(void (*procedure)());
+// The procedure that waits of the registering thread call before and between their steps.
+// The interface layer registers the one that serves the toolkit. nullptr for none.
+void SetWaitService(void (*procedure)());

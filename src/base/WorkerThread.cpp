@@ -29,9 +29,10 @@ bool WorkerRuns(const WorkerThread& worker) {
 }
 
 bool WaitForWorker(WorkerThread& worker, int64_t ms) {
-    // By the clock and not by the steps, which a busy machine makes longer.
+    // Not cut short when the program is to leave. By the clock and not by the steps, which a busy
+    // machine makes longer.
     const int64_t end = NowMs() + ms;
-    while (WorkerRuns(worker) && NowMs() < end) SleepMs(kWaitStep);
+    while (WorkerRuns(worker) && NowMs() < end) AwaitReady(0, 0, kWaitStep);
     if (WorkerRuns(worker)) return false;
     if (worker.started) pthread_join(worker.handle, nullptr);
     worker.started = false;

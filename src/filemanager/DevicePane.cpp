@@ -65,7 +65,9 @@ void EraseSlot(int slot) {
 
 void DeleteSelectedRows() {
     const int fnstart = ShownFamily().fnstart;
-    for (const QString& row : SelectedRows()) DeleteRow(row, fnstart);
+    for (const QString& row : SelectedRows()) {
+        if (!LeaveRequested()) DeleteRow(row, fnstart);
+    }
 }
 
 void ShowErrorReply() {

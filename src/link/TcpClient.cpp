@@ -1,17 +1,15 @@
 #include "link/TcpClient.h"
 
-#include <arpa/inet.h>
 #include <errno.h>
-#include <netdb.h>
 #include <netinet/tcp.h>
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include "base/Pacing.h"
 #include "link/Descriptor.h"
-#include "ui/Drawing.h"
-#include "ui/InterfaceLayer.h"
+#include "link/HostLookup.h"
 
 namespace {
 
@@ -19,32 +17,40 @@ namespace {
 // the queue then runs dry between two polls, since the window opens late.
 constexpr int kReceiveQueue = 512 * 1024;
 
-bool ResolveHost(const QByteArray& host, in_addr& address) {
-    if (host.size() > kLongestHostName) return false;
-    address.s_addr = inet_addr(host.constData());
-    if (address.s_addr != INADDR_NONE) return true;
-    const hostent* found = gethostbyname(host.constData());
-    if (!found || found->h_addrtype != AF_INET || !found->h_addr_list[0]) return false;
-    address = *reinterpret_cast<const in_addr*>(found->h_addr_list[0]);
-    return address.s_addr != INADDR_NONE;
+constexpr int64_t kWaitStep = 100;  // milliseconds between two looks whether to leave
+
+// Waits as long as the kernel would, or until the program is to leave.
+bool AwaitWritable(int fd) {
+    while (!LeaveRequested()) {
+        if (AwaitReady(fd, POLLOUT, kWaitStep)) return true;
+    }
+    return false;
+}
+
+bool ConnectionStands(int fd) {
+    int error = 0;
+    socklen_t length = sizeof error;
+    return getsockopt(fd, SOL_SOCKET, SO_ERROR, &error, &length) == 0 && error == 0;
 }
 
 bool ConnectSocket(int fd, const QString& host, int port) {
     sockaddr_in endpoint = {};
     endpoint.sin_family = AF_INET;
     endpoint.sin_port = htons(static_cast<uint16_t>(port));
-    if (!ResolveHost(host.toUtf8(), endpoint.sin_addr)) return false;
-    return connect(fd, reinterpret_cast<const sockaddr*>(&endpoint), sizeof endpoint) == 0;
+    if (!LookUpHost(host.toUtf8(), endpoint.sin_addr)) return false;
+    if (connect(fd, reinterpret_cast<const sockaddr*>(&endpoint), sizeof endpoint) == 0)
+        return true;
+    return errno == EINPROGRESS && AwaitWritable(fd) && ConnectionStands(fd);
 }
 
 }  // namespace
 
 int ConnectTcpClient(const QString& host, int port) {
-    const int fd = AboveStandardStreams(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    const int flags = SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK;
+    const int fd = AboveStandardStreams(socket(AF_INET, flags, 0));
     if (fd < 1) return 0;
     // Before connect(2): the window's scale is agreed on there. tcp(7)
     setsockopt(fd, SOL_SOCKET, SO_RCVBUF, &kReceiveQueue, sizeof kReceiveQueue);
-    if (OnInterfaceThread()) FlushPainting();
     if (!ConnectSocket(fd, host, port)) {
         close(fd);
         return 0;
@@ -60,7 +66,18 @@ void CloseTcpClient(int fd) {
 }
 
 int64_t SendTcpBytes(int fd, const void* buffer, int64_t count) {
-    return count < 1 ? 0 : send(fd, buffer, static_cast<size_t>(count), MSG_NOSIGNAL);
+    const auto* bytes = static_cast<const uint8_t*>(buffer);
+    int64_t taken = 0;
+    while (taken < count) {
+        const auto left = static_cast<size_t>(count - taken);
+        const ssize_t sent = send(fd, bytes + taken, left, MSG_NOSIGNAL | MSG_DONTWAIT);
+        if (sent >= 0) {
+            taken += sent;
+        } else if (errno != EAGAIN || !AwaitWritable(fd)) {
+            return taken > 0 ? taken : -1;
+        }
+    }
+    return taken;
 }
 
 int64_t ReceiveTcpBytes(int fd, void* buffer, int64_t maximum) {

@@ -114,6 +114,7 @@ void ShutDown() {
     DisconnectDevice();
     RemoveWindowTimer(kMainWindow, kBlinkTimer);
     RemoveWindowTimer(kMainWindow, kPollTimer);
+    AskTransferWorkersToEnd();
     StopServers();
     StopTransferWorkers();
     SleepMs(kPauseBeforeClosing);
@@ -161,6 +162,7 @@ int RunProgram(int argc, char** argv) {
         LoadSettings();
         AllocateLinkBuffers();
         BuildWindow();
+        SaveAtSessionEnd(SaveSettings);
         StartServers();
         MainLoop();
         ShutDown();

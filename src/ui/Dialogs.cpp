@@ -4,6 +4,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
+#include "base/Pacing.h"
 #include "ui/DialogSeam.h"
 #include "ui/PBQMainWindow.h"
 #include "ui/WindowTable.h"
@@ -32,13 +33,16 @@ void AnswerDialogs(const DialogAnswers* given) {
     answers = given;
 }
 
+// A program that is about to end asks nothing: each dialog is cancelled before it opens.
 const DialogAnswers* AnswersInPlace() {
-    return answers;
+    static const DialogAnswers cancelled;
+    return LeaveRequested() ? &cancelled : answers;
 }
 
 // Texts come from files and devices, too: what looks like markup is text.
 bool AskMessage(const QString& title, const QString& text, MessageButtons buttons) {
-    if (answers) return answers->message && answers->message(title, text);
+    if (const DialogAnswers* given = AnswersInPlace())
+        return given->message && given->message(title, text);
     QMessageBox box(ActiveProgramWindow());
     box.setWindowTitle(title);
     box.setTextFormat(Qt::PlainText);
@@ -51,17 +55,20 @@ bool AskMessage(const QString& title, const QString& text, MessageButtons button
 }
 
 QString AskText(const QString& title, const QString& prompt, const QString& preset) {
-    if (answers) return answers->text ? answers->text(title, prompt, preset) : QString();
+    if (const DialogAnswers* given = AnswersInPlace())
+        return given->text ? given->text(title, prompt, preset) : QString();
     return AskLine(title, prompt, preset, QLineEdit::Normal);
 }
 
 QString AskSecret(const QString& title, const QString& prompt) {
-    if (answers) return answers->secret ? answers->secret(title, prompt) : QString();
+    if (const DialogAnswers* given = AnswersInPlace())
+        return given->secret ? given->secret(title, prompt) : QString();
     return AskLine(title, prompt, QString(), QLineEdit::Password);
 }
 
 FontChoice AskFont(const QString& name, int size) {
-    if (answers) return answers->font ? answers->font(name, size) : FontChoice();
+    if (const DialogAnswers* given = AnswersInPlace())
+        return given->font ? given->font(name, size) : FontChoice();
     QFontDialog dialog(QFont(name, size), ActiveProgramWindow());
     dialog.setOption(QFontDialog::DontUseNativeDialog);
     FontChoice choice;

@@ -3,12 +3,12 @@
 #include <QApplication>
 #include <thread>
 
-#include "base/Pacing.h"
 #include "ui/BoundHandlers.h"
-#include "ui/Drawing.h"
+#include "ui/EndSignals.h"
 #include "ui/EventQueue.h"
 #include "ui/MenuTable.h"
 #include "ui/WaitEnd.h"
+#include "ui/WaitService.h"
 #include "ui/Windows.h"
 
 namespace {
@@ -46,13 +46,15 @@ void StartInterfaceLayer(int&, char** argv) {
     interfaceThread = std::this_thread::get_id();
     CreateApplication(argv);
     StartWaiting();
-    SetBeforeSleep(FlushPainting);
+    StartWaitService();
+    WatchEndSignals();
 }
 
 // In reverse of the start. What was freed is deleted while the toolkit still stands, and
 // nothing sleeps on the queue any more when its events go.
 void EndInterfaceLayer() {
-    SetBeforeSleep(nullptr);
+    ForgetEndSignals();
+    StopWaitService();
     CloseNumberedWindow(-1);
     DropMenus();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -61,6 +63,10 @@ void EndInterfaceLayer() {
     StopWaiting();
     delete application;
     application = nullptr;
+}
+
+void SaveAtSessionEnd(void (*save)()) {
+    QObject::connect(application, &QGuiApplication::commitDataRequest, [save] { save(); });
 }
 
 bool OnInterfaceThread() {

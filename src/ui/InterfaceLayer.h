@@ -2,12 +2,17 @@
 #pragma once
 
 // Creates the toolkit's application object and the layer's tables, and registers
-// FlushPainting to run before every sleep of the calling thread, which from here on
-// is the interface thread. `argc` and `argv` must outlive the layer.
+// ServeToolkit to run in every wait of the calling thread, which from here on is the
+// interface thread. SIGTERM, SIGINT and SIGHUP close the main window from here on. `argc`
+// and `argv` must outlive the layer.
 void StartInterfaceLayer(int& argc, char** argv);
 
 // Closes all windows and drops all queued events, timers and shortcuts.
 void EndInterfaceLayer();
+
+// The procedure that keeps the user's work when the desktop session is about to end. The
+// program goes on, since the user may still call that off.
+void SaveAtSessionEnd(void (*save)());
 
 // True on the thread that called StartInterfaceLayer.
 bool OnInterfaceThread();

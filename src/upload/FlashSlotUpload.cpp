@@ -16,6 +16,7 @@
 #include "upload/SourceFile.h"
 #include "upload/SourceLines.h"
 #include "upload/SourcePreparation.h"
+#include "upload/UploadMethod.h"
 #include "upload/UploadOptions.h"
 
 namespace {
@@ -60,11 +61,12 @@ void StartNotice() {
     ShowNotice("Transfering now", kTransferNoticeMs);
 }
 
-// Lines go out as they stand. A missing echo does not stop them.
+// Lines go out as they stand. A missing echo does not stop them, a program that is to leave
+// does.
 void SendFlashLines() {
     SourceLines lines(StripMarkerLines(NormaliseLineEndings(pendingFlashText)));
     StartProgress(lines.Count());
-    for (int i = 1; !lines.AtEnd(); ++i) {
+    for (int i = 1; !lines.AtEnd() && !LeaveRequested(); ++i) {
         SendAndWait(lines.Next() + lineEnding.bytes, kWaitForLine);
         StepProgress(i, lines.Count());
     }
@@ -88,11 +90,11 @@ void UploadPendingText() {
     ShowProgressLabel();
     TerminalPrintLine(SendAndWait(method.start + lineEnding.bytes, kWaitForLine));
     SendFlashLines();
-    CloseReceiveMode(method.end);
+    CloseReceiveMode(LeaveRequested() ? kBreakCode : method.end);
 }
 
 void OverwriteSlot(int slot) {
-    if (slot == 0 || pendingFlashText.isEmpty()) return;
+    if (slot == 0 || pendingFlashText.isEmpty() || LeaveRequested()) return;
     SleepMs(kBeforeOverwriteMs);
     SendText("FLASH OVERWRITE " + QString::number(slot) + lineEnding.bytes);
 }

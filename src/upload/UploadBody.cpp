@@ -102,7 +102,7 @@ bool SendSourceLines(const QString& source) {
     SourceLines lines(source);
     StartProgress(lines.Count());
     for (int i = 1; !lines.AtEnd(); ++i) {
-        if (!TakeLine(TrimBlanks(lines.Next()))) return false;
+        if (LeaveRequested() || !TakeLine(TrimBlanks(lines.Next()))) return false;
         StepProgress(i, lines.Count());
     }
     return true;

@@ -27,9 +27,6 @@ constexpr int kAbortDelays = 10;
 constexpr int kCloseDelays = 10;
 constexpr int kRunDelays = 20;
 
-// Nothing in the program sets it; who wants to stop an upload has it here.
-bool abortUpload = false;
-
 QString SendForDelays(const QString& text, int delays) {
     return SendAndWait(text, int64_t{linkSettings.lineDelay} * delays);
 }
@@ -122,11 +119,10 @@ bool OpenReceiveMode() {
     return SendCommand(uploadOptions.autosaveStart, kWaitForLine);
 }
 
-bool PassAbortRequest() {
-    if (!abortUpload) return true;
+// The device goes back to its prompt with what it had, nothing of the program is stored.
+void AbortUpload() {
     SendForDelays(kBreakCode, kAbortDelays);
     TerminalPrintLine("Program upload aborted");
-    return false;
 }
 
 // An empty end code sends nothing, but its wait stands.
@@ -148,8 +144,8 @@ void RunProgram() {
 // leaves receive mode open.
 void TypeProgram() {
     const bool typed = BreakOut() && ClearProgram() && SetDeviceClock() && SetDeviceRtc() &&
-                       OpenReceiveMode() && SendSourceLines(uploadSource.text) &&
-                       PassAbortRequest();
+                       OpenReceiveMode() && SendSourceLines(uploadSource.text);
+    if (LeaveRequested()) return AbortUpload();
     if (!typed) return;
     CloseReceiveMode();
     RunProgram();

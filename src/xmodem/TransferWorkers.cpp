@@ -4,6 +4,7 @@
 
 #include "base/LineEnding.h"
 #include "base/Numbers.h"
+#include "base/Pacing.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "ui/InterfaceEvent.h"
 #include "xmodem/Receive.h"
@@ -42,11 +43,16 @@ void RunJob(void* argument) {
     RowOf(job).body(job);
 }
 
+void AskToEnd(XmodemJob& job) {
+    if (!job.abort) job.endBy = NowMs() + kTimeToEnd;
+    job.abort = true;
+}
+
 // The status lines are served here because the loop, which otherwise does it, stands
 // still meanwhile: a worker that slept on its semaphore would never meet its abort flag.
 bool EndsByItself(XmodemJob& job) {
-    job.abort = true;
-    for (int64_t waited = 0; waited < kTimeToEnd; waited += kStatusInterval) {
+    AskToEnd(job);
+    while (NowMs() < job.endBy) {
         if (WaitForWorker(job.thread, kStatusInterval)) return true;
         if (!job.statusWaits) continue;
         PrintAllHandedLines();  // the worker's own, from before this line
@@ -114,7 +120,13 @@ void StopReceiveWorker() {
     StopJob(JobOf(Direction::kReceive));
 }
 
+void AskTransferWorkersToEnd() {
+    AskToEnd(JobOf(Direction::kSend));
+    AskToEnd(JobOf(Direction::kReceive));
+}
+
 void StopTransferWorkers() {
+    AskTransferWorkersToEnd();
     StopSendWorker();
     StopReceiveWorker();
 }

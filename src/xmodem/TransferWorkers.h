@@ -28,6 +28,10 @@ bool XmodemReceiveWorkerRuns();
 void StopSendWorker();
 void StopReceiveWorker();
 
+// Lets the time run in which what runs in either direction is to end. At shutdown, before
+// other things are waited for.
+void AskTransferWorkersToEnd();
+
 // Ends what runs, in both directions. At shutdown.
 void StopTransferWorkers();
 

@@ -7,6 +7,7 @@
 
 #include <QString>
 #include <atomic>
+#include <cstdint>
 
 #include "base/WorkerThread.h"
 
@@ -21,6 +22,7 @@ struct XmodemJob {
     QString lineEnd;       // line ending to the device, as it stood when the job started
     QString status;        // the line to show; the worker's until `statusWaits` is set
 
+    int64_t endBy = 0;                     // when a worker that was asked to end is killed
     bool killed = false;                   // and not yet gone; interface thread
     std::atomic<bool> abort{false};        // set by the interface thread, read by the worker
     std::atomic<bool> statusWaits{false};  // set by the worker, cleared when shown

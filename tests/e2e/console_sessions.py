@@ -6,6 +6,7 @@ import socket
 import subprocess
 import sys
 import tempfile
+import threading
 import time
 import unittest
 
@@ -184,6 +185,93 @@ class SecondInstance(Session):
         # The device specification built from the window's gadgets cuts the name at its blank.
         self.assertIn("not failed!", text)
         self.assertEqual(console.close(), 0)
+
+
+class SlowBoard(threading.Thread):
+    """A board behind TCP that echoes each line after 130 ms, or reads nothing at all."""
+
+    def __init__(self, reads=True):
+        super().__init__(daemon=True)
+        self.listener = socket.create_server(("127.0.0.1", 0))
+        self.port = self.listener.getsockname()[1]
+        self.reads = reads
+        self.received = b""
+        self.start()
+
+    def run(self):
+        line, _ = self.listener.accept()
+        self.line = line  # stays open
+        while self.reads and (block := line.recv(65536)):
+            self.received += block
+            time.sleep(0.13)
+            line.sendall(block + b"\n> ")
+
+
+class Leaving(Session):
+    """Whatever blocks, a close or a signal ends the program soon, and what it kept is saved."""
+
+    def start_console(self, port, address="127.0.0.1"):
+        self.write_settings(f"Comport = TCPIP\nTCPIP address = {address}\nTCPIP port = {port}\n",
+                            "[myDeviceList]\nDevice = Sim|'target s\\picomite le\\cr\n")
+        console = Console(self.desktop, self.program)
+        console.click(*COMMAND_BAR)
+        console.type("kept")
+        return console
+
+    def copy(self, text):
+        subprocess.run(["xclip", "-selection", "clipboard"], env=self.desktop.env,
+                       input=text.encode(), stdout=subprocess.DEVNULL, check=True)
+
+    def leaves(self, console, end, status=0, seconds=3.5):
+        start = time.monotonic()
+        end()
+        self.assertEqual(console.process.wait(60), status)
+        self.assertLess(time.monotonic() - start, seconds)
+        self.assertEqual(self.saved("Welcome message"), "Welcome to KWCC")
+
+    def close(self, console):
+        self.desktop.run("wmctrl", "-i", "-c", hex(int(console.window)))
+
+    def test_an_upload_is_aborted_and_the_window_painted_meanwhile(self):
+        board = SlowBoard()
+        console = self.start_console(board.port)
+        self.copy("PRINT 1\n" * 400)
+        console.popup(1)  # AUTOSAVE code
+        wait_for("lines", lambda: board.received.count(b"PRINT 1") > 5)
+        # Uncovered, the window is painted while the upload goes on.
+        cover = self.desktop.start(["xmessage", "-geometry", "900x900+40+40", "cover"])
+        wait_for("cover", lambda: self.desktop.output(["xdotool", "search", "--name", "xmessage"]))
+        time.sleep(0.3)
+        cover.terminate()
+        cover.wait()
+        width = wait_for("frame", console.measure, 5) and console.geometry()["WIDTH"]
+        self.assertGreater(width, 900)
+        self.leaves(console, lambda: self.close(console))
+        self.assertTrue(board.received.endswith(b"\x03"), board.received[-20:])
+        self.assertLess(board.received.count(b"PRINT 1"), 200)
+
+    def test_a_send_that_is_not_taken_and_a_signal(self):
+        board = SlowBoard(reads=False)
+        console = self.start_console(board.port)
+        console.click(*CONNECT)
+        console.wait_text("Connected to 127.0.0.1")
+        self.copy("x" * 79 + "\n" + ("y" * 79 + "\n") * 100000)
+        console.popup(2)  # Paste text
+        time.sleep(2)
+        self.leaves(console, console.process.terminate)
+
+    def test_a_connect_that_nobody_answers(self):
+        full = socket.socket()
+        full.bind(("127.0.0.1", 0))
+        full.listen(0)
+        waiting = [socket.socket() for _ in range(3)]
+        for s in waiting:
+            s.setblocking(False)
+            s.connect_ex(full.getsockname())
+        console = self.start_console(full.getsockname()[1])
+        console.click(*CONNECT)
+        time.sleep(1)
+        self.leaves(console, lambda: self.close(console))
 
 
 class EditorSession(Session):

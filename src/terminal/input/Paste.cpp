@@ -16,7 +16,8 @@ void PasteClipboard(int delay) {
     text.replace("\r\n", "\n");
     if (!text.endsWith('\n')) text += '\n';
     int start = 0;
-    for (int end = text.indexOf('\n'); end >= 0; end = text.indexOf('\n', start)) {
+    for (int end = text.indexOf('\n'); end >= 0 && !LeaveRequested();
+         end = text.indexOf('\n', start)) {
         SendText(TrimBlanks(text.mid(start, end - start)) + lineEnding.bytes);
         if (delay) SleepMs(delay);
         start = end + 1;
