@@ -1,10 +1,9 @@
 #include "link/Connection.h"
 
-#include <algorithm>
-
 #include "base/Numbers.h"
 #include "base/Pacing.h"
 #include "base/TextRules.h"
+#include "link/LinkSeams.h"
 #include "link/LinkSettings.h"
 #include "link/SerialPort.h"
 #include "terminal/screen/TerminalMode.h"
@@ -67,7 +66,7 @@ int64_t ConnectSerial() {
 int64_t ConnectTcp() {
     if (status.netLink != 0) return CountAsConnected();
     const int port = TextToInteger32(linkSettings.tcpPort);
-    AdoptTcpLink(ConnectTcpClient(linkSettings.tcpAddress, port));
+    ReplaceDescriptor(status.netLink, ConnectTcpClient(linkSettings.tcpAddress, port));
     if (status.netLink == 0) return kLinkDown;  // without a word, unlike the serial port
     ShowLinkNotice("Connected to " + linkSettings.tcpAddress + " port " + linkSettings.tcpPort);
     status.linkLabel = linkSettings.tcpAddress + ":" + linkSettings.tcpPort;
@@ -101,7 +100,7 @@ int64_t ConnectDevice() {
 
 void DisconnectDevice() {
     if (SerialLinkIsOpen()) CloseSerialLink();
-    if (status.netLink > 0) AdoptTcpLink(0);
+    if (status.netLink > 0) ReplaceDescriptor(status.netLink, 0);
     ShowLinkNotice("Disconnected");
     SetMouseMode(0);
     status.linkConnected = false;
@@ -118,5 +117,5 @@ void ShowLinkNotice(const QString& text) {
 }
 
 void AdoptTcpLink(int fd) {
-    ReplaceDescriptor(status.netLink, std::max(fd, 0));
+    ReplaceDescriptor(status.netLink, fd);
 }

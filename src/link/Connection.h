@@ -43,6 +43,3 @@ void DisconnectDevice();
 
 // Prints a text alone on a line in reverse video.
 void ShowLinkNotice(const QString& text);
-
-// Makes an open socket the TCP link, closing the one before. For tests.
-void AdoptTcpLink(int fd);

@@ -7,6 +7,7 @@
 
 #include "base/Pacing.h"
 #include "link/Descriptor.h"
+#include "link/LinkSeams.h"
 #include "link/LinkSettings.h"
 #include "link/SerialLine.h"
 #include "terminal/screen/TerminalScreen.h"
@@ -17,6 +18,11 @@ constexpr int64_t kTouchBaud = 1200;
 constexpr int64_t kTouchBufferSize = 8192;
 
 SharedDescriptor serialLink;
+
+int KernelIoctl(int fd, unsigned long request, int* bits) {
+    return ioctl(fd, request, bits);
+}
+int (*modemIoctl)(int fd, unsigned long request, int* bits) = KernelIoctl;
 
 }  // namespace
 
@@ -70,10 +76,10 @@ void CloseSerialLink() {
 bool SetSerialDtr(bool on) {
     const DescriptorUse use(serialLink);
     int bits = 0;
-    if (use.fd < 1 || ioctl(use.fd, TIOCMGET, &bits) < 0) return false;
+    if (use.fd < 1 || modemIoctl(use.fd, TIOCMGET, &bits) < 0) return false;
     bits = on ? bits | TIOCM_DTR : bits & ~TIOCM_DTR;
-    ioctl(use.fd, TIOCMSET, &bits);
-    if (ioctl(use.fd, TIOCMGET, &bits) < 0) return false;
+    modemIoctl(use.fd, TIOCMSET, &bits);
+    if (modemIoctl(use.fd, TIOCMGET, &bits) < 0) return false;
     return ((bits & TIOCM_DTR) != 0) == on;
 }
 
@@ -87,5 +93,9 @@ void SerialTouch1200() {
 }
 
 void AdoptSerialLink(int fd) {
-    ReplaceDescriptor(serialLink, std::max(fd, 0));
+    ReplaceDescriptor(serialLink, fd);
+}
+
+void InstallModemIoctl(int (*procedure)(int fd, unsigned long request, int* bits)) {
+    modemIoctl = procedure ? procedure : KernelIoctl;
 }

@@ -25,7 +25,3 @@ void CloseSerialLink();
 bool SetSerialDtr(bool on);
 // Opens the current port at 1200 baud, which sends such a board into its boot loader.
 void SerialTouch1200();
-
-// Makes an open descriptor the serial link, closing the one before. For tests, which
-// hand in a socket pair or a pty.
-void AdoptSerialLink(int fd);

@@ -7,6 +7,7 @@
 #include "terminal/screen/VtParser.h"
 #include "ui/InterfaceEvent.h"
 #include "xmodem/WorkerCalls.h"
+#include "xmodem/XmodemSeams.h"
 
 namespace {
 

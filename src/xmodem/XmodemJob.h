@@ -40,7 +40,3 @@ void ServeJobStatus(XmodemJob& job);
 
 // Tells the interface thread that the worker has finished with the link. On the worker.
 void PostJobEnd(const XmodemJob& job);
-
-// A procedure that takes the posted events whenever a worker's body is about to sleep on
-// its semaphore, for tests that run the body on the interface thread. nullptr for none.
-void SetServeBeforeWait(void (*procedure)());

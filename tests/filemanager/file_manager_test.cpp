@@ -14,6 +14,7 @@
 #include "filemanager/PcPane.h"
 #include "link/Connection.h"
 #include "link/LinkPrimitives.h"
+#include "link/LinkSeams.h"
 #include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalMode.h"
 #include "tests/support/BoardOnLine.h"

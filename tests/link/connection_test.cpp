@@ -2,7 +2,9 @@
 // buttons show, and what stays open.
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
+#include <netinet/tcp.h>
 #include <pty.h>
+#include <sys/ioctl.h>
 
 #include "base/Numbers.h"
 #include "link/LinkPrimitives.h"
@@ -98,6 +100,32 @@ TEST_F(ConnectionTest, Serial) {
     ExpectUp(true, "");
 }
 
+int modemLines = 0;
+int modemFault = 0;  // the call that fails, counted down
+
+int RecordModemLines(int, unsigned long request, int* bits) {
+    if (modemFault > 0 && --modemFault == 0) return -1;
+    if (request == TIOCMSET) modemLines = *bits;
+    if (request == TIOCMGET) *bits = modemLines;
+    return 0;
+}
+
+// A board on USB is silent until DTR is on; the other lines are left as they are.
+TEST_F(ConnectionTest, DtrComesOnAtConnect) {
+    InstallModemIoctl(RecordModemLines);
+    modemLines = TIOCM_RTS;
+    EXPECT_EQ(Connect(port, "9600").first, -1);
+    EXPECT_EQ(modemLines, TIOCM_RTS | TIOCM_DTR);
+    EXPECT_TRUE(SetSerialDtr(false));
+    EXPECT_EQ(modemLines, TIOCM_RTS);
+    for (const int fault : {1, 3}) {
+        modemFault = fault;
+        EXPECT_FALSE(SetSerialDtr(true)) << fault;
+    }
+    InstallModemIoctl(nullptr);
+    EXPECT_FALSE(SetSerialDtr(true));  // the kernel's pty has no such lines
+}
+
 // The serial link stays open meanwhile, the bytes go to the transport chosen now, and
 // only DisconnectDevice closes both.
 TEST_F(ConnectionTest, TcpBesideAnOpenPort) {
@@ -110,6 +138,10 @@ TEST_F(ConnectionTest, TcpBesideAnOpenPort) {
     ExpectUp(true, "localhost:" + service);
     EXPECT_TRUE(linkStatus.pollingSuspended);  // the serial road alone clears it
     const int peer = accept(listener, nullptr, nullptr);
+    int on = 0;
+    socklen_t size = sizeof on;
+    getsockopt(linkStatus.netLink, IPPROTO_TCP, TCP_NODELAY, &on, &size);
+    EXPECT_TRUE(on);  // a typed key does not wait for the one before
     SendText("hello");
     EXPECT_EQ(recv(peer, block, sizeof block, 0), 5);
     close(peer);  // nothing tells of a peer that has gone

@@ -123,6 +123,22 @@ TEST_F(ServerThreads, ChunksKeepTheirOrderAndWait) {
     EXPECT_TRUE(Until([&] { return chunks.back() == "next"; }));
 }
 
+// One that connects is known before the next chunk of one that streams. No program that is
+// started from here keeps the port.
+TEST_F(ServerThreads, ANewClientComesBeforeTheDataOfOthers) {
+    Start(kModeHelper);
+    const int inherited = fcntl(FindServer(kDataServerIdentity)->sockets.listener, F_GETFD);
+    EXPECT_EQ(inherited, FD_CLOEXEC);
+    const Client streaming = Connect(settings.dataPort);
+    hold = true;
+    ASSERT_TRUE(Takes(streaming, "1"));
+    streaming->Write("2");
+    const LocalClient newcomer(settings.dataPort);
+    ReleaseServerWorker(waiting);
+    ASSERT_TRUE(Until([&] { return chunks.back() == "2"; }));
+    EXPECT_TRUE(said.contains("\x1b[0mconnected- 127.0.0.1"));
+}
+
 // Device bytes reach whoever came or sent last. Whichever client goes, they reach nobody
 // until the next event.
 TEST_F(ServerThreads, TheClientIsTheLastOneHeardOf) {

@@ -2,6 +2,7 @@
 // and the loader; and what the device sends, back to them.
 #include <sys/stat.h>
 
+#include <QFile>
 #include <QTemporaryDir>
 
 #include "link/Servers.h"
@@ -12,6 +13,7 @@
 #include "tests/support/LocalTools.h"
 #include "ui/CanvasGadget.h"
 #include "ui/InterfaceEvent.h"
+#include "ui/WaitService.h"
 
 namespace {
 
@@ -89,6 +91,27 @@ TEST_F(ServerChunkThreads, EveryByteReachesASlowDevice) {
         ASSERT_TRUE(Until([&] { return (arrived += slow.Read()).size() >= bytes.size(); }));
         EXPECT_EQ(arrived, bytes);
     }
+}
+
+// A command can take as long as an upload; other tools talk to the console meanwhile.
+TEST_F(ServerChunkThreads, TheWorkerGoesOnBeforeItsCommandIsCarriedOut) {
+    static bool workerWaits = true;
+    const QTemporaryDir folder;
+    QFile source(folder.filePath("a.bas"));
+    ASSERT_TRUE(source.open(QIODevice::WriteOnly) && source.write("PRINT 1\n"));
+    source.close();
+    SetTerminalMode(kModeHelper);
+    LocalClient client(linkSettings.controlPort);
+    ASSERT_TRUE(Known());
+    client.Write("/load " + source.fileName().toStdString() + "\n");
+    SetWaitService([] {
+        workerWaits = !FindServer(kControlServerIdentity)->text.isEmpty();
+        RequestLeave(true);  // nothing more of the upload
+    });
+    EXPECT_TRUE(Until([] { return capture.buffer.contains("Program upload aborted"); }));
+    StartWaitService();
+    RequestLeave(false);
+    EXPECT_FALSE(workerWaits);
 }
 
 TEST_F(ServerChunkThreads, Commands) {

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "link/Connection.h"
+#include "link/LinkSeams.h"
 #include "link/SerialPort.h"
 
 class FarEnd {

@@ -3,6 +3,7 @@
 
 #include <QTemporaryFile>
 
+#include "link/LinkSeams.h"
 #include "tests/upload/upload_bench.h"
 #include "ui/Dialogs.h"
 #include "upload/DeviceFamily.h"

@@ -18,6 +18,7 @@
 #include "xmodem/Receive.h"
 #include "xmodem/Send.h"
 #include "xmodem/TransferWorkers.h"
+#include "xmodem/XmodemSeams.h"
 
 constexpr char kAckByte = 6, kNakByte = 21, kCanByte = 24, kEotByte = 4;
 
