@@ -33,6 +33,14 @@ QString WithoutDroppedRest(const QString& text) {
     return end < 0 ? QString() : text.mid(end);
 }
 
+// What stood behind the last line end goes with its whole line: of a prompt, too, whose
+// rest is the echo of the next command.
+void EmptyBuffer() {
+    QString& buffer = listing.listingBuffer;
+    listing.dropRestOfLine = !buffer.isEmpty() && !buffer.endsWith('\n');
+    buffer.clear();
+}
+
 // A line that never ends loses its rest, not the program its memory.
 void Collect(const QString& text) {
     listing.listingBuffer += WithoutDroppedRest(NormaliseLineEndings(text));
@@ -76,16 +84,8 @@ void ShowRows() {
     for (const QString& entry : listing.deviceEntries) AddGadgetItem(kDeviceList, entry);
 }
 
-// The buffer's last line is cut and no prompt, which ends a listing by itself.
-bool TextIsUnderWay() {
-    const QString& buffer = listing.listingBuffer;
-    const int begin = buffer.lastIndexOf('\n') + 1;
-    return begin < buffer.size() && buffer[begin] != '>';
-}
-
-void EndListing(bool complete) {
-    if (complete) listing.dropRestOfLine = TextIsUnderWay();
-    listing.listingBuffer.clear();
+void EndListing() {
+    EmptyBuffer();
     if (listing.savingProgram) {
         SaveProgram(listing.programCapture);
         listing.programCapture.clear();
@@ -96,10 +96,10 @@ void EndListing(bool complete) {
     SetPollingSuspended(false);
 }
 
-// "> " stands for the prompt that follows. A board stops inside its summary line while it
-// counts the free bytes.
-void AwaitEnd(bool complete) {
-    listing.dropRestOfLine = !complete || TextIsUnderWay();
+// A board stops inside its summary line while it counts the free bytes. "> " stands for
+// the prompt that follows.
+void AwaitEnd() {
+    EmptyBuffer();
     listing.listingBuffer = "> ";
 }
 
@@ -111,13 +111,13 @@ void Act(ListingAction action, const ListingLine& line) {
         case ListingAction::kGoOn:
             return AskForNextPage();
         case ListingAction::kEmptyBuffer:
-            return listing.listingBuffer.clear();
+            return EmptyBuffer();
         case ListingAction::kPrint:
             return TerminalPrintLine(line.text);
         case ListingAction::kAwaitEnd:
-            return AwaitEnd(line.complete);
+            return line.complete ? EndListing() : AwaitEnd();
         case ListingAction::kEnd:
-            return EndListing(line.complete);
+            return EndListing();
         case ListingAction::kCapture:
             return Capture(line.text);
         case ListingAction::kAddEntry:

@@ -56,6 +56,18 @@ void DeleteRow(const QString& row, int fnstart) {
     }
 }
 
+// In flash view the row's number is the slot. Where its own text names another, a line that
+// is no row has come among them: nothing may go to the device for it.
+bool RowIsOfAnotherSlot(int row) {
+    const int slot = SlotNamedInRow(GadgetItemText(kDeviceList, row));
+    if (slot == 0 || slot == row) return false;
+    TerminalPrintLine(QString("Row %1 shows slot %2: nothing was sent, the list is read anew.")
+                          .arg(row)
+                          .arg(slot));
+    RefreshDeviceList();
+    return true;
+}
+
 // Main memory, row 0, is not erased. With several rows selected only the first counts.
 void EraseSlot(int slot) {
     if (slot <= 0) return;
@@ -89,14 +101,15 @@ void EnterFolder() {
 void CopyToPc() {
     const int row = GadgetState(kDeviceList);
     if (row < 0) return;
-    if (deviceListing.flashView) return RequestProgram(row);
-    FetchFiles();
+    if (!deviceListing.flashView) return FetchFiles();
+    if (!RowIsOfAnotherSlot(row)) RequestProgram(row);
 }
 
 void DeleteOnDevice() {
     const int row = GadgetState(kDeviceList);
     if (row < 0) return;
     if (deviceListing.flashView) {
+        if (RowIsOfAnotherSlot(row)) return;
         EraseSlot(row);
     } else {
         DeleteSelectedRows();
@@ -119,5 +132,6 @@ void NewDeviceFolder() {
 void DeviceListClicked() {
     if (EventType() == kTypeLeftDoubleClick) return EnterFolder();
     if (EventType() != kTypeLeftClick || !SlotUploadArmed()) return;
-    FlashSlotUpload(QString(), GadgetState(kDeviceList));
+    const int row = GadgetState(kDeviceList);
+    if (!RowIsOfAnotherSlot(row)) FlashSlotUpload(QString(), row);
 }

@@ -1,5 +1,7 @@
 #include "filemanager/DeviceRow.h"
 
+#include <QRegularExpression>
+
 #include "base/TextRules.h"
 
 namespace {
@@ -21,4 +23,9 @@ QString FolderNameInRow(const QString& row) {
 QString FileNameInRow(const QString& row, int fnstart) {
     if (fnstart == 0) return TrimBlanks(FieldOf(row, 1, ' '));
     return TrimBlanks(row.mid(qMax(0, fnstart - 1)));
+}
+
+int SlotNamedInRow(const QString& row) {
+    static const QRegularExpression name("^\\W*Slot (\\d{1,4})\\b");
+    return name.match(row).captured(1).toInt();
 }

@@ -7,7 +7,8 @@
 namespace {
 
 struct Case {
-    const QString& text;
+    const QString& text;  // as it came
+    QString seen;         // what a person sees of it
     bool complete;
     const DeviceFamily& family;
     bool savingProgram;
@@ -19,8 +20,7 @@ struct Case {
     }
 };
 
-// What a person sees of a line. Firmware puts sequences between its prompt and the echo
-// of the command, and, before a prompt, colours on a line of their own.
+// Firmware puts sequences before its prompt, and between it and the echo of the command.
 QString WithoutSequences(QString text) {
     static const QRegularExpression sequence("\x1b\\[[0-9;?]*[@-~]");
     return text.remove(sequence);
@@ -53,7 +53,7 @@ bool SummaryOfFolder(const Case& line) {
 // A family without a list command has no such echo.
 bool ListEcho(const Case& line) {
     const QString& command = line.family.filesCMD;
-    return !command.isEmpty() && WithoutSequences(line.text).contains("> " + command);
+    return !command.isEmpty() && line.seen.contains("> " + command);
 }
 bool FlashEcho(const Case& line) {
     return line.family.flash != 0 &&
@@ -65,9 +65,10 @@ bool FlashChangeEcho(const Case& line) {
 bool Prompt(const Case& line) {
     return line.text.startsWith('>');
 }
-// As a row it would count as one slot too many in flash view.
-bool SequencesAlone(const Case& line) {
-    return TrimBlanks(WithoutSequences(line.text)).isEmpty();
+// Colours alone, or a prompt behind them with whatever was typed there. As a row it would
+// count as one slot too many in flash view.
+bool PromptBehindColours(const Case& line) {
+    return line.seen.isEmpty() || line.seen.startsWith('>');
 }
 bool Saving(const Case& line) {
     return line.savingProgram;
@@ -95,7 +96,7 @@ const Rule rules[] = {
     {FlashEcho,        ListingAction::kIgnore},
     {FlashChangeEcho,  ListingAction::kEmptyBuffer},
     {Prompt,           ListingAction::kEnd},
-    {SequencesAlone,   ListingAction::kIgnore},
+    {PromptBehindColours, ListingAction::kIgnore},
     {Saving,           ListingAction::kCapture},
     {Complete,         ListingAction::kAddEntry},
 };
@@ -106,7 +107,8 @@ const Rule rules[] = {
 ListingAction SortListingLine(const ListingLine& line, const DeviceFamily& family,
                               bool savingProgram) {
     if (line.text.isEmpty()) return ListingAction::kIgnore;
-    const Case known = {line.text, line.complete, family, savingProgram};
+    const QString seen = TrimBlanks(WithoutSequences(line.text));
+    const Case known = {line.text, seen, line.complete, family, savingProgram};
     for (const Rule& rule : rules) {
         if (rule.fits(known)) return rule.action;
     }

@@ -249,6 +249,21 @@ TEST_F(FileManager, FlashSlotsAreShownLoadedReadAndErased) {
     Select(kDeviceList, {0});
     DeleteOnDevice();  // main memory stays
     EXPECT_EQ(Sent(), "\r\r\r\3flash list\r");
+
+    CopyToDevice();  // armed again
+    for (const auto handler : {CopyToPc, DeleteOnDevice, DeviceListClicked}) {
+        Poll();
+        StartDeviceRows("current program");
+        ParseListingChunk("no row\r\n Slot 1 in use\r\n> ");
+        Select(kDeviceList, {2});
+        Sent();
+        Raise(kTypeLeftClick, handler);
+        EXPECT_EQ(Sent(), "\r\r\3flash list\r");
+        EXPECT_TRUE(
+            TakeCapture().endsWith("Row 2 shows slot 1: nothing was sent, the list is "
+                                   "read anew."));
+    }
+    EXPECT_TRUE(SlotUploadArmed());
     ToggleFlashView();
     SetGadgetText(kFamilyCombo, "micromite");
     clock.Sleep(50);
