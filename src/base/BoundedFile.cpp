@@ -21,27 +21,17 @@ ssize_t ReadSome(int fd, char* buffer, int count, int64_t offset) {
     return got;
 }
 
-bool WriteAll(int fd, const QByteArray& bytes) {
-    int done = 0;
-    while (done < bytes.size()) {
-        const auto left = static_cast<size_t>(bytes.size() - done);
-        const ssize_t count = pwrite(fd, bytes.constData() + done, left, done);
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return false;
-        done += static_cast<int>(count);
+void ReadUpTo(int fd, int limit, BoundedRead& result) {
+    QByteArray buffer(kReadStep, '\0');
+    for (;;) {
+        const int have = result.bytes.size();
+        // At the limit one byte more is asked for, to learn whether it is there.
+        const int room = have < limit ? std::min(limit - have, kReadStep) : 1;
+        const ssize_t got = ReadSome(fd, buffer.data(), room, have);
+        result.whole = got == 0;
+        if (got <= 0 || have >= limit) return;
+        result.bytes.append(buffer.constData(), static_cast<int>(got));
     }
-    return true;
-}
-
-// Room for a longer file is asked for first: running out of it halfway would leave the
-// head of the new contents and lose the tail of the old. What a file system says besides
-// "no room" only means that it cannot tell beforehand.
-bool ReserveRoom(int fd, int64_t size, int64_t wanted) {
-    if (wanted <= size) return true;
-    const int error = posix_fallocate(fd, size, wanted - size);
-    if (error != ENOSPC && error != EDQUOT && error != EFBIG) return true;
-    (void)!ftruncate(fd, size);  // in case it was lengthened in part
-    return false;
 }
 
 }  // namespace
@@ -61,30 +51,12 @@ bool FileIsMissing(const QString& path) {
     return access(path.toUtf8().constData(), F_OK) != 0 && errno == ENOENT;
 }
 
-BoundedRead ReadUpTo(int fd, int limit) {
-    BoundedRead result;
-    QByteArray buffer(kReadStep, '\0');
-    for (;;) {
-        const int have = result.bytes.size();
-        // At the limit one byte more is asked for, to learn whether it is there.
-        const int room = have < limit ? std::min(limit - have, kReadStep) : 1;
-        const ssize_t got = ReadSome(fd, buffer.data(), room, have);
-        result.whole = got == 0;
-        if (got <= 0 || have >= limit) return result;
-        result.bytes.append(buffer.constData(), static_cast<int>(got));
-    }
-}
-
 BoundedRead ReadFileUpTo(const QString& path, int limit) {
+    BoundedRead result;
     const int fd = OpenRegularFile(path, O_RDONLY);
-    if (fd < 0) return BoundedRead();
-    BoundedRead result = ReadUpTo(fd, limit);
+    result.opened = fd >= 0;
+    if (!result.opened) return result;
+    ReadUpTo(fd, limit, result);
     close(fd);
     return result;
-}
-
-bool OverwriteFile(int fd, const QByteArray& bytes) {
-    struct stat facts = {};
-    if (fstat(fd, &facts) != 0 || !ReserveRoom(fd, facts.st_size, bytes.size())) return false;
-    return WriteAll(fd, bytes) && ftruncate(fd, bytes.size()) == 0;
 }

@@ -17,17 +17,10 @@ int OpenRegularFile(const QString& path, int flags);
 bool FileIsMissing(const QString& path);
 
 struct BoundedRead {
-    QByteArray bytes;    // from the start of the file, at most the limit
-    bool whole = false;  // nothing of the file is missing in `bytes`
+    QByteArray bytes;     // from the start of the file, at most the limit
+    bool opened = false;  // it is a regular file that may be read
+    bool whole = false;   // nothing of the file is missing in `bytes`
 };
 
-// Reads an open file from its start, at most `limit` bytes.
-BoundedRead ReadUpTo(int fd, int limit);
-
-// As above for a path; nothing, and not whole, for what cannot be opened.
+// Reads a file from its start, at most `limit` bytes; nothing for what cannot be opened.
 BoundedRead ReadFileUpTo(const QString& path, int limit);
-
-// Puts `bytes` in place of the file's contents, in place, so that links and modes stay as
-// they are. When the disk has no room for more than is there now nothing is changed.
-// False on failure.
-bool OverwriteFile(int fd, const QByteArray& bytes);

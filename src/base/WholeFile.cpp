@@ -1,4 +1,4 @@
-#include "encoding/WholeFile.h"
+#include "base/WholeFile.h"
 
 #include <fcntl.h>
 #include <unistd.h>

@@ -1,13 +1,11 @@
 #include "shell/PreferencesStore.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdlib>
 
 #include "base/BoundedFile.h"
 #include "base/TextRules.h"
+#include "base/WholeFile.h"
 #include "shell/PreferencesText.h"
 
 namespace {
@@ -18,8 +16,7 @@ constexpr int kLongestNumber = 4096;  // characters that a number is read from
 
 struct PreferencesStore {
     std::vector<PreferenceEntry> entries;
-    QString path;
-    int file = -1;           // descriptor; -1 for none
+    QString path;            // where it is written
     int flags = 0;           // layout
     int group = kBeforeAll;  // entry of the current group
     int position = kBeforeAll;
@@ -27,8 +24,6 @@ struct PreferencesStore {
     bool pending = false;
     bool open = false;
     bool dirty = false;
-    bool writable = false;  // `file` can be rewritten
-    bool keepFile = false;  // the file holds more than the store: never written back
 };
 
 thread_local PreferencesStore store;
@@ -83,56 +78,26 @@ QByteArray WholeLines(const BoundedRead& read) {
     return read.bytes.left(std::max(read.bytes.lastIndexOf('\n'), read.bytes.lastIndexOf('\r')));
 }
 
-void ReadStore() {
-    const BoundedRead read = ReadUpTo(store.file, kLargestPreferences);
-    const bool all = ParsePreferences(DecodePreferences(WholeLines(read)), &store.entries);
-    store.keepFile = !read.whole || !all;
-}
-
-// The descriptor to write to: the store's own, or the path opened anew.
-int FileForWriting() {
-    if (store.writable) return store.file;
-    if (store.file >= 0) close(store.file);
-    store.file = OpenRegularFile(store.path, O_WRONLY | O_CREAT);
-    return store.file;
-}
-
-void WriteBack() {
-    const int file = FileForWriting();
-    if (file >= 0) OverwriteFile(file, FormatPreferences(store.entries, store.flags));
+void StartStore(const QString& path, int flags) {
+    ClosePreferences();
+    store.open = true;
+    store.path = path;
+    store.flags = flags;
 }
 
 }  // namespace
 
 bool OpenPreferences(const QString& path, int flags) {
-    ClosePreferences();
-    store.open = true;
-    store.path = path;
-    store.flags = flags;
-    store.file = OpenRegularFile(path, O_RDWR);
-    store.writable = store.file >= 0;
-    if (!store.writable) store.file = OpenRegularFile(path, O_RDONLY);
-    if (store.file >= 0) {
-        ReadStore();
-    } else {
-        store.keepFile = !FileIsMissing(path);
-    }
-    return store.file >= 0;
+    StartStore(path, flags);
+    const BoundedRead read = ReadFileUpTo(path, kLargestPreferences);
+    ParsePreferences(DecodePreferences(WholeLines(read)), &store.entries);
+    store.open = read.opened || FileIsMissing(path);
+    return read.opened;
 }
 
-bool CreatePreferences(const QString& path, int flags) {
-    ClosePreferences();
-    const int file = OpenRegularFile(path, O_RDWR | O_CREAT);
-    if (file < 0) return false;
-    if (ftruncate(file, 0) != 0) {
-        close(file);
-        return false;
-    }
-    store.open = store.dirty = store.writable = true;
-    store.path = path;
-    store.flags = flags;
-    store.file = file;
-    return true;
+void CreatePreferences(const QString& path, int flags) {
+    StartStore(path, flags);
+    store.dirty = true;
 }
 
 bool PreferenceGroup(const QString& name) {
@@ -184,7 +149,8 @@ void WritePreferenceString(const QString& key, const QString& value) {
 }
 
 void ClosePreferences() {
-    if (store.open && store.dirty && !store.keepFile) WriteBack();
-    if (store.file >= 0) close(store.file);
+    if (store.open && store.dirty) {
+        WriteWholeFile(store.path, FormatPreferences(store.entries, store.flags));
+    }
     store = PreferencesStore();
 }

@@ -11,18 +11,16 @@
 #include <QString>
 #include <cstdint>
 
-// Opens the file for reading and writing, or failing that for reading, and parses it.
-// `flags` are those of PreferencesText.h. A missing file leaves an empty store that closing
-// writes once it was changed. True when a file was opened.
+// Reads the file and parses it. `flags` are those of PreferencesText.h. A missing file leaves
+// an empty store that closing writes once it was changed. True when a file was opened.
 //
-// A file that is longer than kLargestPreferences, holds more than kMostPreferenceEntries
-// or cannot be read gives what could be read of it, in whole lines, and is never written
-// back: closing leaves it as it is, because the rest would be lost.
+// Of a file that is longer than kLargestPreferences, or holds more than
+// kMostPreferenceEntries, the store has the head, in whole lines, and so has the file once
+// it is written. What cannot be read is never written: it may hold anything.
 bool OpenPreferences(const QString& path, int flags);
 
-// Creates the file or empties it; the store is empty and will be written. False, and no
-// store, when the file cannot be written.
-bool CreatePreferences(const QString& path, int flags);
+// Starts an empty store that closing writes.
+void CreatePreferences(const QString& path, int flags);
 
 // Makes the first group of this name current. False when there is none: reads then give
 // defaults until another group is chosen, and the first write or comment adds the group
@@ -44,6 +42,7 @@ QString ReadPreferenceString(const QString& key, const QString& fallback);
 void WritePreferenceLong(const QString& key, int32_t value);
 void WritePreferenceString(const QString& key, const QString& value);
 
-// Writes the store back if it was changed, and releases it. A file that was opened for
-// reading alone is opened anew; what cannot be written is dropped without a word.
+// Writes the store, if it was changed, to a new file that takes the place of the old one,
+// and releases it. Where there is no room, or no right to do so, the old file stays as it is,
+// without a word.
 void ClosePreferences();

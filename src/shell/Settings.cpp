@@ -127,7 +127,7 @@ void LoadSettings() {
 
 void SaveSettings() {
     TakeLiveValues();
-    if (!CreatePreferences(SettingsPath(), kPreferenceGroupSpace)) return;
+    CreatePreferences(SettingsPath(), kPreferenceGroupSpace);
     for (const SettingRow& row : settingsTable) SaveRow(row);
     ClosePreferences();
 }

@@ -1,8 +1,8 @@
 #include "upload/EncodedUpload.h"
 
 #include "base/TextRules.h"
+#include "base/WholeFile.h"
 #include "encoding/EncodedSource.h"
-#include "encoding/WholeFile.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "ui/Dialogs.h"
 #include "upload/SourcePreparation.h"

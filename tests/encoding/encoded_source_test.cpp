@@ -8,7 +8,7 @@
 #include <QRegularExpression>
 #include <csignal>
 
-#include "encoding/WholeFile.h"
+#include "base/WholeFile.h"
 #include "tests/support/ScratchFolder.h"
 
 // What a reader gets, and why it gets nothing.
