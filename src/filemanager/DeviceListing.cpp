@@ -125,11 +125,12 @@ void Act(ListingAction action, const ListingLine& line) {
     }
 }
 
-// Clears whatever stands on the device's line.
+// Clears whatever stands on the device's line. On a slow line the answer is cut anywhere.
 void ClearDeviceLine() {
-    SendAndWait("\r", 0);
+    listing.listingBuffer += SendAndWait("\r", 0);
     SleepMs(kBetweenReturns);
-    SendAndWait("\r", 0);
+    listing.listingBuffer += SendAndWait("\r", 0);
+    EmptyBuffer();
 }
 
 // The caption names where a press would go.
@@ -160,7 +161,6 @@ DeviceFamily ShownFamily() {
 void StartDeviceRows(const QString& first) {
     ClearGadgetItems(kDeviceList);
     listing.deviceEntries = QStringList(first);
-    listing.dropRestOfLine = false;
     AddGadgetItem(kDeviceList, first);
 }
 

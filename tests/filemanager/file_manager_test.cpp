@@ -54,9 +54,11 @@ class FileManager : public testing::Test {
         SetTerminalMode(0);
     }
 
-    void PlugIn(const char* board) {
+    void PlugIn(const char* board, int baud = 0) {
         line.reset();  // it hands the clock back
-        line = std::make_unique<BoardOnLine>(board, clock);
+        BoardSetup setup;
+        setup.baud = baud;
+        line = std::make_unique<BoardOnLine>(board, clock, setup);
         AdoptTcpLink(line->TakeNearEnd());
         SetDeviceOnTcpip(true);
         ConnectDevice();
@@ -254,7 +256,7 @@ TEST_F(FileManager, FlashSlotsAreShownLoadedReadAndErased) {
     for (const auto handler : {CopyToPc, DeleteOnDevice, DeviceListClicked}) {
         Poll();
         StartDeviceRows("current program");
-        ParseListingChunk("no row\r\n Slot 1 in use\r\n> ");
+        ParseListingChunk("\r\nno row\r\n Slot 1 in use\r\n> ");
         Select(kDeviceList, {2});
         Sent();
         Raise(kTypeLeftClick, handler);
@@ -273,6 +275,21 @@ TEST_F(FileManager, FlashSlotsAreShownLoadedReadAndErased) {
     EXPECT_EQ(Rows().join('|'), "current program");
     ToggleFlashView();
     EXPECT_TRUE(deviceListing.flashView);
+}
+
+// Bytes come one by one: waits end inside sequences, polls inside prompts and echoes.
+TEST_F(FileManager, OnASlowLineTheSlotsKeepTheirRows) {
+    OpenFileManager();
+    for (const int baud : {110, 150, 170, 240, 300, 400, 600}) {
+        PlugIn("picomite", baud);
+        ToggleFlashView();
+        Poll();
+        EXPECT_EQ(Rows().join('|').toStdString(),
+                  "current program|Slot 1 available|Slot 2 available|Slot 3 available")
+            << baud;
+        ToggleFlashView();
+        AdoptTcpLink(0);
+    }
 }
 
 TEST_F(FileManager, BothPcGadgetsStandOnOneFolder) {

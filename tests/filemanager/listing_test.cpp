@@ -46,6 +46,7 @@ class ListingParser : public testing::Test {
     static QString ListOf(const QString& text, const std::vector<int>& cuts) {
         ParseListingChunk("\n> ");
         StartDeviceRows("..");
+        ParseListingChunk("\n");  // the command's own line end
         int from = 0;
         for (int cut : cuts) {
             ParseListingChunk(text.mid(from, cut - from));
