@@ -1,10 +1,24 @@
 #include "encoding/SecretBytes.h"
 
+namespace {
+
+// The library wants this before any other call, and bytes are wiped all over the program.
+// Whether it went well is seen where a key is made.
+[[maybe_unused]] const int readiness = sodium_init();
+
+}  // namespace
+
+// As far as its memory reaches: a text that became shorter has its old end behind it.
 void WipeText(QString& text) {
     if (text.isDetached()) {
-        sodium_memzero(text.data(), static_cast<size_t>(text.size()) * sizeof(QChar));
+        sodium_memzero(text.data(), static_cast<size_t>(text.capacity()) * sizeof(QChar));
     }
     text.clear();
+}
+
+void ReplaceText(QString& text, QString by) {
+    WipeText(text);
+    text = by;
 }
 
 SecretBytes TakePassphrase(QString& text) {
@@ -17,7 +31,7 @@ SecretBytes TakePassphrase(QString& text) {
     return secret;
 }
 
-SecretBytes SecretFromText(const QString& text) {
+SecretBytes SecretFromText(QStringView text) {
     SecretBytes bytes;
     bytes.reserve(static_cast<size_t>(text.size()));
     for (const QChar character : text) bytes.push_back(static_cast<uint8_t>(character.unicode()));

@@ -28,10 +28,13 @@ using SecretBytes = std::vector<uint8_t, WipingAllocator<uint8_t>>;
 // and is only let go: wipe the last holder.
 void WipeText(QString& text);
 
+// Puts another text in its place and overwrites the one of before.
+void ReplaceText(QString& text, QString by);
+
 // A passphrase as the key is derived from it: UTF-8 of its composed form (NFC), so that
 // it does not matter how a keyboard makes an accented letter. `text` is wiped.
 SecretBytes TakePassphrase(QString& text);
 
 // Text of one character a byte, both ways. Characters above 255 are cut to 8 bits.
-SecretBytes SecretFromText(const QString& text);
+SecretBytes SecretFromText(QStringView text);
 QString TextFromSecret(const SecretBytes& bytes);

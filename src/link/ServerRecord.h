@@ -27,7 +27,7 @@ struct ServerRecord {
     WorkerThread thread;
     sem_t chunkSemaphore;                    // the worker sleeps on it; starts at 0
     sem_t spareSemaphore;                    // made and freed with the record; nothing waits on it
-    int64_t port = 0;                        // its low 16 bits count
+    int64_t port = 0;                        // one that is no port is refused
     std::atomic<QString*> message{nullptr};  // line to show, null for none
     std::atomic<int> unreadMessages{0};      // message events posted and not handled
     int64_t length = 0;                      // bytes in `buffer`; -1 for a failed recv(2)

@@ -11,6 +11,7 @@ namespace {
 
 constexpr int kBacklog = 100;
 constexpr int kPeekedBytes = 8;
+constexpr int kHighestPort = 65535;
 constexpr int kLongestWait = 1000;  // milliseconds; only matters without a wake descriptor
 
 bool ListenOn(int fd, int64_t port) {
@@ -53,6 +54,7 @@ HeldDescriptor AcceptClient(ServerSockets& sockets) {
 }  // namespace
 
 bool OpenServer(ServerSockets& sockets, int64_t port) {
+    if (port < 0 || port > kHighestPort) return false;
     // Close-on-exec, so that a program started from here does not keep the port.
     const int flags = SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC;
     const int fd = AboveStandardStreams(socket(AF_INET, flags, 0));

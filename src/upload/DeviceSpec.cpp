@@ -5,6 +5,7 @@
 #include "base/LineEnding.h"
 #include "base/Numbers.h"
 #include "base/TextRules.h"
+#include "encoding/SecretBytes.h"
 #include "link/Connection.h"
 #include "link/LinkSettings.h"
 #include "ui/Gadgets.h"
@@ -77,7 +78,7 @@ void TakeFamilyWord(const QString& value, SpecRun& run) {
 
 // At its place in the line: lines end in the line ending of the words before.
 void TakeCrunch(const QString&, SpecRun& run) {
-    run.text = CrunchSource(run.text);
+    ReplaceText(run.text, CrunchSource(run.text));
 }
 void TakeSetTime(const QString&, SpecRun&) {
     EditUploadOptions().setTime = true;

@@ -15,6 +15,7 @@ const QString kEncodedMagic = "KWHEX";
 const QString kEncodeDirective = "'encode";
 const QString kEncodedExtension = "bae";
 const QString kDialogTitle = "Encoded source";
+constexpr int kPassphraseTries = 3;
 
 struct FaultLine {
     EncodedFault fault;
@@ -40,16 +41,20 @@ bool Passes(EncodedFault fault) {
     return fault == EncodedFault::kNone;
 }
 
-bool AsksForEncoding(const QString& text) {
-    return TrimBlanks(FirstLineOf(text)).toLower().startsWith(kEncodeDirective);
+bool AsksForEncoding(const QString& line) {
+    return TrimBlanks(line).toLower().startsWith(kEncodeDirective);
 }
 
-// Without the lines that ask for it: decoded, the source is to be uploaded, not written again.
-QString TextToEncode(QString text) {
-    while (AsksForEncoding(text)) {
-        text = text.contains('\n') ? StripMarkerLines(DropFirstLine(text)) : QString();
+// Behind the lines that ask for it: decoded, the source is to be uploaded, not written again.
+int StartOfTextToEncode(const QString& text) {
+    int start = 0;
+    while (start < text.size()) {
+        int end = text.indexOf('\n', start);
+        if (end < 0) end = text.size();
+        if (!AsksForEncoding(text.mid(start, end - start))) break;
+        start = BehindMarkerLines(text, end + 1);
     }
-    return text;
+    return start;
 }
 
 // Empty for a pasted source, and for a file that has the name itself.
@@ -73,31 +78,41 @@ SecretBytes AskNewPassphrase() {
     return same ? passphrase : SecretBytes();
 }
 
+// True when the file was opened. A passphrase that is not the one is asked for again.
+bool OpenByPassphrase(const EncodedSource& source, SecretBytes& plain) {
+    const QString prompt = "Passphrase of " + NamePart(uploadSource.currentFile);
+    EncodedFault fault = EncodedFault::kRefused;
+    for (int i = 0; i < kPassphraseTries && fault == EncodedFault::kRefused; ++i) {
+        QString typed = AskSecret(kDialogTitle, prompt);
+        const SecretBytes passphrase = TakePassphrase(typed);
+        if (passphrase.empty()) {
+            TerminalPrintLine("No passphrase: nothing was decoded.");
+            return false;
+        }
+        fault = OpenEncodedSource(source, passphrase, plain);
+        Passes(fault);
+    }
+    return fault == EncodedFault::kNone;
+}
+
 }  // namespace
 
 bool SourceIsEncoded() {
-    const bool named = ExtensionPart(uploadSource.currentFile).toLower() == kEncodedExtension;
-    return !uploadSource.pasteSource && (named || uploadSource.text.startsWith(kEncodedMagic));
+    return !uploadSource.pasteSource && uploadSource.text.startsWith(kEncodedMagic);
 }
 
 bool DecodeSource() {
     EncodedSource source;
     if (!Passes(ParseEncodedSource(uploadSource.text.toLatin1(), source))) return false;
-    QString typed = AskSecret(kDialogTitle, "Passphrase of " + NamePart(uploadSource.currentFile));
-    const SecretBytes passphrase = TakePassphrase(typed);
-    if (passphrase.empty()) {
-        TerminalPrintLine("No passphrase: nothing was decoded.");
-        return false;
-    }
     SecretBytes plain;
-    if (!Passes(OpenEncodedSource(source, passphrase, plain))) return false;
+    if (!OpenByPassphrase(source, plain)) return false;
     TerminalPrintLine(plain.empty() ? "Nothing to load." : "Source decoded");
     SetUploadText(TextFromSecret(plain));
     return !plain.empty();
 }
 
 bool SourceAsksForEncoding() {
-    return AsksForEncoding(uploadSource.text);
+    return AsksForEncoding(FirstLineOf(uploadSource.text));
 }
 
 void WriteEncodedSource() {
@@ -106,9 +121,8 @@ void WriteEncodedSource() {
         TerminalPrintLine("No file to write beside: nothing was encoded.");
         return;
     }
-    QString text = TextToEncode(uploadSource.text);
-    const SecretBytes plain = SecretFromText(text);
-    WipeText(text);
+    const QString& text = uploadSource.text;
+    const SecretBytes plain = SecretFromText(text.midRef(StartOfTextToEncode(text)));
     if (plain.empty()) {
         TerminalPrintLine("Nothing to encode.");
         return;
@@ -119,10 +133,4 @@ void WriteEncodedSource() {
     if (!Passes(SealEncodedSource(NewEncodedHeader(), passphrase, plain, file))) return;
     TerminalPrintLine(WriteWholeFile(path, file) ? "Encoded as " + path
                                                  : path + " could not be written.");
-}
-
-void WipeSource() {
-    QString text = uploadSource.text;
-    SetUploadText(QString());
-    WipeText(text);
 }

@@ -3,11 +3,11 @@
 // way ends in one line of the terminal. Interface thread; a key derivation blocks it.
 #pragma once
 
-// True when what is to be uploaded comes from a file that holds, or by its extension
-// should hold, an encoded source.
+// True when what is to be uploaded comes from a file that holds an encoded source.
 bool SourceIsEncoded();
 
-// Asks for the passphrase and puts the plain text in place of the source. False, and the
+// Asks for the passphrase, up to three times, and puts the plain text in place of the
+// source. False, and the
 // source as it was, when the file is not what it should be or the passphrase is not the one.
 bool DecodeSource();
 
@@ -17,6 +17,3 @@ bool SourceAsksForEncoding();
 // Asks for a passphrase twice and writes the source, without the line that asks for it, to
 // the `.bae` file beside its own.
 void WriteEncodedSource();
-
-// Overwrites the text of the upload and empties it.
-void WipeSource();

@@ -5,16 +5,17 @@
 
 class SourceLines {
   public:
-    // Adds the final LF that the text may lack; so an empty text is one empty line.
+    // The last line may lack its LF; so an empty text is one empty line.
     explicit SourceLines(const QString& source);
 
     int Count() const { return count; }
-    bool AtEnd() const { return position >= text.size(); }
+    bool AtEnd() const { return taken == count; }
     // The next line without its LF.
     QString Next();
 
   private:
-    QString text;
-    int count = 0;
+    const QString text;
+    const int count;
+    int taken = 0;
     int position = 0;
 };

@@ -68,24 +68,22 @@ QString NormaliseLineEndings(QString text) {
     return text.replace('\r', '\n');
 }
 
-QString StripMarkerLines(QString text) {
-    int start = 0;
+int BehindMarkerLines(const QString& text, int start) {
     for (;;) {
         const int end = text.indexOf('\n', start);
-        if (end < 0 || !IsEditorMark(text, start, end - start)) break;
+        if (end < 0 || !IsEditorMark(text, start, end - start)) return start;
         start = end + 1;
     }
-    return start == 0 ? text : text.mid(start);
 }
 
-QString DropFirstLine(const QString& text) {
-    return text.mid(text.indexOf('\n') + 1);
+QString StripMarkerLines(const QString& text) {
+    return text.mid(BehindMarkerLines(text, 0));
 }
 
-QString CrunchSource(QString text) {
-    text.remove('\r');
+QString CrunchSource(const QString& source) {
+    const QString text = QString(source).remove('\r');
     QString crunched;
-    crunched.reserve(text.size());
+    crunched.reserve(text.size() + (text.count('\n') + 1) * lineEnding.bytes.size());
     for (int start = 0; start < text.size();) {
         int end = text.indexOf('\n', start);
         if (end < 0) end = text.size();

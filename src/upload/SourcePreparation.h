@@ -6,9 +6,9 @@
 
 // Every CR LF, and every CR left, becomes LF.
 QString NormaliseLineEndings(QString text);
-// Cuts the marker lines at the top that the companion editor writes.
-QString StripMarkerLines(QString text);
-// What stands behind the first LF; the whole text if there is none.
-QString DropFirstLine(const QString& text);
+// The place behind the marker lines from `start` on that the companion editor writes.
+int BehindMarkerLines(const QString& text, int start);
+// Cuts those at the top.
+QString StripMarkerLines(const QString& text);
 // Without comments, indentation and blank lines; lines end in the line ending in force.
-QString CrunchSource(QString text);
+QString CrunchSource(const QString& source);

@@ -1,5 +1,7 @@
 #include "upload/UploadOptions.h"
 
+#include "encoding/SecretBytes.h"
+
 namespace {
 
 UploadOptions options;
@@ -32,7 +34,7 @@ void SetFamilyName(const QString& name) {
     options.familyName = name;
 }
 void SetUploadText(const QString& text) {
-    source.text = text;
+    ReplaceText(source.text, text);
 }
 void SetCurrentFile(const QString& path) {
     source.currentFile = path;

@@ -40,6 +40,6 @@ void SetOverrideFileSettings(bool on);
 void SetPicoPort(const QString& name);
 void SetWarnFlashCopy(bool on);
 void SetFamilyName(const QString& name);
-void SetUploadText(const QString& text);
+void SetUploadText(const QString& text);  // the text of before is overwritten
 void SetCurrentFile(const QString& path);
 void SetPasteSource(bool pasted);

@@ -40,7 +40,8 @@ bool SendCommand(const QString& command, int64_t wait) {
 
 // One line end for all that follows, and none of the editor's own lines.
 void PrepareSource() {
-    SetUploadText(StripMarkerLines(NormaliseLineEndings(uploadSource.text)));
+    SetUploadText(NormaliseLineEndings(uploadSource.text));
+    SetUploadText(StripMarkerLines(uploadSource.text));
 }
 
 // The way out of an upload that never comes to the device.
@@ -185,7 +186,7 @@ void UploadProgram() {
     const bool encoded = SourceIsEncoded();
     if (encoded && !DecodeSource()) return LeaveWithoutUpload();
     UploadSourceText();
-    if (encoded) WipeSource();
+    if (encoded) SetUploadText(QString());
 }
 
 void UploadPastedText(const QString& text) {

@@ -9,6 +9,7 @@
 #include <csignal>
 
 #include "base/WholeFile.h"
+#include "tests/support/MemoryScan.h"
 #include "tests/support/ScratchFolder.h"
 
 // What a reader gets, and why it gets nothing.
@@ -57,6 +58,17 @@ TEST(EncodedSources, AreThoseOfTheDocument) {
         EXPECT_EQ(Open(file, vector.passphrase + ' ', plain), EncodedFault::kRefused);
         EXPECT_EQ(plain, "");
     }
+}
+
+TEST(EncodedSources, LeaveNoPassphraseInMemory) {
+    EXPECT_EQ(sodium_init(), 1);  // done before anything else of the library was called
+    const char disguised[] = "b!mpoh!qbtt!qisbtf";
+    const char* const end = disguised + 9;  // memory's owner writes over what it gets back
+    QString typed = TextFromSecret(Undisguised(disguised));
+    SecretBytes passphrase = TakePassphrase(typed);
+    EXPECT_TRUE(MemoryHolds(end));
+    passphrase = SecretBytes();
+    EXPECT_FALSE(MemoryHolds(end));
 }
 
 // Whatever is done to a file, nothing of its text comes out.
@@ -108,9 +120,19 @@ TEST(EncodedSources, AreBoundedBeforeAnythingIsDerived) {
     EXPECT_EQ(SealEncodedSource(header, key, most, file), EncodedFault::kTooLarge);
 }
 
+// Takes the place of the kernel's call.
+static std::string synced;
+extern "C" int fsync(int fd) {
+    struct stat facts = {};
+    fstat(fd, &facts);
+    synced += S_ISDIR(facts.st_mode) ? 'd' : 'f';
+    return 0;
+}
+
 TEST(EncodedSources, AreWrittenWholeOrNotAtAll) {
     const ScratchFolder folder;
     EXPECT_TRUE(WriteWholeFile("a b.bae", "first"));
+    EXPECT_EQ(synced, "d");  // the folder; the toolkit sees to the file by another call
     chmod("a b.bae", 0640);
     EXPECT_TRUE(WriteWholeFile("a b.bae", "second"));
     struct stat facts = {};

@@ -88,6 +88,11 @@ TEST_F(ServerThreads, StartLinesInOrderAndAPortInUse) {
     const int holder = ListenLocally(settings.dataPort);
     EXPECT_EQ(Start(), lines("failed"));
     EXPECT_TRUE(LocalClient(settings.controlPort).connected);
+    for (const int port : {65536 + FreePort(), -1}) {
+        StopServers();
+        settings.dataPort = port;
+        EXPECT_EQ(Start(), lines("failed"));
+    }
     const int64_t before = NowMs();
     StopServers();
     EXPECT_LT(NowMs() - before, kServerEndWait);

@@ -137,7 +137,7 @@ TEST_F(SettingsTest, NumbersObeyTheirRules) {
     EXPECT_EQ(terminalSettings.palette[1], 0xFF0000u);
     EXPECT_EQ(terminalSettings.palette[2], 0x345678u);
     EXPECT_EQ(terminalSettings.palette[4], 0xBu);  // the B is a digit, the rest is none
-    EXPECT_EQ(terminalMode, kModeFileManager);
+    EXPECT_EQ(terminalMode, kModeTerminal);
     Load(
         "[Windows]\nMainX = -200\n[Device]\nLineDelay = 999999\nComms buffer size = 100000\n"
         "Serial polling interval = 500\nLine ending = lf");

@@ -1,6 +1,7 @@
 #include <QDir>
 
 #include "encoding/EncodedSource.h"
+#include "tests/support/MemoryScan.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/upload/upload_bench.h"
 #include "ui/Dialogs.h"
@@ -22,6 +23,16 @@ class EncodedUpload : public UploadBench {
         AnswerDialogs(&answers);
     }
     ~EncodedUpload() override { AnswerDialogs(nullptr); }
+
+    // A file that takes no time to open.
+    static QByteArray Sealed(const SecretBytes& plain, const SecretBytes& passphrase) {
+        EncodedHeader header = NewEncodedHeader();
+        header.passes = 1;
+        header.memoryKib = kLeastMemoryKib;
+        QByteArray file;
+        EXPECT_EQ(SealEncodedSource(header, passphrase, plain, file), EncodedFault::kNone);
+        return file;
+    }
 
     // Loads a file and types: the last line printed and what the device got.
     QString Load(const char* name, const QStringList& words, int printed = 1) {
@@ -56,25 +67,28 @@ TEST_F(EncodedUpload, ThereAndBack) {
 
 TEST_F(EncodedUpload, WhatGoesWrongTakesOneLineAndSendsNothing) {
     ScratchFolder::Put("x.bas", "'encode\nA\n");
-    Load("x.bas", {"one", "one"});
-    const QByteArray file = ScratchFolder::Get("x.bae");
+    const QByteArray file = Sealed({'A', '\n'}, {'o', 'n', 'e'});
+    ScratchFolder::Put("x.bae", file);
     ScratchFolder::Put("cut.bae", file.left(file.size() - 3));
-    ScratchFolder::Put("plain.BAE", "PRINT 1\n");
+    ScratchFolder::Put("plain.BAE", "PRINT KWHEX\n");
     ScratchFolder::Put("later.bas", QByteArray(file).replace("KWHEX 1", "KWHEX 2"));
-    ScratchFolder::Put("only.bas", "'encode\n'encode");
+    // Each line cut off the front would take minutes.
+    ScratchFolder::Put("only.bas", QByteArray("'encode\n").repeated(400'000) + "'encode");
     ScratchFolder::Put("none.bae", "");
     asked.clear();
-    const QString unknown = "This is not an encoded source, or one of a form not known here.|";
     EXPECT_EQ(Load("cut.bae", {"one"}), "The encoded source is cut or changed.|");
-    for (const char* name : {"plain.BAE", "later.bas"}) EXPECT_EQ(Load(name, {"one"}), unknown);
+    EXPECT_EQ(Load("later.bas", {"one"}),
+              "This is not an encoded source, or one of a form not known here.|");
+    EXPECT_EQ(Load("plain.BAE", {}, 0), "|\3NEW^AUTOSAVE^PRINT KWHEX^\x1aRUN^");
     EXPECT_EQ(Load("only.bas", {"one", "one"}), "Nothing to encode.|");
     EXPECT_EQ(Load("none.bae", {"one"}), "Nothing to load.|");
     EXPECT_TRUE(asked.isEmpty());
-    EXPECT_EQ(Load("x.bae", {"two"}, 2),
-              "x.bae|Wrong passphrase, or the encoded source was changed.|");
-    EXPECT_EQ(Load("x.bae", {}, 2), "x.bae|No passphrase: nothing was decoded.|");
+    const QString wrong = "Wrong passphrase, or the encoded source was changed.|";
+    EXPECT_EQ(Load("x.bae", {"two", "2", "ONE", "one"}, 4), "x.bae|" + wrong.repeated(3));
+    EXPECT_EQ(Load("x.bae", {"two", "one"}, 0), "|\3NEW^AUTOSAVE^A^\x1aRUN^");
+    EXPECT_EQ(Load("x.bae", {"two"}, 2), wrong + "No passphrase: nothing was decoded.|");
     EXPECT_EQ(Load("x.bas", {}), "No passphrase: nothing was written.|");
-    EXPECT_EQ(asked.size(), 3);  // an empty answer is not asked for again
+    EXPECT_EQ(asked.size(), 8);  // an empty answer is not asked for again
     EXPECT_EQ(Load("x.bas", {"one", "two"}, 2),
               "x.bas|The passphrases differ: nothing was written.|");
     EXPECT_EQ(Load("x.bas", {"one", ""}), "The passphrases differ: nothing was written.|");
@@ -84,4 +98,20 @@ TEST_F(EncodedUpload, WhatGoesWrongTakesOneLineAndSendsNothing) {
     UploadPastedText("'encode\nA\n");
     EXPECT_TRUE(Printed(1).startsWith("No file to write beside"));
     EXPECT_EQ(received, "");
+}
+
+// Two lines of it beside each other are nowhere, whatever was done to the text on its way.
+TEST_F(EncodedUpload, LeavesNoPieceOfTheSourceInMemory) {
+    for (const char* first : {"(ubshfu!t]nbyjnjuf", "B>2", "(ubshfu!t]nbyjnjuf!dsvodi"}) {
+        SecretBytes plain = Undisguised("!(lxfeju\"\"\"\x0b");
+        for (const char* more : {first, "\x0bQSJOU!#Rvjuf#\x0bQSJOU!#bmpof#"}) {
+            for (const uint8_t c : Undisguised(more)) plain.push_back(c);
+        }
+        EXPECT_TRUE(MemoryHolds("Rvjuf#\x0bQS"));
+        ScratchFolder::Put("s.bae", Sealed(plain, {'k'}));
+        plain = SecretBytes();
+        Load("s.bae", {"k"});
+        EXPECT_TRUE(Received().contains("PRINT \"alone\"")) << received;
+        EXPECT_FALSE(MemoryHolds("Rvjuf#\x0bQS")) << first;
+    }
 }

@@ -1,7 +1,5 @@
 #include "terminal/screen/TerminalMode.h"
 
-#include <algorithm>
-
 #include "base/Numbers.h"
 #include "ui/Gadgets.h"
 #include "ui/MenuItem.h"
@@ -20,7 +18,7 @@ const std::atomic<int>& terminalMode = mode;
 const int& mouseMode = mouse;
 
 void SetTerminalMode(int value) {
-    mode = std::clamp(value, 0, kModes - 1);
+    mode = value >= 0 && value < kModes ? value : kModeTerminal;
 }
 
 QString TerminalModeName(int value) {
