@@ -53,6 +53,7 @@ void ChooseTransport(bool tcp) {
 
 void ShowStoredLink() {
     SetGadgetText(kPortCombo, linkSettings.comPort);
+    SetGadgetText(kSpeedCombo, linkSettings.serialSpeed);
     const bool tcp = linkSettings.comPort == "TCPIP";
     if (tcp) SetGadgetText(kAddressEntry, linkSettings.tcpAddress + ":" + linkSettings.tcpPort);
     ChooseTransport(tcp);

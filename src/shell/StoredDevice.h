@@ -5,7 +5,7 @@
 // Labels the preset and macro buttons from their lists; the last used preset, or the
 // first, becomes the live one.
 void FillPresetAndMacroButtons();
-// Port, address and transport from the stored port name.
+// Port, speed, address and transport as they are stored.
 void ShowStoredLink();
 // Gadgets 45 and 46 from the stored device.
 void ShowStoredDevice();

@@ -11,10 +11,12 @@ namespace {
 
 const QString kEmptyFieldSpec = "'target port\\ s\\";
 
-// The word that stands for what the port gadgets show.
+// The word that stands for what the port gadgets show; none for a port name with a blank,
+// such as "not set": a word would end there.
 QString LinkWord() {
-    if (GadgetText(kPortCombo) == "TCPIP") return "ip\\" + GadgetText(kAddressEntry);
-    return "port\\" + GadgetText(kPortCombo) + ":" + GadgetText(kSpeedCombo);
+    const QString port = GadgetText(kPortCombo);
+    if (port == "TCPIP") return "ip\\" + GadgetText(kAddressEntry);
+    return port.contains(' ') ? QString() : "port\\" + port + ":" + GadgetText(kSpeedCombo);
 }
 
 // A word of the field, or what the gadgets say in its place. Capitals count here, unlike

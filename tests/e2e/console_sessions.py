@@ -173,7 +173,7 @@ class LocalTools(Session):
 
 class SecondInstance(Session):
     def test_a_second_start_opens_no_window_and_ends(self):
-        self.write_settings("Comport = not set\n")
+        self.write_settings("Comport = not set\nSerialSpeed = 9600\n")
         console = Console(self.desktop, self.program)
         second = subprocess.run([self.program, "x.bas"], env=self.desktop.env, timeout=30, check=False)
         self.assertEqual(second.returncode, 0)
@@ -182,9 +182,9 @@ class SecondInstance(Session):
         self.assertEqual(windows, [console.window])
         console.click(*CONNECT)
         text = console.wait_text("Check port then try again")
-        # The device specification built from the window's gadgets cuts the name at its blank.
-        self.assertIn("not failed!", text)
+        self.assertIn("not set failed!", text)
         self.assertEqual(console.close(), 0)
+        self.assertEqual(self.saved("SerialSpeed"), "9600")
 
 
 class SlowBoard(threading.Thread):

@@ -133,6 +133,7 @@ TEST_F(DeviceSpec, RebuiltFromTheGadgets) {
     EXPECT_EQ(build("ip         nonew", ""), ":57600 picomite|*|Z|n");
     EXPECT_EQ(build("", "ttyUSB1"), "ttyUSB1:57600 maximite|AUTO|C|");
     EXPECT_EQ(build("'target port\\C:1 norun syn\\pico", "x"), "x:57600 maximite|AUTO|C|r");
+    EXPECT_EQ(build("port\\C:1 nonew", "not set"), "x:57600 maximite|*|Z|n");
     EXPECT_EQ(build("port\\C:1", "TCPIP"), "x:57600 maximite|*|Z|");
     EXPECT_EQ(Tcp(), "10.0.0.7:4000");
 }
