@@ -2,9 +2,10 @@
 
 #include <QString>
 
-#include "base/Pacing.h"
+#include "base/LineEnding.h"
+#include "link/LinkPrimitives.h"
 #include "link/LinkSettings.h"
-#include "link/TcpClient.h"
+#include "link/LocalCommand.h"
 #include "terminal/screen/Capture.h"
 #include "ui/DragDrop.h"
 
@@ -12,8 +13,6 @@ namespace {
 
 // The echoed "LIST ALL" and the first character of its line end.
 constexpr int kEchoedCharacters = 9;
-constexpr int64_t kPauseBeforeClosing = 20;  // milliseconds
-const char kPasteCommand[] = "/paste \r";
 
 QString WithoutEcho(const QString& captured) {
     QString listing = captured.mid(kEchoedCharacters);
@@ -22,22 +21,21 @@ QString WithoutEcho(const QString& captured) {
     return listing;
 }
 
-// An editor that does not run is passed over: the listing stays on the clipboard.
-void TellEditor() {
-    const int fd = ConnectTcpClient("localhost", linkSettings.editorPort);
-    if (fd < 1) return;
-    SendTcpBytes(fd, kPasteCommand, sizeof kPasteCommand - 1);
-    SleepMs(kPauseBeforeClosing);
-    CloseTcpClient(fd);
-}
-
 }  // namespace
 
-// Capture stays on, and the listing stays in it.
+void RequestListing() {
+    SendText("LIST ALL" + lineEnding.bytes);
+    StartCapture();
+    SetListingState(kListingWaiting);
+}
+
+// Capture stays on, and the listing stays in it. An editor that does not run is passed over:
+// the listing is on the clipboard.
 void FinishSendListing() {
+    if (capture.listingState != kListingComplete) return;
     SetListingState(kListingIdle);
     const QString listing = WithoutEcho(TakeCapture());
     CaptureText(listing);
     SetClipboardText(listing);
-    TellEditor();
+    SendLocalCommand(linkSettings.editorPort, "/paste \r");
 }

@@ -2,5 +2,8 @@
 // Interface thread.
 #pragma once
 
-// Hands the completed listing over: called by the poll when the prompt has come.
+// Sends LIST ALL and records what comes, up to the prompt that CaptureText watches for.
+void RequestListing();
+
+// Hands a listing over that is complete; else does nothing. Called by each poll.
 void FinishSendListing();

@@ -7,7 +7,6 @@
 #include "base/Pacing.h"
 #include "base/TextRules.h"
 #include "link/LinkPrimitives.h"
-#include "terminal/screen/Capture.h"
 #include "ui/Gadgets.h"
 
 namespace {
@@ -40,10 +39,4 @@ void SendActionCommand(int item) {
         SendText(FormatDate(row.mask, WallClock()).replace("\n", lineEnding.bytes));
         if (row.focus) FocusGadget(kTerminalCanvas);
     }
-}
-
-void RequestListing() {
-    SendText("LIST ALL" + lineEnding.bytes);
-    StartCapture();
-    SetListingState(kListingWaiting);
 }

@@ -4,5 +4,3 @@
 // Sends the command of item 13, 14, 16, 17, 21, 22 or 23; the terminal then gets the
 // focus, but for List All.
 void SendActionCommand(int item);
-// Item 20: asks for the listing and begins to watch for its end.
-void RequestListing();

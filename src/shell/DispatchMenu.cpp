@@ -5,6 +5,7 @@
 #include "help/HelpViewer.h"
 #include "link/LinkPrimitives.h"
 #include "link/LinkSettings.h"
+#include "link/SendListing.h"
 #include "shell/ActionMenu.h"
 #include "shell/CommandHistory.h"
 #include "shell/Dispatch.h"

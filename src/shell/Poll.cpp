@@ -9,7 +9,6 @@
 #include "link/LinkPrimitives.h"
 #include "link/SendListing.h"
 #include "link/Servers.h"
-#include "terminal/screen/Capture.h"
 #include "terminal/screen/MonitorViews.h"
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/VtParser.h"
@@ -85,7 +84,7 @@ void PollLink() {
             modeRows[terminalMode].fromDevice(TxBuffer(), count);
         }
     }
-    if (capture.listingState == kListingComplete) FinishSendListing();
+    FinishSendListing();
 }
 
 void ShowClientBytes(const void* bytes, int64_t count) {

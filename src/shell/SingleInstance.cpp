@@ -4,19 +4,18 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <pcre2.h>
-#include <sys/socket.h>
 #include <unistd.h>
 
 #include <QByteArray>
 #include <memory>
 
 #include "base/Pacing.h"
-#include "link/Connection.h"
+#include "link/LocalCommand.h"
 
 namespace {
 
 constexpr int kLongestArgument = 64 * 1024;  // bytes read of a process's command line
-constexpr int kHandOverPause = 20;           // milliseconds, before and after closing
+constexpr int kHandOverPause = 20;           // milliseconds
 
 struct ExpressionFree {
     void operator()(pcre2_code* code) const { pcre2_code_free(code); }
@@ -73,15 +72,6 @@ int CountOwnProcesses(const QString& executable) {
 }
 
 void HandOver(const QString& commandLine, int port) {
-    const int fd = ConnectTcpClient("localhost", port);
-    if (fd) {
-        const QByteArray command = QString("/load " + commandLine + "\r").toUtf8();
-        // Who takes less than the whole command is gone already: there is no retry.
-        const ssize_t sent =
-            send(fd, command.constData(), static_cast<size_t>(command.size()), MSG_NOSIGNAL);
-        static_cast<void>(sent);
-        SleepMs(kHandOverPause);
-        CloseTcpClient(fd);
-    }
+    SendLocalCommand(port, "/load " + commandLine + "\r");
     SleepMs(kHandOverPause);
 }

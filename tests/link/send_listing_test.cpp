@@ -33,10 +33,11 @@ TEST(SendListing, CutsTheEchoAndTellsAnEditorThatRuns) {
         CaptureText("later");
         EXPECT_EQ(TakeCapture(), listing + "later");  // capture stays on, the listing in it
     }
-    EXPECT_EQ(clock.Now(), 0);
     const int editor = ListenLocally(port);
+    const int64_t before = clock.Now();
+    SetListingState(kListingComplete);
     FinishSendListing();
-    EXPECT_EQ(clock.Now(), 20);
+    EXPECT_GE(clock.Now() - before, 20);  // and what the name's lookup took
     const int session = accept(editor, nullptr, nullptr);
     char bytes[32] = "";
     EXPECT_EQ(recv(session, bytes, sizeof bytes, MSG_WAITALL), 8);  // closed behind it

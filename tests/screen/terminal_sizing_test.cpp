@@ -174,6 +174,9 @@ TEST_F(TerminalSizingTest, TheScrollBarMovesTheView) {
     ExpectView(51, 51, 51);
     Feed(std::string(2000, '\n'));
     ExpectView(1024, 1024, 1024 - 40);
+    MoveBar(500);
+    Feed("\x1b[99;1H\n\x1b[8;24;80t");  // the bar stays where the last scroll put it
+    ExpectView(0, 0, 501);
 }
 
 TEST_F(TerminalSizingTest, PrintsLinesOfOtherThreadsInOrderWithTheirEvents) {
@@ -207,7 +210,7 @@ TEST(TerminalWithoutCanvas, LosesTextAndStillScrolls) {
     TerminalScrollUp(3);
     EXPECT_EQ(TerminalLineCount(), terminalScreen.rows + 4);
     SetTerminalMode(7);
-    EXPECT_EQ(TerminalModeName(terminalMode) + TerminalModeName(5), "File Manager");
+    EXPECT_EQ(TerminalModeName(terminalMode) + TerminalModeName(5), "VT Terminal");
 }
 
 }  // namespace

@@ -18,11 +18,17 @@ constexpr uint32_t kDimColour = 0x999999;
 
 TerminalScreen screen;
 bool feedUnderWay = false;
+int scrollPosition = 0;  // of the last scroll: a cleared screen keeps it
 bool scrollBarBehind = false;
 
 void ShowScrollPosition() {
     scrollBarBehind = feedUnderWay;
-    if (!feedUnderWay) SetGadgetState(kTerminalScrollBar, screen.topLine);
+    if (!feedUnderWay) SetGadgetState(kTerminalScrollBar, scrollPosition);
+}
+
+void TakeScrollPosition() {
+    scrollPosition = screen.topLine;
+    ShowScrollPosition();
 }
 
 // Where a text of `count` units goes from the cursor on: `inRow` of them side by side, and
@@ -166,14 +172,14 @@ void TerminalScrollUp(int n) {
         screen.topLimit = std::min(screen.scrollBack, screen.topLine);
     }
     screen.topLine = std::min(screen.topLine, screen.scrollBack);
-    ShowScrollPosition();
+    TakeScrollPosition();
     TerminalScrollView(n);
 }
 
 void TerminalScrollDown(int n) {
     n = HeldLines(n);
     screen.topLine = std::max(screen.topLine - n, 0);
-    ShowScrollPosition();
+    TakeScrollPosition();
     // With the number asked for, even where the view is at the top already.
     TerminalScrollView(-n);
 }
