@@ -50,13 +50,14 @@ struct KeptCells {
     int32_t x = 0;
     int32_t firstSpan = 0, spans = 0;
     int32_t width = 0, height = 0, coverWidth = 0, coverHeight = 0;
+    int32_t reach = 0;  // pixels of ink around that
     CellBoxes boxes;
 };
 
 // Draws the cells of `runs` one behind the other, the first at x, y. For each cell in
 // turn: with fillBox, its background box; then its glyph, whose own box (the font's
-// advance and height) has the background colour as well. Ink does not leave the glyph's
-// box. y is the top of the boxes.
+// advance and height) has the background colour as well. Ink that leaves the glyph's box
+// lies on what is there. y is the top of the boxes.
 KeptCells DrawCells(int x, int y, const CellRun* runs, int count, const CellBoxes& boxes);
 
 // Draws the cells of an earlier DrawCells again, at the same x. False, and nothing drawn,

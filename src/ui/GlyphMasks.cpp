@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kPageGlyphs = 256;
 constexpr int kUnknown = -1;
+constexpr int kAsciiCodes = 128;
 
 struct KnownGlyph {
     int32_t width = kUnknown;
@@ -30,6 +31,7 @@ struct KnownFont {
     int height = 0;
     int ascent = 0;
     int widestAscii = 0;
+    std::array<int8_t, kAsciiCodes> asciiReach;  // kUnknown until asked for
     std::array<std::unique_ptr<Page>, 65536 / kPageGlyphs> pages;
 };
 
@@ -47,6 +49,8 @@ std::unique_ptr<KnownFont> LearnFont(const QFont& font) {
     auto known = std::make_unique<KnownFont>();
     const QFontMetrics metrics(font);
     known->font = font;
+    known->asciiReach.fill(kUnknown);
+    known->asciiReach[0] = 0;  // no character
     known->height = metrics.height();
     known->ascent = metrics.ascent();
     for (char16_t c = ' '; c <= '~'; ++c) {
@@ -87,45 +91,64 @@ void DropAllMasks() {
 }
 
 // The alpha of opaque text on a clear image is the coverage itself, whatever the colours
-// will be. Ink outside the glyph's box is cut. At x 0 the toolkit places a glyph a fraction
-// of a pixel off where it stands at every other x.
-QImage DrawGlyph(const KnownFont& known, int width, char16_t character) {
-    constexpr int kLeft = 4;
-    QImage image(kLeft + width, known.height, QImage::Format_ARGB32_Premultiplied);
+// will be. The glyph's box has `margin` pixels around it. At x 0 the toolkit places a glyph a
+// fraction of a pixel off where it stands at every other x.
+QImage DrawGlyph(const KnownFont& known, int width, int margin, char16_t character) {
+    const QSize size(width + 2 * margin, known.height + 2 * margin);
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setFont(known.font);
     painter.setPen(Qt::white);
-    painter.drawText(kLeft, known.ascent, QString(QChar(character)));
+    painter.drawText(margin, margin + known.ascent, QString(QChar(character)));
     painter.end();
-    return image.copy(kLeft, 0, width, known.height);
+    return image;
 }
 
-void TakeCoverage(const QImage& image, KnownGlyph* glyph) {
-    GlyphMask& mask = glyph->mask;
-    glyph->coverage.resize(static_cast<size_t>(mask.width) * mask.height);
-    uint8_t* out = glyph->coverage.data();
-    mask.inkTop = mask.height;
-    for (int row = 0; row < mask.height; ++row) {
-        const QRgb* pixels = reinterpret_cast<const QRgb*>(image.constScanLine(row));
-        bool ink = false;
-        for (int x = 0; x < mask.width; ++x) {
-            *out = static_cast<uint8_t>(qAlpha(pixels[x]));
-            ink |= *out++ != 0;
+// Alpha at a place of the box, which begins at `margin` of the image.
+int InkAt(const QImage& image, int margin, int x, int y) {
+    const uchar* const row = image.constScanLine(margin + y);
+    return qAlpha(reinterpret_cast<const QRgb*>(row)[margin + x]);
+}
+
+// How far outside of 0 to before `side` a pixel lies.
+int Outside(int at, int side) {
+    return std::max({0, -at, at - side + 1});
+}
+
+void FindInk(const QImage& image, int margin, GlyphMask* mask) {
+    mask->inkTop = mask->height;
+    for (int y = -margin; y < mask->height + margin; ++y) {
+        for (int x = -margin; x < mask->width + margin; ++x) {
+            if (InkAt(image, margin, x, y) == 0) continue;
+            mask->reach =
+                std::max({mask->reach, Outside(x, mask->width), Outside(y, mask->height)});
+            mask->inkTop = std::clamp(y, 0, mask->inkTop);
+            mask->inkBottom = std::clamp(y + 1, mask->inkBottom, mask->height);
         }
-        if (!ink) continue;
-        mask.inkTop = std::min(mask.inkTop, row);
-        mask.inkBottom = row + 1;
     }
-    mask.coverage = glyph->coverage.data();
+}
+
+void TakeCoverage(const QImage& image, int margin, KnownGlyph* glyph) {
+    GlyphMask& mask = glyph->mask;
+    mask.stride = mask.width + 2 * mask.reach;
+    for (int y = -mask.reach; y < mask.height + mask.reach; ++y) {
+        for (int x = -mask.reach; x < mask.width + mask.reach; ++x) {
+            glyph->coverage.push_back(static_cast<uint8_t>(InkAt(image, margin, x, y)));
+        }
+    }
+    mask.coverage = glyph->coverage.data() + mask.reach * mask.stride + mask.reach;
 }
 
 void Draw(const KnownFont& known, char16_t character, KnownGlyph* glyph) {
     glyph->drawn = true;
     glyph->mask.width = glyph->width;
     glyph->mask.height = known.height;
-    if (glyph->width <= 0 || known.height <= 0) return;
-    TakeCoverage(DrawGlyph(known, glyph->width, character), glyph);
+    if (known.height <= 0) return;
+    const int margin = std::min(known.height, kLongestReach);
+    const QImage image = DrawGlyph(known, glyph->width, margin, character);
+    FindInk(image, margin, &glyph->mask);
+    TakeCoverage(image, margin, glyph);
     maskBytes += static_cast<int>(glyph->coverage.size());
 }
 
@@ -138,6 +161,12 @@ const GlyphMask& LearnGlyph(int font, char16_t character) {
     KnownGlyph& glyph = EntryOf(known, character);
     if (!glyph.drawn) Draw(*known, character, &glyph);
     return glyph.mask;
+}
+
+int LearnReach(int font, char16_t character) {
+    const int reach = GlyphOf(font, character).reach;
+    if (character < kAsciiCodes) latestFont->asciiReach[character] = static_cast<int8_t>(reach);
+    return reach;
 }
 
 }  // namespace
@@ -160,6 +189,18 @@ int GlyphWidth(int font, char16_t character) {
 int WidestAsciiGlyph(int font) {
     const KnownFont* known = FontOf(font);
     return known ? known->widestAscii : 0;
+}
+
+int LongestReach(int font, const char16_t* text, int count) {
+    const KnownFont* known = FontOf(font);
+    if (!known) return 0;
+    int longest = 0;
+    for (int i = 0; i < count; ++i) {
+        const char16_t c = text[i];
+        const int kept = c < kAsciiCodes ? known->asciiReach[c] : kUnknown;
+        longest = std::max(longest, kept != kUnknown ? kept : LearnReach(font, c));
+    }
+    return longest;
 }
 
 int GlyphHeight(int font) {

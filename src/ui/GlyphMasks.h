@@ -9,11 +9,16 @@ constexpr int kMostMaskBytes = 8 * 1024 * 1024;
 // A wider glyph is cut, so that one character of a strange font stays affordable.
 constexpr int kWidestGlyph = 1024;  // pixels
 
+// Ink is cut that leaves a glyph's box by more than the font's height, or than this.
+constexpr int kLongestReach = 64;  // pixels
+
 struct GlyphMask {
     int width = 0;                      // of the glyph's box, the advance
     int height = 0;                     // of the glyph's box, the font's height
     int inkTop = 0, inkBottom = 0;      // rows from inkTop to before inkBottom have ink
-    const uint8_t* coverage = nullptr;  // of row 0; `width` bytes a row
+    int reach = 0;                      // pixels by which ink leaves the box on any side
+    int stride = 0;                     // bytes from row to row
+    const uint8_t* coverage = nullptr;  // of the box's first pixel, `reach` of them around it
 };
 
 // The glyph of one code unit. An unknown font gives an empty one. The coverage stays valid
@@ -24,6 +29,8 @@ const GlyphMask& GlyphOf(int font, char16_t character);
 // ASCII. 0 for an unknown font.
 int GlyphWidth(int font, char16_t character);
 int WidestAsciiGlyph(int font);
+// Pixels by which the ink of these glyphs leaves their boxes, at the most.
+int LongestReach(int font, const char16_t* text, int count);
 // Height of every glyph's box in a font.
 int GlyphHeight(int font);
 

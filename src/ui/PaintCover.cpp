@@ -7,11 +7,12 @@
 
 namespace {
 
-PaintArea AreaOf(const PaintRecord& record, const PaintOperation& operation, int width,
-                 int height) {
-    const int top = operation.y - record.origin;
-    return {std::max(operation.x, 0), std::max(top, 0), std::min(operation.x + width, record.width),
-            std::min(top + height, record.height)};
+PaintArea AreaOf(const PaintRecord& record, const PaintOperation& operation, int width, int height,
+                 int reach) {
+    const int left = operation.x - reach;
+    const int top = operation.y - record.origin - reach;
+    return {std::max(left, 0), std::max(top, 0), std::min(left + width + 2 * reach, record.width),
+            std::min(top + height + 2 * reach, record.height)};
 }
 
 // The columns of an area that lie outside the covered ones, with what is between.
@@ -59,11 +60,12 @@ void FindVisibleParts(const PaintRecord& record, VisibleParts* visible) {
     visible->covered.assign(record.height, CoveredColumns());
     for (int i = static_cast<int>(record.operations.size()) - 1; i >= 0; --i) {
         const PaintOperation& operation = record.operations[i];
-        const PaintArea area = AreaOf(record, operation, operation.width, operation.height);
+        const PaintArea area =
+            AreaOf(record, operation, operation.width, operation.height, operation.reach);
         if (area.Empty()) continue;
         AddParts(area, i, visible);
         const PaintArea filled =
-            AreaOf(record, operation, operation.coverWidth, operation.coverHeight);
+            AreaOf(record, operation, operation.coverWidth, operation.coverHeight, 0);
         if (!filled.Empty()) Cover(filled, visible);
     }
 }

@@ -29,14 +29,18 @@ int Blend(int foreground, int background, int coverage) {
     return Share(foreground, coverage) + Share(background, 255 - coverage);
 }
 
+QRgb BlendColours(QRgb foreground, QRgb background, int coverage) {
+    return qRgb(Blend(qRed(foreground), qRed(background), coverage),
+                Blend(qGreen(foreground), qGreen(background), coverage),
+                Blend(qBlue(foreground), qBlue(background), coverage));
+}
+
 void FillRamp(ColourRamp* ramp, QRgb foreground, QRgb background) {
     ramp->foreground = foreground;
     ramp->background = background;
     ramp->valid = true;
     for (int coverage = 0; coverage < 256; ++coverage) {
-        ramp->colours[coverage] = qRgb(Blend(qRed(foreground), qRed(background), coverage),
-                                       Blend(qGreen(foreground), qGreen(background), coverage),
-                                       Blend(qBlue(foreground), qBlue(background), coverage));
+        ramp->colours[coverage] = BlendColours(foreground, background, coverage);
     }
     ramp->colours[255] = foreground;
 }
@@ -94,12 +98,27 @@ void PaintGlyphRows(const Target& target, const GlyphMask& glyph, int x, int y, 
     const Cut cut(target, x, y + from, glyph.width, to - from);
     const int columns = cut.right - cut.left;
     if (columns <= 0) return;
-    const uint8_t* coverage = glyph.coverage + (cut.top - y) * glyph.width + (cut.left - x);
+    const uint8_t* coverage = glyph.coverage + (cut.top - y) * glyph.stride + (cut.left - x);
     QRgb* out = target.At(cut.left, cut.top);
     for (int row = cut.top; row < cut.bottom; ++row) {
         for (int i = 0; i < columns; ++i) out[i] = ramp[coverage[i]];
-        coverage += glyph.width;
+        coverage += glyph.stride;
         out += target.stride;
+    }
+}
+
+// What of a glyph's ink lies outside its box, on what is there.
+void PaintInkOutside(const Target& target, const GlyphMask& glyph, int x, int y, QRgb ink) {
+    const int reach = glyph.reach;
+    const Cut cut(target, x - reach, y - reach, glyph.width + 2 * reach, glyph.height + 2 * reach);
+    for (int row = cut.top; row < cut.bottom; ++row) {
+        const bool beside = row >= y && row < y + glyph.height;
+        const uint8_t* const coverage = glyph.coverage + (row - y) * glyph.stride - x;
+        for (int column = cut.left; column < cut.right; ++column) {
+            if (beside && column >= x && column < x + glyph.width) continue;
+            QRgb* const out = target.At(column, row);
+            *out = BlendColours(ink, *out, coverage[column]);
+        }
     }
 }
 
@@ -137,11 +156,12 @@ void PaintCellsInTurn(const Target& target, const CellRow& row, int first, int l
         if (row.text[i] == 0) continue;
         const GlyphMask& glyph = GlyphOf(row.span->font, row.text[i]);
         PaintGlyphRows(target, glyph, x, row.y, 0, glyph.height, row.ramp);
+        if (glyph.reach > 0) PaintInkOutside(target, glyph, x, row.y, row.span->foreground);
     }
 }
 
 bool Even(const PaintOperation& operation, const PaintSpan& span) {
-    return span.fillBox && span.widest <= operation.pitch &&
+    return span.fillBox && span.reach == 0 && span.widest <= operation.pitch &&
            operation.pitch <= operation.boxWidth && GlyphHeight(span.font) <= operation.boxHeight;
 }
 
@@ -151,10 +171,11 @@ void PaintSpanCells(const Target& target, const CellRow& row) {
     int first = 0;
     int last = span.count - 1;
     if (operation.pitch > 0) {
-        const int reach = std::max<int>(operation.boxWidth, span.widest);
-        first = std::max(first, (target.part.left - row.x - reach) / operation.pitch);
-        last = std::min(last, (target.part.right - 1 - row.x) / operation.pitch);
-        if (target.part.right - 1 < row.x) return;
+        const int behind = std::max<int>(operation.boxWidth, span.widest) + span.reach;
+        const int end = target.part.right - 1 + span.reach;
+        first = std::max(first, (target.part.left - row.x - behind) / operation.pitch);
+        last = std::min(last, (end - row.x) / operation.pitch);
+        if (end < row.x) return;
     }
     if (first > last) return;
     if (Even(operation, span)) return PaintEvenCells(target, row, first, last);

@@ -128,7 +128,8 @@ int CopyStackedCells(const CellRun& run, const CellBoxes& boxes, char16_t* out) 
     int kept = 0;
     for (int i = 0; i < run.count; ++i) {
         const char16_t c = run.text[i];
-        const bool fits = (asciiFits && IsPlainAscii(c)) || GlyphWidth(font, c) <= boxes.width;
+        const bool fits = LongestReach(font, &c, 1) == 0 &&
+                          ((asciiFits && IsPlainAscii(c)) || GlyphWidth(font, c) <= boxes.width);
         if (i + 1 == run.count || !boxesCover || !fits) out[kept++] = c;
     }
     return kept;
@@ -152,7 +153,9 @@ const PaintSpan& AppendSpan(PaintRecord* record, const CellRun& run, int count,
     span.background = ImageColour(run.look.background);
     span.font = run.look.font;
     span.fillBox = run.look.fillBox;
-    span.widest = static_cast<int16_t>(WidestGlyph(record->text.data() + at, count, run.look.font));
+    const char16_t* const kept = record->text.data() + at;
+    span.widest = static_cast<int16_t>(WidestGlyph(kept, count, run.look.font));
+    span.reach = static_cast<int16_t>(LongestReach(run.look.font, kept, count));
     return span;
 }
 
@@ -185,6 +188,7 @@ void AppendSpans(PaintRecord* record, const CellRun* runs, int count, KeptCells*
         kept->height =
             std::max({kept->height, span.fillBox ? boxes.height : 0, GlyphHeight(span.font)});
         kept->coverWidth = before + box;
+        kept->reach = std::max<int>(kept->reach, span.reach);
         filled &= span.fillBox;
         ++kept->spans;
     }
@@ -250,9 +254,13 @@ KeptCells RecordCells(PaintRecord* record, int x, int y, const CellRun* runs, in
 bool RecordKeptCells(PaintRecord* record, int y, const KeptCells& kept) {
     MakeRoom(record, 0, 0);
     if (kept.stamp != record->stamp) return false;
-    if (kept.spans == 0 || kept.x >= record->width) return true;
-    if (y >= record->height || y <= -kept.height) return true;
+    const int reach = kept.reach;
+    if (kept.spans == 0 || kept.x - reach >= record->width) return true;
+    if (y - reach >= record->height || y + reach <= -kept.height) return true;
+    NoteChange(record,
+               {kept.x - reach, y - reach, kept.x + kept.width + reach, y + kept.height + reach});
     PaintOperation& operation = Append(record, kept.x, y, kept.width, kept.height);
+    operation.reach = reach;
     operation.kind = PaintKind::kCells;
     operation.pitch = static_cast<int16_t>(kept.boxes.pitch);
     operation.boxWidth = static_cast<int16_t>(kept.boxes.width);

@@ -29,6 +29,7 @@ struct PaintSpan {
     QRgb foreground = 0, background = 0;
     int16_t font = 0;
     int16_t widest = 0;  // width of its widest glyph
+    int16_t reach = 0;   // pixels by which ink leaves a glyph's box
     bool fillBox = false;
 };
 
@@ -37,6 +38,7 @@ struct PaintOperation {
     int16_t pitch = 0, boxWidth = 0, boxHeight = 0;  // of cells
     int32_t x = 0, y = 0;                            // y in document rows
     int32_t width = 0, height = 0;                   // of the area that may be touched
+    int32_t reach = 0;                               // and so many pixels around it
     int32_t coverWidth = 0, coverHeight = 0;  // of the part, at x and y, that is surely filled
     QRgb colour = 0;                          // of a box
     int32_t firstSpan = 0, spans = 0;         // of cells
