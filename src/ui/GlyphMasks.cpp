@@ -116,6 +116,16 @@ int Outside(int at, int side) {
     return std::max({0, -at, at - side + 1});
 }
 
+// Room around the box for the ink: its bounds as the font tells them, and what smoothing adds.
+int MarginOf(const KnownFont& known, int width, char16_t character) {
+    constexpr int kSmoothing = 2;  // pixels
+    const QRect ink = QFontMetrics(known.font).boundingRect(QChar(character));
+    const int beside = std::max(Outside(ink.left(), width), Outside(ink.right(), width));
+    const int above = Outside(known.ascent + ink.top(), known.height);
+    const int below = Outside(known.ascent + ink.bottom(), known.height);
+    return std::min(std::max({beside, above, below}) + kSmoothing, kLongestReach);
+}
+
 void FindInk(const QImage& image, int margin, GlyphMask* mask) {
     mask->inkTop = mask->height;
     for (int y = -margin; y < mask->height + margin; ++y) {
@@ -145,7 +155,7 @@ void Draw(const KnownFont& known, char16_t character, KnownGlyph* glyph) {
     glyph->mask.width = glyph->width;
     glyph->mask.height = known.height;
     if (known.height <= 0) return;
-    const int margin = std::min(known.height, kLongestReach);
+    const int margin = MarginOf(known, glyph->width, character);
     const QImage image = DrawGlyph(known, glyph->width, margin, character);
     FindInk(image, margin, &glyph->mask);
     TakeCoverage(image, margin, glyph);

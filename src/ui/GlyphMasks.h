@@ -9,7 +9,7 @@ constexpr int kMostMaskBytes = 8 * 1024 * 1024;
 // A wider glyph is cut, so that one character of a strange font stays affordable.
 constexpr int kWidestGlyph = 1024;  // pixels
 
-// Ink is cut that leaves a glyph's box by more than the font's height, or than this.
+// Ink that leaves a glyph's box further is cut.
 constexpr int kLongestReach = 64;  // pixels
 
 struct GlyphMask {
