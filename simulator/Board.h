@@ -2,16 +2,12 @@
 // part's own header; this one only puts them together.
 #pragma once
 
-#include "simulator/BasicCommands.h"
-#include "simulator/BasicExpression.h"
-#include "simulator/BasicMachine.h"
 #include "simulator/BoardActivity.h"
 #include "simulator/BoardClock.h"
 #include "simulator/BoardFacts.h"
 #include "simulator/BoardInput.h"
 #include "simulator/BoardOutput.h"
 #include "simulator/BoardText.h"
-#include "simulator/FileStore.h"
 #include "simulator/FlashSlots.h"
 #include "simulator/FullScreen.h"
 #include "simulator/LineEditor.h"
@@ -22,7 +18,13 @@
 #include "simulator/ProgramReceive.h"
 #include "simulator/Prompt.h"
 #include "simulator/SimulatedBoard.h"
-#include "simulator/XmodemBoard.h"
+#include "simulator/basic/BasicCommands.h"
+#include "simulator/basic/BasicExpression.h"
+#include "simulator/basic/BasicMachine.h"
+#include "simulator/files/FileStore.h"
+#include "simulator/xmodem/XmodemBoard.h"
+
+namespace simulator {
 
 struct Board {
     Board(const BoardFacts& boardFacts, const BoardSetup& boardSetup);
@@ -66,3 +68,5 @@ struct Board {
 
 // A number from 0 to below - 1, from the seed alone.
 int Draw(Board& board, int below);
+
+}  // namespace simulator

@@ -4,6 +4,8 @@
 
 #include "simulator/Board.h"
 
+namespace simulator {
+
 namespace {
 
 // A Ctrl-C that came meanwhile stops the program that would go on now.
@@ -47,3 +49,5 @@ void BusyThen(Board& board, int64_t ms, void (*then)(Board& board), bool deaf) {
     board.stopAsked = false;
     WakeIn(board, ms);
 }
+
+}  // namespace simulator

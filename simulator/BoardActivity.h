@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+namespace simulator {
+
 struct Board;
 
 struct BoardActivity {
@@ -28,3 +30,5 @@ void WakeNever(Board& board);
 // Stays busy for `ms`, then calls `then`. A deaf wait loses what is sent meanwhile, as
 // flash work with the interrupts off does.
 void BusyThen(Board& board, int64_t ms, void (*then)(Board& board), bool deaf = false);
+
+}  // namespace simulator

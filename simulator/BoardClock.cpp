@@ -4,6 +4,8 @@
 
 #include "simulator/Board.h"
 
+namespace simulator {
+
 // Dates are reckoned in the Gregorian calendar with no zone and no leap seconds.
 
 namespace {
@@ -180,3 +182,5 @@ void RunRtc(Board& board) {
         SetBoardSeconds(board, BoardSeconds(board) + board.clock.chipAhead);
     }
 }
+
+}  // namespace simulator

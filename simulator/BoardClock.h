@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+namespace simulator {
+
 struct Board;
 
 // 2024-01-01 00:00:00: a board without a battery begins there.
@@ -30,3 +32,5 @@ std::string BoardTime(const Board& board);  // HH:MM:SS
 void RunSetDate(Board& board);
 void RunSetTime(Board& board);
 void RunRtc(Board& board);
+
+}  // namespace simulator

@@ -2,6 +2,8 @@
 
 #include "simulator/BoardText.h"
 
+namespace simulator {
+
 namespace {
 
 // Columns: baud, ring, seven bits, restart ms, telnet.
@@ -145,3 +147,5 @@ size_t BoardFactsCount() {
 const BoardFacts& BoardFactsAt(size_t index) {
     return kRows[index];
 }
+
+}  // namespace simulator

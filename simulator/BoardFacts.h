@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <string_view>
 
+namespace simulator {
+
 // How the command line is edited: kPlain rubs out with "\b \b" and knows no other key,
 // kFull prints the line again and has cursor keys, history and function keys.
 enum class BoardEditor { kPlain, kFull };
@@ -113,3 +115,5 @@ const BoardFacts* FindBoardFacts(std::string_view name);
 // All rows in the order of the table.
 size_t BoardFactsCount();
 const BoardFacts& BoardFactsAt(size_t index);
+
+}  // namespace simulator

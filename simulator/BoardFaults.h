@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+namespace simulator {
+
 // Bytes that come by themselves: a flood of text, a storm of CAN or NAK.
 struct BoardStorm {
     std::string pattern;  // sent whole each time; empty: no storm
@@ -25,3 +27,5 @@ struct BoardFaults {
     int64_t cutAfterBytes = 0;  // the link is cut when so many bytes were sent
     BoardStorm storm;
 };
+
+}  // namespace simulator

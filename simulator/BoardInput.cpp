@@ -2,6 +2,8 @@
 
 #include "simulator/Board.h"
 
+namespace simulator {
+
 namespace {
 
 constexpr unsigned char kCtrlC = 3;
@@ -42,3 +44,5 @@ void PumpInput(Board& board) {
         board.activity->byte(board, c);
     }
 }
+
+}  // namespace simulator

@@ -4,6 +4,8 @@
 #include <deque>
 #include <string_view>
 
+namespace simulator {
+
 struct Board;
 
 struct BoardInput {
@@ -15,3 +17,5 @@ void AcceptByte(Board& board, unsigned char c);
 
 // Hands what waits to the current activity, as long as it reads.
 void PumpInput(Board& board);
+
+}  // namespace simulator

@@ -4,6 +4,8 @@
 
 #include "simulator/Board.h"
 
+namespace simulator {
+
 // What the board sends goes through the troubles of the line and into a queue of pieces with
 // their times. A driver takes from it what the line has carried by now.
 
@@ -129,3 +131,5 @@ int64_t NextReadyMs(const Board& board) {
     if (out.queue.empty()) return kNeverMs;
     return (out.queue.front().startUs + out.perByteUs + 999) / 1000;
 }
+
+}  // namespace simulator

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+namespace simulator {
+
 struct Board;
 
 // Bytes that wait for a host. Beyond the first bound a running program stands still, as
@@ -49,3 +51,5 @@ bool OutputIsFull(const Board& board);
 // For the driver: what has left by board.now, and when the next byte will have.
 std::string TakeReady(Board& board);
 int64_t NextReadyMs(const Board& board);
+
+}  // namespace simulator

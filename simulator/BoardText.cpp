@@ -3,6 +3,8 @@
 #include <cstdarg>
 #include <cstdio>
 
+namespace simulator {
+
 char UpperChar(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
@@ -98,3 +100,5 @@ bool FitsPattern(std::string_view name, std::string_view pattern) {
     while (p < pattern.size() && pattern[p] == '*') ++p;
     return p == pattern.size();
 }
+
+}  // namespace simulator

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace simulator {
+
 char UpperChar(char c);
 std::string UpperText(std::string_view text);
 std::string LowerText(std::string_view text);
@@ -31,3 +33,5 @@ std::string BoardFormat(const char* format, ...) __attribute__((format(printf, 1
 // Does `name` fit `pattern` with * and ?, without regard to case? Takes time in
 // proportion to the product of both lengths at worst.
 bool FitsPattern(std::string_view name, std::string_view pattern);
+
+}  // namespace simulator

@@ -3,6 +3,8 @@
 #include "simulator/Board.h"
 #include "simulator/ShellCommands.h"
 
+namespace simulator {
+
 namespace {
 
 // "A:" alone changes the drive.
@@ -65,3 +67,5 @@ void ExecuteCommandLine(Board& board, const std::string& line) {
     }
     StartDirectLine(board, command);
 }
+
+}  // namespace simulator

@@ -3,6 +3,10 @@
 
 #include <string>
 
+namespace simulator {
+
 struct Board;
 
 void ExecuteCommandLine(Board& board, const std::string& line);
+
+}  // namespace simulator

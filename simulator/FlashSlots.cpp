@@ -3,6 +3,8 @@
 #include "simulator/Board.h"
 #include "simulator/ListCommand.h"
 
+namespace simulator {
+
 // Success prints nothing, and the work takes a second or more.
 
 namespace {
@@ -121,3 +123,5 @@ void RunFlash(Board& board) {
     }
     Fail(board, "Syntax");
 }
+
+}  // namespace simulator

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+namespace simulator {
+
 struct Board;
 
 constexpr int kFlashSlots = 3;
@@ -20,3 +22,5 @@ struct FlashSlots {
 };
 
 void RunFlash(Board& board);
+
+}  // namespace simulator

@@ -1,7 +1,9 @@
 #include "simulator/FullScreen.h"
 
 #include "simulator/Board.h"
-#include "simulator/FileListing.h"
+#include "simulator/files/FileListing.h"
+
+namespace simulator {
 
 namespace {
 
@@ -87,3 +89,5 @@ void RunFileManager(Board& board) {
     board.fullScreen.canRun = false;
     Show(board, lines, "For viewing only: ESC leaves");
 }
+
+}  // namespace simulator

@@ -7,6 +7,8 @@
 
 #include "simulator/KeyDecoder.h"
 
+namespace simulator {
+
 struct Board;
 
 struct FullScreen {
@@ -16,3 +18,5 @@ struct FullScreen {
 
 void RunEdit(Board& board);
 void RunFileManager(Board& board);
+
+}  // namespace simulator

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+namespace simulator {
+
 // The sequences are those of VT100 and VT220 keyboards (ECMA-48 CSI and SS3).
 
 namespace {
@@ -83,3 +85,5 @@ size_t FirstKey(const std::string& bytes, unsigned char* key) {
     }
     return 1;
 }
+
+}  // namespace simulator

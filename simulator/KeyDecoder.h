@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+namespace simulator {
+
 // Key codes of the firmware; characters stand for themselves. The same codes count when
 // they come as raw bytes.
 constexpr unsigned char kKeyUp = 0x80;
@@ -42,3 +44,5 @@ void DecodeKeyTimeout(KeyDecoder& decoder, std::string* keys);
 // The length of the key sequence at the start of `bytes` (1 for a plain character) and
 // its code through *key; 0 for empty bytes.
 size_t FirstKey(const std::string& bytes, unsigned char* key);
+
+}  // namespace simulator

@@ -3,6 +3,8 @@
 #include "simulator/Board.h"
 #include "simulator/CommandLine.h"
 
+namespace simulator {
+
 // One row for each key. What a key changes on the line is shown by printing the line anew
 // from its start, as the firmware does.
 
@@ -247,3 +249,5 @@ void StartLineEditor(Board& board) {
     editor.keys.held.clear();
     StartActivity(board, kEditing);
 }
+
+}  // namespace simulator

@@ -6,6 +6,8 @@
 
 #include "simulator/KeyDecoder.h"
 
+namespace simulator {
+
 struct Board;
 
 constexpr size_t kMaximumCommandLine = 254;
@@ -22,3 +24,5 @@ struct LineEditor {
 
 // The prompt stands; a command may be typed.
 void StartLineEditor(Board& board);
+
+}  // namespace simulator

@@ -2,6 +2,8 @@
 
 #include "simulator/Board.h"
 
+namespace simulator {
+
 namespace {
 
 // The LF of a CR LF is a second answer for older firmware, and skipped by the newer.
@@ -35,3 +37,5 @@ void ReadLine(Board& board, void (*done)(Board& board, const std::string& line))
     board.reader.done = done;
     StartActivity(board, kReading);
 }
+
+}  // namespace simulator

@@ -3,6 +3,8 @@
 
 #include <string>
 
+namespace simulator {
+
 struct Board;
 
 constexpr size_t kMaximumTyped = 254;  // characters of one answer
@@ -15,3 +17,5 @@ struct LineReader {
 
 // The console belongs to the reader until Enter; then `done` gets the line.
 void ReadLine(Board& board, void (*done)(Board& board, const std::string& line));
+
+}  // namespace simulator

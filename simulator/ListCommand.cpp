@@ -1,8 +1,10 @@
 #include "simulator/ListCommand.h"
 
 #include "simulator/Board.h"
-#include "simulator/FileCommands.h"
-#include "simulator/FileListing.h"
+#include "simulator/files/FileCommands.h"
+#include "simulator/files/FileListing.h"
+
+namespace simulator {
 
 namespace {
 
@@ -76,3 +78,5 @@ void RunList(Board& board) {
     }
     ListFile(board, file->data, !all);
 }
+
+}  // namespace simulator

@@ -2,6 +2,8 @@
 
 #include "simulator/Board.h"
 
+namespace simulator {
+
 // One row for each option. Most are only kept and listed: they change nothing that a console
 // would notice.
 
@@ -124,3 +126,5 @@ void PresetOptions(Board& board) {
     if (board.setup.sdCard) values["SDCARD"] = "GP22";
     if (board.facts.lcdConsole) values["KEYBOARD"] = "PICOCALC";
 }
+
+}  // namespace simulator

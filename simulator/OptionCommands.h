@@ -4,6 +4,8 @@
 #include <map>
 #include <string>
 
+namespace simulator {
+
 struct Board;
 
 constexpr size_t kMaximumOptionText = 64;
@@ -16,3 +18,5 @@ void RunOption(Board& board);
 
 // The settings that a board of this kind comes with.
 void PresetOptions(Board& board);
+
+}  // namespace simulator

@@ -4,6 +4,8 @@
 
 #include "simulator/Board.h"
 
+namespace simulator {
+
 // The lines of a listing are made before the first is printed, within the bounds of the drive
 // and of program memory.
 
@@ -169,3 +171,5 @@ void StartWalkingPager(Board& board, int page) {
     board.pager.walks = true;
     Start(board, page, page, 0);
 }
+
+}  // namespace simulator

@@ -6,6 +6,8 @@
 
 #include "simulator/KeyDecoder.h"
 
+namespace simulator {
+
 struct Board;
 
 struct Pager {
@@ -30,3 +32,5 @@ void StartPager(Board& board, int firstPage, int nextPage, int delayMs);
 
 // The same with pages back and forth.
 void StartWalkingPager(Board& board, int page);
+
+}  // namespace simulator

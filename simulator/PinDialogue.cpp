@@ -3,6 +3,8 @@
 #include "simulator/Board.h"
 #include "simulator/LineReader.h"
 
+namespace simulator {
+
 namespace {
 
 // Set for good: nothing but a restart leads out.
@@ -43,3 +45,5 @@ void AskForPin(Board& board) {
     Put(board, board.prompt.pin == kLockedForGood ? kLocked : kQuestion);
     ReadLine(board, PinTyped);
 }
+
+}  // namespace simulator

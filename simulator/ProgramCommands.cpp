@@ -1,7 +1,9 @@
 #include "simulator/ProgramCommands.h"
 
 #include "simulator/Board.h"
-#include "simulator/FileCommands.h"
+#include "simulator/files/FileCommands.h"
+
+namespace simulator {
 
 namespace {
 
@@ -50,3 +52,5 @@ void RunMemory(Board& board) {
     Put(board,
         BoardFormat("Variables: %zu of %zu\r\n", board.basic.variables.size(), kMaximumVariables));
 }
+
+}  // namespace simulator

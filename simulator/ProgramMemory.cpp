@@ -2,6 +2,8 @@
 
 #include "simulator/Board.h"
 
+namespace simulator {
+
 namespace {
 
 // What the firmware adds to the tokens when it tells the size.
@@ -91,3 +93,5 @@ std::string CrunchText(std::string_view text) {
     }
     return crunched;
 }
+
+}  // namespace simulator

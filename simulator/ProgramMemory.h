@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+namespace simulator {
+
 struct Board;
 
 // A longer line can't be stored.
@@ -33,3 +35,5 @@ size_t TokenisedSize(const Board& board);
 
 // `text` without comments, indentation and empty lines.
 std::string CrunchText(std::string_view text);
+
+}  // namespace simulator

@@ -5,6 +5,8 @@
 
 #include "simulator/Board.h"
 
+namespace simulator {
+
 // Every byte is judged on its own: end code, line end, text, or nothing at all.
 
 namespace {
@@ -231,3 +233,5 @@ void StartProgramReceive(Board& board) {
     StartActivity(board, facts.end == BoardReceiveEnd::kCtrlC ? kReceivingToCtrlC : kReceiving);
     if (board.receive.quiet) WakeIn(board, kEchoHoldMs);
 }
+
+}  // namespace simulator

@@ -6,6 +6,8 @@
 
 #include "simulator/KeyDecoder.h"
 
+namespace simulator {
+
 struct Board;
 
 struct ProgramReceive {
@@ -24,3 +26,5 @@ struct ProgramReceive {
 
 // The command itself; the cursor stands behind its word.
 void StartProgramReceive(Board& board);
+
+}  // namespace simulator

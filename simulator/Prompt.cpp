@@ -2,9 +2,11 @@
 
 #include <utility>
 
-#include "simulator/BasicSubs.h"
 #include "simulator/Board.h"
 #include "simulator/PinDialogue.h"
+#include "simulator/basic/BasicSubs.h"
+
+namespace simulator {
 
 // Two prompts: the quiet one after an ordinary command, and the loud one, with sequences in
 // front, after everything that ends by a long jump in the firmware.
@@ -125,3 +127,5 @@ void RestartBoard(Board& board) {
     board.awayUntil = board.now + away;
     BusyThen(board, away, PortIsBack, true);
 }
+
+}  // namespace simulator

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+namespace simulator {
+
 struct Board;
 
 struct PromptState {
@@ -33,3 +35,5 @@ void PrintSignOn(Board& board);
 
 // The chip starts anew; over USB the port goes away for a while.
 void RestartBoard(Board& board);
+
+}  // namespace simulator

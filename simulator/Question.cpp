@@ -2,6 +2,8 @@
 
 #include "simulator/Board.h"
 
+namespace simulator {
+
 namespace {
 
 // Only Y is yes. A byte that is no character is an answer too, and not echoed.
@@ -21,3 +23,5 @@ void AskYesNo(Board& board, const std::string& question, void (*done)(Board& boa
     board.answered = done;
     StartActivity(board, kAsking);
 }
+
+}  // namespace simulator

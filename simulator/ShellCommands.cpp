@@ -1,7 +1,9 @@
 #include "simulator/ShellCommands.h"
 
 #include "simulator/Board.h"
-#include "simulator/FileListing.h"
+#include "simulator/files/FileListing.h"
+
+namespace simulator {
 
 // One row for each command. They give nullptr, or the words of an error.
 
@@ -135,3 +137,5 @@ void RunShellLine(Board& board, const std::string& line) {
     // A transfer goes on by itself and comes back to the prompt.
     if (board.activity == before) ReturnToPrompt(board);
 }
+
+}  // namespace simulator

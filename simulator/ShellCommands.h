@@ -4,7 +4,11 @@
 
 #include <string>
 
+namespace simulator {
+
 struct Board;
 
 // Runs one line; the prompt follows.
 void RunShellLine(Board& board, const std::string& line);
+
+}  // namespace simulator

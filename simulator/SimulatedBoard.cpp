@@ -4,6 +4,8 @@
 
 #include "simulator/Board.h"
 
+namespace simulator {
+
 // Time moves from one due event to the next, so it makes no difference in what steps a driver
 // lets it pass.
 
@@ -150,3 +152,5 @@ bool SimulatedBoard::ReadFile(std::string_view path, std::string* data) const {
 std::string SimulatedBoard::ProgramText() const {
     return JoinProgram(*board, "\n");
 }
+
+}  // namespace simulator

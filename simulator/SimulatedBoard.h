@@ -18,6 +18,8 @@
 #include "simulator/BoardFacts.h"
 #include "simulator/BoardFaults.h"
 
+namespace simulator {
+
 // Steps of one call of Advance; what is left of a longer stretch of time passes at once.
 constexpr int kMaximumStepsPerAdvance = 20000;
 
@@ -80,3 +82,5 @@ class SimulatedBoard {
   private:
     std::unique_ptr<struct Board> board;
 };
+
+}  // namespace simulator

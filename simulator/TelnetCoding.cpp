@@ -1,5 +1,7 @@
 #include "simulator/TelnetCoding.h"
 
+namespace simulator {
+
 namespace {
 
 constexpr char kFf = '\xff';
@@ -35,3 +37,5 @@ std::string DecodeTelnet(TelnetCoding& coding, std::string_view segment) {
     }
     return plain;
 }
+
+}  // namespace simulator

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace simulator {
+
 constexpr size_t kTelnetSegment = 4;  // bytes that the board sends at once
 
 struct TelnetCoding {
@@ -21,3 +23,5 @@ std::string EncodeTelnet(std::string_view bytes);
 // The host's bytes for the board. One call for each TCP segment: a segment that starts
 // with 255 is thrown away whole, whatever else it holds.
 std::string DecodeTelnet(TelnetCoding& coding, std::string_view segment);
+
+}  // namespace simulator

@@ -10,8 +10,8 @@ ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 MAP = os.path.join(ROOT, "docs", "ARCHITECTURE.md")
 MARK = "## Files\n"
 FOLDERS = ["src/base", "src/ui", "src/terminal/screen", "src/link", "src/terminal/input",
-           "src/encoding", "src/upload", "src/xmodem", "src/filemanager", "src/help", "src/shell", "simulator",
-           "simulator/boardsim", "editor"]
+           "src/encoding", "src/upload", "src/xmodem", "src/filemanager", "src/help", "src/shell",
+           "simulator", "simulator/basic", "simulator/files", "simulator/xmodem", "simulator/boardsim", "editor"]
 
 
 def first_sentence(path):

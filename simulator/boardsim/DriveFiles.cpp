@@ -8,6 +8,8 @@
 
 #include <sys/stat.h>
 
+namespace simulator {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -81,3 +83,5 @@ bool AddFolder(SimulatedBoard& board, const std::string& folder) {
         std::fprintf(stderr, "boardsim: %d files of %s don't fit\n", left, folder.c_str());
     return true;
 }
+
+}  // namespace simulator

@@ -5,6 +5,8 @@
 
 #include "simulator/SimulatedBoard.h"
 
+namespace simulator {
+
 // More, longer or deeper ones stay on the PC; a note on stderr tells.
 constexpr int kMaximumPreload = 500;
 constexpr size_t kMaximumPreloadBytes = 4 * 1024 * 1024;
@@ -15,3 +17,5 @@ void AddSampleFiles(SimulatedBoard& board);
 
 // The files and folders of a PC folder; links are not followed. False if it can't be read.
 bool AddFolder(SimulatedBoard& board, const std::string& folder);
+
+}  // namespace simulator

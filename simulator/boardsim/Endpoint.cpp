@@ -14,6 +14,8 @@
 #include <cstdlib>
 #include <cstring>
 
+namespace simulator {
+
 // A TCP listener with one host at a time, or the master side of a pseudo-terminal (posix_openpt).
 
 namespace {
@@ -121,3 +123,5 @@ void CloseEndpoint(Endpoint& endpoint) {
     if (!endpoint.link.empty()) unlink(endpoint.link.c_str());
     endpoint.link.clear();
 }
+
+}  // namespace simulator

@@ -5,6 +5,8 @@
 
 #include "simulator/boardsim/SimOptions.h"
 
+namespace simulator {
+
 struct Endpoint {
     int listener = -1;  // TCP only
     int line = -1;      // to the host; -1: nobody is connected
@@ -23,3 +25,5 @@ void DropHost(Endpoint& endpoint);
 
 // Closes everything and removes the link.
 void CloseEndpoint(Endpoint& endpoint);
+
+}  // namespace simulator

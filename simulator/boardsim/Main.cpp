@@ -13,6 +13,8 @@
 #include "simulator/boardsim/Endpoint.h"
 #include "simulator/boardsim/SimOptions.h"
 
+namespace simulator {
+
 namespace {
 
 constexpr size_t kReadBlock = 4096;
@@ -208,7 +210,10 @@ int RunBoard(const SimOptions& options) {
 
 }  // namespace
 
+}  // namespace simulator
+
 int main(int argc, char** argv) {
+    using namespace simulator;
     const SimOptions options = ReadSimOptions(argc, argv);
     switch (options.command) {
         case SimCommand::kHelp:

@@ -6,6 +6,8 @@
 
 #include "simulator/BoardText.h"
 
+namespace simulator {
+
 // One row for each option; the help is printed from the same rows.
 
 namespace {
@@ -189,3 +191,5 @@ void PrintBoardList() {
         std::printf("%-14s %s\n", row.name, row.title);
     }
 }
+
+}  // namespace simulator

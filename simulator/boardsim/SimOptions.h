@@ -5,6 +5,8 @@
 
 #include "simulator/SimulatedBoard.h"
 
+namespace simulator {
+
 enum class SimCommand { kServe, kHelp, kListBoards, kWrong };
 
 struct SimOptions {
@@ -26,3 +28,5 @@ SimOptions ReadSimOptions(int argc, char** argv);
 
 void PrintSimHelp();
 void PrintBoardList();
+
+}  // namespace simulator

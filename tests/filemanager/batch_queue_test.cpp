@@ -108,7 +108,7 @@ TEST_F(BatchQueue, TheRoadOfAFile) {
 
 class BatchQueueThreads : public BatchQueue {
   protected:
-    BatchQueueThreads() : board(*FindBoardFacts("picomite")) {
+    BatchQueueThreads() : board(*simulator::FindBoardFacts("picomite")) {
         OpenNumberedWindow(kFileManagerWindow, 0, 0, 300, 300, "Files", kStandardWindowFlags);
         ExplorerListGadget(kPcList, 0, 0, 200, 200, folder.path() + "/");
         board.PowerUp(clock.Now());
@@ -141,7 +141,7 @@ class BatchQueueThreads : public BatchQueue {
 
     TurnsClock clock;
     FarEnd line;
-    SimulatedBoard board;
+    simulator::SimulatedBoard board;
     QString printed;
 };
 

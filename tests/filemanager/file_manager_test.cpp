@@ -138,7 +138,7 @@ TEST_F(FileManager, FilesOfEachFamilyAreListed) {
                 {"armmite", "vgamite", "files"},
                 {"maximite", "maximite", "files"}};
     for (const auto& row : rows) {
-        ASSERT_TRUE(FindBoardFacts(row.board)) << row.board;
+        ASSERT_TRUE(simulator::FindBoardFacts(row.board)) << row.board;
         SetGadgetText(kFamilyCombo, row.family);
         PlugIn(row.board);
         seen = 0;

@@ -8,6 +8,8 @@
 
 #include "simulator/SimulatedBoard.h"
 
+using namespace simulator;
+
 // ESC sequences of the prompts, as the firmwares send them.
 const std::string kTail603 = "\x1b[?7h", kQuiet = "> " + kTail603;
 const std::string kLead603 = "\x1b[?25h\x1b[97;40m", kLoud603 = kLead603 + kQuiet;

@@ -4,8 +4,9 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-BoardOnLine::BoardOnLine(const char* family, VirtualClock& virtualClock, const BoardSetup& setup)
-    : board(std::make_unique<SimulatedBoard>(*FindBoardFacts(family), setup)),
+BoardOnLine::BoardOnLine(const char* family, VirtualClock& virtualClock,
+                         const simulator::BoardSetup& setup)
+    : board(std::make_unique<simulator::SimulatedBoard>(*simulator::FindBoardFacts(family), setup)),
       clock(virtualClock),
       before(virtualClock.onTick) {
     int ends[2] = {-1, -1};

@@ -16,7 +16,8 @@ class BoardOnLine {
     // `family` is a name of the table of boards ("picomite", "cmm2", ...). The board is
     // powered at once and its sign-on is dropped, as on a port that is opened later. Takes
     // clock.onTick; what stood there is called first from then on.
-    BoardOnLine(const char* family, VirtualClock& clock, const BoardSetup& setup = BoardSetup());
+    BoardOnLine(const char* family, VirtualClock& clock,
+                const simulator::BoardSetup& setup = simulator::BoardSetup());
     ~BoardOnLine();
     BoardOnLine(const BoardOnLine&) = delete;
     BoardOnLine& operator=(const BoardOnLine&) = delete;
@@ -25,7 +26,7 @@ class BoardOnLine {
     // -1 afterwards.
     int TakeNearEnd();
 
-    SimulatedBoard& Board() { return *board; }
+    simulator::SimulatedBoard& Board() { return *board; }
 
     // All that the board has been sent.
     const std::string& Received() const { return received; }
@@ -39,7 +40,7 @@ class BoardOnLine {
   private:
     void Tick(int64_t now);
 
-    std::unique_ptr<SimulatedBoard> board;
+    std::unique_ptr<simulator::SimulatedBoard> board;
     VirtualClock& clock;
     std::function<void(int64_t now)> before;  // of the clock's earlier owner
     int nearEnd = -1;

@@ -4,7 +4,9 @@
 #include "upload/DeviceFamily.h"
 #include "upload/FlashSlotUpload.h"
 
-static int64_t listedAt;
+namespace {
+
+int64_t listedAt;
 
 class FlashSlot : public UploadBench {
   protected:
@@ -58,3 +60,5 @@ TEST_F(FlashSlot, TypesTheFileAndOverwritesTheSlot) {
     EXPECT_EQ(Upload("picomite", "A", 1), "53180|autosave^A^\x1a^FLASH OVERWRITE 1^\r\r");
     EXPECT_TRUE(Printed().contains("Upload completed 201"));
 }
+
+}  // namespace

@@ -9,11 +9,13 @@
 #include "upload/DeviceFamily.h"
 #include "upload/FlashSlotUpload.h"
 
+namespace {
+
 class UploadToBoard : public UploadBench {
   protected:
     std::unique_ptr<BoardOnLine> board;
 
-    void Plug(const char* family, const BoardSetup& setup = BoardSetup()) {
+    void Plug(const char* family, const simulator::BoardSetup& setup = simulator::BoardSetup()) {
         board.reset();  // the clock serves one at a time
         board = std::make_unique<BoardOnLine>(family, clock, setup);
         AdoptTcpLink(board->TakeNearEnd());
@@ -21,7 +23,7 @@ class UploadToBoard : public UploadBench {
     }
 };
 
-static const char* const program =
+const char* const program =
     "' A loop\r\nA = 0\r\nFOR I = 1 TO 4\r\n  A = A + I\r\nNEXT I\r\nPRINT \"sum\"; A\r\n";
 
 TEST_F(UploadToBoard, ArrivesAndRunsOnEachFamily) {
@@ -44,7 +46,7 @@ TEST_F(UploadToBoard, ArrivesAndRunsOnEachFamily) {
 }
 
 TEST_F(UploadToBoard, TroubleOnTheLineEndsInTime) {
-    BoardSetup slow, flood, cut, locked;
+    simulator::BoardSetup slow, flood, cut, locked;
     slow.faults.delayMs = 700;
     flood.faults.storm = {"> flood\r\n", 1};
     cut.faults.cutAfterBytes = 60;
@@ -52,7 +54,7 @@ TEST_F(UploadToBoard, TroubleOnTheLineEndsInTime) {
     DialogAnswers answers;
     answers.text = [](const QString&, const QString&, const QString&) { return QString("1234"); };
     AnswerDialogs(&answers);
-    for (const BoardSetup& setup : {slow, locked, flood, cut}) {
+    for (const simulator::BoardSetup& setup : {slow, locked, flood, cut}) {
         Plug("picomite", setup);
         EXPECT_LT(Send("s\\pico", program).section('|', 0, 0).toInt(), 360 + 9 * 4020 + 5100);
         const bool sound = setup.pin != 0 || setup.faults.delayMs != 0;
@@ -73,3 +75,5 @@ TEST_F(UploadToBoard, ToAFlashSlot) {
         << board->Sent();
     EXPECT_NE(board->Board().ProgramText(), "");
 }
+
+}  // namespace

@@ -6,6 +6,8 @@
 
 #include "simulator/BoardFacts.h"
 
+namespace simulator {
+
 struct Board;
 struct StoredFile;
 
@@ -19,3 +21,5 @@ std::string ListingLine(BoardListing layout, const StoredFile& file);
 
 // "1 directory, 2 files".
 std::string ListingSummary(size_t folders, size_t files);
+
+}  // namespace simulator

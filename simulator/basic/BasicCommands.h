@@ -6,6 +6,8 @@
 
 #include "simulator/BoardFacts.h"
 
+namespace simulator {
+
 struct Board;
 
 struct BasicCommand {
@@ -28,3 +30,5 @@ size_t TokenisedLineSize(std::string_view line);
 
 // Lines of the program by their labels, line numbers and SUB names.
 void BuildLabels(Board& board);
+
+}  // namespace simulator

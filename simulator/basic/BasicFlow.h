@@ -1,6 +1,8 @@
 // The statements that decide what runs next.
 #pragma once
 
+namespace simulator {
+
 struct Board;
 
 void RunIf(Board& board);
@@ -18,3 +20,5 @@ void RunEnd(Board& board);
 
 // The cursor to the next line of the program; false at its end and in a typed line.
 bool GoToNextLine(Board& board);
+
+}  // namespace simulator

@@ -1,6 +1,8 @@
 // The plain statements: output, input, variables, waiting.
 #pragma once
 
+namespace simulator {
+
 struct Board;
 
 void RunPrint(Board& board);
@@ -12,3 +14,5 @@ void RunCls(Board& board);
 void RunTimer(Board& board);
 void RunRandomize(Board& board);
 void RunRemark(Board& board);
+
+}  // namespace simulator

@@ -3,6 +3,8 @@
 
 #include <string>
 
+namespace simulator {
+
 struct Board;
 
 // Is there a SUB of that name, in upper case?
@@ -22,3 +24,5 @@ void RunLocal(Board& board);
 
 // Puts back what all open SUBs hide.
 void UnwindSubs(Board& board);
+
+}  // namespace simulator

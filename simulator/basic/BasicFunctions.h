@@ -1,7 +1,9 @@
 // The functions of the small BASIC, one row for each.
 #pragma once
 
-#include "simulator/BasicExpression.h"
+#include "simulator/basic/BasicExpression.h"
+
+namespace simulator {
 
 // One letter of `arguments` for each: n number, t text; from the first capital on they
 // may be left out. A row with no letters takes no brackets, or empty ones.
@@ -17,3 +19,5 @@ const BasicFunction* FindFunction(std::string_view word);
 
 // Reads the arguments at the cursor and calls it.
 BasicValue CallFunction(Board& board, const BasicFunction& function);
+
+}  // namespace simulator

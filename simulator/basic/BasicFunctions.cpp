@@ -1,4 +1,4 @@
-#include "simulator/BasicFunctions.h"
+#include "simulator/basic/BasicFunctions.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,6 +6,8 @@
 
 #include "simulator/Board.h"
 #include "simulator/BoardClock.h"
+
+namespace simulator {
 
 // Arguments are read and checked by the letters of a row before the function is called.
 
@@ -314,3 +316,5 @@ BasicValue CallFunction(Board& board, const BasicFunction& function) {
     if (!TakeArguments(board, function.arguments, &arguments)) return NumberValue(0);
     return function.call(board, arguments);
 }
+
+}  // namespace simulator

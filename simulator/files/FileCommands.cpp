@@ -1,7 +1,9 @@
-#include "simulator/FileCommands.h"
+#include "simulator/files/FileCommands.h"
 
 #include "simulator/Board.h"
 #include "simulator/Question.h"
+
+namespace simulator {
 
 // Success prints nothing. The words of a failure depend on the kind of the drive.
 
@@ -179,3 +181,5 @@ void RunSave(Board& board) {
     ChargeWork(board, text.size());
     ReportOf(board, WriteFile(board.files, path, text, BoardSeconds(board)));
 }
+
+}  // namespace simulator

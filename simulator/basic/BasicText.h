@@ -4,7 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "simulator/BasicMachine.h"
+#include "simulator/basic/BasicMachine.h"
+
+namespace simulator {
 
 // The line under the cursor.
 const std::string& CurrentLine(const Board& board);
@@ -36,3 +38,5 @@ void SkipLine(Board& board);
 
 // The length of the name at `at`, with dots and type mark; 0 for none.
 size_t WordLength(std::string_view line, size_t at);
+
+}  // namespace simulator

@@ -1,6 +1,8 @@
-#include "simulator/BasicText.h"
+#include "simulator/basic/BasicText.h"
 
 #include "simulator/Board.h"
+
+namespace simulator {
 
 namespace {
 
@@ -102,3 +104,5 @@ size_t StatementEnd(std::string_view line, size_t at) {
 void SkipLine(Board& board) {
     board.basic.place.at = CurrentLine(board).size();
 }
+
+}  // namespace simulator

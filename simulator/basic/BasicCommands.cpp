@@ -1,16 +1,18 @@
-#include "simulator/BasicCommands.h"
+#include "simulator/basic/BasicCommands.h"
 
 #include <algorithm>
 
-#include "simulator/BasicFlow.h"
-#include "simulator/BasicFunctions.h"
-#include "simulator/BasicStatements.h"
-#include "simulator/BasicSubs.h"
 #include "simulator/Board.h"
-#include "simulator/FileCommands.h"
-#include "simulator/FileListing.h"
 #include "simulator/ListCommand.h"
 #include "simulator/ProgramCommands.h"
+#include "simulator/basic/BasicFlow.h"
+#include "simulator/basic/BasicFunctions.h"
+#include "simulator/basic/BasicStatements.h"
+#include "simulator/basic/BasicSubs.h"
+#include "simulator/files/FileCommands.h"
+#include "simulator/files/FileListing.h"
+
+namespace simulator {
 
 // The table of commands is searched by halves, so its rows are sorted by their words. A row
 // that other boards lack says so by a test of the facts.
@@ -208,3 +210,5 @@ void BuildLabels(Board& board) {
         LabelLine(board, board.program.lines[i], static_cast<int>(i));
     }
 }
+
+}  // namespace simulator

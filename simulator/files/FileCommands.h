@@ -3,6 +3,8 @@
 
 #include <string>
 
+namespace simulator {
+
 struct Board;
 
 void RunChdir(Board& board);
@@ -21,3 +23,5 @@ bool TakeProgramPath(Board& board, std::string* path);
 
 // Reads a program from a file into memory; false with an error set.
 bool LoadProgram(Board& board, const std::string& path);
+
+}  // namespace simulator

@@ -1,7 +1,9 @@
 // Expressions: operators, brackets, functions, variables.
 #pragma once
 
-#include "simulator/BasicText.h"
+#include "simulator/basic/BasicText.h"
+
+namespace simulator {
 
 // The value of the expression at the cursor. After a failure the value means nothing.
 BasicValue TakeValue(Board& board);
@@ -16,3 +18,5 @@ BasicValue TextValue(std::string text);
 
 // A number as PRINT and STR$ show it, without the blank before a positive one.
 std::string NumberText(double number);
+
+}  // namespace simulator

@@ -1,8 +1,10 @@
-#include "simulator/BasicFlow.h"
+#include "simulator/basic/BasicFlow.h"
 
-#include "simulator/BasicSubs.h"
-#include "simulator/BasicVariables.h"
 #include "simulator/Board.h"
+#include "simulator/basic/BasicSubs.h"
+#include "simulator/basic/BasicVariables.h"
+
+namespace simulator {
 
 // Loops and blocks are found by reading on from the cursor. Each line that is passed over
 // costs a statement, so a search through a long program takes its board time.
@@ -335,3 +337,5 @@ void RunEnd(Board& board) {
         EndBasic(board);
     }
 }
+
+}  // namespace simulator

@@ -1,13 +1,15 @@
-#include "simulator/BasicMachine.h"
+#include "simulator/basic/BasicMachine.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "simulator/BasicCommands.h"
-#include "simulator/BasicFlow.h"
-#include "simulator/BasicStatements.h"
-#include "simulator/BasicSubs.h"
 #include "simulator/Board.h"
+#include "simulator/basic/BasicCommands.h"
+#include "simulator/basic/BasicFlow.h"
+#include "simulator/basic/BasicStatements.h"
+#include "simulator/basic/BasicSubs.h"
+
+namespace simulator {
 
 // A millisecond of board time runs a fixed number of statements. Commands that take time hand
 // the console to an activity of their own and come back by ResumeBasic; the cursor stands behind
@@ -208,3 +210,5 @@ void EndBasic(Board& board) {
         ReturnToPrompt(board);
     }
 }
+
+}  // namespace simulator

@@ -1,7 +1,9 @@
-#include "simulator/BasicStatements.h"
+#include "simulator/basic/BasicStatements.h"
 
-#include "simulator/BasicVariables.h"
 #include "simulator/Board.h"
+#include "simulator/basic/BasicVariables.h"
+
+namespace simulator {
 
 namespace {
 
@@ -137,3 +139,5 @@ void RunRandomize(Board& board) {
 void RunRemark(Board& board) {
     SkipLine(board);
 }
+
+}  // namespace simulator

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace simulator {
+
 struct Board;
 
 constexpr size_t kXmodemData = 128;
@@ -48,3 +50,5 @@ void EndXmodem(Board& board);
 
 uint16_t BoardCrc16(std::string_view data);
 unsigned char BoardSum8(std::string_view data);
+
+}  // namespace simulator

@@ -1,9 +1,11 @@
-#include "simulator/FileListing.h"
+#include "simulator/files/FileListing.h"
 
 #include <algorithm>
 
 #include "simulator/Board.h"
-#include "simulator/FileCommands.h"
+#include "simulator/files/FileCommands.h"
+
+namespace simulator {
 
 namespace {
 
@@ -145,3 +147,5 @@ void RunFiles(Board& board) {
     StartPager(board, facts.firstPage, facts.nextPage,
                static_cast<int>(found.size()) / kEntriesPerMs);
 }
+
+}  // namespace simulator

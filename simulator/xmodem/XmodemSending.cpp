@@ -2,6 +2,8 @@
 // the row tell them apart.
 #include "simulator/Board.h"
 
+namespace simulator {
+
 namespace {
 
 constexpr char kCrcLetter = 'C';
@@ -192,3 +194,5 @@ void TakeEotAnswer(Board& board, unsigned char c) {
 void StartXmodemSend(Board& board) {
     WaitForStart(board);
 }
+
+}  // namespace simulator

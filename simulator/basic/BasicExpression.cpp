@@ -1,11 +1,13 @@
-#include "simulator/BasicExpression.h"
+#include "simulator/basic/BasicExpression.h"
 
 #include <cmath>
 #include <cstdlib>
 
-#include "simulator/BasicFunctions.h"
-#include "simulator/BasicVariables.h"
 #include "simulator/Board.h"
+#include "simulator/basic/BasicFunctions.h"
+#include "simulator/basic/BasicVariables.h"
+
+namespace simulator {
 
 // Values are read straight from the text: there are no tokens and no tree. Every procedure
 // leaves the cursor behind what it has read, and does nothing more once an error is set.
@@ -309,3 +311,5 @@ std::string NumberText(double number) {
     }
     return BoardFormat("%.10g", number);
 }
+
+}  // namespace simulator

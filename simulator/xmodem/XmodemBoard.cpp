@@ -1,7 +1,9 @@
-#include "simulator/XmodemBoard.h"
+#include "simulator/xmodem/XmodemBoard.h"
 
 #include "simulator/Board.h"
-#include "simulator/FileCommands.h"
+#include "simulator/files/FileCommands.h"
+
+namespace simulator {
 
 namespace {
 
@@ -118,3 +120,5 @@ unsigned char BoardSum8(std::string_view data) {
     for (const char c : data) sum += static_cast<unsigned char>(c);
     return static_cast<unsigned char>(sum & 0xff);
 }
+
+}  // namespace simulator

@@ -1,6 +1,8 @@
 // The board receives: blocks of 128 bytes with a checksum, never a CRC.
 #include "simulator/Board.h"
 
+namespace simulator {
+
 namespace {
 
 constexpr int kStartTries = 32;
@@ -194,3 +196,5 @@ void StartXmodemReceive(Board& board) {
     board.xmodem.repeatsLeft = kXmodemSends;
     WaitForBlock(board);
 }
+
+}  // namespace simulator

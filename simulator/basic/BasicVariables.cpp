@@ -1,8 +1,10 @@
-#include "simulator/BasicVariables.h"
+#include "simulator/basic/BasicVariables.h"
 
 #include <cmath>
 
 #include "simulator/Board.h"
+
+namespace simulator {
 
 // One store for all variables, by name with type mark. No place in it outlives the statement
 // that asked for it.
@@ -146,3 +148,5 @@ void DimensionOne(Board& board, bool text) {
     // The expression may not have touched the store: functions change no variables.
     AssignValue(board, &variable->value, name, value);
 }
+
+}  // namespace simulator

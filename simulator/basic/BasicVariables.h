@@ -1,7 +1,9 @@
 // Variables and arrays.
 #pragma once
 
-#include "simulator/BasicExpression.h"
+#include "simulator/basic/BasicExpression.h"
+
+namespace simulator {
 
 // Reads the name at the cursor, with its index if it has one.
 BasicValue ReadVariable(Board& board);
@@ -17,3 +19,5 @@ void AssignValue(Board& board, BasicValue* place, const std::string& name, const
 
 // DIM's one item at the cursor: name, bounds, "= value".
 void DimensionOne(Board& board, bool text);
+
+}  // namespace simulator

@@ -1,6 +1,8 @@
-#include "simulator/FileStore.h"
+#include "simulator/files/FileStore.h"
 
 #include "simulator/BoardText.h"
+
+namespace simulator {
 
 // Entries are kept in a map by their whole path in lower case: a folder is what its entries
 // have in common, plus an entry of its own.
@@ -165,3 +167,5 @@ std::vector<const StoredFile*> ListFolder(const FileStore& store, const std::str
 size_t FreeBytes(const FileStore& store) {
     return kDriveBytes - store.usedBytes;
 }
+
+}  // namespace simulator

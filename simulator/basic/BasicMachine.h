@@ -11,6 +11,8 @@
 #include <unordered_map>
 #include <vector>
 
+namespace simulator {
+
 struct Board;
 
 constexpr size_t kMaximumString = 255;  // characters of a string value
@@ -107,3 +109,5 @@ bool Fail(Board& board, std::string_view message);
 
 // Leaves the current program or line: the prompt follows.
 void EndBasic(Board& board);
+
+}  // namespace simulator

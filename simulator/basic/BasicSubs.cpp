@@ -1,11 +1,13 @@
-#include "simulator/BasicSubs.h"
+#include "simulator/basic/BasicSubs.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "simulator/BasicFlow.h"
-#include "simulator/BasicVariables.h"
 #include "simulator/Board.h"
+#include "simulator/basic/BasicFlow.h"
+#include "simulator/basic/BasicVariables.h"
+
+namespace simulator {
 
 namespace {
 
@@ -136,3 +138,5 @@ void RunLocal(Board& board) {
 void UnwindSubs(Board& board) {
     while (!board.basic.calls.empty()) PutBack(board);
 }
+
+}  // namespace simulator

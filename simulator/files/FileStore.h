@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+namespace simulator {
+
 constexpr size_t kMaximumFiles = 1000;    // files and folders of both drives
 constexpr size_t kMaximumFileName = 127;  // characters of one name
 constexpr size_t kMaximumPath = 255;
@@ -59,3 +61,5 @@ std::string JoinPath(const std::string& folder, const std::string& name);
 
 // The name with ".bas" if it has no extension.
 std::string WithExtension(const std::string& name);
+
+}  // namespace simulator
