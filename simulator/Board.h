@@ -9,16 +9,14 @@
 #include "simulator/BoardOutput.h"
 #include "simulator/BoardText.h"
 #include "simulator/FlashSlots.h"
-#include "simulator/FullScreen.h"
 #include "simulator/LineEditor.h"
 #include "simulator/LineReader.h"
-#include "simulator/OptionCommands.h"
 #include "simulator/Pager.h"
 #include "simulator/ProgramMemory.h"
 #include "simulator/ProgramReceive.h"
 #include "simulator/Prompt.h"
 #include "simulator/SimulatedBoard.h"
-#include "simulator/basic/BasicCommands.h"
+#include "simulator/TelnetCoding.h"
 #include "simulator/basic/BasicExpression.h"
 #include "simulator/basic/BasicMachine.h"
 #include "simulator/files/FileStore.h"
@@ -32,8 +30,6 @@ struct Board {
     const BoardFacts& facts;
     const BoardSetup setup;
 
-    int width;              // of the console, columns
-    int height;             // rows
     int64_t now = 0;        // ms
     int64_t poweredAt = 0;  // ms
     bool powered = false;
@@ -45,12 +41,11 @@ struct Board {
     const BoardActivity* activity;
     int64_t wakeAt = kNeverMs;  // of the activity, ms
     void (*afterBusy)(Board& board) = nullptr;
-    bool stopAsked = false;                              // Ctrl-C came while the board was busy
-    void (*answered)(Board& board, bool yes) = nullptr;  // of the question that waits
-    std::vector<std::string> toDelete;                   // KILL: paths, the next one last
+    bool stopAsked = false;  // Ctrl-C came while the board was busy
 
     BoardOutput out;
     BoardInput in;
+    TelnetCoding telnet;
     PromptState prompt;
     LineEditor editor;
     LineReader reader;
@@ -59,10 +54,8 @@ struct Board {
     FlashSlots flash;
     FileStore files;
     Pager pager;
-    FullScreen fullScreen;
     XmodemBoard xmodem;
     BasicMachine basic;
-    BoardOptions options;
     BoardClock clock;
 };
 

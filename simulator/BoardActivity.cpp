@@ -11,7 +11,7 @@ namespace {
 // A Ctrl-C that came meanwhile stops the program that would go on now.
 void BusyIsOver(Board& board) {
     board.afterBusy(board);
-    if (std::exchange(board.stopAsked, false) && BasicIsRunning(board)) BreakToPrompt(board);
+    if (std::exchange(board.stopAsked, false) && BasicIsRunning(board)) ReturnToPromptLoudly(board);
 }
 
 // The work itself goes on.
@@ -30,11 +30,7 @@ void StartActivity(Board& board, const BoardActivity& activity) {
 }
 
 void WakeIn(Board& board, int64_t ms) {
-    board.wakeAt = board.now + ms;
-}
-
-void WakeNever(Board& board) {
-    board.wakeAt = kNeverMs;
+    board.wakeAt = ms == kNeverMs ? kNeverMs : board.now + ms;
 }
 
 // Work of no time is done at once, so that its follow-up stands behind it in every case.

@@ -15,17 +15,16 @@ struct BoardActivity {
     void (*time)(Board& board);
     // Byte 3 at its reception; nullptr: it is data like any other.
     void (*stop)(Board& board);
-    bool deaf = false;       // what comes is lost
-    bool eightBits = false;  // protocol data: no mask
-    bool xmodem = false;
+    bool deaf = false;      // what comes is lost
+    bool protocol = false;  // XMODEM's frames: all eight bits count
 };
 
 // Makes it the current one, with no time set.
 void StartActivity(Board& board, const BoardActivity& activity);
 
-// The current activity's time comes in `ms` from now; earlier calls are forgotten.
+// The current activity's time comes in `ms` from now, or never with kNeverMs; earlier calls
+// are forgotten.
 void WakeIn(Board& board, int64_t ms);
-void WakeNever(Board& board);
 
 // Stays busy for `ms`, then calls `then`. A deaf wait loses what is sent meanwhile, as
 // flash work with the interrupts off does.

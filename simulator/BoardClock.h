@@ -17,13 +17,10 @@ struct BoardClock {
     int64_t chipAhead = 0;              // seconds that the chip is ahead of the board
 };
 
-struct CivilTime {
-    int year, month, day, hour, minute, second;
-};
-
 int64_t BoardSeconds(const Board& board);
-CivilTime CivilFromSeconds(int64_t seconds);
-int64_t SecondsFromCivil(const CivilTime& time);
+
+// Seconds since 1970 in civil time, by a format of strftime(3).
+std::string FormatSeconds(int64_t seconds, const char* format);
 
 std::string BoardDate(const Board& board);  // DD-MM-YYYY
 std::string BoardTime(const Board& board);  // HH:MM:SS

@@ -8,12 +8,11 @@ namespace {
 
 constexpr unsigned char kCtrlC = 3;
 
-// A UART has no flow control: a full ring throws its oldest byte away. Over USB the host
-// waits; one that doesn't loses what it sends too much.
+// Over USB the host waits; one that doesn't loses what it sends too much.
 void Store(Board& board, unsigned char c) {
     BoardInput& in = board.in;
     if (in.ring.size() >= board.facts.line.ring) {
-        if (board.facts.line.baud == 0 && !board.facts.line.telnet) return;
+        if (!board.facts.line.dropsOldest) return;
         in.ring.pop_front();
     }
     in.ring.push_back(c);
@@ -27,7 +26,7 @@ void AcceptByte(Board& board, unsigned char c) {
     const BoardFaults& faults = board.setup.faults;
     if (faults.lostInPerMille > 0 && Draw(board, 1000) < faults.lostInPerMille) return;
     if (board.activity->deaf) return;
-    if (board.facts.line.sevenBits && !board.activity->eightBits) c &= 0x7f;
+    if (board.facts.line.sevenBits && !board.activity->protocol) c &= 0x7f;
     if (c == kCtrlC && board.activity->stop) {
         board.in.ring.clear();
         board.activity->stop(board);

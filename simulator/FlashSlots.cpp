@@ -2,6 +2,7 @@
 
 #include "simulator/Board.h"
 #include "simulator/ListCommand.h"
+#include "simulator/basic/BasicCommands.h"
 
 namespace simulator {
 
@@ -43,7 +44,7 @@ void ListSlots(Board& board) {
 }
 
 void StoreInSlot(Board& board, FlashSlot* slot) {
-    *slot = {true, board.program.lines, board.program.name};
+    *slot = {true, board.program.lines};
     WorkThen(board, ResumeBasic);
 }
 
@@ -78,29 +79,21 @@ bool FetchSlot(Board& board) {
     if (!slot) return false;
     if (!slot->used) return Fail(board, "Flash slot empty");
     board.program.lines = slot->lines;
-    board.program.name = slot->name;
     BuildLabels(board);
     return true;
 }
 
-void RunFetched(Board& board) {
-    RunProgram(board);
-}
-void ChainFetched(Board& board) {
-    ChainProgram(board);
-}
-
 // The line that was typed ends here: the program under it has changed.
 void LoadSlot(Board& board) {
-    if (FetchSlot(board)) WorkThen(board, EndBasic);
+    if (FetchSlot(board)) WorkThen(board, ReturnToPrompt);
 }
 
 void RunSlot(Board& board) {
-    if (FetchSlot(board)) WorkThen(board, RunFetched);
+    if (FetchSlot(board)) WorkThen(board, RunProgram);
 }
 
 void ChainSlot(Board& board) {
-    if (FetchSlot(board)) WorkThen(board, ChainFetched);
+    if (FetchSlot(board)) WorkThen(board, ChainProgram);
 }
 
 struct FlashRow {

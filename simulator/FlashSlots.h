@@ -14,7 +14,6 @@ constexpr int kFlashSlots = 3;
 struct FlashSlot {
     bool used = false;
     std::vector<std::string> lines;
-    std::string name;  // of the file that the program came from
 };
 
 struct FlashSlots {

@@ -11,13 +11,6 @@ namespace simulator {
 // they come as raw bytes.
 constexpr unsigned char kKeyUp = 0x80;
 constexpr unsigned char kKeyDown = 0x81;
-constexpr unsigned char kKeyLeft = 0x82;
-constexpr unsigned char kKeyRight = 0x83;
-constexpr unsigned char kKeyInsert = 0x84;
-constexpr unsigned char kKeyHome = 0x86;
-constexpr unsigned char kKeyEnd = 0x87;
-constexpr unsigned char kKeyPageUp = 0x88;
-constexpr unsigned char kKeyPageDown = 0x89;
 constexpr unsigned char kKeyF1 = 0x91;
 constexpr unsigned char kKeyF2 = 0x92;
 constexpr unsigned char kKeyF3 = 0x93;
@@ -40,9 +33,5 @@ void DecodeKeyByte(KeyDecoder& decoder, unsigned char c, std::string* keys);
 
 // Time is up for what is held: it was characters.
 void DecodeKeyTimeout(KeyDecoder& decoder, std::string* keys);
-
-// The length of the key sequence at the start of `bytes` (1 for a plain character) and
-// its code through *key; 0 for empty bytes.
-size_t FirstKey(const std::string& bytes, unsigned char* key);
 
 }  // namespace simulator

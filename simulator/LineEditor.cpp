@@ -1,12 +1,11 @@
 #include "simulator/LineEditor.h"
 
 #include "simulator/Board.h"
-#include "simulator/CommandLine.h"
-
-namespace simulator {
 
 // One row for each key. What a key changes on the line is shown by printing the line anew
 // from its start, as the firmware does.
+
+namespace simulator {
 
 namespace {
 
@@ -14,144 +13,71 @@ constexpr size_t kTabWidth = 2;
 constexpr size_t kPromptWidth = 2;
 constexpr double kWrapMarkVersion = 6.00;  // first firmware that marks a full row
 
-std::string Backspaces(size_t count) {
-    return std::string(count, '\b');
-}
-
-// Prints the line anew from its first character; the cursor stands at `before` and is to
-// stand at `after`.
-void Redraw(Board& board, size_t before, size_t after) {
-    LineEditor& editor = board.editor;
-    Echo(board, Backspaces(before));
-    PutRaw(board, "\x1b[0J");
-    Echo(board, editor.line);
-    Echo(board, Backspaces(editor.line.size() - after));
-    editor.cursor = after;
-}
-
-// Inside the line everything is printed anew, at its end only the character itself comes back.
 // What would be too long is ignored in silence.
 void TypeCharacter(Board& board, char c) {
-    LineEditor& editor = board.editor;
-    if (editor.line.size() >= kMaximumCommandLine) return;
-    if (editor.cursor < editor.line.size()) {
-        if (editor.overwrite) {
-            editor.line[editor.cursor] = c;
-        } else {
-            editor.line.insert(editor.cursor, 1, c);
-        }
-        Redraw(board, editor.cursor, editor.cursor + 1);
-        return;
-    }
-    editor.line += c;
-    ++editor.cursor;
+    std::string& line = board.editor.line;
+    if (line.size() >= kMaximumCommandLine) return;
+    line += c;
     Echo(board, std::string(1, c));
     // At the last column the firmware pushes the terminal's cursor round.
-    const size_t width = static_cast<size_t>(board.width);
-    if (board.facts.version >= kWrapMarkVersion &&
-        (editor.line.size() + kPromptWidth) % width == 0) {
+    const size_t width = static_cast<size_t>(board.facts.width);
+    if (board.facts.version >= kWrapMarkVersion && (line.size() + kPromptWidth) % width == 0) {
         Echo(board, " \b");
     }
 }
 
 void Tab(Board& board) {
     do TypeCharacter(board, ' ');
-    while (board.editor.cursor % kTabWidth != 0 && board.editor.line.size() < kMaximumCommandLine);
+    while (board.editor.line.size() % kTabWidth != 0);
+}
+
+// The line is printed anew with a new text.
+void Replace(Board& board, const std::string& text) {
+    Echo(board, std::string(board.editor.line.size(), '\b'));
+    PutRaw(board, "\x1b[0J");
+    Echo(board, text);
+    board.editor.line = text;
 }
 
 // Firmware with a full editor answers with the whole line, the older one with "\b \b".
 void RubOut(Board& board) {
-    LineEditor& editor = board.editor;
-    if (editor.cursor == 0) return;
-    editor.line.erase(editor.cursor - 1, 1);
-    if (board.facts.prompt.editor == BoardEditor::kPlain) {
-        --editor.cursor;
-        Echo(board, "\b \b");
+    std::string& line = board.editor.line;
+    if (line.empty()) return;
+    if (board.facts.prompt.fullEditor) {
+        Replace(board, line.substr(0, line.size() - 1));
         return;
     }
-    Redraw(board, editor.cursor, editor.cursor - 1);
+    line.pop_back();
+    Echo(board, "\b \b");
 }
 
-void DeleteRight(Board& board) {
-    LineEditor& editor = board.editor;
-    if (editor.cursor == editor.line.size()) return;
-    editor.line.erase(editor.cursor, 1);
-    Redraw(board, editor.cursor, editor.cursor);
-}
-
-// Printing the character moves the terminal's cursor over it.
-void GoRight(Board& board) {
-    LineEditor& editor = board.editor;
-    if (editor.cursor == editor.line.size()) return;
-    Echo(board, editor.line.substr(editor.cursor++, 1));
-}
-
-void GoLeft(Board& board) {
-    if (board.editor.cursor == 0) return;
-    --board.editor.cursor;
-    Echo(board, "\b");
-}
-
-void GoHome(Board& board) {
-    Echo(board, Backspaces(board.editor.cursor));
-    board.editor.cursor = 0;
-}
-
-void GoEnd(Board& board) {
-    LineEditor& editor = board.editor;
-    Echo(board, editor.line.substr(editor.cursor));
-    editor.cursor = editor.line.size();
-}
-
-// Behind the last line of the history stands an empty one.
-void ShowHistory(Board& board, size_t at) {
-    LineEditor& editor = board.editor;
-    const size_t before = editor.cursor;
-    editor.historyAt = at;
-    editor.line = at < editor.history.size() ? editor.history[at] : std::string();
-    Redraw(board, before, editor.line.size());
-}
-
-void GoUp(Board& board) {
-    if (board.editor.historyAt > 0) ShowHistory(board, board.editor.historyAt - 1);
-}
-
-// With nothing later in the history the line is emptied, which even an empty line shows.
+// The key for the next line of the history, which this board doesn't keep: an empty one.
 void GoDown(Board& board) {
-    LineEditor& editor = board.editor;
-    ShowHistory(board, std::min(editor.historyAt + 1, editor.history.size()));
+    Replace(board, "");
 }
 
-void ToggleInsert(Board& board) {
-    board.editor.overwrite = !board.editor.overwrite;
+// "A:" alone changes the drive, "*name" runs a program.
+std::string ExpandShortForm(const std::string& line) {
+    if (SameWord(line, "A:") || SameWord(line, "B:")) return "DRIVE \"" + line + "\"";
+    if (line[0] == '*') return "RUN \"" + line.substr(1, line.find(' ') - 1) + "\"";
+    return line;
 }
 
-// The line end is echoed behind the whole line, wherever the cursor stood.
+// An empty line just brings the prompt again.
 void Enter(Board& board) {
-    LineEditor& editor = board.editor;
-    GoEnd(board);
     Echo(board, "\r\n");
-    const std::string line = editor.line;
-    editor.line.clear();
-    editor.cursor = 0;
-    if (!line.empty()) {
-        editor.history.push_back(line);
-        if (editor.history.size() > kMaximumHistory) editor.history.pop_front();
+    const std::string line(TrimBlanks(board.editor.line));
+    if (line.empty() || !board.facts.basic) {
+        ReturnToPrompt(board);
+    } else {
+        StartDirectLine(board, ExpandShortForm(line));
     }
-    ExecuteCommandLine(board, line);
-}
-
-// A function key types its command over what stands on the line.
-void TypeCommand(Board& board, const char* command) {
-    if (!board.editor.line.empty()) ShowHistory(board, board.editor.history.size());
-    for (const char* c = command; *c; ++c) TypeCharacter(board, *c);
-    Enter(board);
 }
 
 struct EditorKey {
     unsigned char code;
     void (*act)(Board& board);
-    const char* command;  // typed, when act is nullptr
+    const char* command;  // typed over what stands on the line, before Enter
     bool fullOnly;
 };
 
@@ -160,40 +86,24 @@ const EditorKey kEditorKeys[] = {
     {'\n', Enter, nullptr, false},
     {'\t', Tab, nullptr, false},
     {'\b', RubOut, nullptr, false},
-    {0x03, BreakToPrompt, nullptr, false},  // that waited behind a busy board
-    {0x7f, DeleteRight, nullptr, true},
-    {0x04, GoRight, nullptr, true},
-    {kKeyRight, GoRight, nullptr, true},
-    {0x13, GoLeft, nullptr, true},
-    {kKeyLeft, GoLeft, nullptr, true},
-    {0x15, GoHome, nullptr, true},
-    {kKeyHome, GoHome, nullptr, true},
-    {0x0b, GoEnd, nullptr, true},
-    {kKeyEnd, GoEnd, nullptr, true},
-    {0x05, GoUp, nullptr, true},
-    {kKeyUp, GoUp, nullptr, true},
+    {0x03, ReturnToPromptLoudly, nullptr, false},  // that waited behind a busy board
     {0x18, GoDown, nullptr, true},
     {kKeyDown, GoDown, nullptr, true},
-    {0x0e, ToggleInsert, nullptr, true},
-    {kKeyInsert, ToggleInsert, nullptr, true},
-    {kKeyF2, nullptr, "RUN", true},
-    {kKeyF3, nullptr, "LIST", true},
-    {kKeyF4, nullptr, "EDIT", true},
-    {kKeyF10, nullptr, "AUTOSAVE", true},
-    {kKeyF11, nullptr, "XMODEM RECEIVE", true},
-    {kKeyF12, nullptr, "XMODEM SEND", true},
+    {kKeyF2, Enter, "RUN", true},
+    {kKeyF3, Enter, "LIST", true},
+    {kKeyF4, Enter, "EDIT", true},
+    {kKeyF10, Enter, "AUTOSAVE", true},
+    {kKeyF11, Enter, "XMODEM RECEIVE", true},
+    {kKeyF12, Enter, "XMODEM SEND", true},
 };
 
 // Keys outside the table and outside printable ASCII are ignored.
 void TakeKey(Board& board, unsigned char key) {
-    const bool full = board.facts.prompt.editor == BoardEditor::kFull;
     for (const EditorKey& row : kEditorKeys) {
-        if (row.code != key || (row.fullOnly && !full)) continue;
-        if (row.act) {
-            row.act(board);
-        } else {
-            TypeCommand(board, row.command);
-        }
+        if (row.code != key || (row.fullOnly && !board.facts.prompt.fullEditor)) continue;
+        if (row.command && !board.editor.line.empty()) Replace(board, "");
+        for (const char* c = row.command; c && *c; ++c) TypeCharacter(board, *c);
+        row.act(board);
         return;
     }
     if (key >= ' ' && key < 0x7f) TypeCharacter(board, static_cast<char>(key));
@@ -201,52 +111,40 @@ void TakeKey(Board& board, unsigned char key) {
 
 void TakeByte(Board& board, unsigned char c);
 
+// A command that has begun leaves the rest, held with its Enter, to wait like other input.
 void TakeKeys(Board& board, const std::string& keys) {
-    for (size_t i = 0; i < keys.size(); ++i) {
-        TakeKey(board, static_cast<unsigned char>(keys[i]));
-        if (board.activity->byte == TakeByte) continue;
-        // A command has begun; what was held with its Enter waits like other input.
-        for (size_t k = keys.size(); k-- > i + 1;) {
-            board.in.ring.push_front(static_cast<unsigned char>(keys[k]));
-        }
-        return;
+    size_t next = 0;
+    while (next < keys.size() && board.activity->byte == TakeByte) {
+        TakeKey(board, static_cast<unsigned char>(keys[next++]));
     }
+    board.in.ring.insert(board.in.ring.begin(), keys.begin() + static_cast<long>(next), keys.end());
 }
 
 // The old boards know no key sequences: every byte is a character to them.
 void TakeByte(Board& board, unsigned char c) {
-    std::string keys;
-    if (board.facts.prompt.editor == BoardEditor::kFull) {
+    std::string keys(1, static_cast<char>(c));
+    if (board.facts.prompt.fullEditor) {
+        keys.clear();
         DecodeKeyByte(board.editor.keys, c, &keys);
-    } else {
-        keys += static_cast<char>(c);
     }
-    if (board.editor.keys.held.empty()) {
-        WakeNever(board);
-    } else {
-        WakeIn(board, kEscapeHoldMs);
-    }
+    WakeIn(board, board.editor.keys.held.empty() ? kNeverMs : kEscapeHoldMs);
     TakeKeys(board, keys);
 }
 
 void EscapeIsOver(Board& board) {
     std::string keys;
-    WakeNever(board);
+    WakeIn(board, kNeverMs);
     DecodeKeyTimeout(board.editor.keys, &keys);
     TakeKeys(board, keys);
 }
 
-const BoardActivity kEditing = {TakeByte, EscapeIsOver, BreakToPrompt};
+const BoardActivity kEditing = {TakeByte, EscapeIsOver, ReturnToPromptLoudly};
 
 }  // namespace
 
 // Each prompt starts with an empty line and no held key.
 void StartLineEditor(Board& board) {
-    LineEditor& editor = board.editor;
-    editor.line.clear();
-    editor.cursor = 0;
-    editor.historyAt = editor.history.size();
-    editor.keys.held.clear();
+    board.editor = LineEditor();
     StartActivity(board, kEditing);
 }
 

@@ -28,7 +28,7 @@ void TakeTyped(Board& board, unsigned char c) {
     }
 }
 
-const BoardActivity kReading = {TakeTyped, nullptr, BreakToPrompt};
+const BoardActivity kReading = {TakeTyped, nullptr, ReturnToPromptLoudly};
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 #include "simulator/ListCommand.h"
 
 #include "simulator/Board.h"
+#include "simulator/basic/BasicCommands.h"
 #include "simulator/files/FileCommands.h"
 #include "simulator/files/FileListing.h"
 
@@ -11,14 +12,10 @@ namespace {
 // Which pager stops the listing is the firmware's, whether it stops the command's.
 void StartListing(Board& board, bool stops) {
     const ListingFacts& facts = board.facts.listing;
-    if (board.facts.prompt.listingIsLoud) board.prompt.loud = true;
-    if (!stops) {
-        StartPager(board, 0, 0, 0);
-    } else if (facts.newListPager) {
-        StartWalkingPager(board, facts.listPage);
-    } else {
-        StartPager(board, facts.listPage, facts.listPage, 0);
-    }
+    if (board.facts.cmm2) board.prompt.loud = true;
+    board.pager.walks = stops && facts.newListPager;
+    const int page = stops ? facts.listPage : 0;
+    StartPager(board, page, page, 0);
 }
 
 // At the last blank that fits, else in the middle of the word.
@@ -35,12 +32,9 @@ void AddWrapped(Pager& pager, std::string_view line, size_t width) {
 // Empty lines of a file are dropped, as the firmware does.
 void ListFile(Board& board, const std::string& data, bool stops) {
     board.pager = Pager();
-    for (const std::string& line : SplitFields(data, '\n', data.size() + 1)) {
-        std::string clean;
-        for (const char c : line) {
-            if (c != '\r') clean += c;
-        }
-        if (!clean.empty()) AddWrapped(board.pager, clean, static_cast<size_t>(board.width));
+    for (std::string& line : SplitFields(data, '\n', data.size() + 1)) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        if (!line.empty()) AddWrapped(board.pager, line, static_cast<size_t>(board.facts.width));
     }
     StartListing(board, stops);
 }
@@ -48,11 +42,10 @@ void ListFile(Board& board, const std::string& data, bool stops) {
 }  // namespace
 
 void ListLines(Board& board, const std::vector<std::string>& lines, bool stops) {
-    // The CMM2 lists its file, all others the tokens.
-    const bool fromFile = board.facts.receive.needsName;
     board.pager = Pager();
     for (const std::string& line : lines) {
-        AddPagedLine(board.pager, fromFile ? line : RecasedLine(line), board.width);
+        // The CMM2 lists its file, all others the tokens.
+        AddPagedLine(board.pager, board.facts.cmm2 ? line : RecasedLine(line), board.facts.width);
     }
     StartListing(board, stops);
 }
@@ -69,14 +62,10 @@ void RunList(Board& board) {
         ListLines(board, board.program.lines, !all);
         return;
     }
-    std::string path;
-    if (!TakeProgramPath(board, &path)) return;
-    const StoredFile* file = FindFile(board.files, path);
-    if (!file || file->isFolder) {
-        Fail(board, "Could not find the file");
-        return;
+    std::string path, data;
+    if (TakeProgramPath(board, &path) && FetchFile(board, path, &data)) {
+        ListFile(board, data, !all);
     }
-    ListFile(board, file->data, !all);
 }
 
 }  // namespace simulator

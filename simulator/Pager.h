@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "simulator/KeyDecoder.h"
@@ -18,7 +19,6 @@ struct Pager {
     int left = 0;                    // lines that still fit on the page
     int pageLines = 0;               // of all pages but the first; 0: no stops
     bool walks = false;              // pages back and forth, and waits after the last
-    bool ended = false;              // a walking pager that has shown its last page
     size_t pageStart = 0;            // line
     KeyDecoder keys;
 };
@@ -29,8 +29,5 @@ void AddPagedLine(Pager& pager, std::string_view text, int width);
 // Prints everything; the command that started it goes on afterwards. The first page
 // holds `firstPage` lines. Starts after `delayMs`.
 void StartPager(Board& board, int firstPage, int nextPage, int delayMs);
-
-// The same with pages back and forth.
-void StartWalkingPager(Board& board, int page);
 
 }  // namespace simulator

@@ -15,7 +15,7 @@ constexpr char kLocked[] = "Console locked, press enter to restart: ";
 // After the silence. A wrong PIN is simply asked for again, with no word said.
 void JudgePin(Board& board) {
     int64_t number = 0;
-    if (!ReadInteger(board.basic.typed, &number) || number == 0) {
+    if (!ReadInteger(board.prompt.typed, &number) || number == 0) {
         RestartBoard(board);
         return;
     }
@@ -33,7 +33,7 @@ void PinTyped(Board& board, const std::string& line) {
         AskForPin(board);
         return;
     }
-    board.basic.typed = line;
+    board.prompt.typed = line;
     BusyThen(board, board.facts.prompt.pinDelayMs, JudgePin);
 }
 

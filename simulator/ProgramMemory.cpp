@@ -1,6 +1,7 @@
 #include "simulator/ProgramMemory.h"
 
 #include "simulator/Board.h"
+#include "simulator/basic/BasicCommands.h"
 
 namespace simulator {
 
@@ -39,12 +40,11 @@ std::string_view TakeLine(std::string_view* text) {
 
 }  // namespace
 
-const char* StoreProgram(Board& board, std::string_view text, bool append) {
+const char* StoreProgram(Board& board, std::string_view text) {
     ProgramMemory& program = board.program;
-    if (!append) ClearProgram(board);
+    ClearProgram(board);
     ChargeWork(board, text.size());
     size_t size = 0;
-    for (const std::string& line : program.lines) size += line.size() + 2;
     while (!text.empty()) {
         std::string line = CleanLine(TakeLine(&text));
         size += line.size() + 2;
@@ -61,7 +61,6 @@ const char* StoreProgram(Board& board, std::string_view text, bool append) {
 
 void ClearProgram(Board& board) {
     board.program.lines.clear();
-    board.program.name.clear();
     board.basic.labels.clear();
 }
 
@@ -81,17 +80,6 @@ size_t TokenisedSize(const Board& board) {
     size_t size = kScanCount;
     for (const std::string& line : board.program.lines) size += TokenisedLineSize(line);
     return size;
-}
-
-// AUTOSAVE C.
-std::string CrunchText(std::string_view text) {
-    std::string crunched;
-    while (!text.empty()) {
-        std::string_view line = TakeLine(&text);
-        line = TrimBlanks(line.substr(0, CommentStart(line)));
-        if (!line.empty()) crunched.append(line).append("\n");
-    }
-    return crunched;
 }
 
 }  // namespace simulator

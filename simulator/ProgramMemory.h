@@ -14,13 +14,12 @@ constexpr size_t kMaximumLine = 254;
 
 struct ProgramMemory {
     std::vector<std::string> lines;
-    std::string name;  // of the file it was loaded from: a hidden first line; empty: none
 };
 
-// Replaces the program by `text`, or appends it. CR, LF and CR LF end a line; a trailing
+// Replaces the program by `text`. CR, LF and CR LF end a line; a trailing
 // empty line is not stored, other characters below 32 are dropped, a tab is a blank.
 // nullptr, or the words of an error; the lines before the fault are stored then.
-const char* StoreProgram(Board& board, std::string_view text, bool append);
+const char* StoreProgram(Board& board, std::string_view text);
 
 void ClearProgram(Board& board);
 
@@ -32,8 +31,5 @@ std::string JoinProgram(const Board& board, const char* lineEnd);
 
 // What "Saved N bytes" tells: the size as tokens and the firmware's scan count.
 size_t TokenisedSize(const Board& board);
-
-// `text` without comments, indentation and empty lines.
-std::string CrunchText(std::string_view text);
 
 }  // namespace simulator

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "simulator/Board.h"
+#include "simulator/files/FileCommands.h"
 
 namespace simulator {
 
@@ -64,16 +65,14 @@ void Saved(Board& board) {
 }
 
 const char* StoreReceived(Board& board) {
-    ProgramReceive& receive = board.receive;
-    if (receive.crunch) receive.text = CrunchText(receive.text);
+    const ProgramReceive& receive = board.receive;
     if (!receive.fileName.empty()) {
         std::string data;
-        for (const char c : receive.text)
-            data += c == '\n' ? std::string("\r\n") : std::string(1, c);
+        for (const char c : receive.text) data.append(c == '\n' ? "\r" : "").append(1, c);
         const char* error = WriteFile(board.files, receive.fileName, data, BoardSeconds(board));
-        if (error || !(receive.loads || receive.runs)) return error;
+        if (error || !receive.loads) return error;
     }
-    return StoreProgram(board, receive.text, receive.append);
+    return StoreProgram(board, receive.text);
 }
 
 // The text is judged at once, the flash written after that: an error comes early.
@@ -98,32 +97,26 @@ void EndByCtrlC(Board& board) {
 void AbortReceive(Board& board) {
     FlushEcho(board);
     board.receive.text.clear();
-    BreakToPrompt(board);
+    ReturnToPromptLoudly(board);
 }
 
-// Is the key an end code of this board? Sets what follows it.
-bool IsEndKey(Board& board, unsigned char key, bool* runs) {
-    *runs = key == kKeyF2;
-    switch (board.facts.receive.end) {
-        case BoardReceiveEnd::kCtrlC:
-            return false;
-        case BoardReceiveEnd::kCtrlZ:
-            return key == kCtrlZ;
-        case BoardReceiveEnd::kCtrlZOrFunctionKey:
-            return key == kCtrlZ || key == kKeyF1 || key == kKeyF2;
-        case BoardReceiveEnd::kFunctionKey:
-            board.receive.loads = key == kKeyF1;
-            return key == kKeyF1 || key == kKeyF2 || key == kKeyF6;
-    }
-    return false;
+// Is the key an end code of this board? On the CMM2 F6 only saves.
+bool IsEndKey(const Board& board, unsigned char key) {
+    const BoardReceiveEnd end = board.facts.receive.end;
+    const bool takesCtrlZ =
+        end == BoardReceiveEnd::kCtrlZ || end == BoardReceiveEnd::kCtrlZOrFunctionKey;
+    const bool takesKeys =
+        end == BoardReceiveEnd::kFunctionKey || end == BoardReceiveEnd::kCtrlZOrFunctionKey;
+    return (key == kCtrlZ && takesCtrlZ) || ((key == kKeyF1 || key == kKeyF2) && takesKeys) ||
+           (key == kKeyF6 && end == BoardReceiveEnd::kFunctionKey);
 }
 
 // True while the board still receives.
 bool TakeKey(Board& board, unsigned char key) {
     ProgramReceive& receive = board.receive;
-    bool runs = false;
-    if (IsEndKey(board, key, &runs)) {
-        EndReceive(board, runs);
+    if (IsEndKey(board, key)) {
+        receive.loads = key != kKeyF6;
+        EndReceive(board, key == kKeyF2);
         return false;
     }
     const char c = static_cast<char>(key == '\t' ? ' ' : key);
@@ -148,25 +141,20 @@ void TakeKeys(Board& board, const std::string& keys) {
     for (const char key : keys) {
         if (!TakeKey(board, static_cast<unsigned char>(key))) return;
     }
-    const bool held = !board.receive.keys.held.empty();
     const bool waits = !board.out.held.empty() || board.receive.quiet;
-    if (held) {
-        WakeIn(board, kEscapeHoldMs);
-    } else if (waits) {
-        WakeIn(board, std::max<int64_t>(0, board.receive.lastByteAt + kEchoHoldMs - board.now));
-    } else {
-        WakeNever(board);
-    }
+    const int64_t echoMs = board.receive.lastByteAt + kEchoHoldMs - board.now;
+    WakeIn(board, !board.receive.keys.held.empty() ? kEscapeHoldMs
+                  : waits                          ? std::max<int64_t>(0, echoMs)
+                                                   : kNeverMs);
 }
 
 // ESC in a text starts a key sequence here as well.
 void TakeByte(Board& board, unsigned char c) {
     board.receive.lastByteAt = board.now;
-    std::string keys;
-    if (board.facts.prompt.editor == BoardEditor::kFull) {
+    std::string keys(1, static_cast<char>(c));
+    if (board.facts.prompt.fullEditor) {
+        keys.clear();
         DecodeKeyByte(board.receive.keys, c, &keys);
-    } else {
-        keys += static_cast<char>(c);
     }
     TakeKeys(board, keys);
 }
@@ -180,7 +168,6 @@ const char* ExitHint(const Board& board) {
 // A pause in the input. AUTOSAVE N takes the first one for a human being: it prints its
 // hint, in the middle of the text, and echoes from then on.
 void InputPauses(Board& board) {
-    WakeNever(board);
     std::string keys;
     DecodeKeyTimeout(board.receive.keys, &keys);
     if (board.now - board.receive.lastByteAt >= kEchoHoldMs) {
@@ -195,27 +182,14 @@ const BoardActivity kReceivingToCtrlC = {TakeByte, InputPauses, EndByCtrlC};
 
 // The words behind the command; false with an error set.
 bool ReadOptions(Board& board) {
-    const ReceiveFacts& facts = board.facts.receive;
-    ProgramReceive& receive = board.receive;
-    while (true) {
-        if (facts.hasQuiet && TakeKeyword(board, "N")) {
-            receive.quiet = true;
-        } else if (facts.allOptions && TakeKeyword(board, "C")) {
-            receive.crunch = true;
-        } else if (facts.allOptions && TakeKeyword(board, "APPEND")) {
-            receive.append = true;
-        } else {
-            break;
-        }
-        TakeChar(board, ',');
+    board.receive.quiet = board.facts.receive.hasQuiet && TakeKeyword(board, "N");
+    TakeChar(board, ',');
+    if (TakeKeyword(board, "C") || TakeKeyword(board, "APPEND")) {
+        return Fail(board, "AUTOSAVE C and APPEND are not simulated");
     }
-    if (facts.needsName) {
-        if (AtStatementEnd(board)) return Fail(board, "Syntax");
-        receive.fileName = WithExtension(TakeText(board));
-        if (board.basic.failed) return false;
-        if (!ResolvePath(board.files, receive.fileName, &receive.fileName)) {
-            return Fail(board, "Could not find the path");
-        }
+    if (board.facts.cmm2) {
+        return AtStatementEnd(board) ? Fail(board, "Syntax")
+                                     : TakeProgramPath(board, &board.receive.fileName);
     }
     return AtStatementEnd(board) || Fail(board, "Syntax");
 }
@@ -226,11 +200,11 @@ bool ReadOptions(Board& board) {
 void StartProgramReceive(Board& board) {
     board.receive = ProgramReceive();
     if (!ReadOptions(board)) return;
-    const ReceiveFacts& facts = board.facts.receive;
-    if (!facts.needsName && !board.receive.append) ClearProgram(board);
+    if (!board.facts.cmm2) ClearProgram(board);
     StopProgram(board);
     board.receive.lastByteAt = board.now;
-    StartActivity(board, facts.end == BoardReceiveEnd::kCtrlC ? kReceivingToCtrlC : kReceiving);
+    StartActivity(
+        board, board.facts.receive.end == BoardReceiveEnd::kCtrlC ? kReceivingToCtrlC : kReceiving);
     if (board.receive.quiet) WakeIn(board, kEchoHoldMs);
 }
 

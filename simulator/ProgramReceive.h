@@ -14,13 +14,11 @@ struct ProgramReceive {
     std::string text;
     std::string fileName;  // where the text goes; empty: program memory
     KeyDecoder keys;
-    bool crunch = false;
-    bool append = false;
     bool quiet = false;   // AUTOSAVE N, until the hint was printed
     bool atStart = true;  // nothing has come yet: one LF is skipped
     bool afterCr = false;
     bool runs = false;       // RUN follows the save
-    bool loads = false;      // a text that went to a file becomes the program too
+    bool loads = true;       // a text that went to a file becomes the program too
     int64_t lastByteAt = 0;  // ms
 };
 

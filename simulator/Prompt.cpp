@@ -4,7 +4,7 @@
 
 #include "simulator/Board.h"
 #include "simulator/PinDialogue.h"
-#include "simulator/basic/BasicSubs.h"
+#include "simulator/basic/BasicCommands.h"
 
 namespace simulator {
 
@@ -14,23 +14,16 @@ namespace simulator {
 namespace {
 
 constexpr size_t kMaximumMessage = 63;
-constexpr char kPromptSub[] = "MM.PROMPT";
 
 // What a long jump back to the prompt sends first, locked or not.
 void PrintLoudLead(Board& board) {
     const PromptFacts& facts = board.facts.prompt;
     if (!std::exchange(board.prompt.loud, false)) return;
     PutRaw(board, facts.loudLead);
-    if (facts.loudNewLine) NewLine(board);
+    if (board.facts.cmm2) NewLine(board);
 }
 
-// A SUB of the program may print it instead.
 void PrintPrompt(Board& board) {
-    if (IsSub(board, kPromptSub) && !board.prompt.subBroken) {
-        board.prompt.subRuns = true;
-        StartDirectLine(board, kPromptSub);
-        return;
-    }
     FreshLine(board);
     Put(board, "> ");
     PutRaw(board, board.facts.prompt.quietTail);
@@ -39,21 +32,15 @@ void PrintPrompt(Board& board) {
 
 // The source line is shown as LIST would show it.
 void PrintErrorPlace(Board& board) {
-    const PromptFacts& facts = board.facts.prompt;
     const BasicPlace place = board.basic.failedAt;
-    if (place.direct) {
-        Put(board, facts.directLead);
-        return;
-    }
     const int number = place.line + 1;
-    if (facts.errorStyle == BoardErrorStyle::kInLine) {
-        Put(board, BoardFormat("%s%d: ", facts.errorLead, number));
-        return;
+    if (!place.direct && board.facts.cmm2) {
+        Put(board, BoardFormat("Error in line %d: ", number));
+    } else if (!place.direct) {
+        Put(board, BoardFormat("[%d] ", number) + RecasedLine(ProgramLine(board, place.line)));
+        NewLine(board);
     }
-    Put(board, BoardFormat("[%d] ", number));
-    Put(board, RecasedLine(ProgramLine(board, place.line)));
-    NewLine(board);
-    Put(board, facts.errorLead);
+    Put(board, board.facts.prompt.errorLead);
 }
 
 void PrintError(Board& board) {
@@ -74,8 +61,6 @@ void PortIsBack(Board& board) {
 // Every road back leads through here, so the PIN can't be gone round.
 void ReturnToPrompt(Board& board) {
     StopProgram(board);
-    // One that fails or is stopped would come again and again.
-    if (std::exchange(board.prompt.subRuns, false)) board.prompt.subBroken = true;
     PrintLoudLead(board);
     if (board.prompt.pin != 0 && !board.prompt.unlocked) {
         AskForPin(board);
@@ -84,15 +69,10 @@ void ReturnToPrompt(Board& board) {
     PrintPrompt(board);
 }
 
+// For Ctrl-C too: no "^C" is printed.
 void ReturnToPromptLoudly(Board& board) {
     board.prompt.loud = true;
     ReturnToPrompt(board);
-}
-
-void PromptSubIsOver(Board& board) {
-    board.prompt.subRuns = false;
-    StopProgram(board);
-    StartLineEditor(board);
 }
 
 // The place is kept before the wait: what stops meanwhile would lose it.
@@ -100,11 +80,6 @@ void FailWith(Board& board, std::string_view message) {
     board.prompt.error = message;
     board.basic.failedAt = board.basic.statement;
     BusyThen(board, board.facts.prompt.errorDelayMs, PrintError);
-}
-
-// No "^C" is printed.
-void BreakToPrompt(Board& board) {
-    ReturnToPromptLoudly(board);
 }
 
 void PrintSignOn(Board& board) {

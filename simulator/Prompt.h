@@ -9,27 +9,20 @@ namespace simulator {
 struct Board;
 
 struct PromptState {
-    bool loud = false;       // the next prompt comes with the sequences of a long jump
-    bool unlocked = false;   // the PIN was given since the last reset
-    int pin = 0;             // 0: none
-    std::string error;       // that will be printed
-    bool subRuns = false;    // the program's own SUB MM.PROMPT prints the prompt now
-    bool subBroken = false;  // it failed or was stopped: the plain prompt until the next RUN
+    bool loud = false;      // the next prompt comes with the sequences of a long jump
+    bool unlocked = false;  // the PIN was given since the last reset
+    int pin = 0;            // 0: none
+    std::string typed;      // answer to the PIN question
+    std::string error;      // that will be printed
 };
 
-// Ends whatever ran and prints the prompt, or asks for the PIN.
+// Ends whatever ran and prints the prompt, or asks for the PIN. Loudly: also for Ctrl-C.
 void ReturnToPrompt(Board& board);
 void ReturnToPromptLoudly(Board& board);
 
 // Prints `message` in the board's own words, then the prompt. The place is that of the
 // statement that failed.
 void FailWith(Board& board, std::string_view message);
-
-// Ctrl-C: stops whatever runs.
-void BreakToPrompt(Board& board);
-
-// The program's SUB MM.PROMPT has printed the prompt.
-void PromptSubIsOver(Board& board);
 
 void PrintSignOn(Board& board);
 

@@ -26,7 +26,7 @@ void SendStorm(Board& board) {
         board.nextStorm = kNeverMs;
         return;
     }
-    if ((!storm.inXmodemOnly || board.activity->xmodem) && !OutputIsFull(board)) {
+    if ((!storm.inXmodemOnly || board.activity->protocol) && !OutputIsFull(board)) {
         PutRaw(board, storm.pattern);
     }
     board.nextStorm = board.now + std::max(storm.intervalMs, 1);
@@ -51,11 +51,7 @@ void RunUntil(Board& board, int64_t now) {
 }  // namespace
 
 Board::Board(const BoardFacts& boardFacts, const BoardSetup& boardSetup)
-    : facts(boardFacts),
-      setup(boardSetup),
-      width(boardFacts.width),
-      height(boardFacts.rows),
-      activity(&kOff) {
+    : facts(boardFacts), setup(boardSetup), activity(&kOff) {
     random = setup.faults.seed * 0x9e3779b97f4a7c15u + 1;
     if (random == 0) random = 1;
     out.perByteUs = PerByteUs(setup.baud);
@@ -63,7 +59,6 @@ Board::Board(const BoardFacts& boardFacts, const BoardSetup& boardSetup)
     files.fat = facts.fat;
     files.sdCard = setup.sdCard;
     if (setup.clockSeconds > 0) clock.seconds = setup.clockSeconds;
-    PresetOptions(*this);
 }
 
 // Marsaglia's xorshift: small, and the same everywhere.
@@ -95,15 +90,18 @@ void SimulatedBoard::PowerUp(int64_t nowMs) {
 // Byte by byte with all that is due between: a command runs before the next one is read.
 void SimulatedBoard::Receive(std::string_view bytes, int64_t nowMs) {
     Advance(nowMs);
-    for (const char c : bytes) {
+    const bool telnet = OutputSegment() > 0;
+    const std::string plain = telnet ? DecodeTelnet(board->telnet, bytes) : std::string(bytes);
+    for (const char c : plain) {
         if (!LinkIsUp()) return;
         AcceptByte(*board, static_cast<unsigned char>(c));
         RunUntil(*board, board->now);
     }
 }
 
-// For boards on USB. A UART takes everything, and its ring loses the oldest.
+// A board without flow control takes everything, and its ring loses the oldest.
 size_t SimulatedBoard::InputRoom() const {
+    if (board->facts.line.dropsOldest) return std::numeric_limits<size_t>::max();
     const size_t waiting = board->in.ring.size();
     return board->facts.line.ring - std::min(waiting, board->facts.line.ring);
 }
@@ -113,7 +111,12 @@ void SimulatedBoard::Advance(int64_t nowMs) {
 }
 
 std::string SimulatedBoard::TakeOutput() {
-    return TakeReady(*board);
+    const std::string ready = TakeReady(*board);
+    return OutputSegment() > 0 ? EncodeTelnet(board->telnet, ready) : ready;
+}
+
+size_t SimulatedBoard::OutputSegment() const {
+    return board->setup.onUsb ? 0 : board->facts.line.telnetSegment;
 }
 
 int64_t SimulatedBoard::NextWake() const {
@@ -125,6 +128,7 @@ bool SimulatedBoard::LinkIsUp() const {
 }
 
 void SimulatedBoard::SetListening(bool listening) {
+    if (listening && !board->listening) StartTelnet(board->telnet);
     board->listening = listening;
 }
 

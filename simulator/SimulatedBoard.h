@@ -29,8 +29,8 @@ constexpr int64_t kNeverMs = std::numeric_limits<int64_t>::max();
 struct BoardSetup {
     int baud = 0;              // pace of the output, bits/s; 0: no limit
     int pin = 0;               // 0: none, else the PIN that locks the console
+    bool onUsb = false;        // the host is on USB, also where telnet is usual
     bool sdCard = false;       // a card stands in drive B:
-    bool i2c = true;           // OPTION SYSTEM I2C is set
     bool clockChip = true;     // a clock chip answers
     int summaryGapMs = 40;     // silence inside the summary line of FILES
     int64_t clockSeconds = 0;  // the board's own clock at power-up, seconds since 1970;
@@ -48,10 +48,11 @@ class SimulatedBoard {
     // Switches the power on: sign-on and prompt. Until then nothing is read or sent.
     void PowerUp(int64_t nowMs);
 
-    // Bytes from the host. Those that find no room go the way of the board's kind.
+    // Bytes from the host, as one TCP segment to a telnet board. Those that find no room go
+    // the way of the board's kind.
     void Receive(std::string_view bytes, int64_t nowMs);
 
-    // How many bytes a host may send before a USB board would make it wait.
+    // How many bytes a host may send before the board would make it wait.
     size_t InputRoom() const;
 
     // Lets time pass up to nowMs.
@@ -60,13 +61,17 @@ class SimulatedBoard {
     // What the board has sent by the time of the last call. Empty for nothing.
     std::string TakeOutput();
 
+    // So many bytes of it go into one TCP segment; 0: as many as there are.
+    size_t OutputSegment() const;
+
     // When Advance is wanted next; kNeverMs while the board only waits for bytes.
     int64_t NextWake() const;
 
     // Does the board stand on the line? False while it restarts and after a cut.
     bool LinkIsUp() const;
 
-    // Does a host listen (DTR)? What a USB board prints with nobody listening is lost.
+    // Does a host listen (DTR, or a TCP connection)? What a board prints with nobody listening
+    // is lost. A telnet board greets each host that comes.
     void SetListening(bool listening);
 
     // Puts a file on a drive, with its folders: "games/x.bas" or "B:/x.bas". `stamp` is

@@ -1,5 +1,7 @@
 #include "simulator/TelnetCoding.h"
 
+#include <utility>
+
 namespace simulator {
 
 namespace {
@@ -10,13 +12,14 @@ constexpr char kFf = '\xff';
 
 // IAC WILL and DO for suppress-go-ahead, WILL echo, DO and DON'T linemode, and a NUL that is no
 // part of any of them.
-std::string TelnetGreeting() {
-    return {"\xff\xfb\x03\xff\xfd\x03\xff\xfb\x01\xff\xfd\x22\xff\xfe\x22\x00", 16};
+void StartTelnet(TelnetCoding& coding) {
+    coding = {
+        {"\xff\xfb\x03\xff\xfd\x03\xff\xfb\x01\xff\xfd\x22\xff\xfe\x22\x00", 16}, false, false};
 }
 
 // There is no LF rule: a line end becomes CR NUL LF.
-std::string EncodeTelnet(std::string_view bytes) {
-    std::string coded;
+std::string EncodeTelnet(TelnetCoding& coding, std::string_view bytes) {
+    std::string coded = std::exchange(coding.greeting, {});
     for (const char c : bytes) {
         coded += c;
         if (c == '\r') coded += '\0';

@@ -7,18 +7,17 @@
 
 namespace simulator {
 
-constexpr size_t kTelnetSegment = 4;  // bytes that the board sends at once
-
 struct TelnetCoding {
+    std::string greeting;  // that is still to be sent
     bool afterCr = false;  // the byte before was a CR
     bool afterFf = false;  // the byte before was a 255 that counts
 };
 
-// What the board sends when a host connects: 16 bytes.
-std::string TelnetGreeting();
+// A host has connected: 16 bytes greet it, and what was half received is forgotten.
+void StartTelnet(TelnetCoding& coding);
 
-// The board's bytes for the line: NUL behind each CR, 255 doubled.
-std::string EncodeTelnet(std::string_view bytes);
+// The board's bytes for the line: NUL behind each CR, 255 doubled, the greeting in front.
+std::string EncodeTelnet(TelnetCoding& coding, std::string_view bytes);
 
 // The host's bytes for the board. One call for each TCP segment: a segment that starts
 // with 255 is thrown away whole, whatever else it holds.

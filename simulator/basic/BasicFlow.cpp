@@ -1,21 +1,19 @@
 #include "simulator/basic/BasicFlow.h"
 
 #include "simulator/Board.h"
-#include "simulator/basic/BasicSubs.h"
 #include "simulator/basic/BasicVariables.h"
-
-namespace simulator {
 
 // Loops and blocks are found by reading on from the cursor. Each line that is passed over
 // costs a statement, so a search through a long program takes its board time.
+
+namespace simulator {
 
 namespace {
 
 // Is the IF at the start of `line` one of several lines, that is, does it end in THEN?
 bool IsBlockIf(std::string_view line) {
     const std::string_view code = TrimBlanks(line.substr(0, CommentStart(line)));
-    return code.size() > 4 && SameWord(code.substr(code.size() - 4), "THEN") &&
-           code[code.size() - 5] == ' ';
+    return code.size() > 5 && SameWord(code.substr(code.size() - 5), " THEN");
 }
 
 // Where the true or false branch of an IF goes on: a bare number is a line to go to.
@@ -24,82 +22,60 @@ void EnterBranch(Board& board) {
     if (c >= '0' && c <= '9') RunGoto(board);
 }
 
-void DecideBlock(Board& board, bool isTrue);
+void SkipBlock(Board& board, bool stopsAtElse);
 
-// ELSE IF and ELSEIF of a block: its condition decides anew.
+// ELSEIF of a block: its condition decides anew.
 void DecideAgain(Board& board) {
     const bool isTrue = TakeNumber(board) != 0;
     if (!board.basic.failed && !TakeKeyword(board, "THEN")) Fail(board, "Syntax");
-    if (!board.basic.failed) DecideBlock(board, isTrue);
+    if (!board.basic.failed && !isTrue) SkipBlock(board, true);
 }
 
-// Both spellings count, ELSEIF and ELSE IF.
-bool TakeElseIf(Board& board) {
-    if (TakeKeyword(board, "ELSEIF")) return true;
-    const BasicPlace before = board.basic.place;
-    if (TakeKeyword(board, "ELSE") && TakeKeyword(board, "IF")) return true;
-    board.basic.place = before;
-    return false;
-}
-
-bool TakeEndIf(Board& board) {
-    if (TakeKeyword(board, "ENDIF")) return true;
-    const BasicPlace before = board.basic.place;
-    if (TakeKeyword(board, "END") && TakeKeyword(board, "IF")) return true;
-    board.basic.place = before;
-    return false;
-}
-
-// Goes on behind the ENDIF of the current block, or at its next ELSE if `stopsAtElse`.
+// Goes on behind the ENDIF of the current block, or at its next ELSE if `stopsAtElse`. Both
+// spellings count, ELSEIF and ELSE IF.
 void SkipBlock(Board& board, bool stopsAtElse) {
     int nesting = 0;
     while (GoToNextLine(board)) {
-        if (TakeEndIf(board)) {
+        if (TakeKeyword(board, "ENDIF") || TakeKeywords(board, "END", "IF")) {
             if (nesting-- == 0) return;
         } else if (TakeKeyword(board, "IF")) {
-            if (IsBlockIf(CurrentLine(board))) ++nesting;
-        } else if (nesting == 0 && stopsAtElse && TakeElseIf(board)) {
+            nesting += IsBlockIf(CurrentLine(board));
+        } else if (nesting > 0 || !stopsAtElse) {
+            continue;
+        } else if (TakeKeyword(board, "ELSEIF") || TakeKeywords(board, "ELSE", "IF")) {
             DecideAgain(board);
             return;
-        } else if (nesting == 0 && stopsAtElse && TakeKeyword(board, "ELSE")) {
+        } else if (TakeKeyword(board, "ELSE")) {
             return;
         }
     }
     Fail(board, "IF without a matching ENDIF");
 }
 
-void DecideBlock(Board& board, bool isTrue) {
-    if (!isTrue) SkipBlock(board, true);
-}
-
 // The ELSE that belongs to a single-line IF whose condition is false.
 void SkipToElse(Board& board) {
     int nesting = 0;
-    while (PeekChar(board) != '\0') {
+    for (char c; (c = PeekChar(board)) != '\0' && c != '\'';) {
         const std::string& line = CurrentLine(board);
         size_t& at = board.basic.place.at;
-        if (line[at] == '\'') break;
-        if (line[at] == '"') {
-            const size_t end = line.find('"', at + 1);
-            at = end == std::string::npos ? line.size() : end + 1;
-            continue;
-        }
         const std::string word = TakeWord(board);
+        // Past a string, or past one character.
+        if (c == '"') at = std::min(line.find('"', at + 1), line.size() - 1);
         if (word.empty()) ++at;
         if (word == "IF") ++nesting;
-        if (word != "ELSE") continue;
-        if (nesting-- > 0) continue;
-        EnterBranch(board);
-        return;
+        if (word == "ELSE" && nesting-- == 0) {
+            EnterBranch(board);
+            return;
+        }
     }
     SkipLine(board);
 }
 
-// Behind the word `close` that matches the loop at the cursor.
+// From the end of the head at the cursor to behind the word `close` that matches it.
 void SkipPast(Board& board, const char* open, const char* close) {
     int nesting = 0;
     do {
-        while (true) {
+        for (bool more = true; more;) {
             const std::string& line = CurrentLine(board);
             size_t& at = board.basic.place.at;
             const std::string word = TakeWord(board);
@@ -107,8 +83,7 @@ void SkipPast(Board& board, const char* open, const char* close) {
             const bool found = word == close && nesting-- == 0;
             at = StatementEnd(line, at);
             if (found) return;
-            if (at >= line.size() || line[at] == '\'') break;
-            ++at;
+            more = at < line.size() && line[at++] == ':';
         }
     } while (GoToNextLine(board));
     Fail(board, std::string(open) + " without a matching " + close);
@@ -121,16 +96,15 @@ bool StillInside(const BasicLoop& loop, double value) {
 
 // Drops loops from the innermost on down to the one at `index`, which goes too.
 void DropLoopsFrom(Board& board, size_t index) {
-    board.basic.loops.resize(index, BasicLoop{BasicLoopKind::kDo, {}, 0, 0, {}});
+    board.basic.loops.resize(index);
 }
 
-// The innermost loop of that kind (and variable, unless empty) that was opened since the
-// current call; npos if there is none.
-size_t FindLoop(const Board& board, BasicLoopKind kind, const std::string& variable) {
+// The innermost loop of that kind, and variable unless empty; npos if there is none.
+size_t FindLoop(const Board& board, bool isFor, const std::string& variable) {
     const auto& loops = board.basic.loops;
-    const size_t base = board.basic.calls.empty() ? 0 : board.basic.calls.back().loops;
-    for (size_t i = loops.size(); i-- > base;) {
-        if (loops[i].kind == kind && (variable.empty() || loops[i].variable == variable)) return i;
+    for (size_t i = loops.size(); i-- > 0;) {
+        if (loops[i].isFor == isFor && (variable.empty() || loops[i].variable == variable))
+            return i;
     }
     return std::string::npos;
 }
@@ -151,6 +125,19 @@ bool TakeLoopCondition(Board& board) {
     return true;
 }
 
+// "i = 1 TO 9 STEP 2"; the variable has its first value.
+BasicLoop TakeForHead(Board& board) {
+    BasicLoop loop{true, TakeWord(board), 0, 1, {}};
+    if (loop.variable.empty() || !Expect(board, '=')) return Fail(board, "Syntax"), loop;
+    const BasicValue start = TakeValue(board);
+    if (!board.basic.failed && !TakeKeyword(board, "TO")) Fail(board, "FOR with misplaced TO");
+    loop.limit = TakeNumber(board);
+    if (TakeKeyword(board, "STEP")) loop.step = TakeNumber(board);
+    AssignValue(board, PlaceOf(board, loop.variable), loop.variable, start);
+    loop.body = board.basic.place;
+    return loop;
+}
+
 }  // namespace
 
 bool GoToNextLine(Board& board) {
@@ -169,7 +156,7 @@ void RunIf(Board& board) {
     const bool hasThen = TakeKeyword(board, "THEN");
     const char next = PeekChar(board);
     if (hasThen && (next == '\0' || next == '\'')) {
-        DecideBlock(board, isTrue);
+        if (!isTrue) SkipBlock(board, true);
     } else if (!isTrue) {
         SkipToElse(board);
     } else if (hasThen) {
@@ -180,9 +167,7 @@ void RunIf(Board& board) {
 // Reached from a true branch: what follows is the other one. At the start of its line it
 // belongs to a block, elsewhere to its line.
 void RunElse(Board& board) {
-    const std::string_view line = CurrentLine(board);
-    const std::string_view start = TrimBlanks(line);
-    if (!board.basic.place.direct && StartsWithWord(start, "ELSE")) {
+    if (!board.basic.place.direct && StartsWithWord(TrimBlanks(CurrentLine(board)), "ELSE")) {
         SkipBlock(board, false);
     } else {
         SkipLine(board);
@@ -194,35 +179,22 @@ void RunEndIf(Board&) {}
 // FOR of a variable that already counts starts it anew: the old loop and all inside it are
 // dropped. A loop whose start is past its end is passed over whole.
 void RunFor(Board& board) {
-    const std::string name = TakeWord(board);
-    if (name.empty() || name.back() == '$') {
-        Fail(board, "Syntax");
-        return;
-    }
-    if (!Expect(board, '=')) return;
-    const BasicValue start = NumberValue(TakeNumber(board));
-    if (!board.basic.failed && !TakeKeyword(board, "TO")) Fail(board, "FOR with misplaced TO");
-    BasicLoop loop{BasicLoopKind::kFor, name, TakeNumber(board), 1, {}};
-    if (TakeKeyword(board, "STEP")) loop.step = TakeNumber(board);
+    const BasicLoop loop = TakeForHead(board);
     if (board.basic.failed) return;
-    AssignValue(board, PlaceOf(board, name), name, start);
-    const size_t old = FindLoop(board, BasicLoopKind::kFor, name);
+    const size_t old = FindLoop(board, true, loop.variable);
     if (old != std::string::npos) DropLoopsFrom(board, old);
-    loop.body = board.basic.place;
-    if (!StillInside(loop, start.number)) {
-        board.basic.place.at = StatementEnd(CurrentLine(board), board.basic.place.at);
-        TakeChar(board, ':');
-        SkipPast(board, "FOR", "NEXT");
+    if (StillInside(loop, PlaceOf(board, loop.variable)->number)) {
+        PushLoop(board, loop);
         return;
     }
-    PushLoop(board, loop);
+    TakeChar(board, ':');
+    SkipPast(board, "FOR", "NEXT");
 }
 
 // NEXT may name variables, from the inside out; loops that were left open inside are dropped.
 void RunNext(Board& board) {
     do {
-        const std::string name = TakeWord(board);
-        const size_t at = FindLoop(board, BasicLoopKind::kFor, name);
+        const size_t at = FindLoop(board, true, TakeWord(board));
         if (at == std::string::npos) {
             Fail(board, "Cannot find a matching FOR");
             return;
@@ -242,7 +214,7 @@ void RunNext(Board& board) {
 
 // The place of the loop is behind the word DO, so that each turn meets the condition again.
 void RunDo(Board& board) {
-    BasicLoop loop{BasicLoopKind::kDo, {}, 0, 0, board.basic.place};
+    const BasicLoop loop{false, {}, 0, 0, board.basic.place};
     const bool enters = TakeLoopCondition(board);
     if (board.basic.failed) return;
     if (enters) {
@@ -256,7 +228,7 @@ void RunDo(Board& board) {
 // A condition may stand at either end, and also at both.
 void RunLoop(Board& board) {
     const bool repeats = TakeLoopCondition(board);
-    const size_t at = FindLoop(board, BasicLoopKind::kDo, "");
+    const size_t at = FindLoop(board, false, "");
     if (at == std::string::npos) {
         Fail(board, "LOOP without a matching DO");
         return;
@@ -268,27 +240,7 @@ void RunLoop(Board& board) {
     RunDo(board);
 }
 
-// EXIT alone leaves a DO loop, as it always has.
-void RunExit(Board& board) {
-    if (TakeKeyword(board, "SUB")) {
-        LeaveSub(board);
-        return;
-    }
-    const bool isFor = TakeKeyword(board, "FOR");
-    if (!isFor) TakeKeyword(board, "DO");
-    const BasicLoopKind kind = isFor ? BasicLoopKind::kFor : BasicLoopKind::kDo;
-    const size_t at = FindLoop(board, kind, "");
-    if (at == std::string::npos) {
-        Fail(board, "No loop to exit");
-        return;
-    }
-    DropLoopsFrom(board, at);
-    board.basic.place.at = StatementEnd(CurrentLine(board), board.basic.place.at);
-    TakeChar(board, ':');
-    SkipPast(board, isFor ? "FOR" : "DO", isFor ? "NEXT" : "LOOP");
-}
-
-// A line number is a label of digits. A jump leaves loops and calls open.
+// A line number is a label of digits. A jump leaves loops open.
 void RunGoto(Board& board) {
     const char c = PeekChar(board);
     std::string label = TakeWord(board);
@@ -301,41 +253,9 @@ void RunGoto(Board& board) {
     board.basic.place = BasicPlace{false, found->second, 0};
 }
 
-void RunGosub(Board& board) {
-    BasicCall call{{}, board.basic.loops.size(), false, {}, {}};
-    RunGoto(board);
-    if (board.basic.failed) return;
-    if (board.basic.calls.size() >= kMaximumNesting) {
-        Fail(board, "Too many nested GOSUB");
-        return;
-    }
-    // Behind the label: the statement itself is read again for its end.
-    call.back = board.basic.statement;
-    call.back.at =
-        StatementEnd(call.back.direct ? board.basic.directLine : ProgramLine(board, call.back.line),
-                     call.back.at);
-    board.basic.calls.push_back(std::move(call));
-}
-
-// Loops that were opened since the GOSUB end with it.
-void RunReturn(Board& board) {
-    auto& calls = board.basic.calls;
-    if (calls.empty() || calls.back().isSub) {
-        Fail(board, "Nothing to return to");
-        return;
-    }
-    board.basic.place = calls.back().back;
-    DropLoopsFrom(board, std::min(calls.back().loops, board.basic.loops.size()));
-    calls.pop_back();
-}
-
-// END SUB and END IF begin with the same word as END.
+// END IF begins with the same word.
 void RunEnd(Board& board) {
-    if (TakeKeyword(board, "SUB")) {
-        LeaveSub(board);
-    } else if (!TakeKeyword(board, "IF")) {
-        EndBasic(board);
-    }
+    if (!TakeKeyword(board, "IF")) ReturnToPrompt(board);
 }
 
 }  // namespace simulator

@@ -12,10 +12,7 @@ void RunFor(Board& board);
 void RunNext(Board& board);
 void RunDo(Board& board);
 void RunLoop(Board& board);
-void RunExit(Board& board);
 void RunGoto(Board& board);
-void RunGosub(Board& board);
-void RunReturn(Board& board);
 void RunEnd(Board& board);
 
 // The cursor to the next line of the program; false at its end and in a typed line.

@@ -7,36 +7,34 @@
 #include "simulator/basic/BasicCommands.h"
 #include "simulator/basic/BasicFlow.h"
 #include "simulator/basic/BasicStatements.h"
-#include "simulator/basic/BasicSubs.h"
-
-namespace simulator {
 
 // A millisecond of board time runs a fixed number of statements. Commands that take time hand
 // the console to an activity of their own and come back by ResumeBasic; the cursor stands behind
 // them all the while.
+
+namespace simulator {
 
 namespace {
 
 constexpr int64_t kFullOutputWaitMs = 5;
 
 void RunSlice(Board& board);
-const BoardActivity kRunning = {nullptr, RunSlice, BreakToPrompt};
+const BoardActivity kRunning = {nullptr, RunSlice, ReturnToPromptLoudly};
 
 // Steps over a line number or a label at the start of a program line.
 void SkipLabel(Board& board) {
     BasicPlace& place = board.basic.place;
     if (place.direct || place.at != 0) return;
-    const char c = PeekChar(board);
+    PeekChar(board);
     const std::string& line = CurrentLine(board);
-    if (c >= '0' && c <= '9') {
-        while (place.at < line.size() && line[place.at] >= '0' && line[place.at] <= '9') ++place.at;
-        return;
+    const size_t digits = std::min(line.find_first_not_of("0123456789", place.at), line.size());
+    const size_t end = place.at + WordLength(line, place.at);
+    if (digits > place.at) {
+        place.at = digits;
+    } else if (end > place.at && end < line.size() && line[end] == ':' &&
+               !FindCommand(board.facts, line.substr(place.at, end - place.at))) {
+        place.at = end + 1;
     }
-    const size_t length = WordLength(line, place.at);
-    const size_t end = place.at + length;
-    if (length == 0 || end >= line.size() || line[end] != ':') return;
-    const std::string word = UpperText(std::string_view(line).substr(place.at, length));
-    if (!FindCommand(board.facts, word)) place.at = end + 1;
 }
 
 // The cursor to the start of the next statement; false when there is none.
@@ -51,43 +49,51 @@ bool FindStatement(Board& board) {
     }
 }
 
+// What stands at the cursor is no statement, or more than one.
+void FailHere(Board& board, std::string_view otherwise) {
+    const std::string word = TakeWord(board);
+    if (IsAbsentWord(word)) {
+        Fail(board, word + " is not in the simulated board");
+    } else {
+        Fail(board, otherwise);
+    }
+}
+
 // "name =" or "name(": an array's element may be assigned to.
 bool IsAssignment(Board& board) {
     const BasicPlace before = board.basic.place;
-    TakeWord(board);
+    const bool named = !TakeWord(board).empty();
     const char c = PeekChar(board);
     board.basic.place = before;
-    return c == '=' || c == '(';
+    return named && (c == '=' || c == '(');
 }
 
-// A command, a SUB of the program, or an assignment, in that order. What is left behind a
-// command that expects no more is a syntax error.
+// A command or an assignment. What is left behind a command that expects no more is a syntax
+// error.
 void RunNamed(Board& board) {
     const BasicPlace before = board.basic.place;
     const std::string word = TakeWord(board);
-    const BasicCommand* command = FindCommand(board.facts, word);
-    if (command) {
+    if (const BasicCommand* command = FindCommand(board.facts, word)) {
         command->run(board);
         if (command->openEnd) return;
-    } else if (IsSub(board, word)) {
-        CallSub(board, word);
     } else {
         board.basic.place = before;
-        if (word.empty() || !IsAssignment(board)) {
-            Fail(board, "Unknown command");
+        if (IsAbsentWord(word) || !IsAssignment(board)) {
+            FailHere(board, "Unknown command");
             return;
         }
         RunLet(board);
     }
-    if (!board.basic.failed && BasicIsRunning(board) && !AtStatementEnd(board))
-        Fail(board, "Syntax");
+    if (!board.basic.failed && BasicIsRunning(board) && !AtStatementEnd(board)) {
+        FailHere(board, "Syntax");
+    }
 }
 
 // One statement; false when the slice is over for another reason than its budget.
 bool RunStatement(Board& board) {
     BasicMachine& basic = board.basic;
     if (!FindStatement(board)) {
-        EndBasic(board);
+        ReturnToPrompt(board);
         return false;
     }
     basic.statement = basic.place;
@@ -124,12 +130,10 @@ void RunSlice(Board& board) {
 }
 
 void StartRunning(Board& board, const BasicPlace& place) {
-    BasicMachine& basic = board.basic;
-    UnwindSubs(board);
-    basic.loops.clear();
-    basic.failed = false;
-    basic.place = place;
-    basic.statement = place;
+    board.basic.loops.clear();
+    board.basic.failed = false;
+    board.basic.place = place;
+    board.basic.statement = place;
     ResumeBasic(board);
 }
 
@@ -143,25 +147,18 @@ void StartDirectLine(Board& board, const std::string& line) {
 
 // RUN always comes back by the loud prompt, also from an empty program.
 void RunProgram(Board& board) {
-    board.prompt.loud = true;
-    if (board.program.lines.empty()) {
-        if (board.facts.prompt.errorStyle == BoardErrorStyle::kInLine) {
-            FailWith(board, "Nothing to run");
-        } else {
-            ReturnToPrompt(board);
-        }
-        return;
-    }
     ClearVariables(board);
     board.basic.timerStart = board.now;
     ChainProgram(board);
 }
 
-// Variables stay: that is the difference of CHAIN.
 void ChainProgram(Board& board) {
     board.prompt.loud = true;
-    board.prompt.subBroken = false;
-    StartRunning(board, BasicPlace{false, 0, 0});
+    if (board.program.lines.empty() && board.facts.cmm2) {
+        FailWith(board, "Nothing to run");
+    } else {
+        StartRunning(board, BasicPlace{false, 0, 0});
+    }
 }
 
 void ResumeBasic(Board& board) {
@@ -180,19 +177,15 @@ void ChargeWork(Board& board, size_t bytes) {
 
 // The typed line goes too: nothing is left to go on with.
 void StopProgram(Board& board) {
-    UnwindSubs(board);
     board.basic.loops.clear();
-    board.basic.inputNames.clear();
     board.basic.failed = false;
     board.basic.place = BasicPlace();
     board.basic.directLine.clear();
 }
 
 void ClearVariables(Board& board) {
-    UnwindSubs(board);
     board.basic.variables.clear();
     board.basic.elements = 0;
-    board.basic.explicitNames = false;
 }
 
 // The first error of a statement counts; what follows from it is not reported.
@@ -200,15 +193,6 @@ bool Fail(Board& board, std::string_view message) {
     if (!board.basic.failed) board.basic.error = message;
     board.basic.failed = true;
     return false;
-}
-
-// The prompt, unless it was the prompt's own SUB that ended.
-void EndBasic(Board& board) {
-    if (board.prompt.subRuns) {
-        PromptSubIsOver(board);
-    } else {
-        ReturnToPrompt(board);
-    }
 }
 
 }  // namespace simulator

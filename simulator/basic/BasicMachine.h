@@ -19,7 +19,7 @@ constexpr size_t kMaximumString = 255;  // characters of a string value
 constexpr size_t kMaximumVariables = 512;
 constexpr size_t kMaximumName = 32;
 constexpr size_t kMaximumElements = 16384;  // of all arrays together
-constexpr size_t kMaximumNesting = 50;      // FOR, DO and GOSUB
+constexpr size_t kMaximumNesting = 50;      // FOR and DO
 constexpr int kMaximumDepth = 32;           // brackets and functions in an expression
 
 // A place in the line that was typed, or in the program.
@@ -37,27 +37,15 @@ struct BasicValue {
 
 struct BasicVariable {
     BasicValue value;
-    std::vector<BasicValue> elements;  // of an array, rows one after the other
-    std::vector<int> bounds;           // highest index of each dimension; none: no array
+    std::vector<BasicValue> elements;  // of an array; empty: no array
 };
 
-enum class BasicLoopKind { kFor, kDo };
-
 struct BasicLoop {
-    BasicLoopKind kind;
+    bool isFor = false;
     std::string variable;  // of a FOR
     double limit = 0;
     double step = 0;
     BasicPlace body;  // FOR: behind the head; DO: behind the word DO
-};
-
-// What a SUB puts back when it ends.
-struct BasicCall {
-    BasicPlace back;
-    size_t loops;  // open at the call
-    bool isSub;
-    std::map<std::string, BasicVariable> hidden;  // variables that its own ones hide
-    std::vector<std::string> own;
 };
 
 struct BasicMachine {
@@ -72,22 +60,17 @@ struct BasicMachine {
     int64_t cost = 0;     // statements run since, or a debt that is left of them
     std::map<std::string, BasicVariable> variables;
     size_t elements = 0;  // of all arrays
-    bool explicitNames = false;
     std::vector<BasicLoop> loops;
-    std::vector<BasicCall> calls;
-    std::unordered_map<std::string, int> labels;  // label, line number or "SUB name": line
+    std::unordered_map<std::string, int> labels;  // label or line number: line
     int64_t timerStart = 0;                       // ms
     std::vector<std::string> inputNames;          // of the INPUT that waits
-    std::string typed;                            // a line that was read
 };
 
 // Runs one line that was entered at the prompt.
 void StartDirectLine(Board& board, const std::string& line);
 
-// Runs the program from its first line, with no variables.
+// Runs the program from its first line, with no variables; ChainProgram leaves them.
 void RunProgram(Board& board);
-
-// The same with the variables as they are.
 void ChainProgram(Board& board);
 
 // Goes on behind a command that took its time.
@@ -106,8 +89,5 @@ void ClearVariables(Board& board);
 
 // Sets the error of the current statement, unless there is one already. Always false.
 bool Fail(Board& board, std::string_view message);
-
-// Leaves the current program or line: the prompt follows.
-void EndBasic(Board& board);
 
 }  // namespace simulator

@@ -13,11 +13,8 @@ constexpr int kTabStop = 8;
 void PrintItem(Board& board) {
     const BasicValue value = TakeValue(board);
     if (board.basic.failed) return;
-    if (value.isText) {
-        Put(board, value.text);
-    } else {
-        Put(board, (value.number >= 0 ? " " : "") + NumberText(value.number));
-    }
+    const bool blank = !value.isText && value.number >= 0;
+    Put(board, (blank ? " " : "") + (value.isText ? value.text : NumberText(value.number)));
 }
 
 // A comma goes on to the next multiple of eight columns, by one blank at least.
@@ -26,21 +23,17 @@ void PrintTab(Board& board) {
     while ((board.out.column - 1) % kTabStop != 0);
 }
 
-void AssignInput(Board& board, const std::string& name, const std::string& text) {
-    if (!name.empty() && name.back() == '$') {
-        AssignValue(board, PlaceOf(board, name), name, TextValue(text));
-        return;
-    }
-    AssignValue(board, PlaceOf(board, name), name, NumberValue(std::strtod(text.c_str(), nullptr)));
-}
-
 // The line that INPUT waited for. Fields that are missing are empty or 0.
 void InputTyped(Board& board, const std::string& line) {
-    const std::vector<std::string> names = std::move(board.basic.inputNames);
-    board.basic.inputNames.clear();
-    const std::vector<std::string> fields = SplitFields(line, ',', names.size());
+    const std::vector<std::string>& names = board.basic.inputNames;
+    std::vector<std::string> fields = SplitFields(line, ',', names.size());
+    fields.resize(names.size());
     for (size_t i = 0; i < names.size(); ++i) {
-        AssignInput(board, names[i], i < fields.size() ? fields[i] : std::string());
+        BasicValue* place = PlaceOf(board, names[i]);
+        if (!place) break;
+        const double number = std::strtod(fields[i].c_str(), nullptr);
+        AssignValue(board, place, names[i],
+                    place->isText ? TextValue(fields[i]) : NumberValue(number));
     }
     ResumeBasic(board);
 }
@@ -51,7 +44,7 @@ void InputTyped(Board& board, const std::string& line) {
 // any.
 void RunPrint(Board& board) {
     bool endsLine = true;
-    while (!AtStatementEnd(board)) {
+    while (!AtStatementEnd(board) && !board.basic.failed) {
         endsLine = false;
         if (TakeChar(board, ';')) continue;
         if (TakeChar(board, ',')) {
@@ -59,10 +52,9 @@ void RunPrint(Board& board) {
             continue;
         }
         PrintItem(board);
-        if (board.basic.failed) return;
         endsLine = true;
     }
-    if (endsLine) NewLine(board);
+    if (endsLine && !board.basic.failed) NewLine(board);
 }
 
 // The place is found first: an index that is out of bounds fails before the value is read.
@@ -72,8 +64,7 @@ void RunLet(Board& board) {
     board.basic.place = before;
     BasicValue* place = TakePlace(board);
     if (!place || !Expect(board, '=')) return;
-    const BasicValue value = TakeValue(board);
-    AssignValue(board, place, name, value);
+    AssignValue(board, place, name, TakeValue(board));
 }
 
 void RunDim(Board& board) {
@@ -97,10 +88,7 @@ void RunInput(Board& board) {
     board.basic.inputNames.clear();
     do {
         board.basic.inputNames.push_back(TakeWord(board));
-        if (board.basic.inputNames.back().empty()) {
-            Fail(board, "Syntax");
-            return;
-        }
+        if (board.basic.inputNames.back().empty()) Fail(board, "Syntax");
     } while (TakeChar(board, ','));
     if (board.basic.failed) return;
     Put(board, question);
@@ -134,10 +122,6 @@ void RunTimer(Board& board) {
 // Accepted, and of no effect: the generator's seed belongs to the board.
 void RunRandomize(Board& board) {
     if (!AtStatementEnd(board)) TakeNumber(board);
-}
-
-void RunRemark(Board& board) {
-    SkipLine(board);
 }
 
 }  // namespace simulator

@@ -13,6 +13,5 @@ void RunPause(Board& board);
 void RunCls(Board& board);
 void RunTimer(Board& board);
 void RunRandomize(Board& board);
-void RunRemark(Board& board);
 
 }  // namespace simulator

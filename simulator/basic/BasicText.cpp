@@ -18,6 +18,16 @@ bool IsTypeMark(char c) {
     return c == '$' || c == '%' || c == '!';
 }
 
+// The first of `ends` from `at` on that is not in a string.
+size_t FindUnquoted(std::string_view line, size_t at, std::string_view ends) {
+    bool quoted = false;
+    for (; at < line.size(); ++at) {
+        if (line[at] == '"') quoted = !quoted;
+        if (!quoted && ends.find(line[at]) != std::string_view::npos) return at;
+    }
+    return std::string_view::npos;
+}
+
 }  // namespace
 
 const std::string& CurrentLine(const Board& board) {
@@ -49,20 +59,25 @@ size_t WordLength(std::string_view line, size_t at) {
 
 // Names are one whatever their case.
 std::string TakeWord(Board& board) {
-    PeekChar(board);
-    const std::string& line = CurrentLine(board);
+    if (PeekChar(board) == '\0') return {};
+    const std::string_view line = CurrentLine(board);
     size_t& at = board.basic.place.at;
     const size_t length = WordLength(line, at);
-    const std::string word =
-        UpperText(std::string_view(line).substr(std::min(at, line.size()), length));
     at += length;
-    return word;
+    return UpperText(line.substr(at - length, length));
 }
 
 // The whole word must fit: "TO" is not the start of "TOTAL".
 bool TakeKeyword(Board& board, const char* word) {
     const BasicPlace before = board.basic.place;
     if (TakeWord(board) == word) return true;
+    board.basic.place = before;
+    return false;
+}
+
+bool TakeKeywords(Board& board, const char* first, const char* second) {
+    const BasicPlace before = board.basic.place;
+    if (TakeKeyword(board, first) && TakeKeyword(board, second)) return true;
     board.basic.place = before;
     return false;
 }
@@ -74,31 +89,20 @@ bool Expect(Board& board, char c) {
 
 // ELSE ends a statement of a single-line IF without a colon.
 bool AtStatementEnd(Board& board) {
+    const BasicPlace before = board.basic.place;
     const char c = PeekChar(board);
-    if (c == '\0' || c == ':' || c == '\'') return true;
-    const std::string& line = CurrentLine(board);
-    const size_t at = board.basic.place.at;
-    return WordLength(line, at) == 4 && SameWord(std::string_view(line).substr(at, 4), "ELSE");
+    const bool atElse = TakeKeyword(board, "ELSE");
+    board.basic.place = before;
+    return c == '\0' || c == ':' || c == '\'' || atElse;
 }
 
 // A quote mark inside a string is text. REM is a statement, not a comment in this sense.
 size_t CommentStart(std::string_view line) {
-    bool quoted = false;
-    for (size_t i = 0; i < line.size(); ++i) {
-        if (line[i] == '"') quoted = !quoted;
-        if (line[i] == '\'' && !quoted) return i;
-    }
-    return std::string_view::npos;
+    return FindUnquoted(line, 0, "'");
 }
 
-// A colon inside a string is text.
 size_t StatementEnd(std::string_view line, size_t at) {
-    bool quoted = false;
-    for (; at < line.size(); ++at) {
-        if (line[at] == '"') quoted = !quoted;
-        if (!quoted && (line[at] == ':' || line[at] == '\'')) break;
-    }
-    return at;
+    return std::min(FindUnquoted(line, at, ":'"), line.size());
 }
 
 void SkipLine(Board& board) {

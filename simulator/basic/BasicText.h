@@ -20,8 +20,9 @@ bool TakeChar(Board& board, char c);
 // A name with its dots and type mark, in upper case; empty if none stands here.
 std::string TakeWord(Board& board);
 
-// Steps over the word if it stands here as a whole.
+// Steps over the word if it stands here as a whole, or over two.
 bool TakeKeyword(Board& board, const char* word);
+bool TakeKeywords(Board& board, const char* first, const char* second);
 
 // Steps over `c` or fails with the firmware's words.
 bool Expect(Board& board, char c);

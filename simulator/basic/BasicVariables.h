@@ -1,4 +1,4 @@
-// Variables and arrays.
+// Variables, and arrays of one dimension.
 #pragma once
 
 #include "simulator/basic/BasicExpression.h"
@@ -17,7 +17,7 @@ BasicValue* PlaceOf(Board& board, const std::string& name);
 // Puts a value into a place; types must agree. `name` tells of the "%" mark.
 void AssignValue(Board& board, BasicValue* place, const std::string& name, const BasicValue& value);
 
-// DIM's one item at the cursor: name, bounds, "= value".
+// DIM's one item at the cursor: name, highest index, "= value".
 void DimensionOne(Board& board, bool text);
 
 }  // namespace simulator

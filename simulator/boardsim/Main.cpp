@@ -8,7 +8,6 @@
 #include <csignal>
 #include <cstdio>
 
-#include "simulator/TelnetCoding.h"
 #include "simulator/boardsim/DriveFiles.h"
 #include "simulator/boardsim/Endpoint.h"
 #include "simulator/boardsim/SimOptions.h"
@@ -35,16 +34,10 @@ struct Session {
     const SimOptions& options;
     SimulatedBoard& board;
     Endpoint& endpoint;
-    TelnetCoding telnet = {};
     std::string waiting = {};  // for the host
     bool powered = false;
     bool ended = false;
 };
-
-// A pseudo-terminal stands for the board's USB console, which knows no telnet.
-bool SpeaksTelnet(const Session& session) {
-    return session.options.facts->line.telnet && !session.endpoint.isPty;
-}
 
 void Tell(const char* text) {
     std::printf("boardsim: %s\n", text);
@@ -60,8 +53,6 @@ void PowerUpOnce(Session& session) {
 void WelcomeHost(Session& session) {
     if (!AcceptHost(session.endpoint)) return;
     Tell("connected");
-    session.waiting = SpeaksTelnet(session) ? TelnetGreeting() : std::string();
-    session.telnet = TelnetCoding();
     session.board.SetListening(true);
     PowerUpOnce(session);
 }
@@ -80,10 +71,8 @@ void LoseHost(Session& session) {
 }
 
 void ReadHost(Session& session) {
-    // A UART doesn't make its host wait; its ring loses the oldest bytes instead.
     char block[kReadBlock];
-    size_t room = sizeof block;
-    if (session.options.facts->line.baud == 0) room = std::min(room, session.board.InputRoom());
+    const size_t room = std::min(sizeof block, session.board.InputRoom());
     if (room == 0) return;
     const ssize_t count = read(session.endpoint.line, block, room);
     if (count < 0 && (errno == EAGAIN || errno == EINTR)) return;
@@ -91,17 +80,15 @@ void ReadHost(Session& session) {
         LoseHost(session);
         return;
     }
-    std::string bytes(block, static_cast<size_t>(count));
-    if (SpeaksTelnet(session)) bytes = DecodeTelnet(session.telnet, bytes);
-    session.board.Receive(bytes, ClockMs());
+    session.board.Receive({block, static_cast<size_t>(count)}, ClockMs());
 }
 
 // Telnet goes out in small segments, as the firmware sends it.
 void WriteHost(Session& session) {
     std::string& waiting = session.waiting;
     while (!waiting.empty() && session.endpoint.line >= 0) {
-        const size_t size =
-            SpeaksTelnet(session) ? std::min(waiting.size(), kTelnetSegment) : waiting.size();
+        const size_t segment = session.board.OutputSegment();
+        const size_t size = segment > 0 ? std::min(waiting.size(), segment) : waiting.size();
         const ssize_t count = write(session.endpoint.line, waiting.data(), size);
         if (count < 0 && (errno == EAGAIN || errno == EINTR)) return;
         if (count <= 0) {
@@ -115,8 +102,7 @@ void WriteHost(Session& session) {
 // A host that doesn't read leaves the rest in the board, which then stands still.
 void CollectOutput(Session& session) {
     if (session.waiting.size() >= kWaitingLimit) return;
-    std::string bytes = session.board.TakeOutput();
-    if (SpeaksTelnet(session)) bytes = EncodeTelnet(bytes);
+    const std::string bytes = session.board.TakeOutput();
     if (session.endpoint.line >= 0) session.waiting += bytes;
     WriteHost(session);
 }
@@ -138,8 +124,7 @@ void WaitAndServe(Session& session, const sigset_t& openSignals) {
     // A board that is away takes no host; one that comes waits until it is back.
     const bool away = session.powered && !session.board.LinkIsUp();
     pollfd watched = {busy ? endpoint.line : away ? -1 : endpoint.listener, POLLIN, 0};
-    const bool full = session.options.facts->line.baud == 0 && session.board.InputRoom() == 0;
-    if (busy && full) watched.events = 0;
+    if (busy && session.board.InputRoom() == 0) watched.events = 0;
     if (!session.waiting.empty()) watched.events |= POLLOUT;
     const int ms = WaitMs(session);
     const timespec limit = {ms / 1000, (ms % 1000) * 1000000L};

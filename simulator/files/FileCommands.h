@@ -21,6 +21,9 @@ bool TakePath(Board& board, std::string* path);
 // The same for a program: ".bas" is added.
 bool TakeProgramPath(Board& board, std::string* path);
 
+// The file's bytes; false with an error set.
+bool FetchFile(Board& board, const std::string& path, std::string* data);
+
 // Reads a program from a file into memory; false with an error set.
 bool LoadProgram(Board& board, const std::string& path);
 

@@ -16,7 +16,7 @@ void LineIsQuiet(Board& board) {
     board.xmodem.afterQuiet(board);
 }
 
-const BoardActivity kQuieting = {TakeNoise, LineIsQuiet, nullptr, false, true, true};
+const BoardActivity kQuieting = {TakeNoise, LineIsQuiet, nullptr, false, true};
 
 // The program as a file: the very last line end is cut in the firmware's own way.
 std::string ProgramAsFile(const Board& board) {
@@ -30,7 +30,7 @@ std::string ProgramAsFile(const Board& board) {
 bool TakeName(Board& board) {
     board.xmodem.path.clear();
     if (AtStatementEnd(board)) {
-        return !board.facts.receive.needsName || Fail(board, "Syntax");
+        return !board.facts.cmm2 || Fail(board, "Syntax");
     }
     if (!TakePath(board, &board.xmodem.path)) return false;
     if (TakeChar(board, ',')) TakeInteger(board, 0, 6);  // the CMM2's port
@@ -42,12 +42,7 @@ void BeginSend(Board& board) {
     if (board.xmodem.path.empty()) {
         board.xmodem.data = ProgramAsFile(board);
     } else {
-        const StoredFile* file = FindFile(board.files, board.xmodem.path);
-        if (!file || file->isFolder) {
-            Fail(board, "Could not find the file");
-            return;
-        }
-        board.xmodem.data = file->data;
+        if (!FetchFile(board, board.xmodem.path, &board.xmodem.data)) return;
     }
     StartXmodemSend(board);
 }

@@ -17,9 +17,9 @@ void TakeBlockByte(Board& board, unsigned char c);
 void RejectBlock(Board& board);
 void Acknowledge(Board& board);
 
-const BoardActivity kWaiting = {TakeStart, NextTry, nullptr, false, true, true};
-const BoardActivity kInBlock = {TakeBlockByte, RejectBlock, nullptr, false, true, true};
-const BoardActivity kWriting = {nullptr, Acknowledge, nullptr, false, true, true};
+const BoardActivity kWaiting = {TakeStart, NextTry, nullptr, false, true};
+const BoardActivity kInBlock = {TakeBlockByte, RejectBlock, nullptr, false, true};
+const BoardActivity kWriting = {nullptr, Acknowledge, nullptr, false, true};
 
 // A partial file stays after a failure.
 const char* KeepData(Board& board) {
@@ -65,7 +65,7 @@ void StoreReceivedProgram(Board& board) {
     for (const char c : board.xmodem.data) {
         if (c != '\0' && c != '\x1a') text += c;
     }
-    const char* error = StoreProgram(board, text, false);
+    const char* error = StoreProgram(board, text);
     if (error) {
         FailReceive(board, error);
         return;

@@ -18,10 +18,10 @@ void SendAgain(Board& board);
 void TakeEotAnswer(Board& board, unsigned char c);
 void SendEot(Board& board);
 
-const BoardActivity kStarting = {TakeStart, StartTimedOut, nullptr, false, true, true};
-const BoardActivity kSecondCan = {TakeSecondCan, StartTimedOut, nullptr, false, true, true};
-const BoardActivity kSending = {TakeAnswer, SendAgain, nullptr, false, true, true};
-const BoardActivity kClosing = {TakeEotAnswer, SendEot, nullptr, false, true, true};
+const BoardActivity kStarting = {TakeStart, StartTimedOut, nullptr, false, true};
+const BoardActivity kSecondCan = {TakeSecondCan, StartTimedOut, nullptr, false, true};
+const BoardActivity kSending = {TakeAnswer, SendAgain, nullptr, false, true};
+const BoardActivity kClosing = {TakeEotAnswer, SendEot, nullptr, false, true};
 
 // One procedure for each message, because a flush calls back without arguments.
 void FailSend(Board& board, const char* message) {
@@ -44,7 +44,7 @@ void SayErrorClosing(Board& board) {
 
 // Old firmware acknowledges the CAN and flushes, 6.03 just ends.
 void Cancel(Board& board) {
-    if (board.facts.xmodem.modernEnding) {
+    if (board.facts.xmodem.modern) {
         SayCancelled(board);
         return;
     }
@@ -61,7 +61,7 @@ void WaitForStart(Board& board) {
 void StartTimedOut(Board& board) {
     if (++board.xmodem.tries < board.facts.xmodem.startTries) {
         WaitForStart(board);
-    } else if (board.facts.xmodem.modernEnding) {
+    } else if (board.facts.xmodem.modern) {
         FailSend(board, "Receiver did not respond");
     } else {
         PutCancel(board);
@@ -104,7 +104,7 @@ void SendBlock(Board& board) {
 void SendAgain(Board& board) {
     if (board.xmodem.tries == kXmodemSends) {
         PutCancel(board);
-        if (board.facts.xmodem.modernEnding) {
+        if (board.facts.xmodem.modern) {
             SayTooMany(board);
         } else {
             WaitForQuiet(board, SayTooMany);
@@ -119,12 +119,12 @@ void SendAgain(Board& board) {
 // "C" asks for a CRC; firmware before 6.03 doesn't know it and counts it as noise.
 void TakeStart(Board& board, unsigned char c) {
     const XmodemFacts& facts = board.facts.xmodem;
-    if (c == kXmodemNak || (c == kCrcLetter && facts.crc)) {
+    if (c == kXmodemNak || (c == kCrcLetter && facts.modern)) {
         board.xmodem.crc = c == kCrcLetter;
         SendBlock(board);
     } else if (c != kXmodemCan) {
         StartTimedOut(board);
-    } else if (facts.modernEnding) {
+    } else if (facts.modern) {
         Cancel(board);
     } else {
         StartActivity(board, kSecondCan);
@@ -157,7 +157,7 @@ void TakeAnswer(Board& board, unsigned char c) {
 
 // Old firmware waits for silence before it prints its prompt.
 void CloseSend(Board& board) {
-    if (board.facts.xmodem.modernEnding) {
+    if (board.facts.xmodem.modern) {
         EndXmodem(board);
     } else {
         WaitForQuiet(board, EndXmodem);
@@ -167,7 +167,7 @@ void CloseSend(Board& board) {
 // With no answer at all firmware 6.03 takes it for a success.
 void SendEot(Board& board) {
     if (board.xmodem.tries == kEotTries) {
-        if (board.facts.xmodem.modernEnding) {
+        if (board.facts.xmodem.modern) {
             EndXmodem(board);
         } else {
             WaitForQuiet(board, SayErrorClosing);
@@ -182,7 +182,7 @@ void SendEot(Board& board) {
 void TakeEotAnswer(Board& board, unsigned char c) {
     if (c == kXmodemAck) {
         CloseSend(board);
-    } else if (c == kXmodemCan && board.facts.xmodem.modernEnding) {
+    } else if (c == kXmodemCan && board.facts.xmodem.modern) {
         Cancel(board);
     } else {
         SendEot(board);

@@ -8,10 +8,12 @@
 
 #include "simulator/SimulatedBoard.h"
 
+namespace {
+
 using namespace simulator;
 
 // ESC sequences of the prompts, as the firmwares send them.
-const std::string kTail603 = "\x1b[?7h", kQuiet = "> " + kTail603;
+const std::string kQuiet = "> \x1b[?7h";
 const std::string kLead603 = "\x1b[?25h\x1b[97;40m", kLoud603 = kLead603 + kQuiet;
 const std::string kLoudCmm2 = "\x1b[?25h\x1b[37m\x1b[m\r\n> ";
 
@@ -85,17 +87,9 @@ class BoardBench {
         }
     }
 
-    // Puts a program into memory and runs it: what it prints, without prompt sequences.
-    std::string RunText(const std::string& program) {
-        Say("NEW\r");
-        Say("AUTOSAVE\r" + program + "\x1a");
-        std::string out = Say("RUN\r", 30000);
-        out.erase(0, out.find('\n') + 1);
-        const size_t end = out.rfind("\x1b[?25h");
-        return end == std::string::npos ? out : out.substr(0, end);
-    }
-
     SimulatedBoard board;
     std::string signOn;
     int64_t now = 1000;
 };
+
+}  // namespace

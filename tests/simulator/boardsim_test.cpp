@@ -87,8 +87,6 @@ std::string Talk(int fd, const std::string& line, const std::string& until) {
     return ReadUntil(fd, until);
 }
 
-}  // namespace
-
 TEST(Boardsim, ServesOneHostAfterAnotherOverTcp) {
     const fs::path folder = fs::path(testing::TempDir()) / "boardsim-drive";
     fs::create_directories(folder / "sub");
@@ -167,3 +165,5 @@ TEST(Boardsim, AnIdleBoardSleeps) {
     close(fd);
     EXPECT_EQ(program.End(SIGTERM), 0);
 }
+
+}  // namespace

@@ -1,6 +1,7 @@
 // Troubles on request, pacing, and the telnet console.
-#include "simulator/TelnetCoding.h"
 #include "tests/simulator/board_bench.h"
+
+namespace {
 
 TEST(Faults, TheSameSeedGivesTheSameTrouble) {
     BoardSetup setup;
@@ -56,17 +57,38 @@ TEST(Faults, StormsAndTheSpeedOfALine) {
     EXPECT_EQ(bench.Wait(1000).substr(80), "A\r\n" + kQuiet);
 }
 
-TEST(Telnet, CodingOfBothDirections) {
-    const std::string all = std::string("a\r\n\xff\r\xff", 6) + '\0';
-    EXPECT_EQ(EncodeTelnet(all), std::string("a\r\0\n\xff\xff\r\0\xff\xff\0", 11));
-    // Whatever it is cut into, as long as no segment starts with 255.
-    const std::string coded = EncodeTelnet(all);
-    for (size_t cut = 1; cut < 11; ++cut) {
-        if (coded[cut] == '\xff') continue;
-        TelnetCoding coding;
-        const std::string first = DecodeTelnet(coding, coded.substr(0, cut));
-        EXPECT_EQ(first + DecodeTelnet(coding, coded.substr(cut)), all) << cut;
+TEST(Telnet, TheWebMiteCodesBothDirections) {
+    const std::string greeting = "\xff\xfb\x03\xff\xfd\x03\xff\xfb\x01\xff\xfd\x22\xff\xfe\x22";
+    BoardBench bench("webmite");
+    EXPECT_EQ(bench.board.OutputSegment(), 4u);
+    bench.board.SetListening(false);
+    bench.board.SetListening(true);  // a host comes: 16 bytes, the last one a NUL
+    EXPECT_EQ(bench.Wait(0), greeting + '\0');
+    const std::string end("\r\0\n", 3);
+    bench.Follow({{std::string("PRINT CHR$(255)\r\0", 17), 10,
+                   "PRINT CHR$(255)" + end + "\xff\xff" + end + kQuiet},
+                  {"\xff\xfb\x01typed", 10, ""},  // a segment that starts with 255 is lost whole
+                  {"x=1\xff\xff\r", 10, "x=1" + end + kQuiet}});
+    // What arrives is the same whatever it is cut into, as long as no segment starts with 255.
+    const std::string data = std::string("a\r\n\xff\r\xff", 6) + '\0' + std::string(121, 'z');
+    std::string frame = "\x01\x01\xfe" + data, coded;
+    unsigned sum = 0;
+    for (const char c : data) sum += static_cast<unsigned char>(c);
+    for (const char c : frame + static_cast<char>(sum)) {
+        coded += c == '\r' ? std::string("\r\0", 2) : std::string(c == '\xff' ? 2 : 1, c);
     }
-    TelnetCoding coding;
-    EXPECT_EQ(DecodeTelnet(coding, "\xff\xfb\x01typed"), "");  // thrown away whole
+    for (size_t cut = 1; cut < 16; ++cut) {
+        if (coded[cut] == '\xff') continue;
+        bench.Say("XMODEM RECEIVE \"f\"\r", 0);
+        bench.Say(coded.substr(0, cut), 0);
+        EXPECT_EQ(bench.Say(coded.substr(cut), 2), "\x06") << cut;
+        bench.Say("\x04", 2000);
+        std::string held;
+        EXPECT_TRUE(bench.board.ReadFile("f", &held) && held == data) << cut;
+    }
+    BoardSetup setup;
+    setup.onUsb = true;
+    EXPECT_EQ(BoardBench("webmite", setup).Type("PRINT 1"), " 1\r\n" + kQuiet);
 }
+
+}  // namespace

@@ -1,25 +1,23 @@
-// The prompt, the echo and the errors, byte for byte as the firmwares send them.
+// The prompt, the echo, the errors and the PIN, byte for byte as the firmwares send them.
 #include "tests/simulator/board_bench.h"
 
-struct PromptRow {
+namespace {
+
+const struct {
     const char* family;
     const char* quiet;  // after an ordinary command
     std::string loud;   // after an error, printed at column 1
     const char* error;
-};
-
-const PromptRow kPrompts[] = {
+} kPrompts[] = {
     {"picomite", "> \x1b[?7h", "\x1b[?25h\x1b[97;40m> \x1b[?7h", "Error : Unknown command"},
-    {"picomite-6.02", "> ", "\x1b[?25h\x1b[97;40m> ", "Error : Unknown command"},
     {"picomite-6.00", "> ", "\x1b[?25h> ", "Error : Unknown command"},
     {"cmm2", "> ", kLoudCmm2, "Unknown command"},
     {"armmite", "> ", "> ", "Error : Unknown command"},
-    {"micromite", "> ", "> ", "Error: Unknown command"},
-    {"command", "> ", "> ", "error: unknown command"},
+    {"micromite+", "> ", "> ", "Error: Unknown command"},
 };
 
 TEST(Prompt, EachFirmwareHasItsOwnBytesAfterACommandAnErrorAndNew) {
-    for (const PromptRow& row : kPrompts) {
+    for (const auto& row : kPrompts) {
         SCOPED_TRACE(row.family);
         BoardBench bench(row.family);
         const std::string quiet = row.quiet, loud = row.loud;
@@ -28,7 +26,6 @@ TEST(Prompt, EachFirmwareHasItsOwnBytesAfterACommandAnErrorAndNew) {
         EXPECT_EQ(bench.signOn.substr(bench.signOn.size() - end.size()), end);
         EXPECT_EQ(bench.Say("nosuch\r"), std::string("nosuch\r\n") + row.error + "\r\n" + loud);
         EXPECT_EQ(bench.Type(""), quiet);
-        if (row.family == std::string("command")) continue;
         EXPECT_EQ(bench.Type("PRINT 6*7"), " 42\r\n" + quiet);
         EXPECT_EQ(bench.Type("PRINT 1;"), " 1\r\n" + quiet);
         EXPECT_EQ(bench.Type("NEW"), quiet);
@@ -52,41 +49,24 @@ TEST(Prompt, LineEndsEchoAndWrapMarks) {
     EXPECT_EQ(bench.Type("PRINT \"ab\";CHR$(8);CHR$(8);"), "ab\b\b" + kQuiet);  // at column 1
 }
 
-TEST(Prompt, EditingByKeysAndControlBytes) {
-    const auto erased = [](size_t back, const std::string& line, size_t ahead) {
-        return std::string(back, '\b') + "\x1b[0J" + line + std::string(ahead, '\b');
-    };
+TEST(Prompt, KeysAndControlBytes) {
     BoardBench().Follow({
-        {"PRINT 12\b", 1, "PRINT 12" + erased(8, "PRINT 1", 0)},
-        {"\x13", 1, "\b"},                     // left
-        {"9", 1, erased(6, "PRINT 91", 1)},    // inserts
-        {"\x7f", 1, erased(7, "PRINT 9", 0)},  // deletes to the right
-        {"\x15", 1, std::string(7, '\b')},     // NAK is "home"
-        {"\x04\x1b[C\x0b", 1, "PRINT 9"},      // right, right, end
-        {"\r", 1, "\r\n 9\r\n" + kQuiet},
-        {"\x18", 1, "\x1b[0J"},                       // a stray CAN
-        {"C\x05", 1, "C" + erased(1, "PRINT 9", 0)},  // up: the last command
-        {"\x1b[B", 1, erased(7, "", 0)},              // down
-        {"\x92", 1, "RUN\r\n" + kLoud603},            // F2 as a raw byte
-        {"\x1bOR", 1, "LIST\r\n" + kQuiet},           // F3
+        {"PRINT 12\b", 1, "PRINT 12" + std::string(8, '\b') + "\x1b[0JPRINT 1"},
+        {"\x1b[C\x1b[1~\r", 1, "\r\n 1\r\n" + kQuiet},  // keys that it does without
+        {"\x18", 1, "\x1b[0J"},                         // a stray CAN
+        {"C\x92", 1, "C\b\x1b[0JRUN\r\n" + kLoud603},   // F2 as a raw byte
+        {"\x1bOR", 1, "LIST\r\n" + kQuiet},             // F3
         // A lone ESC holds what follows for 30 ms; then it was nothing, and the rest is text.
         {"\x1b[1", 29, ""},
         {"", 2, "[1"},
         {"\x1bz", 1, "z"},
     });
     // The old boards rub out plainly and know none of these keys.
-    EXPECT_EQ(BoardBench("micromite").Say("ab\b\x15\x18"), "ab\b \b");
+    EXPECT_EQ(BoardBench("micromite+").Say("ab\b\x15\x18"), "ab\b \b");
 }
 
 TEST(Prompt, CtrlCActsAtItsReceptionAndEmptiesTheInput) {
     BoardBench bench;
-    // It leaves the editor too; the editor's F2 runs the program.
-    const std::string clear = "\x1b[2J\x1b[H";
-    bench.Say("AUTOSAVE\rprint 8\r\x1a");
-    EXPECT_EQ(bench.Say("\x1bOS").substr(0, 22), "EDIT\r\n" + clear + "Print 8\r\n");
-    EXPECT_EQ(bench.Say("\x03"), clear + kLoud603);
-    bench.Say("EDIT\r");
-    EXPECT_EQ(bench.Say("\x92"), clear + " 8\r\n" + kLoud603);
     EXPECT_EQ(bench.Say("PRI\x03"), "PRI" + kLead603 + "\r\n" + kQuiet);
     bench.Say("AUTOSAVE\rDO:LOOP\r\x1a");
     bench.Follow({{"RUN\r", 500, "RUN\r\n"},
@@ -99,7 +79,8 @@ TEST(Prompt, ErrorsInAProgramTellTheLineInEachFamilysWay) {
     const std::string program = "a=1\rPRINT \"x\"; nosuch(1)\r",
                       words = "NOSUCH is not declared\r\n";
     BoardBench bench;
-    EXPECT_EQ(bench.RunText(program), "x\r\n[2] Print \"x\"; nosuch(1)\r\nError : " + words);
+    bench.Say("AUTOSAVE\r" + program + "\x1a");
+    EXPECT_EQ(bench.Type("RUN"), "x\r\n[2] Print \"x\"; nosuch(1)\r\nError : " + words + kLoud603);
     // 200 ms pass before the plain PicoMite prints it.
     EXPECT_EQ(bench.Type("nosuch", 199), "");
     EXPECT_EQ(bench.Wait(1).substr(0, 8), "Error : ");
@@ -110,20 +91,6 @@ TEST(Prompt, ErrorsInAProgramTellTheLineInEachFamilysWay) {
     cmm2.Say("AUTOSAVE \"t\"\r" + program);
     EXPECT_EQ(cmm2.Say("\x1b[12~"),
               "\r\n> Saved to SDcard\r\nx\r\nError in line 2: " + words + kLoudCmm2);
-}
-
-TEST(Prompt, ShortFormsAndAPromptOfTheProgramsOwn) {
-    BoardSetup setup;
-    setup.sdCard = true;
-    BoardBench bench("picomite", setup);
-    bench.board.AddFile("hi.bas", "PRINT \"hi\"\n", 0);
-    bench.ExpectDialogue("*hi -> hi\nB: | PRINT CWD$ -> B:/\n");
-    bench.Say("AUTOSAVE\rSUB MM.PROMPT\rPRINT \"ready \";\rEND SUB\r");
-    EXPECT_EQ(bench.Say("\x1a"), "Saved 51 bytes\r\n" + kLead603 + "ready ");
-    EXPECT_EQ(bench.Type("PRINT 1"), " 1\r\nready ");
-    // One that fails gives way to the plain prompt.
-    bench.Say("AUTOSAVE\rSUB MM.PROMPT\rnosuch\rEND SUB\r\x1a");
-    EXPECT_EQ(bench.Type("PRINT 1"), " 1\r\n" + kQuiet);
 }
 
 TEST(Prompt, ARestartTakesAUsbPortAwayAndPrintsNoSignOn) {
@@ -137,3 +104,44 @@ TEST(Prompt, ARestartTakesAUsbPortAwayAndPrintsNoSignOn) {
     bench.board.SetListening(true);
     EXPECT_EQ(bench.Type(""), kQuiet);
 }
+
+struct LockedBench : BoardBench {
+    explicit LockedBench(int pin, const char* family = "picomite")
+        : BoardBench(family, [pin] {
+              BoardSetup setup;
+              setup.pin = pin;
+              return setup;
+          }()) {}
+};
+
+TEST(Pin, ThreeSecondsOfSilenceStandBeforeEachAnswer) {
+    const std::string question = "Enter PIN or 0 to restart: ";
+    LockedBench bench(4321);
+    EXPECT_EQ(bench.signOn.substr(bench.signOn.size() - 2 - question.size()), "\r\n" + question);
+    bench.Follow({{"\r", 0, "\r\n" + question},  // an empty answer: at once
+                  {"\x03", 0, kLead603 + "\r\n" + question},
+                  {"11x\b1\r\n", 0, "11x\b \b1\r\n"},  // the LF is skipped
+                  {"", 2999, ""},
+                  {"", 1, question},
+                  {"0\r", 2999, "0\r\n"}});  // a restart: the port goes, the question comes back
+    EXPECT_TRUE(bench.board.LinkIsUp());
+    bench.Follow({{"", 1, ""}});
+    EXPECT_FALSE(bench.board.LinkIsUp());
+    bench.Follow({{"", 1500, question},
+                  {"4321\r", 10, "4321\r\n"},
+                  {"PRINT 8\r", 2989, ""},  // what is typed in the silence waits
+                  {"", 1, kQuiet + "PRINT 8\r\n 8\r\n" + kQuiet},
+                  {"\x03", 10, kLead603 + "\r\n" + kQuiet}});  // asked once only since the reset
+    LockedBench(7, "cmm2").Follow({{"8\r", 49, "8\r\n"}, {"", 1, question}});
+    LockedBench locked(99999999);
+    const std::string words = "Console locked, press enter to restart: ";
+    EXPECT_TRUE(Has(locked.signOn, words));
+    locked.Follow({{"99999999\r", 1499, "99999999\r\n"}, {"", 1, words}});
+    // Set at the prompt it holds from the next start on, and isn't listed.
+    BoardBench later;
+    EXPECT_EQ(later.Type("OPTION PIN 55"), kQuiet);
+    EXPECT_FALSE(Has(later.Say("OPTION LIST\r"), "55\r"));
+    EXPECT_EQ(later.Type("CPU RESTART"), question);
+}
+
+}  // namespace

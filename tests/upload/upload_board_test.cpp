@@ -29,10 +29,10 @@ const char* const program =
 TEST_F(UploadToBoard, ArrivesAndRunsOnEachFamily) {
     // clang-format off
     const std::pair<const char*, const char*> boards[] = {
-        {"picomite", "s\\picomite"}, {"picomite-6.02", "s\\pico"}, {"picomite-6.00", "s\\pico"},
-        {"picomite-uart", "s\\pico le\\cr"}, {"picocalc", "s\\pico"}, {"webmite", "s\\pico"},
-        {"armmite", "s\\micromite le\\lf"}, {"micromite", "s\\micromite le\\cr"},
-        {"micromite+", "s\\micromite+"}, {"maximite", "s\\maximite"},
+        {"picomite", "s\\picomite"},    {"picomite-6.00", "s\\pico"},
+        {"picocalc", "s\\pico"},
+        {"armmite", "s\\micromite le\\lf"},
+        {"micromite+", "s\\micromite+ le\\cr"}, {"maximite", "s\\maximite"},
         {"pi-cromite", "s\\pi le\\crlf"}, {"cmm2", "s\\cmm2 file\\sum.bas"},
     };
     // clang-format on

@@ -1,4 +1,4 @@
-// Commands on the program in memory and on the board itself.
+// Commands on the board itself: NEW, RUN, OPTION and the restart.
 #pragma once
 
 namespace simulator {
@@ -7,8 +7,7 @@ struct Board;
 
 void RunNew(Board& board);
 void RunRun(Board& board);
-void RunClear(Board& board);
 void RunCpu(Board& board);
-void RunMemory(Board& board);
+void RunOption(Board& board);
 
 }  // namespace simulator
