@@ -5,7 +5,6 @@
 #include "simulator/BoardActivity.h"
 #include "simulator/BoardClock.h"
 #include "simulator/BoardFacts.h"
-#include "simulator/BoardInput.h"
 #include "simulator/BoardOutput.h"
 #include "simulator/BoardText.h"
 #include "simulator/FlashSlots.h"
@@ -30,8 +29,7 @@ struct Board {
     const BoardFacts& facts;
     const BoardSetup setup;
 
-    int64_t now = 0;        // ms
-    int64_t poweredAt = 0;  // ms
+    int64_t now = 0;  // ms
     bool powered = false;
     bool listening = true;
     int64_t awayUntil = 0;         // the port is gone until then, ms

@@ -5,8 +5,19 @@
 #include "simulator/Board.h"
 
 namespace simulator {
-
 namespace {
+
+constexpr unsigned char kCtrlC = 3;
+
+// Over USB the host waits; one that doesn't loses what it sends too much.
+void Store(Board& board, unsigned char c) {
+    BoardInput& in = board.in;
+    if (in.ring.size() >= board.facts.line.ring) {
+        if (!board.facts.line.dropsOldest) return;
+        in.ring.pop_front();
+    }
+    in.ring.push_back(c);
+}
 
 // A Ctrl-C that came meanwhile stops the program that would go on now.
 void BusyIsOver(Board& board) {
@@ -35,15 +46,36 @@ void WakeIn(Board& board, int64_t ms) {
 
 // Work of no time is done at once, so that its follow-up stands behind it in every case.
 void BusyThen(Board& board, int64_t ms, void (*then)(Board& board), bool deaf) {
-    if (ms <= 0) {
-        then(board);
-        return;
-    }
+    if (ms <= 0) return then(board);
     if (deaf) board.in.ring.clear();
     StartActivity(board, deaf ? kDeafBusy : kBusy);
     board.afterBusy = then;
     board.stopAsked = false;
     WakeIn(board, ms);
+}
+
+// The order matters: what the line loses never reaches the board, a deaf board hears not even
+// Ctrl-C, and Ctrl-C throws away what waits before it stops anything.
+void AcceptByte(Board& board, unsigned char c) {
+    const BoardFaults& faults = board.setup.faults;
+    if (faults.lostInPerMille > 0 && Draw(board, 1000) < faults.lostInPerMille) return;
+    if (board.activity->deaf) return;
+    if (board.facts.line.sevenBits && !board.activity->protocol) c &= 0x7f;
+    if (c == kCtrlC && board.activity->stop) {
+        board.in.ring.clear();
+        board.activity->stop(board);
+        return;
+    }
+    Store(board, c);
+}
+
+// One byte at a time, because each may hand the console to another activity.
+void PumpInput(Board& board) {
+    while (board.activity->byte && !board.in.ring.empty()) {
+        const unsigned char c = board.in.ring.front();
+        board.in.ring.pop_front();
+        board.activity->byte(board, c);
+    }
 }
 
 }  // namespace simulator

@@ -1,11 +1,12 @@
 // What the board is doing: one activity at a time owns the console. It says who takes
-// the bytes that come, what happens when its time has come, and what Ctrl-C does.
+// the bytes that come, what happens when its time has come, and what Ctrl-C does. A ring
+// holds what comes while the board is busy.
 #pragma once
 
 #include <cstdint>
+#include <deque>
 
 namespace simulator {
-
 struct Board;
 
 struct BoardActivity {
@@ -19,6 +20,10 @@ struct BoardActivity {
     bool protocol = false;  // XMODEM's frames: all eight bits count
 };
 
+struct BoardInput {
+    std::deque<unsigned char> ring;  // at most facts.line.ring bytes
+};
+
 // Makes it the current one, with no time set.
 void StartActivity(Board& board, const BoardActivity& activity);
 
@@ -29,5 +34,11 @@ void WakeIn(Board& board, int64_t ms);
 // Stays busy for `ms`, then calls `then`. A deaf wait loses what is sent meanwhile, as
 // flash work with the interrupts off does.
 void BusyThen(Board& board, int64_t ms, void (*then)(Board& board), bool deaf = false);
+
+// One byte from the line. Byte 3 is acted on here, before whatever waits.
+void AcceptByte(Board& board, unsigned char c);
+
+// Hands what waits to the current activity, as long as it reads.
+void PumpInput(Board& board);
 
 }  // namespace simulator

@@ -8,7 +8,6 @@
 // Dates are reckoned in the Gregorian calendar with no zone and no leap seconds, as UTC.
 
 namespace simulator {
-
 namespace {
 
 // The chip keeps its own time: it is as far ahead as it was, less the step of the board's clock.
@@ -123,17 +122,10 @@ void RunSetTime(Board& board) {
 void RunRtc(Board& board) {
     std::tm civil = {};
     const bool sets = TakeKeyword(board, "SETTIME");
-    if (!sets && !TakeKeyword(board, "GETTIME")) {
-        Fail(board, "Syntax");
-    } else if (sets && !TakeChipTime(board, &civil)) {
-        return;
-    } else if (!board.setup.clockChip) {
-        Fail(board, "RTC not responding");
-    } else if (sets) {
-        board.clock.chipAhead = timegm(&civil) - BoardSeconds(board);
-    } else {
-        SetBoardSeconds(board, BoardSeconds(board) + board.clock.chipAhead);
-    }
+    if (!sets && !TakeKeyword(board, "GETTIME")) return Refuse(board, "Syntax");
+    if (!sets) return SetBoardSeconds(board, BoardSeconds(board) + board.clock.chipAhead);
+    if (!TakeChipTime(board, &civil)) return;
+    board.clock.chipAhead = timegm(&civil) - BoardSeconds(board);
 }
 
 }  // namespace simulator

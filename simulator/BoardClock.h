@@ -5,7 +5,6 @@
 #include <string>
 
 namespace simulator {
-
 struct Board;
 
 // 2024-01-01 00:00:00: a board without a battery begins there.

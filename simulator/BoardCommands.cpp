@@ -4,7 +4,6 @@
 #include "simulator/files/FileCommands.h"
 
 namespace simulator {
-
 namespace {
 
 constexpr int kMaximumPin = 99999999;
@@ -47,21 +46,14 @@ void RunRun(Board& board) {
 }
 
 void RunCpu(Board& board) {
-    if (TakeKeyword(board, "RESTART")) {
-        RestartBoard(board);
-    } else {
-        Fail(board, "Syntax");
-    }
+    if (TakeKeyword(board, "RESTART")) return RestartBoard(board);
+    Fail(board, "Syntax");
 }
 
 void RunOption(Board& board) {
-    if (TakeKeyword(board, "LIST")) {
-        ListOptions(board);
-    } else if (TakeKeyword(board, "PIN")) {
-        SetPin(board);
-    } else {
-        Fail(board, "Only OPTION LIST and OPTION PIN are simulated");
-    }
+    if (TakeKeyword(board, "LIST")) return ListOptions(board);
+    if (TakeKeyword(board, "PIN")) return SetPin(board);
+    Fail(board, "Only OPTION LIST and OPTION PIN are simulated");
 }
 
 }  // namespace simulator

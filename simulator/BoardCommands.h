@@ -2,7 +2,6 @@
 #pragma once
 
 namespace simulator {
-
 struct Board;
 
 void RunNew(Board& board);

@@ -5,7 +5,6 @@
 #include "simulator/BoardText.h"
 
 namespace simulator {
-
 namespace {
 
 // Columns: drops oldest, ring, seven bits, restart ms, telnet segment.

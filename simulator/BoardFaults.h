@@ -11,20 +11,18 @@ namespace simulator {
 struct BoardStorm {
     std::string pattern;  // sent whole each time; empty: no storm
     int intervalMs = 10;  // from one to the next, at least 1
-    int64_t fromMs = 0;   // first one, counted from power-up
-    int64_t forMs = 0;    // how long it lasts; 0: for ever
     bool inXmodemOnly = false;
 };
 
 struct BoardFaults {
-    uint64_t seed = 1;
-    int lostOutPerMille = 0;    // output bytes that vanish, of 1000
-    int lostInPerMille = 0;     // input bytes that vanish
-    int garbagePerMille = 0;    // output bytes that change
-    int delayMs = 0;            // every output byte comes this much later
-    bool noEcho = false;        // typed characters don't come back
-    bool silent = false;        // nothing is ever sent
-    int64_t cutAfterBytes = 0;  // the link is cut when so many bytes were sent
+    int seed = 1;
+    int lostOutPerMille = 0;  // output bytes that vanish, of 1000
+    int lostInPerMille = 0;   // input bytes that vanish
+    int garbagePerMille = 0;  // output bytes that change
+    int delayMs = 0;          // every output byte comes this much later
+    bool noEcho = false;      // typed characters don't come back
+    bool silent = false;      // nothing is ever sent
+    int cutAfterBytes = 0;    // the link is cut when so many bytes were sent
     BoardStorm storm;
 };
 

@@ -7,7 +7,7 @@
 namespace simulator {
 
 // What the board sends goes through the troubles of the line and into a queue of pieces with
-// their times. A driver takes from it what the line has carried by now.
+// their times. A driver takes from it what the host has by now.
 
 namespace {
 
@@ -43,8 +43,7 @@ bool LineIsDead(const Board& board) {
            board.awayUntil > board.now || board.out.queued >= kOutputLimit;
 }
 
-// Into the queue, each byte with the time at which the host will have it. Bytes that follow the
-// last ones without a gap join their piece.
+// Into the queue, with the time at which the host will have it.
 void Transmit(Board& board, std::string_view bytes) {
     BoardOutput& out = board.out;
     if (LineIsDead(board)) return;
@@ -53,20 +52,11 @@ void Transmit(Board& board, std::string_view bytes) {
         if (SurvivesLine(board, &c)) arriving += c;
     }
     if (arriving.empty()) return;
-    const int64_t earliest = (board.now + board.setup.faults.delayMs) * 1000;
-    const int64_t start = std::max(out.lineFreeUs, earliest);
-    const int64_t size = static_cast<int64_t>(arriving.size());
+    const int64_t readyAt = board.now + board.setup.faults.delayMs;
+    if (out.queue.empty() || out.queue.back().readyAt != readyAt)
+        out.queue.push_back({readyAt, {}});
+    out.queue.back().bytes += arriving;
     out.queued += arriving.size();
-    out.lineFreeUs = start + size * out.perByteUs;
-    if (!out.queue.empty()) {
-        BoardOutput::Piece& last = out.queue.back();
-        const int64_t lastSize = static_cast<int64_t>(last.bytes.size());
-        if (last.startUs + lastSize * out.perByteUs == start) {
-            last.bytes += arriving;
-            return;
-        }
-    }
-    out.queue.push_back({start, std::move(arriving)});
 }
 
 }  // namespace
@@ -98,38 +88,18 @@ bool OutputIsFull(const Board& board) {
     return board.out.queued >= kOutputHighWater;
 }
 
-// Only whole bytes that have gone through the line by now.
 std::string TakeReady(Board& board) {
     BoardOutput& out = board.out;
-    const int64_t nowUs = board.now * 1000;
     std::string ready;
-    while (!out.queue.empty()) {
-        BoardOutput::Piece& piece = out.queue.front();
-        size_t count = piece.bytes.size();
-        if (out.perByteUs > 0) {
-            const int64_t passed = std::max<int64_t>(0, nowUs - piece.startUs) / out.perByteUs;
-            count = std::min(count, static_cast<size_t>(passed));
-        } else if (piece.startUs > nowUs) {
-            count = 0;
-        }
-        if (count == 0) break;
-        ready.append(piece.bytes, 0, count);
-        if (count == piece.bytes.size()) {
-            out.queue.pop_front();
-            continue;
-        }
-        piece.bytes.erase(0, count);
-        piece.startUs += static_cast<int64_t>(count) * out.perByteUs;
-        break;
+    for (; !out.queue.empty() && out.queue.front().readyAt <= board.now; out.queue.pop_front()) {
+        ready += out.queue.front().bytes;
     }
     out.queued -= ready.size();
     return ready;
 }
 
 int64_t NextReadyMs(const Board& board) {
-    const BoardOutput& out = board.out;
-    if (out.queue.empty()) return kNeverMs;
-    return (out.queue.front().startUs + out.perByteUs + 999) / 1000;
+    return board.out.queue.empty() ? kNeverMs : board.out.queue.front().readyAt;
 }
 
 }  // namespace simulator

@@ -1,5 +1,4 @@
-// The board's way out: column count, pacing by the speed of the line, and the troubles of
-// the line.
+// The board's way out: column count, and the troubles of the line.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +7,6 @@
 #include <string_view>
 
 namespace simulator {
-
 struct Board;
 
 // Bytes that wait for a host. Beyond the first bound a running program stands still, as
@@ -17,16 +15,13 @@ constexpr size_t kOutputHighWater = 64 * 1024;
 constexpr size_t kOutputLimit = 1024 * 1024;
 
 struct BoardOutput {
-    // Byte i is on the host's side at startUs + (i + 1) * perByteUs.
     struct Piece {
-        int64_t startUs;
+        int64_t readyAt;  // ms
         std::string bytes;
     };
     std::deque<Piece> queue;
     size_t queued = 0;
-    int64_t perByteUs = 0;   // 0: the whole piece at once
-    int64_t lineFreeUs = 0;  // when the line has sent everything
-    int64_t sent = 0;        // bytes since power-up, for the cut
+    int64_t sent = 0;  // bytes since power-up, for the cut
     bool cut = false;
     int column = 1;    // of the next character, as the firmware counts
     std::string held;  // echo that isn't flushed yet
@@ -48,7 +43,7 @@ void FreshLine(Board& board);
 // No room until the host has taken something.
 bool OutputIsFull(const Board& board);
 
-// For the driver: what has left by board.now, and when the next byte will have.
+// For the driver: what has arrived by board.now, and when the next byte will have.
 std::string TakeReady(Board& board);
 int64_t NextReadyMs(const Board& board);
 

@@ -52,10 +52,7 @@ void StoreInSlot(Board& board, FlashSlot* slot) {
 void SaveToSlot(Board& board) {
     FlashSlot* slot = TakeSlot(board);
     if (!slot) return;
-    if (slot->used) {
-        Fail(board, "Already programmed");
-        return;
-    }
+    if (slot->used) return Refuse(board, "Already programmed");
     StoreInSlot(board, slot);
 }
 

@@ -6,7 +6,6 @@
 #include <vector>
 
 namespace simulator {
-
 struct Board;
 
 constexpr int kFlashSlots = 3;

@@ -5,7 +5,6 @@
 // The sequences are those of VT100 and VT220 keyboards (ECMA-48 CSI and SS3).
 
 namespace simulator {
-
 namespace {
 
 constexpr char kEscape = 27;

@@ -6,7 +6,6 @@
 // from its start, as the firmware does.
 
 namespace simulator {
-
 namespace {
 
 constexpr size_t kTabWidth = 2;
@@ -43,10 +42,7 @@ void Replace(Board& board, const std::string& text) {
 void RubOut(Board& board) {
     std::string& line = board.editor.line;
     if (line.empty()) return;
-    if (board.facts.prompt.fullEditor) {
-        Replace(board, line.substr(0, line.size() - 1));
-        return;
-    }
+    if (board.facts.prompt.fullEditor) return Replace(board, line.substr(0, line.size() - 1));
     line.pop_back();
     Echo(board, "\b \b");
 }
@@ -67,11 +63,8 @@ std::string ExpandShortForm(const std::string& line) {
 void Enter(Board& board) {
     Echo(board, "\r\n");
     const std::string line(TrimBlanks(board.editor.line));
-    if (line.empty() || !board.facts.basic) {
-        ReturnToPrompt(board);
-    } else {
-        StartDirectLine(board, ExpandShortForm(line));
-    }
+    if (line.empty() || !board.facts.basic) return ReturnToPrompt(board);
+    StartDirectLine(board, ExpandShortForm(line));
 }
 
 struct EditorKey {

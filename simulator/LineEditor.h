@@ -6,7 +6,6 @@
 #include "simulator/KeyDecoder.h"
 
 namespace simulator {
-
 struct Board;
 
 constexpr size_t kMaximumCommandLine = 254;

@@ -3,7 +3,6 @@
 #include "simulator/Board.h"
 
 namespace simulator {
-
 namespace {
 
 // The LF of a CR LF is a second answer for older firmware, and skipped by the newer.

@@ -4,7 +4,6 @@
 #include <string>
 
 namespace simulator {
-
 struct Board;
 
 constexpr size_t kMaximumTyped = 254;  // characters of one answer

@@ -6,7 +6,6 @@
 #include "simulator/files/FileListing.h"
 
 namespace simulator {
-
 namespace {
 
 // Which pager stops the listing is the firmware's, whether it stops the command's.
@@ -52,16 +51,10 @@ void ListLines(Board& board, const std::vector<std::string>& lines, bool stops) 
 
 // LIST FILES is the CMM2's long name of LS.
 void RunList(Board& board) {
-    if (TakeKeyword(board, "FILES")) {
-        RunFiles(board);
-        return;
-    }
+    if (TakeKeyword(board, "FILES")) return RunFiles(board);
     const bool all = TakeKeyword(board, "ALL");
     TakeChar(board, ',');
-    if (AtStatementEnd(board)) {
-        ListLines(board, board.program.lines, !all);
-        return;
-    }
+    if (AtStatementEnd(board)) return ListLines(board, board.program.lines, !all);
     std::string path, data;
     if (TakeProgramPath(board, &path) && FetchFile(board, path, &data)) {
         ListFile(board, data, !all);

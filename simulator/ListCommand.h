@@ -5,7 +5,6 @@
 #include <vector>
 
 namespace simulator {
-
 struct Board;
 
 void RunList(Board& board);

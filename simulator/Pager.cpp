@@ -8,7 +8,6 @@
 // and of program memory.
 
 namespace simulator {
-
 namespace {
 
 constexpr char kAnyKey[] = "PRESS ANY KEY ...";
@@ -48,10 +47,7 @@ void Ask(Board& board) {
 // The free bytes take the firmware a walk through the whole drive, so the line has a gap.
 void PrintSummary(Board& board) {
     Put(board, board.pager.summary);
-    if (board.pager.summaryTail.empty()) {
-        EndPager(board);
-        return;
-    }
+    if (board.pager.summaryTail.empty()) return EndPager(board);
     StartActivity(board, kGap);
     WakeIn(board, board.setup.summaryGapMs);
 }
@@ -66,24 +62,15 @@ void PrintLines(Board& board) {
     Pager& pager = board.pager;
     const bool stops = pager.pageLines > 0;
     for (; !AllIsShown(pager); --pager.left) {
-        if (OutputIsFull(board)) {
-            WakeIn(board, kFullOutputWaitMs);
-            return;
-        }
-        if (stops && pager.left == 0) {
-            Ask(board);
-            return;
-        }
+        if (OutputIsFull(board)) return WakeIn(board, kFullOutputWaitMs);
+        if (stops && pager.left == 0) return Ask(board);
         Put(board, pager.lines[pager.next++]);
         NewLine(board);
     }
     const bool several = pager.lines.size() > static_cast<size_t>(pager.pageLines);
     const bool full = stops && pager.left <= 0 && !pager.summary.empty();
-    if (pager.walks ? several : full) {
-        Ask(board);
-    } else {
-        PrintSummary(board);
-    }
+    if (pager.walks ? several : full) return Ask(board);
+    PrintSummary(board);
 }
 
 // One raw byte goes on, whatever it is. In a walking pager up goes back a page, and a key on
@@ -92,10 +79,7 @@ void TakeKey(Board& board, unsigned char key) {
     Pager& pager = board.pager;
     // The next line is printed over the question.
     Put(board, "\r" + std::string(pager.walks ? kWalkErase : kPlainErase, ' ') + "\r");
-    if (pager.walks && key != kKeyUp && AllIsShown(pager)) {
-        EndPager(board);
-        return;
-    }
+    if (pager.walks && key != kKeyUp && AllIsShown(pager)) return EndPager(board);
     if (pager.walks && key == kKeyUp) {
         pager.next = pager.pageStart - std::min(pager.pageStart, size_t(pager.pageLines));
     }
@@ -109,11 +93,8 @@ void TakeKey(Board& board, unsigned char key) {
 void TakeByte(Board& board, unsigned char c) {
     std::string keys(board.pager.walks ? 0 : 1, static_cast<char>(c));
     if (board.pager.walks) DecodeKeyByte(board.pager.keys, c, &keys);
-    if (keys.empty()) {
-        WakeIn(board, kEscapeHoldMs);
-    } else {
-        TakeKey(board, static_cast<unsigned char>(keys[0]));
-    }
+    if (keys.empty()) return WakeIn(board, kEscapeHoldMs);
+    TakeKey(board, static_cast<unsigned char>(keys[0]));
 }
 
 void HoldIsOver(Board& board) {

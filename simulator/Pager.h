@@ -8,7 +8,6 @@
 #include "simulator/KeyDecoder.h"
 
 namespace simulator {
-
 struct Board;
 
 struct Pager {

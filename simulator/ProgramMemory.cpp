@@ -4,7 +4,6 @@
 #include "simulator/basic/BasicCommands.h"
 
 namespace simulator {
-
 namespace {
 
 // What the firmware adds to the tokens when it tells the size.

@@ -6,7 +6,6 @@
 #include <vector>
 
 namespace simulator {
-
 struct Board;
 
 // A longer line can't be stored.

@@ -25,10 +25,7 @@ void FlushEcho(Board& board) {
 // Characters of a line that isn't finished are held back, for 100 ms at most.
 void EchoReceived(Board& board, std::string_view text) {
     if (board.receive.quiet) return;
-    if (!board.facts.receive.holdsEcho) {
-        Echo(board, text);
-        return;
-    }
+    if (!board.facts.receive.holdsEcho) return Echo(board, text);
     board.out.held += text;
     if (board.out.held.size() >= kHeldEchoLimit) FlushEcho(board);
 }
@@ -39,10 +36,7 @@ void TakeLineEnd(Board& board, char c) {
     ProgramReceive& receive = board.receive;
     if (c == '\n' && receive.afterCr) return;
     receive.text += '\n';
-    if (c == '\n' && board.facts.receive.holdsEcho) {
-        EchoReceived(board, "\n");
-        return;
-    }
+    if (c == '\n' && board.facts.receive.holdsEcho) return EchoReceived(board, "\n");
     EchoReceived(board, "\r\n");
     if (board.facts.receive.holdsEcho) FlushEcho(board);
 }
@@ -57,11 +51,8 @@ void Saved(Board& board) {
         Put(board, BoardFormat("Saved %zu bytes\r\n", TokenisedSize(board)));
     }
     board.prompt.loud = true;
-    if (receive.runs) {
-        RunProgram(board);
-    } else {
-        ReturnToPrompt(board);
-    }
+    if (receive.runs) return RunProgram(board);
+    ReturnToPrompt(board);
 }
 
 const char* StoreReceived(Board& board) {
@@ -81,10 +72,7 @@ void EndReceive(Board& board, bool runs) {
     board.receive.runs = runs;
     const char* error = StoreReceived(board);
     board.receive.text.clear();
-    if (error) {
-        FailWith(board, error);
-        return;
-    }
+    if (error) return FailWith(board, error);
     // The flash is written with the interrupts off: what is typed now is lost.
     BusyThen(board, board.facts.flash.saveMs, Saved, true);
 }

@@ -7,7 +7,6 @@
 #include "simulator/KeyDecoder.h"
 
 namespace simulator {
-
 struct Board;
 
 struct ProgramReceive {

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "simulator/Board.h"
-#include "simulator/PinDialogue.h"
 #include "simulator/basic/BasicCommands.h"
 
 namespace simulator {
@@ -51,6 +50,36 @@ void PrintError(Board& board) {
     ReturnToPromptLoudly(board);
 }
 
+void AskForPin(Board& board);
+
+// Set for good: nothing but a restart leads out.
+constexpr int kLockedForGood = 99999999;
+constexpr char kQuestion[] = "Enter PIN or 0 to restart: ";
+constexpr char kLocked[] = "Console locked, press enter to restart: ";
+
+// After the silence. A wrong PIN is simply asked for again, with no word said.
+void JudgePin(Board& board) {
+    int64_t number = 0;
+    if (!ReadInteger(board.prompt.typed, &number) || number == 0) return RestartBoard(board);
+    if (number == board.prompt.pin) board.prompt.unlocked = true;
+    ReturnToPrompt(board);
+}
+
+// The silence follows the right answer too, so that it tells nothing.
+void PinTyped(Board& board, const std::string& line) {
+    if (board.prompt.pin == kLockedForGood) return RestartBoard(board);
+    if (line.empty()) return AskForPin(board);
+    board.prompt.typed = line;
+    BusyThen(board, board.facts.prompt.pinDelayMs, JudgePin);
+}
+
+// No line end stands behind the question.
+void AskForPin(Board& board) {
+    FreshLine(board);
+    Put(board, board.prompt.pin == kLockedForGood ? kLocked : kQuestion);
+    ReadLine(board, PinTyped);
+}
+
 void PortIsBack(Board& board) {
     if (board.facts.prompt.softSignOn) PrintSignOn(board);
     ReturnToPrompt(board);
@@ -62,10 +91,7 @@ void PortIsBack(Board& board) {
 void ReturnToPrompt(Board& board) {
     StopProgram(board);
     PrintLoudLead(board);
-    if (board.prompt.pin != 0 && !board.prompt.unlocked) {
-        AskForPin(board);
-        return;
-    }
+    if (board.prompt.pin != 0 && !board.prompt.unlocked) return AskForPin(board);
     PrintPrompt(board);
 }
 

@@ -13,19 +13,9 @@ namespace {
 
 const BoardActivity kOff = {nullptr, nullptr, nullptr, true};
 
-int64_t PerByteUs(int baud) {
-    constexpr int64_t kBitsPerByte = 10;  // with start and stop bit
-    return baud > 0 ? std::max<int64_t>(1, kBitsPerByte * 1000000 / baud) : 0;
-}
-
 // A storm outlasts whatever the board does, but waits for a host that takes nothing.
 void SendStorm(Board& board) {
     const BoardStorm& storm = board.setup.faults.storm;
-    const int64_t end = board.poweredAt + storm.fromMs + storm.forMs;
-    if (storm.forMs > 0 && board.now >= end) {
-        board.nextStorm = kNeverMs;
-        return;
-    }
     if ((!storm.inXmodemOnly || board.activity->protocol) && !OutputIsFull(board)) {
         PutRaw(board, storm.pattern);
     }
@@ -52,13 +42,11 @@ void RunUntil(Board& board, int64_t now) {
 
 Board::Board(const BoardFacts& boardFacts, const BoardSetup& boardSetup)
     : facts(boardFacts), setup(boardSetup), activity(&kOff) {
-    random = setup.faults.seed * 0x9e3779b97f4a7c15u + 1;
+    random = static_cast<uint64_t>(setup.faults.seed) * 0x9e3779b97f4a7c15u + 1;
     if (random == 0) random = 1;
-    out.perByteUs = PerByteUs(setup.baud);
     prompt.pin = facts.prompt.pinDelayMs < 0 ? 0 : setup.pin;
     files.fat = facts.fat;
     files.sdCard = setup.sdCard;
-    if (setup.clockSeconds > 0) clock.seconds = setup.clockSeconds;
 }
 
 // Marsaglia's xorshift: small, and the same everywhere.
@@ -78,11 +66,9 @@ SimulatedBoard::~SimulatedBoard() = default;
 // The clock and the storm count from here.
 void SimulatedBoard::PowerUp(int64_t nowMs) {
     board->now = std::max(board->now, nowMs);
-    board->poweredAt = board->now;
     board->clock.setAt = board->now;
     board->powered = true;
-    const BoardStorm& storm = board->setup.faults.storm;
-    if (!storm.pattern.empty()) board->nextStorm = board->now + storm.fromMs;
+    if (!board->setup.faults.storm.pattern.empty()) board->nextStorm = board->now;
     PrintSignOn(*board);
     ReturnToPrompt(*board);
 }

@@ -27,14 +27,10 @@ constexpr int64_t kNeverMs = std::numeric_limits<int64_t>::max();
 
 // What may be chosen for one board beyond its row of facts.
 struct BoardSetup {
-    int baud = 0;              // pace of the output, bits/s; 0: no limit
-    int pin = 0;               // 0: none, else the PIN that locks the console
-    bool onUsb = false;        // the host is on USB, also where telnet is usual
-    bool sdCard = false;       // a card stands in drive B:
-    bool clockChip = true;     // a clock chip answers
-    int summaryGapMs = 40;     // silence inside the summary line of FILES
-    int64_t clockSeconds = 0;  // the board's own clock at power-up, seconds since 1970;
-                               // 0: 2024-01-01 00:00:00, as a board without a battery
+    int pin = 0;            // 0: none, else the PIN that locks the console
+    bool onUsb = false;     // the host is on USB, also where telnet is usual
+    bool sdCard = false;    // a card stands in drive B:
+    int summaryGapMs = 40;  // silence inside the summary line of FILES
     BoardFaults faults;
 };
 

@@ -3,7 +3,6 @@
 #include <utility>
 
 namespace simulator {
-
 namespace {
 
 constexpr char kFf = '\xff';

@@ -15,7 +15,6 @@
 // A row that other boards lack says so by a test of the facts.
 
 namespace simulator {
-
 namespace {
 
 bool HasSlots(const BoardFacts& facts) {
@@ -33,11 +32,9 @@ bool HasAutosave(const BoardFacts& facts) {
 
 // Where LS lists, FILES is a file manager on the whole screen.
 void RunFilesCommand(Board& board) {
-    if (board.facts.cmm2) {
-        Fail(board, "Its file manager is not in the simulated board: use LS");
-    } else {
-        RunFiles(board);
-    }
+    if (board.facts.cmm2)
+        return Refuse(board, "Its file manager is not in the simulated board: use LS");
+    RunFiles(board);
 }
 
 const BasicCommand kCommands[] = {
@@ -135,18 +132,16 @@ void WalkPieces(std::string_view line, Each each) {
     }
 }
 
-// What GOTO may name on this line: its number, or its label with a colon. The first one of a
-// name counts.
-void LabelLine(Board& board, std::string_view text, int line) {
-    text = TrimBlanks(text);
-    const size_t digits = std::min(text.find_first_not_of("0123456789"), text.size());
-    const size_t length = WordLength(text, 0);
+// What GOTO may name on this line: its number, or its label with a colon; empty for neither.
+std::string LabelOf(std::string_view line) {
+    line = TrimBlanks(line);
+    const size_t length = WordLength(line, 0);
     int64_t number = 0;
-    if (ReadInteger(text.substr(0, digits), &number)) {
-        board.basic.labels.emplace(std::to_string(number), line);
-    } else if (length > 0 && length < text.size() && text[length] == ':') {
-        board.basic.labels.emplace(UpperText(text.substr(0, length)), line);
+    if (ReadInteger(line.substr(0, line.find_first_not_of("0123456789")), &number)) {
+        return std::to_string(number);
     }
+    const bool labelled = length > 0 && length < line.size() && line[length] == ':';
+    return labelled ? UpperText(line.substr(0, length)) : std::string();
 }
 
 }  // namespace
@@ -179,11 +174,12 @@ size_t TokenisedLineSize(std::string_view line) {
     return size;
 }
 
-// Kept beside the program, so that a GOTO in a long program costs no search.
+// Kept beside the program, so that a GOTO in a long program costs no search. The first one of a
+// name counts.
 void BuildLabels(Board& board) {
     board.basic.labels.clear();
     for (size_t i = 0; i < board.program.lines.size(); ++i) {
-        LabelLine(board, board.program.lines[i], static_cast<int>(i));
+        board.basic.labels.emplace(LabelOf(board.program.lines[i]), static_cast<int>(i));
     }
 }
 

@@ -7,7 +7,6 @@
 #include "simulator/BoardFacts.h"
 
 namespace simulator {
-
 struct Board;
 
 struct BasicCommand {

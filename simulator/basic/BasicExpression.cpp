@@ -12,7 +12,6 @@
 // leaves the cursor behind what it has read, and does nothing more once an error is set.
 
 namespace simulator {
-
 namespace {
 
 BasicValue TakeLevel(Board& board, int level);

@@ -7,7 +7,6 @@
 // costs a statement, so a search through a long program takes its board time.
 
 namespace simulator {
-
 namespace {
 
 // Is the IF at the start of `line` one of several lines, that is, does it end in THEN?
@@ -63,10 +62,7 @@ void SkipToElse(Board& board) {
         if (c == '"') at = std::min(line.find('"', at + 1), line.size() - 1);
         if (word.empty()) ++at;
         if (word == "IF") ++nesting;
-        if (word == "ELSE" && nesting-- == 0) {
-            EnterBranch(board);
-            return;
-        }
+        if (word == "ELSE" && nesting-- == 0) return EnterBranch(board);
     }
     SkipLine(board);
 }
@@ -111,10 +107,7 @@ size_t FindLoop(const Board& board, bool isFor, const std::string& variable) {
 
 // Open loops are bounded: a program that leaves its loops by GOTO comes to an end in words.
 void PushLoop(Board& board, BasicLoop loop) {
-    if (board.basic.loops.size() >= kMaximumNesting) {
-        Fail(board, "Too many nested loops");
-        return;
-    }
+    if (board.basic.loops.size() >= kMaximumNesting) return Refuse(board, "Too many nested loops");
     board.basic.loops.push_back(std::move(loop));
 }
 
@@ -167,11 +160,9 @@ void RunIf(Board& board) {
 // Reached from a true branch: what follows is the other one. At the start of its line it
 // belongs to a block, elsewhere to its line.
 void RunElse(Board& board) {
-    if (!board.basic.place.direct && StartsWithWord(TrimBlanks(CurrentLine(board)), "ELSE")) {
-        SkipBlock(board, false);
-    } else {
-        SkipLine(board);
-    }
+    if (!board.basic.place.direct && StartsWithWord(TrimBlanks(CurrentLine(board)), "ELSE"))
+        return SkipBlock(board, false);
+    SkipLine(board);
 }
 
 void RunEndIf(Board&) {}
@@ -183,10 +174,7 @@ void RunFor(Board& board) {
     if (board.basic.failed) return;
     const size_t old = FindLoop(board, true, loop.variable);
     if (old != std::string::npos) DropLoopsFrom(board, old);
-    if (StillInside(loop, PlaceOf(board, loop.variable)->number)) {
-        PushLoop(board, loop);
-        return;
-    }
+    if (StillInside(loop, PlaceOf(board, loop.variable)->number)) return PushLoop(board, loop);
     TakeChar(board, ':');
     SkipPast(board, "FOR", "NEXT");
 }
@@ -195,10 +183,7 @@ void RunFor(Board& board) {
 void RunNext(Board& board) {
     do {
         const size_t at = FindLoop(board, true, TakeWord(board));
-        if (at == std::string::npos) {
-            Fail(board, "Cannot find a matching FOR");
-            return;
-        }
+        if (at == std::string::npos) return Refuse(board, "Cannot find a matching FOR");
         DropLoopsFrom(board, at + 1);
         const BasicLoop& loop = board.basic.loops.back();
         BasicValue* counter = PlaceOf(board, loop.variable);
@@ -217,10 +202,7 @@ void RunDo(Board& board) {
     const BasicLoop loop{false, {}, 0, 0, board.basic.place};
     const bool enters = TakeLoopCondition(board);
     if (board.basic.failed) return;
-    if (enters) {
-        PushLoop(board, loop);
-        return;
-    }
+    if (enters) return PushLoop(board, loop);
     TakeChar(board, ':');
     SkipPast(board, "DO", "LOOP");
 }
@@ -229,10 +211,7 @@ void RunDo(Board& board) {
 void RunLoop(Board& board) {
     const bool repeats = TakeLoopCondition(board);
     const size_t at = FindLoop(board, false, "");
-    if (at == std::string::npos) {
-        Fail(board, "LOOP without a matching DO");
-        return;
-    }
+    if (at == std::string::npos) return Refuse(board, "LOOP without a matching DO");
     const BasicPlace head = board.basic.loops[at].body;
     DropLoopsFrom(board, at);
     if (!repeats || board.basic.failed) return;
@@ -246,10 +225,8 @@ void RunGoto(Board& board) {
     std::string label = TakeWord(board);
     if (label.empty() && c >= '0' && c <= '9') label = NumberText(TakeNumber(board));
     const auto found = board.basic.labels.find(label);
-    if (found == board.basic.labels.end()) {
-        Fail(board, "Cannot find label");
-        return;
-    }
+    if (label.empty() || found == board.basic.labels.end())
+        return Refuse(board, "Cannot find label");
     board.basic.place = BasicPlace{false, found->second, 0};
 }
 

@@ -10,7 +10,6 @@
 // Arguments are read and checked by the letters of a row before the function is called.
 
 namespace simulator {
-
 namespace {
 
 using Arguments = std::vector<BasicValue>;

@@ -13,7 +13,6 @@
 // them all the while.
 
 namespace simulator {
-
 namespace {
 
 constexpr int64_t kFullOutputWaitMs = 5;
@@ -52,11 +51,8 @@ bool FindStatement(Board& board) {
 // What stands at the cursor is no statement, or more than one.
 void FailHere(Board& board, std::string_view otherwise) {
     const std::string word = TakeWord(board);
-    if (IsAbsentWord(word)) {
-        Fail(board, word + " is not in the simulated board");
-    } else {
-        Fail(board, otherwise);
-    }
+    if (IsAbsentWord(word)) return Refuse(board, word + " is not in the simulated board");
+    Fail(board, otherwise);
 }
 
 // "name =" or "name(": an array's element may be assigned to.
@@ -78,10 +74,7 @@ void RunNamed(Board& board) {
         if (command->openEnd) return;
     } else {
         board.basic.place = before;
-        if (IsAbsentWord(word) || !IsAssignment(board)) {
-            FailHere(board, "Unknown command");
-            return;
-        }
+        if (IsAbsentWord(word) || !IsAssignment(board)) return FailHere(board, "Unknown command");
         RunLet(board);
     }
     if (!board.basic.failed && BasicIsRunning(board) && !AtStatementEnd(board)) {
@@ -114,10 +107,7 @@ bool RunStatement(Board& board) {
 // The statements of one millisecond. With the host's buffers full the program stands still, as
 // a board does whose output blocks.
 void RunSlice(Board& board) {
-    if (OutputIsFull(board)) {
-        WakeIn(board, kFullOutputWaitMs);
-        return;
-    }
+    if (OutputIsFull(board)) return WakeIn(board, kFullOutputWaitMs);
     WakeIn(board, 1);
     // The budget is that of the passing time: a program that runs itself anew, or commands
     // that come back at once, begin no other one, and long work leaves a debt.
@@ -193,6 +183,10 @@ bool Fail(Board& board, std::string_view message) {
     if (!board.basic.failed) board.basic.error = message;
     board.basic.failed = true;
     return false;
+}
+
+void Refuse(Board& board, std::string_view message) {
+    Fail(board, message);
 }
 
 }  // namespace simulator

@@ -12,7 +12,6 @@
 #include <vector>
 
 namespace simulator {
-
 struct Board;
 
 constexpr size_t kMaximumString = 255;  // characters of a string value
@@ -89,5 +88,8 @@ void ClearVariables(Board& board);
 
 // Sets the error of the current statement, unless there is one already. Always false.
 bool Fail(Board& board, std::string_view message);
+
+// The same at the end of a procedure with no result.
+void Refuse(Board& board, std::string_view message);
 
 }  // namespace simulator

@@ -4,7 +4,6 @@
 #include "simulator/basic/BasicVariables.h"
 
 namespace simulator {
-
 namespace {
 
 constexpr int kTabStop = 8;
@@ -100,10 +99,7 @@ void RunPause(Board& board) {
     constexpr double kLongestPause = 2147483647;
     const double ms = TakeNumber(board);
     if (board.basic.failed) return;
-    if (!(ms >= 0 && ms <= kLongestPause)) {
-        Fail(board, "Number out of bounds");
-        return;
-    }
+    if (!(ms >= 0 && ms <= kLongestPause)) return Refuse(board, "Number out of bounds");
     board.basic.cost += board.facts.statementsPerMs;
     WakeIn(board, static_cast<int64_t>(ms));
 }

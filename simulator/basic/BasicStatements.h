@@ -2,7 +2,6 @@
 #pragma once
 
 namespace simulator {
-
 struct Board;
 
 void RunPrint(Board& board);

@@ -3,7 +3,6 @@
 #include "simulator/Board.h"
 
 namespace simulator {
-
 namespace {
 
 bool IsLetter(char c) {

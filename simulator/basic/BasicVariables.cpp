@@ -8,7 +8,6 @@
 // that asked for it.
 
 namespace simulator {
-
 namespace {
 
 BasicValue EmptyValue(bool isText) {
@@ -57,10 +56,7 @@ void MakeArray(Board& board, BasicVariable* array) {
     const int bound = TakeInteger(board, 1, static_cast<int>(kMaximumElements));
     const size_t count = static_cast<size_t>(bound) + 1;
     if (board.basic.failed || !CloseIndex(board)) return;
-    if (board.basic.elements + count > kMaximumElements) {
-        Fail(board, "Not enough memory");
-        return;
-    }
+    if (board.basic.elements + count > kMaximumElements) return Refuse(board, "Not enough memory");
     board.basic.elements += count;
     array->elements.assign(count, array->value);
 }
@@ -100,10 +96,8 @@ BasicValue* TakePlace(Board& board) {
 void AssignValue(Board& board, BasicValue* place, const std::string& name,
                  const BasicValue& value) {
     if (!place || board.basic.failed) return;
-    if (place->isText != value.isText) {
-        Fail(board, place->isText ? "Expected a string" : "Expected a number");
-        return;
-    }
+    if (place->isText != value.isText)
+        return Refuse(board, place->isText ? "Expected a string" : "Expected a number");
     *place = value;
     if (name.back() == '%') place->number = std::round(value.number);
 }
@@ -111,17 +105,12 @@ void AssignValue(Board& board, BasicValue* place, const std::string& name,
 // DIM STRING A and DIM A$ name the same kind; the mark is not added to the name.
 void DimensionOne(Board& board, bool text) {
     const std::string name = TakeWord(board);
-    if (name.empty() || FindVariable(board, name)) {
-        Fail(board, name.empty() ? "Syntax" : name + " already declared");
-        return;
-    }
+    if (name.empty() || FindVariable(board, name))
+        return Refuse(board, name.empty() ? "Syntax" : name + " already declared");
     BasicVariable* variable = MakeVariable(board, name, text || IsTextName(name));
     if (!variable) return;
-    if (TakeChar(board, '(')) {
-        MakeArray(board, variable);
-    } else if (TakeChar(board, '=')) {
-        AssignValue(board, &variable->value, name, TakeValue(board));
-    }
+    if (TakeChar(board, '(')) return MakeArray(board, variable);
+    if (TakeChar(board, '=')) AssignValue(board, &variable->value, name, TakeValue(board));
 }
 
 }  // namespace simulator

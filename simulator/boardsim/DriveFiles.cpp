@@ -9,7 +9,6 @@
 #include <sys/stat.h>
 
 namespace simulator {
-
 namespace {
 
 namespace fs = std::filesystem;

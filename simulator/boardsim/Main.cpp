@@ -13,7 +13,6 @@
 #include "simulator/boardsim/SimOptions.h"
 
 namespace simulator {
-
 namespace {
 
 constexpr size_t kReadBlock = 4096;
@@ -76,10 +75,7 @@ void ReadHost(Session& session) {
     if (room == 0) return;
     const ssize_t count = read(session.endpoint.line, block, room);
     if (count < 0 && (errno == EAGAIN || errno == EINTR)) return;
-    if (count <= 0) {
-        LoseHost(session);
-        return;
-    }
+    if (count <= 0) return LoseHost(session);
     session.board.Receive({block, static_cast<size_t>(count)}, ClockMs());
 }
 
@@ -91,10 +87,7 @@ void WriteHost(Session& session) {
         const size_t size = segment > 0 ? std::min(waiting.size(), segment) : waiting.size();
         const ssize_t count = write(session.endpoint.line, waiting.data(), size);
         if (count < 0 && (errno == EAGAIN || errno == EINTR)) return;
-        if (count <= 0) {
-            LoseHost(session);
-            return;
-        }
+        if (count <= 0) return LoseHost(session);
         waiting.erase(0, static_cast<size_t>(count));
     }
 }
@@ -129,10 +122,7 @@ void WaitAndServe(Session& session, const sigset_t& openSignals) {
     const int ms = WaitMs(session);
     const timespec limit = {ms / 1000, (ms % 1000) * 1000000L};
     if (ppoll(&watched, 1, ms < 0 ? nullptr : &limit, &openSignals) <= 0) return;
-    if (!busy) {
-        WelcomeHost(session);
-        return;
-    }
+    if (!busy) return WelcomeHost(session);
     if (watched.revents & POLLOUT) WriteHost(session);
     if (watched.revents & (POLLIN | POLLHUP | POLLERR)) ReadHost(session);
 }
@@ -200,19 +190,13 @@ int RunBoard(const SimOptions& options) {
 int main(int argc, char** argv) {
     using namespace simulator;
     const SimOptions options = ReadSimOptions(argc, argv);
-    switch (options.command) {
-        case SimCommand::kHelp:
-            PrintSimHelp();
-            return 0;
-        case SimCommand::kListBoards:
-            PrintBoardList();
-            return 0;
-        case SimCommand::kWrong:
-            std::fprintf(stderr, "boardsim: %s\nboardsim --help tells all options.\n",
-                         options.error.c_str());
-            return 2;
-        case SimCommand::kServe:
-            break;
+    if (!options.error.empty()) {
+        std::fprintf(stderr, "boardsim: %s\nboardsim --help tells all options.\n",
+                     options.error.c_str());
+        return 2;
     }
-    return RunBoard(options);
+    if (options.help) PrintSimHelp();
+    if (options.listBoards) PrintBoardList();
+    if (options.version) std::puts("boardsim " KWCC_VERSION);
+    return options.help || options.listBoards || options.version ? 0 : RunBoard(options);
 }

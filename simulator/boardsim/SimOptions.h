@@ -7,11 +7,11 @@
 
 namespace simulator {
 
-enum class SimCommand { kServe, kHelp, kListBoards, kWrong };
-
 struct SimOptions {
-    SimCommand command = SimCommand::kServe;
-    std::string error;  // why it is kWrong, a whole sentence
+    std::string error;  // what is wrong with the command line, a whole sentence
+    bool help = false;
+    bool version = false;
+    bool listBoards = false;
     const BoardFacts* facts = nullptr;
     BoardSetup setup;
     std::string address = "127.0.0.1";  // to listen on

@@ -5,7 +5,6 @@
 // Success prints nothing. The words of a failure depend on the kind of the drive.
 
 namespace simulator {
-
 namespace {
 
 void Report(Board& board, const char* error) {
@@ -61,10 +60,7 @@ bool LoadProgram(Board& board, const std::string& path) {
 void RunChdir(Board& board) {
     std::string path;
     if (!TakeFolderPath(board, &path)) return;
-    if (!FolderExists(board.files, path)) {
-        Fail(board, "Could not find the path");
-        return;
-    }
+    if (!FolderExists(board.files, path)) return Refuse(board, "Could not find the path");
     const StoredFile* entry = board.facts.cmm2 ? nullptr : FindFile(board.files, path);
     board.files.folder = entry ? JoinPath(FolderOf(path), entry->name) : path;
 }
@@ -83,11 +79,9 @@ void RunRmdir(Board& board) {
 void RunKill(Board& board) {
     std::string path;
     if (!TakePath(board, &path)) return;
-    if (path.find_first_of("*?") != std::string::npos) {
-        Fail(board, "KILL takes no pattern in the simulated board");
-    } else {
-        Report(board, RemoveFile(board.files, path));
-    }
+    if (path.find_first_of("*?") != std::string::npos)
+        return Refuse(board, "KILL takes no pattern in the simulated board");
+    Report(board, RemoveFile(board.files, path));
 }
 
 // Each change of drive goes to its root.
@@ -109,21 +103,15 @@ void RunLoad(Board& board) {
     if (!TakeProgramPath(board, &path)) return;
     const bool runs = TakeChar(board, ',') && TakeKeyword(board, "R");
     if (!LoadProgram(board, path)) return;
-    if (runs) {
-        RunProgram(board);
-    } else {
-        ReturnToPrompt(board);
-    }
+    if (runs) return RunProgram(board);
+    ReturnToPrompt(board);
 }
 
 // Written with CR LF, as the boards do.
 void RunSave(Board& board) {
     std::string path;
     if (!TakeProgramPath(board, &path)) return;
-    if (board.program.lines.empty()) {
-        Fail(board, "Nothing to save");
-        return;
-    }
+    if (board.program.lines.empty()) return Refuse(board, "Nothing to save");
     const std::string text = JoinProgram(board, "\r\n");
     ChargeWork(board, text.size());
     Report(board, WriteFile(board.files, path, text, BoardSeconds(board)));

@@ -4,7 +4,6 @@
 #include <string>
 
 namespace simulator {
-
 struct Board;
 
 void RunChdir(Board& board);

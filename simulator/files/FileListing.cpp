@@ -6,7 +6,6 @@
 #include "simulator/files/FileCommands.h"
 
 namespace simulator {
-
 namespace {
 
 constexpr size_t kMaximumListed = 800;  // entries of one listing
@@ -74,10 +73,8 @@ void RunFiles(Board& board) {
     std::string folder, pattern = "*";
     if (!TakeRequest(board, &folder, &pattern)) return;
     auto found = ListFolder(board.files, folder, pattern);
-    if (found.size() > kMaximumListed) {
-        Fail(board, BoardFormat("Too many files to list, max %zu", kMaximumListed));
-        return;
-    }
+    if (found.size() > kMaximumListed)
+        return Refuse(board, BoardFormat("Too many files to list, max %zu", kMaximumListed));
     std::stable_partition(found.begin(), found.end(),
                           [](const auto* file) { return file->isFolder; });
     FillPager(board, folder, found);

@@ -2,7 +2,6 @@
 #pragma once
 
 namespace simulator {
-
 struct Board;
 
 // The command; the cursor stands behind its word.

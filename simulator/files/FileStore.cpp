@@ -118,11 +118,9 @@ const char* WriteFile(FileStore& store, const std::string& path, std::string_vie
     const bool exists = found != store.entries.end();
     if (exists && found->second.isFolder) return TakenWords(store, path);
     const size_t before = exists ? Blocks(found->second.data.size()) : 0;
-    if (store.usedBytes - before + Blocks(data.size()) > kDriveBytes) return kFull;
+    if (Blocks(data.size()) > FreeBytes(store) + before) return kFull;
     const std::string name = exists ? found->second.name : NameOf(path);
-    const char* error = AddEntry(store, path, {name, false, std::string(data), stamp});
-    if (!error) store.usedBytes += Blocks(data.size()) - before;
-    return error;
+    return AddEntry(store, path, {name, false, std::string(data), stamp});
 }
 
 const char* MakeFolder(FileStore& store, const std::string& path) {
@@ -134,7 +132,6 @@ const char* MakeFolder(FileStore& store, const std::string& path) {
 const char* RemoveFile(FileStore& store, const std::string& path) {
     const auto found = store.entries.find(LowerText(path));
     if (found == store.entries.end() || found->second.isFolder) return kNoFile;
-    store.usedBytes -= Blocks(found->second.data.size());
     store.entries.erase(found);
     return nullptr;
 }
@@ -165,7 +162,9 @@ std::vector<const StoredFile*> ListFolder(const FileStore& store, const std::str
 }
 
 size_t FreeBytes(const FileStore& store) {
-    return kDriveBytes - store.usedBytes;
+    size_t used = 0;
+    for (const auto& [path, file] : store.entries) used += Blocks(file.data.size());
+    return kDriveBytes - used;
 }
 
 }  // namespace simulator

@@ -26,7 +26,6 @@ struct StoredFile {
 struct FileStore {
     std::map<std::string, StoredFile> entries;  // by the lower-cased whole path
     std::string folder = "A:/";                 // the current one, ends in "/" only as root
-    size_t usedBytes = 0;                       // in blocks
     bool fat = false;                           // words of FAT for the errors
     bool sdCard = false;                        // drive B: has one
 };

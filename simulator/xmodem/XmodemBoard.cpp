@@ -4,7 +4,6 @@
 #include "simulator/files/FileCommands.h"
 
 namespace simulator {
-
 namespace {
 
 // Each byte starts the silence anew, so a host that goes on sending is never answered.
@@ -51,10 +50,7 @@ void BeginSend(Board& board) {
 void BeginReceive(Board& board) {
     if (!board.xmodem.path.empty()) {
         const char* error = WriteFile(board.files, board.xmodem.path, "", BoardSeconds(board));
-        if (error) {
-            Fail(board, error);
-            return;
-        }
+        if (error) return Refuse(board, error);
     }
     StartXmodemReceive(board);
 }
@@ -63,17 +59,12 @@ void BeginReceive(Board& board) {
 
 void RunXmodem(Board& board) {
     const bool sends = TakeKeyword(board, "SEND") || TakeKeyword(board, "S");
-    if (!sends && !TakeKeyword(board, "RECEIVE") && !TakeKeyword(board, "R")) {
-        Fail(board, "Syntax");
-        return;
-    }
+    if (!sends && !TakeKeyword(board, "RECEIVE") && !TakeKeyword(board, "R"))
+        return Refuse(board, "Syntax");
     board.xmodem = XmodemBoard();
     if (!TakeName(board)) return;
-    if (sends) {
-        BeginSend(board);
-    } else {
-        BeginReceive(board);
-    }
+    if (sends) return BeginSend(board);
+    BeginReceive(board);
 }
 
 void PutByte(Board& board, unsigned char c) {
@@ -96,6 +87,17 @@ void EndXmodem(Board& board) {
     board.xmodem = XmodemBoard();
     board.prompt.loud = true;
     ResumeBasic(board);
+}
+
+// A partial file stays.
+void FailXmodem(Board& board, const char* message) {
+    board.xmodem = XmodemBoard();
+    FailWith(board, message);
+}
+
+void FailXmodemQuietly(Board& board, const char* message) {
+    board.xmodem.failure = message;
+    WaitForQuiet(board, [](Board& quiet) { FailXmodem(quiet, quiet.xmodem.failure); });
 }
 
 // CRC-16/XMODEM: polynomial 0x1021, start 0.

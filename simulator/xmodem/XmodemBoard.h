@@ -6,7 +6,6 @@
 #include <string_view>
 
 namespace simulator {
-
 struct Board;
 
 constexpr size_t kXmodemData = 128;
@@ -30,6 +29,7 @@ struct XmodemBoard {
     size_t at = 0;        // SEND: bytes that were acknowledged
     int state = 0;        // of the direction's own states
     void (*afterQuiet)(Board& board) = nullptr;
+    const char* failure = "";  // the words that follow the silence
 };
 
 // XMODEM SEND and RECEIVE; the cursor stands behind the word.
@@ -45,8 +45,10 @@ void PutCancel(Board& board);
 // Swallows what comes until the line was quiet for 1.5 s, then calls `then`.
 void WaitForQuiet(Board& board, void (*then)(Board& board));
 
-// The transfer is over: the prompt.
+// The transfer is over: the prompt, or an error first, at once or after a silence.
 void EndXmodem(Board& board);
+void FailXmodem(Board& board, const char* message);
+void FailXmodemQuietly(Board& board, const char* message);
 
 uint16_t BoardCrc16(std::string_view data);
 unsigned char BoardSum8(std::string_view data);

@@ -2,7 +2,6 @@
 #include "simulator/Board.h"
 
 namespace simulator {
-
 namespace {
 
 constexpr int kStartTries = 32;
@@ -30,8 +29,7 @@ const char* KeepData(Board& board) {
 
 void FailReceive(Board& board, const char* message) {
     KeepData(board);
-    board.xmodem = XmodemBoard();
-    FailWith(board, message);
+    FailXmodem(board, message);
 }
 
 // The tries start anew for each block.
@@ -66,26 +64,17 @@ void StoreReceivedProgram(Board& board) {
         if (c != '\0' && c != '\x1a') text += c;
     }
     const char* error = StoreProgram(board, text);
-    if (error) {
-        FailReceive(board, error);
-        return;
-    }
+    if (error) return FailReceive(board, error);
     BusyThen(board, board.facts.flash.saveMs, ProgramSaved, true);
 }
 
 // The ACK goes out before the file is written whole: what fails then fails in words.
 void Finish(Board& board) {
     PutByte(board, kXmodemAck);
-    if (board.xmodem.path.empty()) {
-        StoreReceivedProgram(board);
-        return;
-    }
+    if (board.xmodem.path.empty()) return StoreReceivedProgram(board);
     const char* error = KeepData(board);
-    if (error) {
-        FailReceive(board, error);
-    } else {
-        EndXmodem(board);
-    }
+    if (error) return FailReceive(board, error);
+    EndXmodem(board);
 }
 
 void Cancelled(Board& board) {
@@ -169,25 +158,17 @@ void JudgeBlock(Board& board) {
     const bool repeated = static_cast<int>(at(0)) == static_cast<int>(xmodem.number) - 1;
     const std::string_view data = std::string_view(xmodem.block).substr(2, kXmodemData);
     const bool sound = at(kXmodemData + 2) == BoardSum8(data);
-    if (!numbered || !sound || !(expected || repeated)) {
-        RejectBlock(board);
-    } else if (expected) {
-        StoreBlock(board);
-    } else if (xmodem.repeatsLeft-- == 0) {
-        WaitForQuiet(board, GiveUp);
-    } else {
-        Acknowledge(board);
-    }
+    if (!numbered || !sound || !(expected || repeated)) return RejectBlock(board);
+    if (expected) return StoreBlock(board);
+    if (xmodem.repeatsLeft-- == 0) return WaitForQuiet(board, GiveUp);
+    Acknowledge(board);
 }
 
 // Each byte has a second to come.
 void TakeBlockByte(Board& board, unsigned char c) {
     board.xmodem.block += static_cast<char>(c);
-    if (board.xmodem.block.size() == kBlockRest) {
-        JudgeBlock(board);
-    } else {
-        WakeIn(board, kByteMs);
-    }
+    if (board.xmodem.block.size() == kBlockRest) return JudgeBlock(board);
+    WakeIn(board, kByteMs);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include "simulator/Board.h"
 
 namespace simulator {
-
 namespace {
 
 constexpr char kCrcLetter = 'C';
@@ -23,33 +22,16 @@ const BoardActivity kSecondCan = {TakeSecondCan, StartTimedOut, nullptr, false, 
 const BoardActivity kSending = {TakeAnswer, SendAgain, nullptr, false, true};
 const BoardActivity kClosing = {TakeEotAnswer, SendEot, nullptr, false, true};
 
-// One procedure for each message, because a flush calls back without arguments.
+// Old firmware flushes the line before it says what went wrong, 6.03 just ends.
 void FailSend(Board& board, const char* message) {
-    board.xmodem = XmodemBoard();
-    FailWith(board, message);
+    if (board.facts.xmodem.modern) return FailXmodem(board, message);
+    FailXmodemQuietly(board, message);
 }
 
-void SayCancelled(Board& board) {
-    FailSend(board, "Cancelled by remote");
-}
-void SayNoResponse(Board& board) {
-    FailSend(board, "Remote did not respond");
-}
-void SayTooMany(Board& board) {
-    FailSend(board, "Too many errors");
-}
-void SayErrorClosing(Board& board) {
-    FailSend(board, "Error closing");
-}
-
-// Old firmware acknowledges the CAN and flushes, 6.03 just ends.
+// Old firmware acknowledges the CAN.
 void Cancel(Board& board) {
-    if (board.facts.xmodem.modern) {
-        SayCancelled(board);
-        return;
-    }
-    PutByte(board, kXmodemAck);
-    WaitForQuiet(board, SayCancelled);
+    if (!board.facts.xmodem.modern) PutByte(board, kXmodemAck);
+    FailSend(board, "Cancelled by remote");
 }
 
 void WaitForStart(Board& board) {
@@ -65,7 +47,7 @@ void StartTimedOut(Board& board) {
         FailSend(board, "Receiver did not respond");
     } else {
         PutCancel(board);
-        WaitForQuiet(board, SayNoResponse);
+        FailSend(board, "Remote did not respond");
     }
 }
 
@@ -104,11 +86,7 @@ void SendBlock(Board& board) {
 void SendAgain(Board& board) {
     if (board.xmodem.tries == kXmodemSends) {
         PutCancel(board);
-        if (board.facts.xmodem.modern) {
-            SayTooMany(board);
-        } else {
-            WaitForQuiet(board, SayTooMany);
-        }
+        FailSend(board, "Too many errors");
         return;
     }
     ++board.xmodem.tries;
@@ -134,11 +112,8 @@ void TakeStart(Board& board, unsigned char c) {
 
 // Old firmware wants two CANs before the start.
 void TakeSecondCan(Board& board, unsigned char c) {
-    if (c == kXmodemCan) {
-        Cancel(board);
-    } else {
-        StartTimedOut(board);
-    }
+    if (c == kXmodemCan) return Cancel(board);
+    StartTimedOut(board);
 }
 
 // Any byte but ACK and CAN brings the block again at once.
@@ -155,22 +130,13 @@ void TakeAnswer(Board& board, unsigned char c) {
     }
 }
 
-// Old firmware waits for silence before it prints its prompt.
-void CloseSend(Board& board) {
-    if (board.facts.xmodem.modern) {
-        EndXmodem(board);
-    } else {
-        WaitForQuiet(board, EndXmodem);
-    }
-}
-
 // With no answer at all firmware 6.03 takes it for a success.
 void SendEot(Board& board) {
     if (board.xmodem.tries == kEotTries) {
         if (board.facts.xmodem.modern) {
             EndXmodem(board);
         } else {
-            WaitForQuiet(board, SayErrorClosing);
+            FailSend(board, "Error closing");
         }
         return;
     }
@@ -180,8 +146,10 @@ void SendEot(Board& board) {
 }
 
 void TakeEotAnswer(Board& board, unsigned char c) {
-    if (c == kXmodemAck) {
-        CloseSend(board);
+    if (c == kXmodemAck && board.facts.xmodem.modern) {
+        EndXmodem(board);
+    } else if (c == kXmodemAck) {
+        WaitForQuiet(board, EndXmodem);  // its prompt comes after a silence
     } else if (c == kXmodemCan && board.facts.xmodem.modern) {
         Cancel(board);
     } else {

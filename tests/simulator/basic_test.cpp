@@ -38,25 +38,19 @@ GOTO skip|PRINT 1|skip: PRINT 2|IF 1 GOTO out|PRINT 3|out: ->  2|
 REM PRINT 1: PRINT 2|' no|PRINT "'" ' yes|PRINT 5'|END:PRINT 6 -> '| 5|
 t=TIMER:PAUSE 150:PRINT TIMER-t>=150 AND TIMER-t<155:TIMER=0:PRINT TIMER<5 ->  1| 1|
 PRINT 1/0 -> Error : Divide by zero|
-PRINT 5 MOD 0 -> Error : Divide by zero|
 a="x" -> Error : Expected a number|
-PRINT "a"+1 -> Error : Expected a string|
 PRINT LEN(5) -> Error : Expected a string|
 PRINT (1 -> Error : Expected closing bracket|
 PRINT "open -> Error : Unterminated string|
 PRINT LEFT$("a") -> Error : Argument count|
 NEXT -> Error : Cannot find a matching FOR|
-LOOP -> Error : LOOP without a matching DO|
 GOTO nowhere -> Error : Cannot find label|
-FOR i=1 TO 0 -> Error : FOR without a matching NEXT|
 IF 0 THEN -> Error : IF without a matching ENDIF|
 DIM a(5):a(6)=1 -> Error : Index out of bounds|
-DIM a(5):DIM a(5) -> Error : A already declared|
 DIM a(16384) -> Error : Not enough memory|
 a$=SPACE$(200)+SPACE$(56) -> Error : String too long|
 PRINT CHR$(256) -> Error : 256 is invalid (valid is 0 to 255)|
 PRINT 10^400 -> Error : Number is not valid|
-PAUSE -1 -> Error : Number out of bounds|
 DO|i=i+1|LOOP UNTIL i=5|DO|DO|GOTO y|y:|x:|DO|GOTO x -> Error : Too many nested loops|
 PRINT 1 2 ) -> Error : Syntax|
 GOSUB s -> Error : GOSUB is not in the simulated board|

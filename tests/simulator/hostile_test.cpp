@@ -83,15 +83,13 @@ TEST(Hostile, NothingTakenOutMeansNothingGrows) {
 
 TEST(Hostile, DeepAndWideProgramsFailInWords) {
     BoardBench bench;
-    const std::string open(200, '('), minus(240, '-'), tooDeep = "Expression is too complex";
-    std::string nots, calls, many = "AUTOSAVE\r";
-    for (int i = 0; i < 60; ++i) nots += "NOT ";
-    for (int i = 0; i < 40; ++i) calls += "ABS(";
+    std::string many = "AUTOSAVE\r", nots, calls;
     for (int i = 0; i < 600; ++i) many += "v" + std::to_string(i) + "=1\r";
-    EXPECT_TRUE(Has(bench.Say("PRINT " + open + "1\r"), tooDeep));
-    EXPECT_TRUE(Has(bench.Say("PRINT " + minus + "1\r"), "\r\n 1\r\n"));
-    EXPECT_TRUE(Has(bench.Say("PRINT " + nots + "0\r"), "\r\n 0\r\n"));
+    for (int i = 0; i < 50; ++i) nots += "NOT ", calls += i < 40 ? "ABS(" : "";
+    const std::string tooDeep = "Expression is too complex";
+    EXPECT_TRUE(Has(bench.Say("PRINT " + std::string(200, '(') + "1\r"), tooDeep));
     EXPECT_TRUE(Has(bench.Say("PRINT " + calls + "1\r"), tooDeep));
+    EXPECT_TRUE(Has(bench.Say("PRINT " + std::string(40, '-') + nots + "0\r"), "\r\n 0\r\n"));
     bench.Say(many + "\x1a");
     EXPECT_TRUE(Has(bench.Say("RUN\r"), "[513] v512=1\r\nError : Not enough memory"));
     // A drive takes so many files and no more.
@@ -102,37 +100,13 @@ TEST(Hostile, DeepAndWideProgramsFailInWords) {
     EXPECT_FALSE(bench.board.AddFile("../up", "", 0));
 }
 
-TEST(Hostile, AUartRingLosesItsOldestBytes) {
+TEST(Hostile, AFullUartRingLosesItsOldestBytes) {
     BoardBench bench("armmite");
     bench.Say("AUTOSAVE\rINPUT a$:PAUSE 100:INPUT b$:PRINT LEN(b$);b$\r\x1a");
     bench.Say("RUN\rx\r", 50);
     // 300 bytes while it pauses: the last 256 are left.
     EXPECT_TRUE(Has(bench.Say(std::string(60, 'a') + std::string(239, 'b') + "\r"),
                     " 254" + std::string(16, 'a') + std::string(238, 'b') + "\r\n"));
-    BoardBench usb;
-    usb.Say("AUTOSAVE\rPAUSE 100\r\x1a");
-    usb.Say("RUN\r", 50);
-    usb.board.Receive(std::string(65000, 'x'), usb.now);
-    EXPECT_EQ(usb.board.InputRoom(), 536u);  // a USB host would have to wait
-}
-
-TEST(Hostile, TheStepsOfTheClockMakeNoDifference) {
-    const char* const script[] = {"AUTOSAVE\rFOR i=1 TO 400:PRINT i;:PAUSE 3:NEXT\r\x1a", "RUN\r",
-                                  "FILES\r", "nosuch\r", "XMODEM RECEIVE \"x\"\r"};
-    const auto run = [&](int64_t step) {
-        BoardBench bench;
-        std::string out;
-        for (const char* bytes : script) {
-            bench.board.Receive(bytes, bench.now);
-            for (int64_t ms = 0; ms < 4200; ms += step) bench.board.Advance(bench.now += step);
-            out += bench.board.TakeOutput();
-        }
-        return out;
-    };
-    const std::string fine = run(1);
-    EXPECT_EQ(fine.substr(fine.size() - 3), "\x15\x15\x15");  // at 0, 2 and 4 s
-    EXPECT_EQ(fine, run(7));
-    EXPECT_EQ(fine, run(4200));
 }
 
 }  // namespace
