@@ -72,18 +72,17 @@ class BoardBench {
     // the prompt, stands behind " -> " with "#" for line ends.
     void ExpectDialogue(std::string script) {
         for (size_t end; (end = script.find_first_of("|\n")) != script.npos;) {
-            const std::string step = script.substr(0, end), echo = step.substr(0, step.find(" ->"));
+            const std::string step = script.substr(0, end);
             script.erase(0, end + 1 + (script[end] == '|'));
-            const std::string command = echo.substr(0, echo.find_last_not_of(' ') + 1);
+            const size_t arrow = std::min(step.find(" -> "), step.size());
+            const std::string command = step.substr(0, step.find_last_not_of(' ', arrow - 1) + 1);
             if (command.empty()) continue;
             std::string answer = Type(command, 2000), lines;
-            answer.erase(std::min(answer.find('\x1b'), answer.size()));
-            if (answer.size() > 1 && answer.substr(answer.size() - 2) == "> ")
-                answer.erase(answer.size() - 2);
+            answer.erase(std::min({answer.find('\x1b'), answer.rfind("> "), answer.size()}));
             for (const char c : answer.substr(0, answer.find_last_not_of("\r\n") + 1)) {
                 if (c != '\r') lines += c == '\n' ? '#' : c;
             }
-            EXPECT_EQ(lines, echo == step ? "" : step.substr(echo.size() + 4)) << command;
+            EXPECT_EQ(lines, arrow < step.size() ? step.substr(arrow + 4) : "") << command;
         }
     }
 
