@@ -6,6 +6,12 @@ target_compile_options(kewlink_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow
   -Wnon-virtual-dtor -Woverloaded-virtual)
 target_compile_definitions(kewlink_flags INTERFACE QT_NO_CAST_TO_ASCII
   QT_NO_CAST_FROM_BYTEARRAY QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x050F00)
+if(CMAKE_BUILD_TYPE STREQUAL "Release")  # what a distribution's build turns on
+  set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+  add_compile_options(-fstack-protector-strong)
+  add_compile_definitions(_FORTIFY_SOURCE=2)
+  add_link_options(-Wl,-z,relro,-z,now)
+endif()
 if(KWCC_WERROR)
   target_compile_options(kewlink_flags INTERFACE -Werror)
 endif()

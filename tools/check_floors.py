@@ -25,7 +25,7 @@ FLOORS = {
     "shell": 7,
 }
 # Beside the floors: what each folder may include, itself aside.
-BESIDE = {"encoding": {"base"}, "simulator": {"base"}, "editor": set()}
+BESIDE = {"encoding": {"base"}, "simulator": {"base"}, "editor": set(), "ports": set()}
 USES_ENCODING = {"upload"}
 WIDGET = re.compile(
     r"#include <Q(?:Widget|MainWindow|Dialog|Application|PushButton|ComboBox|LineEdit|CheckBox|Label|"
@@ -47,7 +47,7 @@ def folder_of(path):
 
 
 def sources():
-    for top in ("src", "simulator", "editor"):
+    for top in ("src", "simulator", "editor", "ports"):
         base = os.path.join(ROOT, "src") if top == "src" else ROOT
         for folder, _, names in os.walk(os.path.join(ROOT, top)):
             for name in names:

@@ -11,7 +11,7 @@ MAP = os.path.join(ROOT, "docs", "ARCHITECTURE.md")
 MARK = "## Files\n"
 FOLDERS = ["src/base", "src/ui", "src/terminal/screen", "src/link", "src/terminal/input",
            "src/encoding", "src/upload", "src/xmodem", "src/filemanager", "src/help", "src/shell",
-           "simulator", "simulator/basic", "simulator/files", "simulator/xmodem", "simulator/boardsim", "editor"]
+           "simulator", "simulator/basic", "simulator/files", "simulator/xmodem", "simulator/boardsim", "editor", "ports"]
 
 
 def first_sentence(path):

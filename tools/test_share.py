@@ -22,7 +22,7 @@ def main():
     names = subprocess.run(["git", "ls-files", "-co", "--exclude-standard"], cwd=ROOT, check=True,
                            capture_output=True, text=True).stdout.split("\n")
     names = [n for n in names if n.endswith((".cpp", ".h", ".py", ".sh"))]
-    code = lines(n for n in names if n.startswith(("src/", "simulator/", "editor/", "packaging/")))
+    code = lines(n for n in names if n.startswith(("src/", "simulator/", "editor/", "ports/", "packaging/")))
     tests = lines(n for n in names if n.startswith("tests/"))
     share = 100 * tests / code
     print(f"tests: {tests} lines to {code} lines of code, {share:.0f} %")

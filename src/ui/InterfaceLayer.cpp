@@ -1,6 +1,7 @@
 #include "ui/InterfaceLayer.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <thread>
 
 #include "ui/BoundHandlers.h"
@@ -26,6 +27,15 @@ void LeaveOutOpenGl() {
     if (!qEnvironmentVariableIsSet(kChoice)) qputenv(kChoice, "none");
 }
 
+// From the program's own resources, in the sizes of window lists and docks.
+QIcon ProgramIcon() {
+    QIcon icon;
+    for (const int size : {16, 32, 48, 128}) {
+        icon.addFile(QString(":/icons/kewlink-console-%1.png").arg(size));
+    }
+    return icon;
+}
+
 void CreateApplication(char** argv) {
     LeaveOutOpenGl();
     // The end of a desktop session must not be held up by windows that do not close: the
@@ -33,8 +43,9 @@ void CreateApplication(char** argv) {
     QGuiApplication::setFallbackSessionManagementEnabled(false);
     application = new QApplication(toolkitArgumentCount, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    // By this name a Wayland desktop finds the icon.
+    // By this name a Wayland desktop finds the icon; X11 is given the picture itself.
     QGuiApplication::setDesktopFileName("kewlink-console");
+    QGuiApplication::setWindowIcon(ProgramIcon());
     // Every pointer move counts for a selection, those of a burst too. The platform's own
     // start turns the compression on.
     QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);

@@ -11,6 +11,7 @@
 namespace {
 
 constexpr char kModuleName[] = "kewlink_web";
+constexpr char kEnginePackage[] = "libqt5webkit5";
 
 // A module of another build may lack a name.
 template <typename Procedure>
@@ -32,29 +33,61 @@ const WebViewModule* LoadModule(QString* why) {
     return loaded ? &module : nullptr;
 }
 
+// What a web gadget can do, with the engine or without.
 class WebFunctions : public PBGadgetFunctions {
   public:
-    WebFunctions(int gadget, QWidget* shown, const WebViewModule* loaded)
-        : PBGadgetFunctions(gadget, shown), module(loaded) {}
+    using PBGadgetFunctions::PBGadgetFunctions;
+    virtual void Load(const QString& address) = 0;
+    virtual void Back() {}
+    virtual void Forward() {}
+};
 
-    void Load(const QString& address) { module->load(Widget(), address); }
-    void Back() { module->back(Widget()); }
-    void Forward() { module->forward(Widget()); }
+class EngineFunctions : public WebFunctions {
+  public:
+    EngineFunctions(int gadget, QWidget* shown, const WebViewModule* loaded)
+        : WebFunctions(gadget, shown), module(loaded) {}
+
+    void Load(const QString& address) override { module->load(Widget(), address); }
+    void Back() override { module->back(Widget()); }
+    void Forward() override { module->forward(Widget()); }
 
   private:
     const WebViewModule* const module;
+};
+
+// What stands in place of a view that cannot be had: why, and the page as a link that the
+// desktop's browser opens.
+class LabelFunctions : public WebFunctions {
+  public:
+    LabelFunctions(int gadget, QLabel* shown, const QString& reason)
+        : WebFunctions(gadget, shown), label(shown), why(reason) {
+        label->setTextFormat(Qt::RichText);
+        label->setWordWrap(true);
+        label->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+        label->setOpenExternalLinks(true);
+    }
+
+    void Load(const QString& address) override {
+        label->setText(QString("<p>The help pages cannot be shown here. Is the package %1 "
+                               "installed?</p><p><a href=\"%2\">Open them in the browser</a></p>"
+                               "<p>%3</p>")
+                           .arg(kEnginePackage, address.toHtmlEscaped(), why.toHtmlEscaped()));
+    }
+
+  private:
+    QLabel* const label;
+    const QString why;
 };
 
 WebFunctions* FindWebGadget(int gadget) {
     return dynamic_cast<WebFunctions*>(FindGadget(gadget));
 }
 
-// What stands in place of a view that cannot be had.
-QWidget* MissingView(QWidget* parent, const QString& why) {
-    auto* label = new QLabel("The help pages cannot be shown.\n" + why, parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    return label;
+WebFunctions* CreateView(int gadget, QWidget* parent) {
+    QString why;
+    const WebViewModule* module = LoadModule(&why);
+    if (module) return new EngineFunctions(gadget, module->create(parent), module);
+    return new LabelFunctions(gadget, new QLabel(parent), why);
 }
 
 }  // namespace
@@ -62,15 +95,7 @@ QWidget* MissingView(QWidget* parent, const QString& why) {
 void WebGadget(int gadget, int x, int y, int width, int height) {
     QWidget* const parent = BeginGadget(gadget);
     if (!parent) return;
-    QString why;
-    const WebViewModule* module = LoadModule(&why);
-    PBGadgetFunctions* functions = nullptr;
-    if (module) {
-        functions = new WebFunctions(gadget, module->create(parent), module);
-    } else {
-        functions = new PBGadgetFunctions(gadget, MissingView(parent, why));
-    }
-    EnterGadget(functions, QRect(x, y, width, height));
+    EnterGadget(CreateView(gadget, parent), QRect(x, y, width, height));
 }
 
 void LoadWebPage(int gadget, const QString& address) {

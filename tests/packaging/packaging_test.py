@@ -1,7 +1,10 @@
 """What a user installs, tried in fresh folders and under fresh homes."""
+import contextlib
+import glob
 import os
 import re
 import shutil
+import socket
 import subprocess
 import sys
 import tempfile
@@ -52,19 +55,22 @@ class Case(unittest.TestCase):
 
 
 class Texts(Case):
-    def test_desktop_entries_metainfo_and_manual_pages_are_valid(self):
-        run("desktop-file-validate", *packaging("kewlink-console.desktop", "kwedit.desktop"))
+    def test_desktop_entries_metainfo_types_and_manual_pages_are_valid(self):
+        entries = packaging("kewlink-console.desktop", "kwedit.desktop")
+        run("desktop-file-validate", *entries)
+        for entry in entries:
+            self.assertRegex(text_of(entry), r"(?m)^Icon=kewlink-console$")
         run("appstreamcli", "validate", "--no-net", *packaging("org.kewlink.console.metainfo.xml"))
-        run("mandoc", "-T", "lint", "-W", "warning",
-            *packaging("man/KWCC.1", "man/KWEdit.1", "man/boardsim.1"))
-        for script in packaging("launcher.sh", "add-to-menu.sh"):
-            run("sh", "-n", script)
+        run("mandoc", "-T", "lint", "-W", "warning", *glob.glob(PACKAGING + "/man/*.1"))
+        for shell, script in (("bash", "launcher.sh"), ("sh", "add-to-menu.sh")):
+            run(shell, "-n", *packaging(script))
 
     def test_the_texts_tell_what_the_programs_do(self):
-        page = re.sub(r".\x08", "", run("mandoc", "-T", "ascii", *packaging("man/boardsim.1")))
-        options = [set(re.findall(r"--[a-z-]+", text))
-                   for text in (page, run(os.path.join(BUILD, "bin", "boardsim"), "--help"))]
-        self.assertEqual(*options)
+        for program in ("boardsim", "kwports"):
+            page = re.sub(r".\x08", "", run("mandoc", "-T", "ascii", *packaging(f"man/{program}.1")))
+            told = set(re.findall(r"--[a-z-]+", page))
+            help_text = run(os.path.join(BUILD, "bin", program), "--help")
+            self.assertLessEqual(told, set(re.findall(r"--[a-z-]+", help_text)) | {"--version"})
         version = os.environ["KWCC_VERSION"]
         changes, metainfo = map(text_of, packaging("changelog", "org.kewlink.console.metainfo.xml"))
         self.assertTrue(changes.startswith(f"kewlink-console ({version}) "))
@@ -72,62 +78,150 @@ class Texts(Case):
 
 
 class Folder(Case):
-    def test_it_works_where_it_lies_and_keeps_its_settings_there(self):
+    def test_it_works_where_it_lies_and_its_window_fits_a_small_display(self):
         self.install()
         moved = os.path.join(self.folder, "moved here")
         os.rename(self.prefix, moved)
         for name in ("LICENSE", "THIRD-PARTY.txt", "data/html/index.htm", "data/html2/index.htm",
                      "udev/70-kewlink-console.rules", "examples/hello.bas"):
             self.assertTrue(os.path.isfile(os.path.join(moved, name)), name)
-        for name in ("KWEdit", "libkewlink_web.so"):
+        for name in ("KWEdit", "libkewlink_web.so", "kwports"):
             self.assertNotIn("not found", run("ldd", os.path.join(moved, name)))
         self.assertIn("picomite", run(os.path.join(moved, "boardsim"), "--list-boards"))
         settings = os.path.join(moved, "data", "KWCC.inf")
-        with open(settings, "w", encoding="ascii") as f:
-            f.write("[Windows]\nMainX = 30\nMainY = 20\nMainW = 960\nMainH = 1000\n")
-        with Desktop() as desktop:
+        with Desktop("1366x768") as desktop:
             console = Console(desktop, os.path.join(moved, "KWCC"))
+            place = console.geometry()
             console.click(300, CONTENT_TOP + 100)
             self.assertEqual(console.close(), 0)
-        self.assertIn("MainW = 960", text_of(settings))
+        kept = dict(re.findall("^(.+) = (.*)$", text_of(settings), re.M))
+        width, height, rows = (int(kept[key]) for key in ("VT width", "VT height", "Number of rows"))
+        self.assertEqual((kept["Characters per line"], rows), ("101", 30))
+        self.assertGreaterEqual(place["WIDTH"], width + 40)  # with the scroll bar
+        self.assertGreaterEqual(place["HEIGHT"], console.menu_height + CONTENT_TOP + height + 10)
+        self.assertLessEqual(place["X"] + place["WIDTH"], 1366)
+        self.assertLessEqual(place["Y"] + place["HEIGHT"], 768 - 40)  # a panel below
+        with open(settings, "a", encoding="utf-8") as f:
+            f.write("[Mine]\n")
+        self.prefix = moved
+        self.install()  # again, over what the user has
+        self.assertIn("[Mine]", text_of(settings))
 
 
 class UserFolder(Case):
-    def start(self, name):
-        process = subprocess.Popen([os.path.join(self.prefix, "bin", name)], env=self.environment(),
-                                   stderr=subprocess.DEVNULL, cwd=self.folder)
-        own = os.path.join(self.home, ".local/share/kewlink-console")
-        program = os.path.join(own, "KWEdit" if name == "kwedit" else "KWCC")
-        try:
-            wait_for(program, lambda: os.readlink(f"/proc/{process.pid}/exe") == program)
-            if name != "kwedit":
-                wait_for("settings", lambda: os.path.exists(os.path.join(own, "data/KWCC.inf")))
-        finally:
-            process.kill()
-            process.wait()
-        return own
-
-    def test_the_launcher_gives_each_user_settings_that_last(self):
+    def setUp(self):
+        super().setUp()
         self.install("--component", "system")
-        shared = os.path.join(self.prefix, "libexec/kewlink-console")
-        own = self.start("kewlink-console")
+        self.shared = os.path.join(self.prefix, "libexec/kewlink-console")
+        self.own = os.path.join(self.home, ".local/share/kewlink-console")
+        self.settings = os.path.join(self.own, "data/KWCC.inf")
+
+    def launch(self, name, *arguments, **options):
+        environment = dict(self.environment(), **options)
+        return subprocess.Popen([os.path.join(self.prefix, "bin", name), *arguments],
+                                env=environment, stderr=subprocess.PIPE, stdout=subprocess.PIPE,
+                                cwd=self.folder, text=True)
+
+    def programs(self, name):
+        """Process numbers of this user's copies of a program."""
+        path = os.path.join(self.own, name)
+        return [link.split("/")[2] for link in glob.glob("/proc/[0-9]*/exe")
+                if os.path.exists(link) and os.readlink(link).startswith(path)]
+
+    def run_for_a_while(self, name, *arguments):
+        """Starts a program and ends it; gives its own arguments."""
+        program = "KWEdit" if name == "kwedit" else "KWCC"
+        launcher = self.launch(name, *arguments)
+        try:
+            number = wait_for(program, lambda: self.programs(program))[0]
+            words = text_of(f"/proc/{number}/cmdline").split("\0")[1:-1]
+        finally:
+            for each in self.programs(program):
+                os.kill(int(each), 9)
+            launcher.communicate()
+        return words
+
+    def test_each_user_gets_settings_that_last_and_a_program_as_new_as_the_package(self):
+        self.assertEqual(self.run_for_a_while("kewlink-console", "a  b", "c"), ["a  b", "c"])
         for name in ("data/html2/index.htm", "data/html/index.htm", "libkewlink_web.so"):
-            self.assertTrue(os.path.isfile(os.path.join(own, name)), name)
-        self.assertFalse(os.path.exists(os.path.join(shared, "data/KWCC.inf")))
-        settings = os.path.join(own, "data/KWCC.inf")
-        run("sed", "-i", "$a [Mine]\\nkept = 1", settings)
-        # The package brings a new program; the old one may be running, so its file is not written to.
-        old = os.stat(os.path.join(own, "KWCC")).st_ino
-        with open(os.path.join(shared, "KWCC"), "ab") as f:
+            self.assertTrue(os.path.isfile(os.path.join(self.own, name)), name)
+        self.assertIn("[Choices]", text_of(self.settings))
+        run("sed", "-i", "$a [Mine]\\nkept = 1", self.settings)
+        # The old program may be running, so its file is not written to.
+        old = os.stat(os.path.join(self.own, "KWCC")).st_ino
+        with open(os.path.join(self.shared, "KWCC"), "ab") as f:
             f.write(b"newer")
-        self.start("kewlink-console")
-        self.assertNotEqual(os.stat(os.path.join(own, "KWCC")).st_ino, old)
-        run("cmp", os.path.join(own, "KWCC"), os.path.join(shared, "KWCC"))
-        run("grep", "kept = 1", settings)
-        self.home += " of another"
-        another = self.start("kwedit")
-        self.assertEqual(sorted(os.listdir(another)),
-                         ["KWCC", "KWEdit", "data", "libkewlink_web.so"])
+        self.run_for_a_while("kewlink-console")
+        self.assertNotEqual(os.stat(os.path.join(self.own, "KWCC")).st_ino, old)
+        run("cmp", os.path.join(self.own, "KWCC"), os.path.join(self.shared, "KWCC"))
+        run("grep", "kept = 1", self.settings)
+        self.assertEqual(self.run_for_a_while("kwedit", "x y"), ["x y"])
+        self.assertTrue(os.path.isfile(self.prefix + "/lib/udev/rules.d/70-kewlink-console.rules"))
+
+    def test_a_running_console_is_given_the_file(self):
+        with contextlib.ExitStack() as free:
+            ports = [free.enter_context(socket.create_server(("", 0))).getsockname()[1]
+                     for _ in range(3)]
+        board = socket.create_server(("127.0.0.1", 0))
+        self.addCleanup(board.close)
+        board.settimeout(60)
+        os.makedirs(os.path.dirname(self.settings))
+        with open(self.settings, "w", encoding="ascii") as f:
+            f.write("[Network]\nIP control port = %d\nIP data port = %d\nKWedit control port = %d\n"
+                    % tuple(ports))
+        with open(os.path.join(self.folder, "a  b.bas"), "w", encoding="ascii") as f:
+            f.write("'target s\\picomite ip\\127.0.0.1:%d le\\cr\n" % board.getsockname()[1])
+        first = self.launch("kewlink-console")
+        try:
+            wait_for("console", lambda: self.programs("KWCC"))
+            second = self.launch("kewlink-console", "a  b.bas")
+            second.communicate(timeout=30)
+            self.assertEqual((second.returncode, len(self.programs("KWCC"))), (0, 1))
+            board.accept()[0].close()  # the upload has begun
+            third = self.launch("kewlink-console")
+            self.assertIn("running already", third.communicate(timeout=30)[1])
+        finally:
+            for each in self.programs("KWCC"):
+                os.kill(int(each), 9)
+            first.communicate()
+
+    def test_a_failed_start_is_shown_in_a_window(self):
+        tools = os.path.join(self.folder, "tools")
+        os.mkdir(tools)
+        with open(os.path.join(tools, "zenity"), "w", encoding="ascii") as f:
+            f.write('#!/bin/sh\nprintf "%s" "$4" >"$HOME/shown"\n')
+        os.chmod(os.path.join(tools, "zenity"), 0o755)
+        path = tools + ":" + os.environ["PATH"]
+        failed = self.launch("kewlink-console", QT_QPA_PLATFORM="nothing", PATH=path)
+        failed.communicate(timeout=60)
+        self.assertEqual(failed.returncode, 134)
+        self.assertIn("platform plugin", text_of(os.path.join(self.home, "shown")))
+        os.chmod(self.home, 0o755)
+        with open(os.path.join(self.folder, "file"), "w", encoding="ascii"):
+            pass
+        failed = self.launch("kewlink-console", XDG_DATA_HOME=self.folder + "/file", PATH=path)
+        self.assertEqual((failed.communicate(timeout=60), failed.returncode)[1], 1)
+        self.assertIn("cannot be made ready", text_of(os.path.join(self.home, "shown")))
+
+    def test_help_and_version_start_nothing(self):
+        for arguments, word in ((["--help"], "usage:"), (["--version"], os.environ["KWCC_VERSION"])):
+            said = self.launch("kewlink-console", *arguments)
+            self.assertIn(word, said.communicate(timeout=30)[0])
+            self.assertFalse(os.path.exists(self.home))
+
+    @unittest.skipUnless(os.geteuid() == 0, "another user's port needs another user")
+    def test_ports_of_another_user_are_left_to_them(self):
+        done = attempt("unshare", "-n", "sh", "-c", """
+            setpriv --reuid=65534 --clear-groups python3 -c '
+import socket, time
+s = socket.create_server(("0.0.0.0", 50900)); print(flush=True); time.sleep(60)' >"$HOME.ready" & other=$!
+            until [ -s "$HOME.ready" ]; do sleep 0.1; done
+            QT_QPA_PLATFORM=nothing "$1"; kill $other""", "sh",
+                       self.prefix + "/bin/kewlink-console", env=self.environment())
+        self.assertTrue(os.path.exists(self.settings), done.stdout)
+        kept = dict(re.findall("^(.*port) = (.*)$", text_of(self.settings), re.M))
+        self.assertEqual([kept[key] for key in ("IP control port", "IP data port",
+                                                "KWedit control port")], ["50901", "50902", "6834"])
 
 
 class MenuEntries(Case):
@@ -144,18 +238,69 @@ class MenuEntries(Case):
             # As a desktop reads it: the value's escapes, then those in quotes, then field codes.
             text = re.sub(r"\\(.)", r"\1", re.sub(r"\\\\", r"\\", line)).replace("%%", "%")
             self.assertEqual(text, os.path.join(odd, program))
+            icon = re.search("^Icon=(.*)$", text_of(path), re.M).group(1)
+            self.assertTrue(os.path.isfile(re.sub(r"\\(.)", r"\1", icon)), icon)
+        kinds = dict(re.findall(r"^\d+:(\S+):\*(.ba[se])$",
+                                text_of(self.home + "/.local/share/mime/globs2"), re.M))
+        self.assertEqual(sorted(kinds.values()), [".bae", ".bas"])
+        openers = dict(re.findall("^(.*)=(.*)$", text_of(entries + "/mimeinfo.cache"), re.M))
+        self.assertEqual(openers, dict.fromkeys(kinds, "kwedit.desktop;"))
         run(os.path.join(odd, "add-to-menu"), "--remove", env=self.environment())
-        self.assertEqual(os.listdir(entries), [])
+        left = [n for n in os.listdir(entries) if n.endswith(".desktop")]
+        self.assertEqual(left + os.listdir(self.home + "/.local/share/mime/packages"), [])
+        self.assertIn("usage:", run(os.path.join(odd, "add-to-menu"), "--help",
+                                    env=self.environment()))
+        self.assertEqual([n for n in os.listdir(entries) if n.endswith(".desktop")], [])
 
 
-def usb(number, vendor, product, port, name):
-    """A USB device with a serial port, as umockdev describes it."""
+class Package(Case):
+    """The Debian package, named in KWCC_DEB; ./test --package builds it and runs this."""
+
+    def setUp(self):
+        super().setUp()
+        run("dpkg-deb", "-x", os.environ["KWCC_DEB"], self.prefix)
+
+    def packages_of(self, program):
+        """The packages whose libraries a program names itself."""
+        needed = re.findall(r"NEEDED.*\[(.*)\]", run("readelf", "-d", program))
+        paths = dict(re.findall(r"(\S+) => (\S+)", run("ldd", program)))
+        found = [attempt("dpkg", "-S", path).stdout or run("dpkg", "-S", os.path.realpath(path))
+                 for path in map(paths.get, needed) if path]
+        return {text.split(":")[0] for text in found}
+
+    def test_it_asks_for_what_its_programs_need(self):
+        fields = {name: set(re.findall(r"(?:^|, |\| )([a-z0-9.+-]+)", run(
+            "dpkg-deb", "-f", os.environ["KWCC_DEB"], name))) for name in ("Depends", "Recommends")}
+        self.assertIn("libqt5webkit5", fields["Recommends"] - fields["Depends"])
+        programs = [p for p in glob.glob(self.prefix + "/usr/bin/*") +
+                    glob.glob(self.prefix + "/usr/libexec/*/*") if "ELF" in run("file", p)]
+        self.assertEqual(len(programs), 5)
+        for program in programs:
+            known = fields["Depends"] | (fields["Recommends"] if program.endswith(".so") else set())
+            self.assertLessEqual(self.packages_of(program), known, program)
+            self.assertIn("BIND_NOW", run("readelf", "-d", program))
+            self.assertRegex(run("readelf", "-W", "--dyn-syms", program), "__stack_chk_fail|__\\w+_chk")
+
+    def test_its_pages_find_each_other_and_its_texts_are_there(self):
+        pages = glob.glob(self.prefix + "/usr/share/man/man1/*")
+        names = {os.path.basename(page)[:-len(".1.gz")] for page in pages}
+        for page in pages:
+            called = re.findall(r"^\.Xr (\S+) 1", run("zcat", page), re.M)
+            self.assertLessEqual(set(called), names, page)
+        programs = set(os.listdir(self.prefix + "/usr/bin"))
+        self.assertLessEqual(programs, names)
+        for path in ("doc/kewlink-console/INSTALL.md", "mime/packages/kewlink-console.xml"):
+            self.assertTrue(os.path.isfile(f"{self.prefix}/usr/share/{path}"), path)
+
+
+def usb(number, vendor, product, port, name, facts=""):
+    """A USB device with a serial port, as umockdev describes it; `facts` are udev's own."""
     device = f"/devices/usb1/1-{number}"
     major = 166 if name.startswith("ttyACM") else 188
     return (f"P: {device}\nN: bus/usb/001/00{number}\nE: SUBSYSTEM=usb\nE: DEVTYPE=usb_device\n"
             f"E: DEVNAME=/dev/bus/usb/001/00{number}\nA: idVendor={vendor}\nA: idProduct={product}\n\n"
             f"P: {device}/tty/{name}\nN: {name}\nE: SUBSYSTEM=tty\nE: DEVNAME=/dev/{name}\n"
-            f"E: MAJOR={major}\nE: MINOR={port}\n\n")
+            f"E: MAJOR={major}\nE: MINOR={port}\n{facts}\n")
 
 
 # A /run and a /dev of their own, for what udev writes; a few real devices stay.
@@ -174,6 +319,24 @@ def own_places(script, *arguments):
         return attempt("unshare", "-rm", "sh", "-c", OWN_PLACES + script, "sh", folder, *arguments)
     finally:
         os.rmdir(folder)
+
+
+class Ports(Case):
+    def test_a_board_is_listed_with_what_hangs_on_its_port(self):
+        path = os.path.join(self.folder, "device.umockdev")
+        with open(path, "w", encoding="ascii") as f:
+            f.write(usb(1, "2e8a", "000a", 0, "ttyACM0", "E: ID_VENDOR_ID=2e8a\nE: ID_MODEL_ID=000a\n"
+                        "E: ID_VENDOR=Raspberry_Pi\nE: ID_MODEL=Pico\nE: ID_SERIAL_SHORT=E66\n"))
+        # The preloaded testbed comes before the sanitizer, and LeakSanitizer stops in it.
+        seen = run("umockdev-run", "-d", path, "--", os.path.join(BUILD, "bin/kwports"),
+                   env=dict(os.environ, ASAN_OPTIONS="verify_asan_link_order=0:detect_leaks=0"))
+        self.assertIn("/dev/ttyACM0\n  device         Raspberry Pi Pico (2e8a:000a), serial number E66\n"
+                      "  access         you may open it\n  specification  'target s\\picomite "
+                      "port\\ttyACM0:115200 le\\cr\n", seen)
+
+    def test_no_port_is_status_1(self):
+        done = attempt(os.path.join(BUILD, "bin/kwports"), "nosuch")
+        self.assertEqual((done.returncode, done.stdout), (1, "kwports: there is no port nosuch\n"))
 
 
 class UdevRules(Case):
@@ -210,6 +373,15 @@ class UdevRules(Case):
             self.assertNotRegex(seen, r"kewlink-console\.rules:\d+ (?!LINK)")
             device = self.udev(usb(number, vendor, product, port, name), f"usb1/1-{number}")
             self.assertEqual("ID_MM_DEVICE_IGNORE=1" in device, known, device)
+
+    @unittest.skipUnless(own_places("").returncode == 0, "this machine gives no /dev of one's own")
+    def test_a_board_has_a_name_by_its_serial_number(self):
+        for serial, interface, name in (("E6614", "00", "KW-E6614"), ("E6614", "02", "KW-E6614-02"),
+                                        ("0001", "00", None), ("a:b", "00", None), ("", "00", None)):
+            facts = f"E: ID_SERIAL_SHORT={serial}\nE: ID_USB_INTERFACE_NUM={interface}\n"
+            seen = self.udev(usb(1, "2e8a", "000a", 5, "ttyACM5", facts), "usb1/1-1/tty/ttyACM5")
+            self.assertEqual(re.findall("^DEVLINKS=.*?/dev/(KW-[^ \n]*)", seen, re.M),
+                             [name] if name else [], seen)
 
     def udev(self, description, device):
         path = os.path.join(self.folder, "device.umockdev")
