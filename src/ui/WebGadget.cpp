@@ -63,6 +63,7 @@ class LabelFunctions : public WebFunctions {
         : WebFunctions(gadget, shown), label(shown), why(reason) {
         label->setTextFormat(Qt::RichText);
         label->setWordWrap(true);
+        label->setAlignment(Qt::AlignTop);
         label->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
         label->setOpenExternalLinks(true);
     }

@@ -2,6 +2,7 @@
 import os
 import shutil
 import subprocess
+import tempfile
 import time
 import unittest
 
@@ -32,6 +33,13 @@ class HelpSession(Session):
                 f.write(f"<body bgcolor={colour}><a href='{link}'><div style='height:2000px'>"
                         "</div></a><p id=place>")
 
+    def open_help(self):
+        self.write_settings("Comport = not set\n")
+        self.console = Console(self.desktop, self.program)
+        self.help_menu(1)
+        return wait_for("help window", lambda: self.desktop.output(
+            ["xdotool", "search", "--onlyvisible", "--name", "^Help Viewer$"]).strip())
+
     def help_menu(self, item):
         self.desktop.run("xdotool", "mousemove", "--window", self.console.window, "20", "10",
                          "click", "1")
@@ -52,12 +60,8 @@ class HelpSession(Session):
 
     def test_links_buttons_history_and_about(self):
         red, lime, blue = (255, 0, 0), (0, 255, 0), (0, 0, 255)
-        self.write_settings("Comport = not set\n")
         self.write_pages()
-        self.console = Console(self.desktop, self.program)
-        self.help_menu(1)
-        self.viewer = wait_for("help window", lambda: self.desktop.output(
-            ["xdotool", "search", "--onlyvisible", "--name", "^Help Viewer$"]).strip())
+        self.viewer = self.open_help()
         self.expect(red)
         for place, pixel in [((30, 200), lime), ((30, 200), blue),  # two links
                              ((240, 17), lime), ((240, 17), red),   # Back, twice
@@ -74,6 +78,23 @@ class HelpSession(Session):
         wait_for("end of About", lambda: len(self.console.windows()) == len(before))
         self.desktop.run("wmctrl", "-i", "-c", hex(int(self.viewer)))
         wait_for("end of help", lambda: self.viewer not in self.console.windows())
+        self.assertEqual(self.console.close(), 0)
+
+    def test_without_the_web_engine_the_browser_shows_the_pages(self):
+        os.remove(os.path.join(self.folder, "libkewlink_web.so"))
+        tools = tempfile.mkdtemp()
+        self.addCleanup(shutil.rmtree, tools)
+        browser = os.path.join(tools, "xdg-open")
+        with open(browser, "w", encoding="utf-8") as f:
+            f.write('#!/bin/sh\necho "$1" >"$0.asked"\n')
+        os.chmod(browser, 0o755)
+        self.desktop.env["PATH"] = tools + ":" + os.environ["PATH"]
+        self.viewer = self.open_help()
+        for y in range(56, 100, 4):  # the line of the link depends on the font
+            self.click(30, y)
+        wait_for("browser", lambda: os.path.exists(browser + ".asked"))
+        with open(browser + ".asked", encoding="utf-8") as f:
+            self.assertRegex(f.read(), r"^file:///.*/%2520%C3%A9/data/html2/index\.htm$")
         self.assertEqual(self.console.close(), 0)
 
 
