@@ -1,9 +1,10 @@
 #include "help/HelpViewer.h"
 
+#include <QUrl>
+
 #include "base/AppPaths.h"
 #include "base/Numbers.h"
 #include "help/HelpSettings.h"
-#include "help/PercentEncoding.h"
 #include "ui/ButtonGadget.h"
 #include "ui/Gadgets.h"
 #include "ui/WebGadget.h"
@@ -19,6 +20,9 @@ constexpr int kHeightBesideWeb = 50;
 
 const char kEditorIndex[] = "html2";
 const char kBasicIndex[] = "html";
+
+// What stays as it is in an address, beside what RFC 3986 never encodes. "%" is not among them.
+const char kAddressCharacters[] = "!&'()*=,/:;?#$@";
 
 struct ButtonRow {
     int gadget;
@@ -70,8 +74,9 @@ void LoadIndex(const char* folder) {
 }  // namespace
 
 QString HelpIndexAddress(const QString& folder) {
-    return PercentEncode("file:///" + appPaths.dataFolder + folder + appPaths.pathSeparator +
-                         "index.htm");
+    return QUrl::toPercentEncoding(
+        "file:///" + appPaths.dataFolder + folder + appPaths.pathSeparator + "index.htm",
+        kAddressCharacters);
 }
 
 void ShowHelpViewer() {
