@@ -23,6 +23,7 @@ END
 
 # A sentence for the user: on the terminal where there is one, else in a window.
 tell() {
+    set -- "$(printf %s "$1" | fold -s -w 90)"
     printf '%s: %s\n' "$name" "$1" >&2
     [ -t 2 ] && return
     for dialog in "zenity --error --no-markup --text" "kdialog --error" "xmessage -center"; do
