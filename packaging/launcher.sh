@@ -27,8 +27,9 @@ tell() {
     printf '%s: %s\n' "$name" "$1" >&2
     [ -t 2 ] && return
     for dialog in "zenity --error --no-markup --text" "kdialog --error" "xmessage -center"; do
-        # Unquoted: the program and its options.
-        command -v "${dialog%% *}" >/dev/null && $dialog "$1" 2>/dev/null && return
+        command -v "${dialog%% *}" >/dev/null || continue
+        $dialog "$1" 2>/dev/null || true # unquoted: the program and its options
+        return
     done
     notify-send "Kewlink Console" "$1" 2>/dev/null || true
 }
