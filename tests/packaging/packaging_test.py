@@ -311,17 +311,24 @@ def own_places(script, *arguments):
 
 
 class Ports(Case):
-    def test_a_board_is_listed_with_what_hangs_on_its_port(self):
+    def listed(self, description):
         path = os.path.join(self.folder, "device.umockdev")
         with open(path, "w", encoding="ascii") as f:
-            f.write(usb(1, "2e8a", "000a", 0, "ttyACM0", "E: ID_VENDOR_ID=2e8a\nE: ID_MODEL_ID=000a\n"
-                        "E: ID_VENDOR=Raspberry_Pi\nE: ID_MODEL=Pico\nE: ID_SERIAL_SHORT=E66\n"))
+            f.write(description)
         # The preloaded testbed comes before the sanitizer, and LeakSanitizer stops in it.
-        seen = run("umockdev-run", "-d", path, "--", os.path.join(BUILD, "bin/kwports"),
-                   env=dict(os.environ, ASAN_OPTIONS="verify_asan_link_order=0:detect_leaks=0"))
-        self.assertIn("/dev/ttyACM0\n  device         Raspberry Pi Pico (2e8a:000a), serial number E66\n"
-                      "  access         you may open it\n  specification  'target s\\picomite "
-                      "port\\ttyACM0:115200 le\\cr\n", seen)
+        return attempt("umockdev-run", "-d", path, "--", os.path.join(BUILD, "bin/kwports"),
+                       env=dict(os.environ, ASAN_OPTIONS="verify_asan_link_order=0:detect_leaks=0"))
+
+    def test_a_board_is_listed_with_what_hangs_on_its_port(self):
+        board = usb(1, "2e8a", "000a", 0, "ttyACM0", "E: ID_VENDOR_ID=2e8a\nE: ID_MODEL_ID=000a\n"
+                    "E: ID_VENDOR=Raspberry_Pi\nE: ID_MODEL=Pico\nE: ID_SERIAL_SHORT=E66\n")
+        done = self.listed(board)
+        self.assertEqual((done.returncode, done.stdout), (0, "/dev/ttyACM0\n"
+            "  device         Raspberry Pi Pico (2e8a:000a), serial number E66\n"
+            "  access         you may open it\n"
+            "  specification  'target s\\picomite port\\ttyACM0:115200 le\\cr\n"))
+        no_port = board.split("\n\n", maxsplit=1)[0] + "\n\n"
+        self.assertEqual(self.listed(no_port).returncode, 1)
 
     def test_a_port_is_looked_at_by_name(self):
         kwports = os.path.join(BUILD, "bin/kwports")
@@ -331,6 +338,9 @@ class Ports(Case):
         os.symlink(line, link)
         self.assertRegex(run(kwports, link), rf"^{line}\n(.*\n)+  held by .*\({os.getpid()}\)\n"
                          rf"  specification  'target s\\picomite port\\{line[5:]}:115200 le\\cr\n")
+        os.chmod(line, 0)
+        nobody = ["setpriv", "--reuid=65534", "--clear-groups"] if os.geteuid() == 0 else []
+        self.assertIn("only its owner", run(*nobody, kwports, line))
         for end in ends:
             os.close(end)
         done = attempt(kwports, line)
@@ -371,6 +381,11 @@ class UdevRules(Case):
             self.assertNotRegex(seen, r"kewlink-console\.rules:\d+ (?!LINK)")
             device = self.udev(usb(number, vendor, product, port, name), f"usb1/1-{number}")
             self.assertEqual("ID_MM_DEVICE_IGNORE=1" in device, known, device)
+
+    @unittest.skipUnless(own_places("").returncode == 0, "this machine gives no /dev of one's own")
+    def test_kwports_finds_the_name_by_the_serial_number(self):
+        seen = own_places('ln -s null /dev/KW-A1 && "$2" null', BUILD + "/bin/kwports").stdout
+        self.assertIn("in any socket  'target s\\picomite port\\KW-A1:115200 le\\cr\n", seen)
 
     @unittest.skipUnless(own_places("").returncode == 0, "this machine gives no /dev of one's own")
     def test_a_board_has_a_name_by_its_serial_number(self):

@@ -1,6 +1,8 @@
 // What kwports says of a port: the line to paste, and what to do about one that is refused.
 #include <gtest/gtest.h>
 
+#include <QTemporaryFile>
+
 #include "ports/PortAccess.h"
 #include "ports/PortReport.h"
 #include "ports/PortSpecification.h"
@@ -47,6 +49,9 @@ TEST(Ports, ARefusedPortTellsWhatHelps) {
     EXPECT_EQ(AccessSentence(rights), "only its owner, or root, may open it");
     rights.mayOpen = true;
     EXPECT_EQ(AccessSentence(rights), "you may open it");
+    QTemporaryFile own;  // in this user's first group
+    ASSERT_TRUE(own.open());
+    EXPECT_TRUE(RightsOn(own.fileName()).memberByName);
 }
 
 }  // namespace
