@@ -214,6 +214,7 @@ constexpr int kAttributeKey = 5;
 constexpr int kAttributeModifiers = 6;
 constexpr int kAttributeWheel = 8;
 constexpr int kAttributeInput = 9;
+constexpr int kAttributeKeyOfText = 10;
 
 // Canvas pointer buttons and key modifiers, as the attributes give them.
 constexpr int kButtonLeft = 1;

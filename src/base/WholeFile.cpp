@@ -5,7 +5,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace {
 
@@ -20,13 +19,26 @@ void SyncFolder(const QString& path) {
 
 }  // namespace
 
-bool WriteWholeFile(const QString& path, const QByteArray& bytes) {
+// Unbuffered, because commit() does not notice a buffer that reaches a full disk in part.
+WholeFile::WholeFile(const QString& path) : file(path) {
     const QFileInfo before(path);
-    if (before.exists() && !before.isFile()) return false;
-    QSaveFile file(path);
-    // Unbuffered, because commit() does not notice a buffer that reaches a full disk in part.
-    const bool written = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
-                         file.write(bytes) == bytes.size() && file.commit();
-    if (written) SyncFolder(path);
+    if (before.exists() && !before.isFile()) return;
+    file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+}
+
+void WholeFile::Append(const void* bytes, int64_t count) {
+    if (!file.isOpen()) return;
+    if (file.write(static_cast<const char*>(bytes), count) != count) file.cancelWriting();
+}
+
+bool WholeFile::Commit() {
+    const bool written = file.isOpen() && file.commit();
+    if (written) SyncFolder(file.fileName());
     return written;
+}
+
+bool WriteWholeFile(const QString& path, const QByteArray& bytes) {
+    WholeFile file(path);
+    file.Append(bytes.constData(), bytes.size());
+    return file.Commit();
 }

@@ -7,6 +7,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include "base/Choices.h"
+
 namespace {
 
 constexpr int kBacklog = 100;
@@ -17,7 +19,7 @@ constexpr int kLongestWait = 1000;  // milliseconds; only matters without a wake
 bool ListenOn(int fd, int64_t port) {
     sockaddr_in address = {};
     address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_ANY);
+    address.sin_addr.s_addr = htonl(choices.localPorts ? INADDR_LOOPBACK : INADDR_ANY);
     address.sin_port = htons(static_cast<uint16_t>(port));
     // Without SO_REUSEADDR on purpose: a restart shortly after a close can fail.
     return bind(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&

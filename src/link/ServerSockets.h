@@ -30,8 +30,8 @@ struct ServerEvent {
     HeldDescriptor client;
 };
 
-// Listens on all of the machine's addresses. False, with nothing open, when the port can
-// not be had: a port that another program holds, or that this one closed a moment ago.
+// Listens on all of the machine's addresses, or on 127.0.0.1 alone. False, with nothing open, when
+// the port can not be had: a port that another program holds, or that this one closed a moment ago.
 bool OpenServer(ServerSockets& sockets, int64_t port);
 
 // Sleeps until a client comes, sends or goes, or WakeServer was called.

@@ -39,10 +39,15 @@ uint32_t ReadColour(const SettingRow& row) {
     return static_cast<uint32_t>(TextToInteger(text)) & kColourMask;
 }
 
+void LoadGroup(const SettingRow& row) {
+    const bool found = PreferenceGroup(row.name);
+    if (row.number) *row.number = found;
+}
+
 void LoadRow(const SettingRow& row) {
     switch (row.kind) {
         case SettingKind::kGroup:
-            PreferenceGroup(row.name);
+            LoadGroup(row);
             break;
         case SettingKind::kComment:
             break;
@@ -90,6 +95,18 @@ void SaveRow(const SettingRow& row) {
     }
 }
 
+// A group that is written only where the file had it. It is the table's last.
+bool IsLeftOut(const SettingRow& row) {
+    return row.kind == SettingKind::kGroup && row.number && !*row.number;
+}
+
+void SaveRows() {
+    for (const SettingRow& row : settingsTable) {
+        if (IsLeftOut(row)) return;
+        SaveRow(row);
+    }
+}
+
 // The rows in reading order: those that are read late come when their group ends.
 void LoadRows() {
     std::vector<const SettingRow*> late;
@@ -128,6 +145,6 @@ void LoadSettings() {
 void SaveSettings() {
     TakeLiveValues();
     CreatePreferences(SettingsPath(), kPreferenceGroupSpace);
-    for (const SettingRow& row : settingsTable) SaveRow(row);
+    SaveRows();
     ClosePreferences();
 }

@@ -1,5 +1,6 @@
 #include "shell/SettingsTable.h"
 
+#include "base/Choices.h"
 #include "base/DocumentsFolder.h"
 #include "base/LineEnding.h"
 #include "base/Numbers.h"
@@ -28,6 +29,7 @@ LinkSettings& link = LinkSettingsForTable();
 UploadSettings& upload = UploadSettingsForTable();
 TerminalSettings& terminal = TerminalSettingsForTable();
 InputSettings& input = InputSettingsForTable();
+Choices& chosen = ChoicesForTable();
 QString lineEndingName;  // on its way between the file and base/LineEnding.h
 
 constexpr NumberRule kFree = {};
@@ -44,8 +46,10 @@ SettingRow Row(SettingKind kind, const char* name) {
     return row;
 }
 
-SettingRow Group(const char* name) {
-    return Row(SettingKind::kGroup, name);
+SettingRow Group(const char* name, int* found = nullptr) {
+    SettingRow row = Row(SettingKind::kGroup, name);
+    row.number = found;
+    return row;
 }
 
 SettingRow Comment(const char* text) {
@@ -204,6 +208,16 @@ const std::vector<SettingRow> rows = {
 
     Group("Macros"),
     List("Macro", LoadMacros, SaveMacros),
+
+    Group("Choices", &chosen.inFile),
+    Number("Keys act once",                     &chosen.keysActOnce,         0),
+    Number("Bright white",                      &chosen.brightWhite,         0),
+    Number("Local ports for this machine only", &chosen.localPorts,          0),
+    Number("Telnet line ends",                  &chosen.telnetLineEnds,      0),
+    Number("Follow the cable",                  &chosen.followCable,         0),
+    Number("Read as it comes",                  &chosen.readAsItComes,       0),
+    Number("Alt opens menus",                   &chosen.altOpensMenus,       0),
+    Number("Replace files when complete",       &chosen.replaceWhenComplete, 0),
 };
 // clang-format on
 

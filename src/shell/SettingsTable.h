@@ -32,7 +32,7 @@ struct SettingRow {
     SettingKind kind;
     const char* name;  // of the group or key; a comment's text
     ReadTurn turn = ReadTurn::kInTurn;
-    int* number = nullptr;
+    int* number = nullptr;  // of a group: set to whether the file has it
     QString* text = nullptr;
     uint32_t* colour = nullptr;
     int64_t fallback = 0;            // default of a number or colour

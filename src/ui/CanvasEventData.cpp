@@ -28,6 +28,8 @@ int Attribute(const CanvasEventData& data, int attribute) {
             return data.wheel;
         case kAttributeInput:
             return static_cast<int>(data.input);
+        case kAttributeKeyOfText:
+            return static_cast<int>(data.keyOfText);
         default:
             return 0;
     }

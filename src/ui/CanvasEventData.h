@@ -13,6 +13,7 @@ struct CanvasEventData {
     uint32_t modifiers = 0;  // kModifier bits
     int32_t wheel = 0;       // whole steps of 120, away from the user positive; wheel alone
     uint32_t input = 0;      // UTF-16 unit; input alone
+    uint32_t keyOfText = 0;  // key whose text it is, 0 for a composed one; input alone
 };
 
 // Raises event 3 of a canvas with a copy of the data. `flags` are those of the event.

@@ -170,6 +170,7 @@ void PBCanvasWidget::keyPressEvent(QKeyEvent* event) {
     CanvasEventData carried = DataWithoutPlace(this, event->modifiers());
     carried.key = static_cast<uint32_t>(event->key());
     RaiseCanvasEvent(GadgetOf(this), kTypeKeyDown, kUserInput, carried);
+    carried.keyOfText = carried.key;
     carried.key = 0;
     RaiseInput(event->text(), carried);
 }

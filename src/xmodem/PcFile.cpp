@@ -7,6 +7,7 @@
 #include <cerrno>
 
 #include "base/BoundedFile.h"
+#include "base/Choices.h"
 
 namespace {
 
@@ -25,6 +26,10 @@ bool MoveAll(Call call, int fd, Bytes* bytes, int64_t count) {
 }  // namespace
 
 PcFile::PcFile(const QString& name) : path(name) {
+    if (choices.replaceWhenComplete) {
+        beside = std::make_unique<WholeFile>(path);
+        return;
+    }
     fd = OpenRegularFile(path, O_WRONLY | O_CREAT | O_TRUNC);
     created = fd >= 0;
 }
@@ -34,6 +39,7 @@ PcFile::~PcFile() {
 }
 
 void PcFile::Append(const uint8_t* bytes, int count) {
+    if (beside) beside->Append(bytes, count);
     if (fd >= 0 && !MoveAll(write, fd, bytes, count)) Close();
 }
 
@@ -42,7 +48,14 @@ void PcFile::Close() {
     fd = -1;
 }
 
+bool PcFile::Keep() {
+    Close();
+    return !beside || beside->Commit();
+}
+
 void PcFile::Remove() {
+    Close();
+    beside.reset();
     if (created) unlink(path.toUtf8().constData());
 }
 

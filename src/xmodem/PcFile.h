@@ -4,13 +4,18 @@
 
 #include <QString>
 #include <cstdint>
+#include <memory>
 #include <vector>
+
+#include "base/WholeFile.h"
 
 // Bytes that are sent of one file at the most. At the pace of the protocol that is a day
 // and more, and far above what a device can hold.
 constexpr int64_t kLargestSentFile = 64 * 1024 * 1024;
 
-// A file that is being fetched. It closes with its owner's stack.
+// A file that is being fetched. It closes with its owner's stack. Where the user chose
+// that files are replaced when complete it is written beside its path, and goes unless it
+// is kept.
 class PcFile {
   public:
     // Creates the file, or empties one that exists. What can't be created is passed over:
@@ -20,15 +25,20 @@ class PcFile {
     PcFile(const PcFile&) = delete;
     PcFile& operator=(const PcFile&) = delete;
 
-    // A write that fails, as on a full disk, is not told either. Nothing is written from
-    // then on, so what stands is the head of the file and not that and a later piece.
+    // A write that fails, as on a full disk, is not told here. Nothing is written from then
+    // on, so what stands is the head of the file and not that and a later piece.
     void Append(const uint8_t* bytes, int count);
-    void Close();
+    // Ends a file that has come whole. False when a file that was written beside its path
+    // did not get there; what stands at the path is then as before.
+    bool Keep();
     // Deletes the file, if this record created or emptied it.
     void Remove();
 
   private:
+    void Close();
+
     QString path;
+    std::unique_ptr<WholeFile> beside;
     int fd = -1;
     bool created = false;
 };

@@ -181,8 +181,7 @@ bool ReceiveBlock(Receiver& r) {
 }
 
 void Finish(Receiver& r) {
-    r.file.Close();
-    if (r.first == kEot) {
+    if (r.first == kEot && r.file.Keep()) {
         WorkerPrint("Completed OK");
     } else {
         WorkerPrint("File transfer failed");

@@ -11,6 +11,7 @@
 #include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/TerminalScreen.h"
+#include "tests/support/Chosen.h"
 #include "tests/support/LocalTools.h"
 #include "ui/InterfaceEvent.h"
 
@@ -99,6 +100,21 @@ TEST_F(ServerThreads, StartLinesInOrderAndAPortInUse) {
     EXPECT_FALSE(LocalClient(settings.controlPort).connected);
     EXPECT_EQ(FindServer(kDataServerIdentity), nullptr);
     close(holder);
+}
+
+// 127.0.0.2 stands for an address by which other machines reach this one.
+TEST_F(ServerThreads, AreReachedFromElsewhereUnlessTheUserChoseOtherwise) {
+    const in_addr_t elsewhere = INADDR_LOOPBACK + 1;
+    for (const int local : {0, 1}) {
+        const Chosen ports(&Choices::localPorts, local);
+        Start();
+        for (const int port : {settings.dataPort, settings.controlPort}) {
+            EXPECT_EQ(LocalClient(port, elsewhere).connected, !local);
+            EXPECT_TRUE(LocalClient(port).connected);
+        }
+        TearDown();
+        SetUp();
+    }
 }
 
 // One chunk at a time, of at most 5000 bytes, and nothing of it changes before it is taken.

@@ -5,6 +5,7 @@
 
 #include "terminal/screen/TerminalMode.h"
 #include "tests/screen/ScreenRig.h"
+#include "tests/support/Chosen.h"
 
 namespace {
 
@@ -211,6 +212,12 @@ TEST_F(VtParserTest, GraphicRendition) {
         const TerminalCell& cell = TerminalLineAt(1)->cells[1];
         EXPECT_EQ(std::make_tuple(parameters, int(cell.attr), cell.fg, cell.bg), row);
     }
+    StartOver();
+    const Chosen bright(&Choices::brightWhite);
+    Feed(C + "90;47;97mX" + C + "30;107mX");
+    const TerminalCell* const cells = TerminalLineAt(1)->cells;
+    EXPECT_EQ(std::make_pair(cells[1].fg, cells[1].bg), std::make_pair(palette[7], palette[7]));
+    EXPECT_EQ(std::make_pair(cells[2].fg, cells[2].bg), std::make_pair(palette[0], palette[7]));
     StartOver();
     Feed(C + "7mX" + C + "1K");
     EXPECT_EQ(TerminalLineAt(1)->cells[1].attr, 0);

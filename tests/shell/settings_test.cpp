@@ -6,6 +6,7 @@
 #include <QDir>
 #include <cstdlib>
 
+#include "base/Choices.h"
 #include "filemanager/FileManagerSettings.h"
 #include "help/HelpSettings.h"
 #include "shell/CommandHistory.h"
@@ -108,6 +109,31 @@ TEST_F(SettingsTest, EachKeyHasItsVariableAndTheFileItsBytes) {
     EXPECT_EQ(historyIndex, 2);
     OpenDeviceEntries("Desk", "'target s\\pico");
     EXPECT_EQ(Saved(), file.toStdString());
+}
+
+// The group is written where it was read, and then whole; elsewhere there is no trace of it.
+TEST_F(SettingsTest, ChoicesAreKeptWhereTheFileHasThem) {
+    const Choices& c = choices;
+    const auto held = [&] {
+        return Numbers{c.keysActOnce, c.brightWhite,   c.localPorts,    c.telnetLineEnds,
+                       c.followCable, c.readAsItComes, c.altOpensMenus, c.replaceWhenComplete};
+    };
+    OpenDeviceEntries("", "");
+    const QByteArray group =
+        "\n[Choices]\nKeys act once = 1\nBright white = 2\n"
+        "Local ports for this machine only = 3\nTelnet line ends = 4\nFollow the cable = 5\n"
+        "Read as it comes = 6\nAlt opens menus = 7\nReplace files when complete = 8\n";
+    Load("[choices]" + QByteArray(group).remove(0, 10).toLower());
+    EXPECT_EQ(held(), (Numbers{1, 2, 3, 4, 5, 6, 7, 8}));
+    EXPECT_EQ(Saved(), (Defaults() + group).toStdString());
+    Load("[Choices]\nBright white = 1\n");
+    EXPECT_EQ(held(), (Numbers{0, 1, 0, 0, 0, 0, 0, 0}));
+    EXPECT_NE(Saved().find("\nAlt opens menus = 0\nReplace files when complete = 0\n"),
+              std::string::npos);
+    Load("[Macros]\nBright white = 1\n");
+    EXPECT_EQ(held(), Numbers(8, 0));
+    EXPECT_EQ(ScratchFolder::Get(kFile).count("[Choices]"), 0);
+    EXPECT_EQ(Saved(), Defaults().toStdString());
 }
 
 TEST_F(SettingsTest, NothingStoredGivesTheDefaults) {

@@ -22,10 +22,10 @@ bool ServeUntil(Done done, Serve serve) {
     return true;
 }
 
-inline sockaddr_in LocalAddress(int port) {
+inline sockaddr_in LocalAddress(int port, in_addr_t host = INADDR_LOOPBACK) {
     sockaddr_in address = {};
     address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_addr.s_addr = htonl(host);
     address.sin_port = htons(static_cast<uint16_t>(port));
     return address;
 }
@@ -50,8 +50,8 @@ inline int FreePort() {
 }
 
 struct LocalClient {
-    explicit LocalClient(int port) {
-        const sockaddr_in address = LocalAddress(port);
+    explicit LocalClient(int port, in_addr_t host = INADDR_LOOPBACK) {
+        const sockaddr_in address = LocalAddress(port, host);
         connected = connect(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
         fcntl(fd, F_SETFL, O_NONBLOCK);
     }

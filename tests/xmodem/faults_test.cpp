@@ -8,6 +8,7 @@
 #include <iostream>
 #include <random>
 
+#include "tests/support/Chosen.h"
 #include "tests/xmodem/transfer_bench.h"
 
 namespace {
@@ -115,6 +116,36 @@ TEST_F(FaultBench, ATroubleThatStaysFromAnyMomentOn) {
         }
         EXPECT_TRUE(good > 10 && good < 45) << i << ' ' << good;
     }
+}
+
+// The file that was there stands until all of the new one is.
+TEST_F(FaultBench, FilesThatAreReplacedWhenComplete) {
+    const Chosen complete(&Choices::replaceWhenComplete);
+    const auto fetch = [this](const std::string& content, Trouble trouble, const char* name) {
+        SendingDevice sender{content};
+        Attach(sender, trouble, 300);
+        const QString printed = Transfer(Direction::kReceive, name);
+        EXPECT_TRUE(printed.endsWith("Completed OK") || printed.endsWith("File transfer failed"));
+        return printed.endsWith("OK");
+    };
+    Write("old");
+    mkfifo("pipe", 0600);
+    const std::string content = RandomBytes(512);
+    EXPECT_FALSE(fetch(content, Trouble::kCans, "pc.bin"));
+    for (const char* name : {"none/pc.bin", ".", "pipe"})
+        EXPECT_FALSE(fetch(content, Trouble::kNone, name)) << name;
+    signal(SIGXFSZ, SIG_IGN);
+    rlimit room = {};
+    getrlimit(RLIMIT_FSIZE, &room);
+    const rlimit full = {200, room.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &full);
+    EXPECT_FALSE(fetch(content, Trouble::kNone, "pc.bin"));
+    setrlimit(RLIMIT_FSIZE, &room);
+    EXPECT_EQ(Content(), "old");
+    EXPECT_TRUE(fetch(content, Trouble::kNone, "pc.bin"));
+    EXPECT_EQ(Content(), content);
+    EXPECT_EQ(QDir().entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot),
+              QStringList({"pc.bin", "pipe"}));
 }
 
 // Seen from the worker a folder that is closed to it, a file that is, and a disk that runs

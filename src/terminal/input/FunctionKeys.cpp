@@ -2,7 +2,6 @@
 #include <QtCore/qnamespace.h>
 
 #include "base/Numbers.h"
-#include "link/LinkPrimitives.h"
 #include "terminal/input/TerminalInput.h"
 
 namespace {
@@ -44,8 +43,4 @@ QString FunctionKeySequence(int key, int modifiers) {
         if (row.key == key) return SequenceOf(row, modifiers);
     }
     return QString();
-}
-
-void SendFunctionKey(int key, int modifiers) {
-    SendText(FunctionKeySequence(key, modifiers));
 }

@@ -1,7 +1,8 @@
 // Keys, mouse and wheel of the terminal canvas, turned into bytes for the device. There
 // is no local echo: what shows on the screen is what the device returns. Two events
 // come for a key press, key down and input, and each is acted on by itself, so a key
-// with a row in the key table and with text acts twice. Interface thread.
+// with a row in the key table and with text acts twice, unless the user chose that it acts
+// once. Interface thread.
 #pragma once
 
 #include <QString>
@@ -22,12 +23,12 @@ InputSettings& InputSettingsForTable();  // for the settings table alone
 
 // Key down on the canvas: the current event's key and modifiers by the key table.
 void HandleTerminalKey();
-// Input on the canvas: the current event's character to the device, whatever it is.
+// Input on the canvas: the current event's character to the device. Where keys act once,
+// the text of a key that the table has sent already is left out.
 void HandleTerminalInput();
 
-// `key` is a toolkit key code from F1 to F12, `modifiers` a sum of kModifier values.
-void SendFunctionKey(int key, int modifiers);
-// What SendFunctionKey sends; empty for nothing and for any other key.
+// What a function key sends; empty for nothing and for any other key. `key` is a toolkit
+// key code from F1 to F12, `modifiers` a sum of kModifier values.
 QString FunctionKeySequence(int key, int modifiers);
 
 // A left click in mouse mode, at the current event's place.

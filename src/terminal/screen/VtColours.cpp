@@ -2,6 +2,7 @@
 // of new cells, whatever the parameters were.
 #include <cstdint>
 
+#include "base/Choices.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
 #include "terminal/screen/VtSequence.h"
@@ -12,8 +13,8 @@ constexpr uint32_t kColourBits = 0xFFFFFF;
 constexpr int kRgbForm = 2;
 constexpr int kLastRgbStart = 5;  // a colour of three numbers must begin up to here
 
-// Entries of the palette, in its order.
-enum PaletteColour { kBlack, kRed, kGreen, kYellow, kBlue, kMagenta, kCyan, kWhite };
+// Entries of the palette, in its order, and the colour of 97 and 107, which is none of it.
+enum PaletteColour { kBlack, kRed, kGreen, kYellow, kBlue, kMagenta, kCyan, kWhite, kBright };
 
 enum class Change : uint8_t {
     kNone,
@@ -33,8 +34,8 @@ struct GraphicRow {
     int value = 0;  // attribute, or entry of the palette
 };
 
-// Attributes replace each other. 97 gives black, 107 a black background, and 100 to 106
-// nothing: all three are meant.
+// Attributes replace each other. 97 gives black, 107 a black background, unless the user
+// chose white, and 100 to 106 nothing: all three are meant.
 // clang-format off
 constexpr GraphicRow kGraphics[] = {
     // code  change                       value
@@ -69,8 +70,8 @@ constexpr GraphicRow kGraphics[] = {
     {94,     Change::kForeground,         kBlue},
     {95,     Change::kForeground,         kMagenta},
     {96,     Change::kForeground,         kCyan},
-    {97,     Change::kForeground,         kBlack},
-    {107,    Change::kBackground,         kBlack},
+    {97,     Change::kForeground,         kBright},
+    {107,    Change::kBackground,         kBright},
 };
 // clang-format on
 
@@ -89,6 +90,11 @@ constexpr GraphicRow kUnknown = {0, Change::kNone, 0};
 
 const GraphicRow& GraphicOf(uint64_t code) {
     return code < kCodes ? kIndex.rows[code] : kUnknown;
+}
+
+uint32_t ColourOf(int entry) {
+    if (entry == kBright) entry = choices.brightWhite ? kWhite : kBlack;
+    return terminalSettings.palette[entry];
 }
 
 void SetForeground(uint32_t colour) {
@@ -125,10 +131,10 @@ bool ApplyParameter(const VtSequence& sequence, int slot) {
             SetTextAttribute(row.value);
             return false;
         case Change::kForeground:
-            SetForeground(terminalSettings.palette[row.value]);
+            SetForeground(ColourOf(row.value));
             return false;
         case Change::kBackground:
-            SetBackground(terminalSettings.palette[row.value]);
+            SetBackground(ColourOf(row.value));
             return false;
         case Change::kDefaultForeground:
             SetForeground(terminalScreen.defaultFg);
