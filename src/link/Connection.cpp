@@ -117,5 +117,6 @@ void ShowLinkNotice(const QString& text) {
 }
 
 void AdoptTcpLink(int fd) {
+    ++status.netLinks;
     ReplaceDescriptor(status.netLink, fd);
 }

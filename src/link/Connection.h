@@ -11,12 +11,12 @@
 #include "link/Descriptor.h"
 #include "link/TcpClient.h"
 
-// The interface thread writes it. Transfer workers read the two fields that choose the
-// road of a byte, which are atomic for them.
+// The interface thread writes it. Transfer workers read the fields that are atomic.
 struct LinkStatus {
     bool linkConnected = false;              // from a good ConnectDevice until DisconnectDevice
     std::atomic<bool> deviceOnTcpip{false};  // the one thing that chooses the transport
     SharedDescriptor netLink;                // the TCP client's descriptor, 0 for none
+    std::atomic<int> netLinks{0};            // TCP links so far
     QString linkLabel;              // "port:speed" or "address:port"; empty for no live link
     bool pollingSuspended = false;  // the poll does not read the link
     bool queueBusy = false;         // the poll does not read the link

@@ -4,11 +4,13 @@
 #include <climits>
 #include <cstring>
 
+#include "base/Choices.h"
 #include "base/LineEnding.h"
 #include "base/Pacing.h"
 #include "link/Connection.h"
 #include "link/LinkSettings.h"
 #include "link/SerialPort.h"
+#include "link/Telnet.h"
 #include "terminal/screen/TerminalScreen.h"
 
 const QString kTimeout = "***TIMEOUT***";
@@ -27,10 +29,20 @@ void StageText(const QString& text, int& next, int room) {
     if (staged < LinkBufferSize()) block[staged] = 0;
 }
 
+// Where the telnet coding stands. A transfer worker has a place of its own, since what it
+// reads besides its replies is no text.
+struct TelnetPlace {
+    int link = 0;  // number of the TCP link
+    TelnetReader reader;
+};
+
+thread_local TelnetPlace telnetPlace;
+
 // One read, as text: a character for each byte, up to the first 0 byte.
 QString ReadReply() {
     uint8_t* const block = RxBuffer();
-    const int64_t count = ReceiveBytes(block, std::min(kReplyRead, LinkBufferSize()));
+    const int64_t read = ReceiveBytes(block, std::min(kReplyRead, LinkBufferSize()));
+    const int64_t count = TakeOffTelnet(block, read);
     if (count < 1) return QString();
     const char* bytes = reinterpret_cast<const char*>(block);
     return QString::fromLatin1(bytes, static_cast<int>(strnlen(bytes, count)));
@@ -100,6 +112,16 @@ int64_t ReceiveBytes(void* buffer, int64_t maximum) {
     const int waiting = SerialBytesAvailable();
     if (waiting == 0) return 0;
     return ReadSerialBytes(buffer, static_cast<int>(std::min<int64_t>(waiting, maximum)));
+}
+
+int64_t TakeOffTelnet(uint8_t* bytes, int64_t count) {
+    if (!choices.telnetLineEnds || !linkStatus.deviceOnTcpip || count < 1) return count;
+    if (telnetPlace.link != linkStatus.netLinks) telnetPlace = {linkStatus.netLinks, {}};
+    QByteArray refusals;
+    const int64_t left = ReadTelnet(telnetPlace.reader, bytes, count, refusals);
+    // A peer that does not read must not hold the program up for them.
+    if (!refusals.isEmpty() && LinkRoom() > 0) SendBytes(refusals.constData(), refusals.size());
+    return left;
 }
 
 void AwaitBytes(int64_t ms) {

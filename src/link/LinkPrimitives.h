@@ -1,7 +1,7 @@
 // The few calls through which all device traffic passes, whichever transport is up.
 // Nothing blocks on the line: who wants a reply sleeps in fixed steps and asks again.
-// Interface thread; SendBytes, SendByte, ReceiveBytes and SendAndWait also on a transfer
-// worker, while the poll stands aside for it.
+// Interface thread; SendBytes, SendByte, ReceiveBytes, TakeOffTelnet and SendAndWait also on a
+// transfer worker, while the poll stands aside for it.
 #pragma once
 
 #include <QString>
@@ -56,6 +56,10 @@ int32_t SendByte(int64_t value);
 // Takes what waits, at most `maximum` bytes, and leaves the rest of the buffer as it
 // was. 0 for nothing, -1 for no link.
 int64_t ReceiveBytes(void* buffer, int64_t maximum);
+// Makes bytes that ReceiveBytes gave ready to be read as text: where the user chose so, what
+// came over TCP loses its telnet coding, in place, and the peer's negotiations are refused.
+// The count that stays.
+int64_t TakeOffTelnet(uint8_t* bytes, int64_t count);
 // Waits until a byte has come or `ms` milliseconds have passed. A short wait: whoever
 // closes the link meanwhile waits with it.
 void AwaitBytes(int64_t ms);

@@ -16,27 +16,38 @@
 
 namespace {
 
-using ByteRoad = void (*)(const void* bytes, int64_t count);
+using DeviceRoad = void (*)(uint8_t* bytes, int64_t count);  // may change the bytes
+using ClientRoad = void (*)(const void* bytes, int64_t count);
 
 void Nothing(const void*, int64_t) {}
 
-void ToTerminal(const void* bytes, int64_t count) {
-    if (!linkStatus.quietTerminal) TerminalFeed(DecodeLinkText(bytes, count));
+QString TextOf(uint8_t* bytes, int64_t count) {
+    return DecodeLinkText(bytes, TakeOffTelnet(bytes, count));
 }
 
-void ToListing(const void* bytes, int64_t count) {
-    if (!linkStatus.quietTerminal) ParseListingChunk(DecodeLinkText(bytes, count));
+void ToTerminal(uint8_t* bytes, int64_t count) {
+    const QString text = TextOf(bytes, count);
+    if (!linkStatus.quietTerminal) TerminalFeed(text);
+}
+
+void ToListing(uint8_t* bytes, int64_t count) {
+    const QString text = TextOf(bytes, count);
+    if (!linkStatus.quietTerminal) ParseListingChunk(text);
+}
+
+void ToDataClient(uint8_t* bytes, int64_t count) {
+    SendToDataClient(bytes, count);
 }
 
 // The device's bytes stand in normal video, the client's in reverse, so that the two
 // directions can be told apart.
-void DeviceToMonitor(const void* bytes, int64_t count) {
+void DeviceToMonitor(uint8_t* bytes, int64_t count) {
     SendToDataClient(bytes, count);
     TerminalFeed("\x1b[0m");
-    TerminalPrintRaw(bytes, count);
+    TerminalPrintRaw(bytes, TakeOffTelnet(bytes, count));
 }
 
-void DeviceToHexMonitor(const void* bytes, int64_t count) {
+void DeviceToHexMonitor(uint8_t* bytes, int64_t count) {
     SendToDataClient(bytes, count);
     TerminalFeed("\x1b[0m");
     TerminalHexDump(bytes, count);
@@ -53,14 +64,14 @@ void ClientToHexMonitor(const void* bytes, int64_t count) {
 }
 
 struct ModeRow {
-    ByteRoad fromDevice;
-    ByteRoad fromClient;
+    DeviceRoad fromDevice;
+    ClientRoad fromClient;
 };
 
 // Indexed by the terminal mode.
 const ModeRow modeRows[] = {
     /* VT Terminal        */ {ToTerminal, Nothing},
-    /* External VT helper */ {SendToDataClient, Nothing},
+    /* External VT helper */ {ToDataClient, Nothing},
     /* Monitor            */ {DeviceToMonitor, ClientToMonitor},
     /* HEX monitor        */ {DeviceToHexMonitor, ClientToHexMonitor},
     /* File Manager       */ {ToListing, Nothing},

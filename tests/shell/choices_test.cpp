@@ -3,12 +3,15 @@
 #include <QKeyEvent>
 #include <QWidget>
 
+#include "terminal/screen/TerminalText.h"
 #include "tests/shell/ShellRig.h"
 #include "tests/support/Chosen.h"
 #include "ui/InterfaceEvent.h"
 #include "ui/WaitWindowEvent.h"
 
 namespace {
+
+using namespace std::string_literals;
 
 class ChoicesTest : public ShellRig {
   protected:
@@ -32,6 +35,13 @@ class ChoicesTest : public ShellRig {
         return device.Read();
     }
 };
+
+// A WebMite's greeting, a line end, a command, a subnegotiation and a 255 that is text.
+const std::string kCoded =
+    "\xFF\xFB\x03\xFF\xFD\x22\xFF\xFE\x22\0A\r\0\n\xFF\xF1"
+    "\xFF\xFA\x18\xFF\xFFx\xFF\xF0\xFF\xFA\x18\xFF\xFD\x01"
+    "B\xFF\xFF>"s;
+const std::string kRefusals = "\xFF\xFE\x03\xFF\xFC\x22\xFF\xFC\x01";
 
 }  // namespace
 
@@ -66,4 +76,54 @@ TEST_F(ChoicesTest, KeysActOnce) {
     QApplication::sendEvent(Canvas(), &composed);
     Serve();
     EXPECT_EQ(device.Read(), "\r");
+}
+
+TEST_F(ChoicesTest, TelnetLineEndsWhereverTheBlocksAreCut) {
+    FarEnd board(true);
+    const auto reply = [&](const std::string& first, const std::string& rest) {
+        clock.onTick = [&, start = clock.Now()](int64_t now) {
+            if (now == start + 1) board.Write(first);
+            if (now == start + 21) board.Write(rest);
+        };
+        const QString text = SendAndWait("", kWaitForPrompt);
+        clock.onTick = nullptr;
+        return text.toLatin1().toStdString();
+    };
+    EXPECT_EQ(reply(kCoded, ""), kTimeout.toStdString());  // it ends at the 0
+    const Chosen plain(&Choices::telnetLineEnds);
+    for (size_t cut = 0; cut <= kCoded.size(); ++cut) {
+        EXPECT_EQ(reply(kCoded.substr(0, cut), kCoded.substr(cut)), "A\r\nB\xFF>") << cut;
+        EXPECT_EQ(board.Read(), kRefusals) << cut;
+    }
+    const std::string endless = "\xFF\xFA" + std::string(1024, '?');
+    EXPECT_EQ(reply(endless + "a", "b>"), "ab>");
+    EXPECT_EQ(reply(std::string(900, '\xFD'), ">"), ">");
+    EXPECT_EQ(board.Read().size(), 3U * 64);
+    board.Write(endless.substr(0, 9));
+    PollLink();
+    FarEnd next(true);  // begins anew
+    next.Write("c>");
+    EXPECT_EQ(SendAndWait("", 1), "c>");
+}
+
+TEST_F(ChoicesTest, TelnetLineEndsAreForTextAlone) {
+    FarEnd board(true);
+    const Chosen plain(&Choices::telnetLineEnds);
+    const auto shown = [&](int mode) {
+        SetTerminalMode(mode);
+        ClearTerminal(kTerminalCanvas);
+        board.Write("A\xFF\xFB\x03\r\0\nB"s);
+        PollLink();
+        EXPECT_EQ(board.Read(), mode == kModeHexMonitor ? "" : "\xFF\xFE\x03");
+        return GetTerminalText(kTextVisible).simplified();
+    };
+    EXPECT_EQ(shown(kModeTerminal), "A B");
+    EXPECT_EQ(shown(kModeMonitor), "A B");
+    EXPECT_TRUE(shown(kModeHexMonitor).startsWith("41 FF FB 03 0D 00 0A 42 "));
+    SetTerminalMode(kModeTerminal);
+    AdoptSerialLink(0);
+    SetDeviceOnTcpip(false);
+    FarEnd serial;
+    serial.Write("A\xFF\xFB\x03");
+    EXPECT_EQ(SendAndWait("", 1), "A\u00FF\u00FB\u0003");
 }
