@@ -5,6 +5,7 @@
 #include "base/TextRules.h"
 #include "link/LinkSeams.h"
 #include "link/LinkSettings.h"
+#include "link/LinkWatch.h"
 #include "link/SerialPort.h"
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/TerminalScreen.h"
@@ -52,15 +53,10 @@ int64_t ConnectSerial() {
         return kLinkDown;
     }
     if (SerialLinkIsOpen()) return CountAsConnected();
-    if (!OpenConfiguredPort()) {
-        TerminalPrintLine(linkSettings.comPort + " failed!");
-        TerminalPrintLine("Check port then try again");
-        return kLinkDown;
-    }
-    WakeSerialDevice();
-    ShowLinkNotice("Connected to " + linkSettings.comPort + " at " + linkSettings.serialSpeed);
-    status.linkLabel = linkSettings.comPort + ":" + linkSettings.serialSpeed;
-    return CountAsConnected();
+    if (ReopenSerialPort()) return kLinkUp;
+    TerminalPrintLine(linkSettings.comPort + " failed!");
+    TerminalPrintLine("Check port then try again");
+    return kLinkDown;
 }
 
 int64_t ConnectTcp() {
@@ -98,7 +94,16 @@ int64_t ConnectDevice() {
     return status.deviceOnTcpip ? ConnectTcp() : ConnectSerial();
 }
 
+bool ReopenSerialPort() {
+    if (!OpenConfiguredPort()) return false;
+    WakeSerialDevice();
+    ShowLinkNotice("Connected to " + linkSettings.comPort + " at " + linkSettings.serialSpeed);
+    status.linkLabel = linkSettings.comPort + ":" + linkSettings.serialSpeed;
+    return CountAsConnected() == kLinkUp;
+}
+
 void DisconnectDevice() {
+    ForgetLinkWatch();
     if (SerialLinkIsOpen()) CloseSerialLink();
     if (status.netLink > 0) ReplaceDescriptor(status.netLink, 0);
     ShowLinkNotice("Disconnected");

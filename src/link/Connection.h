@@ -1,7 +1,7 @@
 // Which transport is in use, and bringing it up and down. Everything comes from the live
 // settings, and everything is told to the user in the terminal and by the two buttons
-// that stand on one spot. The link has no carrier detection: a pulled cable or a peer
-// that closed leaves it up until DisconnectDevice. Interface thread.
+// that stand on one spot. A pulled cable or a peer that closed leaves the link up until
+// DisconnectDevice; see FollowCable. Interface thread.
 #pragma once
 
 #include <QString>
@@ -37,6 +37,8 @@ void SetQuietTerminal(bool on);
 // that is open already keeps its speed. A TCP endpoint that cannot be reached is not
 // reported to the user.
 int64_t ConnectDevice();
+// Brings the serial link up, or says nothing when its port cannot be opened. True when up.
+bool ReopenSerialPort();
 // Closes whatever is open on either transport, says so even when nothing was, and turns
 // the mouse back to local use.
 void DisconnectDevice();

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <pthread.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -36,6 +37,16 @@ bool TakesBytes(const SharedDescriptor& descriptor) {
     const DescriptorUse use(descriptor);
     pollfd ready = {use.fd, POLLOUT, 0};
     return use.fd < 1 || poll(&ready, 1, 0) != 0;
+}
+
+// In this order, since the last bytes may come together with the end. A tty that was hung up
+// has no bytes to tell of any more (EIO).
+bool HasEnded(const SharedDescriptor& descriptor) {
+    const DescriptorUse use(descriptor);
+    pollfd state = {use.fd, POLLRDHUP, 0};
+    if (use.fd < 1 || poll(&state, 1, 0) < 1) return false;
+    int waiting = 0;
+    return ioctl(use.fd, FIONREAD, &waiting) < 0 || waiting == 0;
 }
 
 void ReplaceDescriptor(SharedDescriptor& descriptor, int fd) {

@@ -50,6 +50,10 @@ struct DescriptorUse {
 // one: what is written there is lost, and there is nothing to wait for. Any thread.
 bool TakesBytes(const SharedDescriptor& descriptor);
 
+// Whether nothing will ever come on it again: the device is gone, or the peer has closed,
+// and what came before has been read. False for no descriptor. Any thread.
+bool HasEnded(const SharedDescriptor& descriptor);
+
 // Puts `fd` (0 for none) in the place of the earlier descriptor. An earlier socket is shut
 // down, which ends a send that waits for the peer, and its number is given back when no
 // thread is inside an operation on it any more: it could name another file before. One thread.

@@ -124,9 +124,16 @@ int64_t TakeOffTelnet(uint8_t* bytes, int64_t count) {
     return left;
 }
 
+const SharedDescriptor& LinkDescriptor() {
+    return linkStatus.deviceOnTcpip ? linkStatus.netLink : SerialDescriptor();
+}
+
+int LargestRead() {
+    return linkStatus.deviceOnTcpip ? LinkBufferSize() : std::min(LinkBufferSize(), kSerialQueue);
+}
+
 void AwaitBytes(int64_t ms) {
-    if (!linkStatus.deviceOnTcpip) return AwaitSerialBytes(ms);
-    const DescriptorUse use(linkStatus.netLink);
+    const DescriptorUse use(LinkDescriptor());
     AwaitInput(use.fd, ms);
 }
 

@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "base/DecodeLinkText.h"
+#include "link/Descriptor.h"
 
 // Bytes that SendAndWait reads at the most in one go; less when the block is smaller.
 constexpr int kReplyRead = 5120;
@@ -60,6 +61,10 @@ int64_t ReceiveBytes(void* buffer, int64_t maximum);
 // came over TCP loses its telnet coding, in place, and the peer's negotiations are refused.
 // The count that stays.
 int64_t TakeOffTelnet(uint8_t* bytes, int64_t count);
+// The descriptor of the transport in force.
+const SharedDescriptor& LinkDescriptor();
+// What one read of it can bring at the most: after such a read more may wait.
+int LargestRead();
 // Waits until a byte has come or `ms` milliseconds have passed. A short wait: whoever
 // closes the link meanwhile waits with it.
 void AwaitBytes(int64_t ms);

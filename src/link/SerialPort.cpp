@@ -5,8 +5,6 @@
 
 #include <algorithm>
 
-#include "base/Pacing.h"
-#include "link/Descriptor.h"
 #include "link/LinkSeams.h"
 #include "link/LinkSettings.h"
 #include "link/SerialLine.h"
@@ -36,6 +34,10 @@ int OpenSerialLink(const QString& path, int64_t baud, int64_t, int64_t) {
     return fd;
 }
 
+const SharedDescriptor& SerialDescriptor() {
+    return serialLink;
+}
+
 bool SerialLinkIsOpen() {
     return serialLink > 0;
 }
@@ -45,11 +47,6 @@ int SerialBytesAvailable() {
     int waiting = 0;
     if (use.fd > 0) ioctl(use.fd, FIONREAD, &waiting);
     return waiting;
-}
-
-void AwaitSerialBytes(int64_t ms) {
-    const DescriptorUse use(serialLink);
-    AwaitInput(use.fd, ms);
 }
 
 int ReadSerialBytes(void* buffer, int count) {

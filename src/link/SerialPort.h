@@ -6,15 +6,21 @@
 #include <QString>
 #include <cstdint>
 
+#include "link/Descriptor.h"
+
+// Bytes that Linux holds of a serial line until they are read; what comes then waits in the
+// driver. n_tty.c
+constexpr int kSerialQueue = 4095;
+
 // Opens and programs the port. The two buffer sizes are accepted and have no effect. The
 // descriptor, or 0 on failure.
 int OpenSerialLink(const QString& path, int64_t baud, int64_t inBufferSize, int64_t outBufferSize);
+// The port's descriptor.
+const SharedDescriptor& SerialDescriptor();
 // Whether the link object exists; says nothing on the state of the hardware.
 bool SerialLinkIsOpen();
 // Bytes that wait; 0 for none, for no link, and for a failing ioctl(2).
 int SerialBytesAvailable();
-// Waits until a byte has come, at most `ms` milliseconds.
-void AwaitSerialBytes(int64_t ms);
 // One read(2) and one write(2). 0 for none, for an error, and for no link.
 int ReadSerialBytes(void* buffer, int count);
 int WriteSerialBytes(const void* buffer, int count);

@@ -1,12 +1,18 @@
 #include "shell/Poll.h"
 
 #include <QString>
+#include <algorithm>
 #include <cstring>
 
+#include "base/Choices.h"
 #include "base/Numbers.h"
+#include "base/Pacing.h"
 #include "filemanager/DeviceListing.h"
 #include "link/Connection.h"
+#include "link/FollowCable.h"
 #include "link/LinkPrimitives.h"
+#include "link/LinkSettings.h"
+#include "link/LinkWatch.h"
 #include "link/SendListing.h"
 #include "link/Servers.h"
 #include "terminal/screen/MonitorViews.h"
@@ -84,17 +90,58 @@ bool LinkIsFree() {
     return !XmodemSendWorkerRuns() && !XmodemReceiveWorkerRuns() && !linkStatus.queueBusy;
 }
 
+// How the bytes are read that come between two firings of the timer. What is typed is
+// answered in a few bytes, which are read at once. A stream is not, as each read costs a turn
+// of the loop and each change a showing; but a flood is, or the line would stand still.
+constexpr int64_t kLightTraffic = 512;  // bytes in a poll's interval
+constexpr int64_t kLeastCharge = 64;    // bytes that a read counts for at the least
+
+struct ReadPace {
+    int64_t intervalEnd = 0;
+    int64_t traffic = 0;   // bytes in this interval
+    int64_t floodEnd = 0;  // an interval behind the last full read
+    bool paused = false;
+};
+
+ReadPace pace;
+
+void CountTraffic(int64_t count) {
+    const int64_t now = NowMs();
+    if (now >= pace.intervalEnd) {
+        pace.intervalEnd = now + linkSettings.pollingInterval;
+        pace.traffic = 0;
+    }
+    pace.traffic += std::max(count, kLeastCharge);
+    if (count >= LargestRead()) pace.floodEnd = now + linkSettings.pollingInterval;
+    pace.paused = pace.traffic > kLightTraffic && now >= pace.floodEnd;
+}
+
+// Bytes that nobody takes, as those of a peer that has gone, are left to the timer.
+void ReadAsItComes(int64_t count) {
+    if (!choices.readAsItComes || LinkIsWatched()) return;
+    if (count > 0) {
+        CountTraffic(count);
+    } else {
+        pace.paused = !pace.paused;
+    }
+    if (!pace.paused) WatchLink();
+}
+
+int64_t ReadLink() {
+    const int64_t count = ReceiveBytes(RxBuffer(), LinkBufferSize());
+    if (count > 0) {
+        memcpy(TxBuffer(), RxBuffer(), static_cast<size_t>(count));
+        modeRows[terminalMode].fromDevice(TxBuffer(), count);
+    }
+    return count;
+}
+
 }  // namespace
 
 void PollLink() {
+    FollowCable();
     if (linkStatus.pollingSuspended) return;
-    if (LinkIsFree()) {
-        const int64_t count = ReceiveBytes(RxBuffer(), LinkBufferSize());
-        if (count > 0) {
-            memcpy(TxBuffer(), RxBuffer(), static_cast<size_t>(count));
-            modeRows[terminalMode].fromDevice(TxBuffer(), count);
-        }
-    }
+    if (LinkIsFree()) ReadAsItComes(ReadLink());
     FinishSendListing();
 }
 

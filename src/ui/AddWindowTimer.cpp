@@ -29,17 +29,20 @@ QTimer* FindTimer(const PBQMainWindow& window, int number) {
 
 }  // namespace
 
-// A timer whose last event still waits is not raised again: a dialog that stands for
-// hours would otherwise leave thousands of them in the queue.
 void PBTimerEvents::Fired() {
-    const int number = sender()->property(kTimerProperty).toInt();
     const auto* window = static_cast<const PBQMainWindow*>(sender()->parent());
     if (FindWindow(window->Number()) != window) return;  // closed, and soon deleted
-    if (EventIsQueued(kEventTimer, number, window->Number())) return;
+    FireWindowTimer(window->Number(), sender()->property(kTimerProperty).toInt());
+}
+
+// A timer whose last event still waits is not raised again: a dialog that stands for
+// hours would otherwise leave thousands of them in the queue.
+void FireWindowTimer(int window, int number) {
+    if (EventIsQueued(kEventTimer, number, window)) return;
     InterfaceEvent event;
     event.number = kEventTimer;
     event.object = number;
-    event.window = window->Number();
+    event.window = window;
     RaiseInterfaceEvent(event);
 }
 

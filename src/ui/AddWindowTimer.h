@@ -7,3 +7,6 @@ void AddWindowTimer(int window, int timer, int periodMs);
 
 // Stops a timer and drops its queued events. Nothing for an unknown one.
 void RemoveWindowTimer(int window, int timer);
+
+// Raises a timer's event now, unless its last one still waits.
+void FireWindowTimer(int window, int timer);

@@ -10,6 +10,7 @@
 #include <map>
 #include <vector>
 
+#include "base/Choices.h"
 #include "ui/Caption.h"
 #include "ui/GadgetTable.h"
 #include "ui/MenuTable.h"
@@ -33,12 +34,17 @@ std::map<int, QMenu*> popups;
 QPointer<PBQMainWindow> openBar;  // takes the next titles
 QPointer<QMenu> openMenu;         // takes the next items
 
+// For people without a mouse; otherwise every key with Alt is the board's.
+bool KeysOpenMenus() {
+    return choices.altOpensMenus != 0;
+}
+
 // The desktop's style, but for the Alt key, which by itself would move the keyboard to the bar.
 class BarStyle : public QProxyStyle {
   public:
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* result) const override {
-        if (hint == SH_MenuBar_AltKeyNavigation) return 0;
+        if (hint == SH_MenuBar_AltKeyNavigation && !KeysOpenMenus()) return 0;
         return QProxyStyle::styleHint(hint, option, widget, result);
     }
 };
@@ -87,11 +93,11 @@ void CreatePopupMenu(int menu) {
     openMenu = popup;
 }
 
-// Every key with Alt is the board's, so a title has no letter of its own. Each title may make
-// the bar higher; the inner area keeps its size.
+// Each title may make the bar higher; the inner area keeps its size.
 void MenuTitle(const QString& title) {
     if (!openBar) return;
-    openMenu = openBar->menuBar()->addMenu(ToCaption(title));
+    const QString mnemonic = KeysOpenMenus() ? "&" : "";
+    openMenu = openBar->menuBar()->addMenu(mnemonic + ToCaption(title));
     openMenu->setProperty(kMenuWindowProperty, openBar->Number());
     openBar->FitMenuBar();
 }

@@ -1,11 +1,17 @@
 // What the group [Choices] changes in the whole program, each choice both ways.
+#include <pty.h>
+
 #include <QApplication>
+#include <QDir>
 #include <QKeyEvent>
 #include <QWidget>
 
+#include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalText.h"
 #include "tests/shell/ShellRig.h"
 #include "tests/support/Chosen.h"
+#include "tests/support/ScratchFolder.h"
+#include "ui/AddWindowTimer.h"
 #include "ui/InterfaceEvent.h"
 #include "ui/WaitWindowEvent.h"
 
@@ -97,7 +103,8 @@ TEST_F(ChoicesTest, TelnetLineEndsWhereverTheBlocksAreCut) {
     }
     const std::string endless = "\xFF\xFA" + std::string(1024, '?');
     EXPECT_EQ(reply(endless + "a", "b>"), "ab>");
-    EXPECT_EQ(reply(std::string(900, '\xFD'), ">"), ">");
+    const QByteArray flood = QByteArray("\xFF\xFD\x01").repeated(300);
+    EXPECT_EQ(reply(flood.toStdString(), ">"), ">");
     EXPECT_EQ(board.Read().size(), 3U * 64);
     board.Write(endless.substr(0, 9));
     PollLink();
@@ -126,4 +133,101 @@ TEST_F(ChoicesTest, TelnetLineEndsAreForTextAlone) {
     FarEnd serial;
     serial.Write("A\xFF\xFB\x03");
     EXPECT_EQ(SendAndWait("", 1), "A\u00FF\u00FB\u0003");
+}
+
+// A name under /dev/ that leads to a pseudo-terminal, as long as that is plugged in.
+class Cable {
+  public:
+    explicit Cable(const QString& link) : name(link.toStdString()) { Plug(); }
+    ~Cable() { Pull(); }
+    void Plug() {
+        int slave = -1;
+        char path[64] = "";
+        openpty(&master, &slave, path, nullptr, nullptr);
+        close(slave);
+        (void)!symlink(path, name.c_str());
+    }
+    void Pull() {
+        close(std::exchange(master, -1));
+        unlink(name.c_str());
+    }
+    void Write(const char* text) const { (void)!write(master, text, strlen(text)); }
+
+  private:
+    int master = -1;
+    std::string name;
+};
+
+TEST_F(ChoicesTest, FollowTheCable) {
+    const ScratchFolder folder;
+    Cable cable(QDir::currentPath() + "/board");
+    AdoptSerialLink(0);
+    SetComPort(".." + QDir::currentPath() + "/board");
+    const auto polled = [&](int64_t ms) {
+        StartCapture();
+        clock.Sleep(ms);
+        PollLink();
+        return TakeCapture();
+    };
+    SetSerialSpeed("");
+    const QString gone = "\x1b[7mDisconnected\x1b[0m";
+    const QString back = "\x1b[7mConnected to " + linkSettings.comPort + " at \x1b[0m";
+    for (int follows = 0; follows < 2; ++follows) {
+        const Chosen follow(&Choices::followCable, follows);
+        ConnectDevice();
+        cable.Pull();
+        EXPECT_EQ(polled(0), follows ? gone : "");
+        EXPECT_EQ(linkStatus.linkConnected, !follows);
+        EXPECT_EQ(polled(5000), "");
+        cable.Plug();
+        EXPECT_EQ(polled(999), "");
+        EXPECT_EQ(polled(1), follows ? back : "");
+        DisconnectDevice();
+        EXPECT_EQ(polled(5000), "");  // the user's own word
+    }
+    const Chosen follow(&Choices::followCable);
+    ConnectDevice();
+    cable.Pull();
+    polled(0);
+    SetComPort("ttyUSB9");  // the user has gone on
+    polled(0);
+    cable.Plug();
+    SetComPort(".." + QDir::currentPath() + "/board");
+    EXPECT_EQ(polled(5000), "");
+    FarEnd peer(true);
+    peer.Write("last words");
+    peer.Close();
+    EXPECT_EQ(polled(0), "last words");
+    EXPECT_EQ(polled(0), gone);
+    EXPECT_EQ(polled(5000), "");
+}
+
+TEST_F(ChoicesTest, ReadAsItComes) {
+    RemoveWindowTimer(kMainWindow, kPollTimer);
+    const auto comes = [&](size_t count) {
+        StartCapture();
+        device.Write(std::string(count, 'x'));
+        Serve();
+        return TakeCapture().size();
+    };
+    PollLink();
+    EXPECT_EQ(comes(1), 0);
+    const Chosen at_once(&Choices::readAsItComes);
+    PollLink();
+    PollLink();
+    for (int i = 0; i < 5; ++i) EXPECT_EQ(comes(1), 1);
+    EXPECT_EQ(comes(400), 400);  // a stream from here on
+    EXPECT_EQ(comes(1), 0);
+    clock.Sleep(linkSettings.pollingInterval);
+    PollLink();
+    EXPECT_EQ(comes(100000), 100000);  // whole blocks, and what is behind them
+    EXPECT_EQ(comes(1), 1);
+    clock.Sleep(linkSettings.pollingInterval);
+    SetQueueBusy(true);
+    EXPECT_EQ(comes(1), 0);
+    SetQueueBusy(false);
+    EXPECT_EQ(comes(1), 0);
+    PollLink();
+    device.Close();
+    EXPECT_EQ(comes(0), 0);  // and ends
 }

@@ -2,10 +2,12 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QMenuBar>
 #include <QShortcut>
 #include <QTest>
 #include <QWindow>
 
+#include "tests/support/Chosen.h"
 #include "tests/ui/Gestures.h"
 #include "ui/AddKeyboardShortcut.h"
 #include "ui/AddWindowTimer.h"
@@ -105,6 +107,25 @@ TEST_F(Menus, NoKeyOpensOne) {
     PressKey(Qt::Key_Return);
     EXPECT_EQ(TakeEvents(kEventMenu), Events());
     EXPECT_EQ(FocusedGadget(), kTerminalCanvas);
+}
+
+TEST_F(Menus, AltOpensThemWhereTheUserChoseSo) {
+    const Chosen alt(&Choices::altOpensMenus);
+    CanvasGadget(kTerminalCanvas, 0, 0, 100, 100, kCanvasKeyboard);
+    CreateMenuBar(kMainMenu, kTestWindow);
+    for (const char* title : {"Setup", "Edit"}) {
+        MenuTitle(title);
+        MenuItem(kItemPasteText, "Paste text");
+    }
+    FocusGadget(kTerminalCanvas);
+    TakeEvents();
+    PressKey(Qt::Key_Alt);
+    EXPECT_TRUE(qobject_cast<QMenuBar*>(QApplication::focusWidget()));
+    PressKey(Qt::Key_Escape);
+    PressKey(Qt::Key_E, Qt::AltModifier);
+    const auto* open = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_TRUE(open);
+    EXPECT_EQ(open->title(), "&Edit");
 }
 
 TEST_F(Shortcuts, ComeBeforeTheFocusOnlyWhileTheyStand) {
