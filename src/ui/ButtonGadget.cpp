@@ -18,6 +18,13 @@ class ButtonFunctions : public PBGadgetFunctions {
     void SetText(const QString& text) override { button->setText(ToCaption(text)); }
     QString Text() const override { return FromCaption(button->text()); }
 
+    // Its pressed look. The program sets it again behind each click, which turns it over.
+    void SetState(int state) override {
+        button->setCheckable(true);
+        button->setChecked(state != 0);
+    }
+    int State() const override { return button->isChecked() ? 1 : 0; }
+
   private:
     QPushButton* const button;
 };

@@ -36,8 +36,18 @@ QIcon ProgramIcon() {
     return icon;
 }
 
+// A screen of twice the usual dots has everything twice as large. A factor between two whole
+// ones is taken as it is: the nearest one would be far off.
+void FollowScreenDensity() {
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+}
+
 void CreateApplication(char** argv) {
     LeaveOutOpenGl();
+    FollowScreenDensity();
     // The end of a desktop session must not be held up by windows that do not close: the
     // program is ended like any other.
     QGuiApplication::setFallbackSessionManagementEnabled(false);

@@ -33,4 +33,5 @@ void ShowTerminalMode(int value) {
 
 void SetMouseMode(int value) {
     mouse = value;
+    SetGadgetState(kMouseButton, mouse != 0);
 }
