@@ -13,6 +13,9 @@ sys.path.insert(0, os.path.join(ROOT, "tools"))
 
 from desktop import Console, Desktop  # noqa: E402
 
+# Settings behind those of the bench: the group [Choices] for reading as it comes.
+AS_IT_COMES = "[Choices]\nRead as it comes = 1\n"
+BOTH_WAYS = (("by the timer", ""), ("as it comes", AS_IT_COMES))
 CONNECT = (652, 66)  # middle of the button, client area coordinates
 TICKS = os.sysconf("SC_CLK_TCK")
 

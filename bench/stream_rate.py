@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """Megabytes a second over TCP, end to end, up to the answer that follows the last byte:
-with the poll at 10 ms and a buffer of 65,536 bytes, then with the default poll and buffer."""
+with the poll at 10 ms and a buffer of 65,536 bytes, with the default poll and buffer and the
+choice to read as it comes, and with the default poll and buffer alone."""
 import time
 
-from console_bench import Bench, colour_lines, default_program, program_lines
+from console_bench import AS_IT_COMES, Bench, colour_lines, default_program, program_lines
 
 FAST = "Serial polling interval = 10\nComms buffer size = 65536\n"
 
@@ -23,9 +24,13 @@ def rate(bench, lines, size):
     return len(data) / (time.monotonic() - start) / 1e6
 
 
-with Bench(default_program(), FAST) as bench:
-    for name, lines in (("lines", program_lines(1000)), ("colour", colour_lines(1000)),
-                        ("cursor", cursor_updates(50))):
-        print(f"end to end, fast poll, {name}: {rate(bench, lines, 12_000_000):.2f} MB/s")
+CORPORA = (("lines", program_lines(1000)), ("colour", colour_lines(1000)),
+           ("cursor", cursor_updates(50)))
+
+for way, settings in (("fast poll", FAST), ("as it comes", AS_IT_COMES)):
+    with Bench(default_program(), settings) as bench:
+        for name, lines in CORPORA:
+            print(f"end to end, {way}, {name}: {rate(bench, lines, 12_000_000):.2f} MB/s")
 with Bench(default_program()) as bench:
-    print(f"end to end, default poll, lines: {1000 * rate(bench, program_lines(1000), 2_000_000):.0f} kB/s")
+    kilobytes = 1000 * rate(bench, CORPORA[0][1], 2_000_000)
+    print(f"end to end, default poll, lines: {kilobytes:.0f} kB/s")

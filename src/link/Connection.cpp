@@ -59,10 +59,15 @@ int64_t ConnectSerial() {
     return kLinkDown;
 }
 
+void TakeNetLink(int fd) {
+    ++status.netLinks;
+    ReplaceDescriptor(status.netLink, fd);
+}
+
 int64_t ConnectTcp() {
     if (status.netLink != 0) return CountAsConnected();
     const int port = TextToInteger32(linkSettings.tcpPort);
-    ReplaceDescriptor(status.netLink, ConnectTcpClient(linkSettings.tcpAddress, port));
+    TakeNetLink(ConnectTcpClient(linkSettings.tcpAddress, port));
     if (status.netLink == 0) return kLinkDown;  // without a word, unlike the serial port
     ShowLinkNotice("Connected to " + linkSettings.tcpAddress + " port " + linkSettings.tcpPort);
     status.linkLabel = linkSettings.tcpAddress + ":" + linkSettings.tcpPort;
@@ -122,6 +127,5 @@ void ShowLinkNotice(const QString& text) {
 }
 
 void AdoptTcpLink(int fd) {
-    ++status.netLinks;
-    ReplaceDescriptor(status.netLink, fd);
+    TakeNetLink(fd);
 }
