@@ -1,29 +1,12 @@
 #include "ui/ComboBoxGadget.h"
 
 #include <QComboBox>
-#include <QProxyStyle>
-#include <QStyleOption>
 
 #include "ui/GadgetTable.h"
 #include "ui/PBGadgetFunctions.h"
+#include "ui/TightStyle.h"
 
 namespace {
-
-constexpr int kArrowWidth = 12;  // pixels; a style's own takes a quarter of a narrow box
-
-// The desktop's style with a narrow arrow, which leaves the rest to the text.
-class NarrowArrowStyle : public QProxyStyle {
-  public:
-    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
-                         SubControl part, const QWidget* widget) const override {
-        const QRect box = option->rect;
-        if (control == CC_ComboBox && part == SC_ComboBoxArrow)
-            return box.adjusted(box.width() - kArrowWidth, 0, 0, 0);
-        if (control == CC_ComboBox && part == SC_ComboBoxEditField)
-            return box.adjusted(1, 1, -kArrowWidth, -1);
-        return QProxyStyle::subControlRect(control, option, part, widget);
-    }
-};
 
 // A text that is none of the items stands above them as an entry of its own, so that the
 // user can pick it again. It is not counted, and goes when something else is shown.
@@ -88,9 +71,7 @@ void ComboBoxGadget(int gadget, int x, int y, int width, int height) {
     QWidget* const parent = BeginGadget(gadget);
     if (!parent) return;
     auto* combo = new QComboBox(parent);
-    auto* style = new NarrowArrowStyle;
-    style->setParent(combo);
-    combo->setStyle(style);
+    UseTightStyle(combo);
     auto* functions = new ComboBoxFunctions(gadget, combo);
     EnterGadget(functions, QRect(x, y, width, height));
 }

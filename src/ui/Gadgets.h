@@ -19,8 +19,8 @@ bool GadgetDisabled(int gadget);
 void SetGadgetText(int gadget, const QString& text);
 QString GadgetText(int gadget);
 
-// State: 0 or 1 of a check box or a button that shows one, selected row of a list or combo box (-1 for none),
-// position of a scroll bar or splitter.
+// State: 0 or 1 of a check box or a button that shows one, selected row of a list or combo box (-1
+// for none), position of a scroll bar or splitter.
 void SetGadgetState(int gadget, int state);
 int GadgetState(int gadget);
 

@@ -5,6 +5,7 @@
 #include "ui/GadgetTable.h"
 #include "ui/PBGadgetFunctions.h"
 #include "ui/PBInputValidator.h"
+#include "ui/TightStyle.h"
 
 namespace {
 
@@ -30,6 +31,7 @@ void TextEntryGadget(int gadget, int x, int y, int width, int height, const QStr
     QWidget* const parent = BeginGadget(gadget);
     if (!parent) return;
     auto* entry = new QLineEdit(parent);
+    UseTightStyle(entry);
     if (rule == EntryRule::kDigits) entry->setValidator(new PBInputValidator(entry));
     auto* functions = new TextEntryFunctions(gadget, entry);
     functions->SetText(text);
