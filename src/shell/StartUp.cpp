@@ -107,21 +107,6 @@ void MainLoop() {
     }
 }
 
-void ShutDown() {
-    TerminalFeed("\x1b[7mBye\x1b[0m");
-    if (WindowIsOpen(kFileManagerWindow)) CloseFileManager();
-    SaveSettings();
-    DisconnectDevice();
-    RemoveWindowTimer(kMainWindow, kBlinkTimer);
-    RemoveWindowTimer(kMainWindow, kPollTimer);
-    AskTransferWorkersToEnd();
-    StopServers();
-    StopTransferWorkers();
-    SleepMs(kPauseBeforeClosing);
-    CloseNumberedWindow(-1);
-    FreeLinkBuffers();
-}
-
 }  // namespace
 
 // The order is part of the program: each step uses what the ones before it set.
@@ -148,6 +133,21 @@ void BuildWindow() {
     BuildDeviceSpec();
     ApplyNamedPreset();
     PrintTitle();
+}
+
+void ShutDown() {
+    TerminalFeed("\x1b[7mBye\x1b[0m");
+    if (WindowIsOpen(kFileManagerWindow)) CloseFileManager();
+    SaveSettings();
+    DisconnectDevice();
+    RemoveWindowTimer(kMainWindow, kBlinkTimer);
+    RemoveWindowTimer(kMainWindow, kPollTimer);
+    AskTransferWorkersToEnd();
+    StopServers();
+    StopTransferWorkers();
+    SleepMs(kPauseBeforeClosing);
+    CloseNumberedWindow(-1);
+    FreeLinkBuffers();
 }
 
 int RunProgram(int argc, char** argv) {

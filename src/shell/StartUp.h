@@ -8,3 +8,7 @@ int RunProgram(int argc, char** argv);
 // The window with all that stands in it, as start-up builds it once the settings are read
 // and the link's buffers allocated.
 void BuildWindow();
+
+// All that the program does behind its main loop: the settings are saved, the link, the
+// timers, the servers and the workers end, and the windows close.
+void ShutDown();

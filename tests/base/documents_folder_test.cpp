@@ -7,6 +7,8 @@
 #include <QTemporaryDir>
 #include <cstdlib>
 
+namespace {
+
 TEST(DocumentsFolder, FollowsTheDesktopsFile) {
     QTemporaryDir home;
     const QString path = home.path() + "/";
@@ -37,3 +39,5 @@ TEST(DocumentsFolder, FollowsTheDesktopsFile) {
     unsetenv("HOME");
     EXPECT_EQ(DocumentsFolder(), "");
 }
+
+}  // namespace

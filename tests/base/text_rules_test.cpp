@@ -6,6 +6,8 @@
 
 #include "base/LineEnding.h"
 
+namespace {
+
 TEST(TextRules, IntegersFollowStrtolAndTheDollarPrefix) {
     const struct {
         const char* text;
@@ -71,3 +73,5 @@ TEST(LineEnding, AnUnknownNameKeepsCrLf) {
     EXPECT_EQ(lineEnding.bytes, "\r\n");
     EXPECT_EQ(lineEnding.name, "lf");
 }
+
+}  // namespace

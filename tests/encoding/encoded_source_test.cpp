@@ -12,8 +12,10 @@
 #include "tests/support/MemoryScan.h"
 #include "tests/support/ScratchFolder.h"
 
+namespace {
+
 // What a reader gets, and why it gets nothing.
-static EncodedFault Open(const QByteArray& file, const QByteArray& passphrase, QByteArray& plain) {
+EncodedFault Open(const QByteArray& file, const QByteArray& passphrase, QByteArray& plain) {
     EncodedSource source;
     SecretBytes text;
     EncodedFault fault = ParseEncodedSource(file, source);
@@ -30,7 +32,7 @@ struct Vector {
 };
 
 // The vectors of the document that describes the format.
-static std::vector<Vector> Vectors() {
+std::vector<Vector> Vectors() {
     std::vector<Vector> vectors;
     const QString document = ScratchFolder::Get(KWCC_SOURCE_DIR "/docs/ENCODED-SOURCES.md");
     const QRegularExpression block("passphrase (\\w+)\nplain (\\w+)\n(KWHEX[^`]+)```");
@@ -144,10 +146,15 @@ TEST(EncodedSources, AreWrittenWholeOrNotAtAll) {
     // The disk is full after four bytes: a limit on the size of files stands for it. A buffer
     // that went out in part was once taken for a written file.
     signal(SIGXFSZ, SIG_IGN);
-    const rlimit none = {4, RLIM_INFINITY};
+    rlimit before = {};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit none = {4, before.rlim_max};
     setrlimit(RLIMIT_FSIZE, &none);
     EXPECT_FALSE(WriteWholeFile("a b.bae", "third"));
+    setrlimit(RLIMIT_FSIZE, &before);
     EXPECT_EQ(ScratchFolder::Get("a b.bae"), "second");
     EXPECT_EQ(QDir().entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot),
               QStringList({"a b.bae", "fifo"}));
 }
+
+}  // namespace

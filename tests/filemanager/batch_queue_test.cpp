@@ -16,6 +16,7 @@
 #include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "tests/support/FarEnd.h"
+#include "tests/support/StartState.h"
 #include "tests/support/TurnsClock.h"
 #include "tests/support/VirtualClock.h"
 #include "ui/ExplorerListGadget.h"
@@ -25,6 +26,8 @@
 #include "xmodem/TransferWorkers.h"
 
 namespace {
+
+const bool startState = KeepStartState(PutBackFileManager);
 
 class BatchQueue : public testing::Test {
   protected:

@@ -15,11 +15,14 @@
 #include "help/HelpSettings.h"
 #include "help/HelpViewer.h"
 #include "tests/support/LocalTools.h"
+#include "tests/support/StartState.h"
 #include "ui/Gadgets.h"
 #include "ui/WebGadget.h"
 #include "ui/Windows.h"
 
 namespace {
+
+const bool startState = KeepStartState(PutBackHelp);
 
 bool ShowsTitle(const char* title) {
     const auto shown = [&] {
@@ -29,8 +32,6 @@ bool ShowsTitle(const char* title) {
     };
     return ServeUntil(shown, [](int32_t) {});
 }
-
-}  // namespace
 
 TEST(Help, AddressesAndAboutText) {
     ResolveAppPaths();
@@ -78,3 +79,5 @@ TEST(Help, PagesThroughTheirHistory) {
     HelpButtonClicked(kHelpForwardButton);
     EXPECT_TRUE(ShowsTitle("two"));
 }
+
+}  // namespace

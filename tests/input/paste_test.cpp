@@ -9,6 +9,8 @@
 #include "tests/support/VirtualClock.h"
 #include "ui/DragDrop.h"
 
+namespace {
+
 TEST(Paste, LinesTrimmedEachInFrontOfItsPause) {
     VirtualClock clock;
     FarEnd device;
@@ -36,3 +38,5 @@ TEST(Paste, LinesTrimmedEachInFrontOfItsPause) {
         EXPECT_EQ(device.Read(), steps);
     }
 }
+
+}  // namespace

@@ -10,6 +10,7 @@
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSizing.h"
 #include "tests/support/FarEnd.h"
+#include "tests/support/StartState.h"
 #include "tests/support/VirtualClock.h"
 #include "ui/CanvasEventData.h"
 #include "ui/CanvasGadget.h"
@@ -19,6 +20,8 @@
 #include "ui/Windows.h"
 
 namespace {
+
+const bool startState = KeepStartState(PutBackInput);
 
 struct InputTest : testing::Test {
     VirtualClock clock;

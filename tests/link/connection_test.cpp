@@ -12,12 +12,15 @@
 #include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalMode.h"
 #include "tests/support/FarEnd.h"
+#include "tests/support/StartState.h"
 #include "tests/support/VirtualClock.h"
 #include "ui/ButtonGadget.h"
 #include "ui/Gadgets.h"
 #include "ui/Windows.h"
 
 namespace {
+
+const bool startState = KeepStartState(PutBackLink);
 
 using Outcome = std::pair<int64_t, QString>;  // the result, and what was printed
 
@@ -165,6 +168,7 @@ TEST_F(ConnectionTest, DescriptorsStandAboveTheStandardStreams) {
     EXPECT_GE(fd, 3);
     CloseTcpClient(fd);
     EXPECT_EQ(fcntl(fd, F_GETFD) + fcntl(0, F_GETFD), -2);
+    EXPECT_EQ(open("/dev/null", O_RDWR), 0);
 }
 
 }  // namespace

@@ -10,6 +10,8 @@
 #include "tests/support/VirtualClock.h"
 #include "ui/DragDrop.h"
 
+namespace {
+
 TEST(SendListing, CutsTheEchoAndTellsAnEditorThatRuns) {
     VirtualClock clock;
     int& port = LinkSettingsForTable().editorPort;
@@ -45,3 +47,5 @@ TEST(SendListing, CutsTheEchoAndTellsAnEditorThatRuns) {
     close(session);
     close(editor);
 }
+
+}  // namespace

@@ -29,8 +29,6 @@ void ExpectByte(int byte, int k, int row, int attr = 0) {
     EXPECT_EQ(Cell(k + 55 + gap, row).attr, attr) << byte;
 }
 
-}  // namespace
-
 TEST_F(MonitorTest, HexPlaceOfEveryByte) {
     StartCapture();
     for (int byte = 0; byte < 256; ++byte) {
@@ -93,3 +91,5 @@ TEST_F(MonitorTest, PlainTextLineByLine) {
     EXPECT_EQ(RowText(terminalScreen.rows - 1), "two.");
     EXPECT_EQ(terminalScreen.cursorX, 1);
 }
+
+}  // namespace

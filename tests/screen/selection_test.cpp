@@ -3,12 +3,15 @@
 
 #include "terminal/screen/Selection.h"
 #include "tests/screen/ScreenRig.h"
+#include "tests/support/StartState.h"
 #include "ui/CanvasEventData.h"
 #include "ui/DragDrop.h"
 #include "ui/WaitWindowEvent.h"
 #include "ui/Windows.h"
 
 namespace {
+
+const bool startState = KeepStartState(PutBackScreen);
 
 constexpr int kCols = 20;
 constexpr int kRows = 5;
@@ -56,8 +59,6 @@ class SelectionTest : public testing::Test {
         return cells;
     }
 };
-
-}  // namespace
 
 TEST_F(SelectionTest, LitCellsAndCopiedTextOfEachPath) {
     const struct {
@@ -119,3 +120,5 @@ TEST_F(SelectionTest, OutsideTheCanvasAndScrolledBack) {
     TerminalScrollDown(100);
     EXPECT_EQ(Select({{0, 0}, {5, 0}}), "abcdef");
 }
+
+}  // namespace

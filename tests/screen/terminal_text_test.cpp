@@ -12,8 +12,6 @@ namespace {
 
 FileChoice answer;
 
-}  // namespace
-
 TEST(TerminalText, LinesUpToTheirLengthAndTheirFiles) {
     TerminalSettingsForTable().cols = 10;
     TerminalSettingsForTable().rows = 3;
@@ -58,3 +56,5 @@ TEST(TerminalText, LinesUpToTheirLengthAndTheirFiles) {
     SetScrollBackLimits(100, -1);
     EXPECT_EQ(GetTerminalText(kTextVisible), "\r\r\r");
 }
+
+}  // namespace

@@ -35,8 +35,6 @@ void NameMacro(const QString& label) {
     AnswerDialogs(nullptr);
 }
 
-}  // namespace
-
 TEST_F(ButtonsTest, PresetsAreSavedUpToTheirLimit) {
     SavePreset("  ", "s\\cmm2");
     EXPECT_TRUE(presetList.empty());
@@ -143,3 +141,5 @@ TEST_F(ButtonsTest, CommandBarIsEmptiedWithoutALink) {
     EXPECT_EQ(historyList.size(), 1u);
     EXPECT_FALSE(linkStatus.linkConnected);
 }
+
+}  // namespace

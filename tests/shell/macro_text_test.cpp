@@ -4,6 +4,8 @@
 
 #include "tests/support/VirtualClock.h"
 
+namespace {
+
 TEST(MacroText, Expands) {
     VirtualClock clock;
     const std::pair<const char*, QString> rows[] = {
@@ -34,3 +36,5 @@ TEST(MacroText, Expands) {
     };
     for (const auto& [text, expanded] : rows) EXPECT_EQ(ExpandMacroText(text), expanded) << text;
 }
+
+}  // namespace

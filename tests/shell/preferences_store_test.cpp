@@ -49,8 +49,6 @@ void AsOrdinaryUser(bool ordinary) {
     ASSERT_EQ(setresuid(user, user, static_cast<uid_t>(-1)), 0);
 }
 
-}  // namespace
-
 TEST_F(PreferencesStoreTest, ReadsByGroupWithoutRegardToCase) {
     ScratchFolder::Put(kFile,
                        "early = 1\n[One]\nKey = a\nkey = b\n[Two]\nN = 12x\n[ONE]\nkey = c\nz=1\n"
@@ -181,3 +179,5 @@ TEST_F(PreferencesStoreTest, NoRoomForMoreLeavesTheFile) {
     EXPECT_EQ(ScratchFolder::Get(kFile), text);
     EXPECT_EQ(QDir().entryList(QDir::Files), QStringList(kFile));
 }
+
+}  // namespace

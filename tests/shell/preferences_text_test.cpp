@@ -23,8 +23,6 @@ std::string Read(const QByteArray& bytes) {
     return shown.toStdString();
 }
 
-}  // namespace
-
 TEST(PreferencesText, LinesBecomeEntries) {
     const std::pair<std::string, std::string> rows[] = {
         {"", ""},
@@ -71,3 +69,5 @@ TEST(PreferencesText, LayoutIsExact) {
               QByteArray(kMark) + "\n; top\n[A]\nk=v\n; \n[B]\nl=\xC3\xA4  [C]\n");
     EXPECT_EQ(FormatPreferences({}, kPreferenceGroupSpace), QByteArray(kMark) + "\n");
 }
+
+}  // namespace

@@ -51,11 +51,9 @@ void OpenDeviceEntries(const char* nickname, const char* spec) {
     TextEntryGadget(kSpecEntry, 0, 0, 9, 9, spec);
 }
 
-}  // namespace
-
 // The defaults with another value behind each key, and with lists. A number grows by its
 // line, so that neighbours differ.
-static QByteArray ChangedDefaults(const QByteArray& defaults) {
+QByteArray ChangedDefaults(const QByteArray& defaults) {
     QByteArrayList lines = defaults.split('\n');
     for (int i = 0; i < lines.size(); ++i) {
         const int at = lines[i].indexOf(" = ") + 3;
@@ -223,3 +221,5 @@ TEST_F(SettingsTest, FilesThatCannotBeUsedDoNoHarm) {
     Load(garbage);
     EXPECT_EQ(mainWindowPlace.width, 900);
 }
+
+}  // namespace

@@ -21,8 +21,7 @@ class ScratchFolder {
     // Nothing of a file that is not there.
     static QByteArray Get(const QString& name) {
         QFile file(name);
-        file.open(QIODevice::ReadOnly);
-        return file.readAll();
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
     QTemporaryDir folder;

@@ -2,7 +2,7 @@
 
 #include <QInputMethodEvent>
 
-#include "tests/ui/Gestures.h"
+#include "tests/support/Gestures.h"
 #include "ui/CanvasAccess.h"
 #include "ui/CanvasImage.h"
 #include "ui/Drawing.h"
@@ -39,8 +39,6 @@ Typed TakeTyping() {
     }
     return typed;
 }
-
-}  // namespace
 
 // Each key gives a key-down, then one input for each unit of its text. Equal events merge,
 // but equal keys in a row are no burst: each was typed.
@@ -182,3 +180,5 @@ TEST(Canvas, ShowsItsImage) {
     CanvasChanged(kCanvas, QRect(-5, -5, 1000000, 1000000));
     CanvasChanged(62, QRect(0, 0, 1, 1));
 }
+
+}  // namespace

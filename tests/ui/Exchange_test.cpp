@@ -2,33 +2,18 @@
 // and web pages.
 
 #include <QDialog>
-#include <QDragEnterEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QUrl>
 
-#include "tests/ui/Gestures.h"
+#include "tests/support/Gestures.h"
 #include "ui/Dialogs.h"
 #include "ui/DragDrop.h"
 #include "ui/PBDropHandler.h"
 #include "ui/WebGadget.h"
 
 namespace {
-
-// Drags something over a widget and drops it there; true when it was taken as a copy.
-bool Drop(QWidget* target, const QMimeData& data) {
-    QDragEnterEvent enter(QPoint(5, 5), Qt::MoveAction | Qt::CopyAction, &data, Qt::LeftButton,
-                          Qt::NoModifier);
-    enter.setDropAction(Qt::MoveAction);
-    QApplication::sendEvent(target, &enter);
-    if (!enter.isAccepted()) return false;
-    QDropEvent drop(QPoint(5, 5), Qt::MoveAction | Qt::CopyAction, &data, Qt::LeftButton,
-                    Qt::NoModifier);
-    drop.setDropAction(Qt::MoveAction);
-    QApplication::sendEvent(target, &drop);
-    return drop.isAccepted() && drop.dropAction() == Qt::CopyAction;
-}
 
 // Acts on the next dialog as soon as it stands.
 template <typename Action>
@@ -47,8 +32,6 @@ void WithDialog(Action action) {
 using Drops = WithWindow;
 using Dialogs = WithWindow;
 using Web = WithWindow;
-
-}  // namespace
 
 TEST_F(Drops, GoToTheCallForTheirFormat) {
     CanvasGadget(kTerminalCanvas, 0, 0, 100, 100, kCanvasKeyboard);
@@ -161,3 +144,5 @@ TEST_F(Web, PagesAreLoadedAndLinksFollowed) {
     EXPECT_EQ(WidgetOfGadget(kHelpWebView)->property("url").toUrl().toEncoded(),
               "file:///nowhere%20at%20all.htm");
 }
+
+}  // namespace

@@ -4,8 +4,8 @@
 #include <QLineEdit>
 #include <QTreeWidget>
 
+#include "tests/support/Gestures.h"
 #include "tests/support/ScratchFolder.h"
-#include "tests/ui/Gestures.h"
 #include "ui/ExplorerListGadget.h"
 #include "ui/FilePatterns.h"
 #include "ui/PathBoxGadget.h"
@@ -35,8 +35,6 @@ const Events kFolderChanged = {GadgetEvent(kPcList, kTypeValueChanged)};
 const Events kNothing;
 
 using PathBox = WithWindow;
-
-}  // namespace
 
 TEST(ExplorerList, ListsFoldersFirstAndIsWalkedByDoubleClicks) {
     const ScratchFolder scratch;
@@ -119,3 +117,5 @@ TEST(FilePatterns, BecomeTheToolkitsForm) {
     EXPECT_EQ(ToolkitPatterns("Source|*.bas; *.inc"), QStringList{"Source (*.bas *.inc)"});
     EXPECT_EQ(ToolkitPatterns("alone"), QStringList());
 }
+
+}  // namespace

@@ -6,7 +6,7 @@
 #include <QScrollBar>
 #include <QSplitter>
 
-#include "tests/ui/Gestures.h"
+#include "tests/support/Gestures.h"
 #include "ui/CheckBoxGadget.h"
 #include "ui/ComboBoxGadget.h"
 #include "ui/ContainerGadget.h"
@@ -21,8 +21,6 @@ namespace {
 int scrolledTo = -1;
 
 using Gadgets = WithWindow;
-
-}  // namespace
 
 TEST(NoGadgets, UnknownNumbersDoNothing) {
     ButtonGadget(1, 0, 0, 10, 10, "no list is open");
@@ -204,3 +202,5 @@ TEST_F(Gadgets, TextsStandAsTheyAre) {
     SetGadgetText(208, "101 x 50 & more");
     EXPECT_LT(WidgetOfGadget(208)->sizeHint().width(), plain.width());  // markup was shown
 }
+
+}  // namespace

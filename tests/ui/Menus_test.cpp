@@ -8,7 +8,7 @@
 #include <QWindow>
 
 #include "tests/support/Chosen.h"
-#include "tests/ui/Gestures.h"
+#include "tests/support/Gestures.h"
 #include "ui/AddKeyboardShortcut.h"
 #include "ui/AddWindowTimer.h"
 #include "ui/MenuItem.h"
@@ -43,8 +43,6 @@ using Menus = WithWindow;
 using Shortcuts = WithWindow;
 using Timers = WithWindow;
 using Properties = WithWindow;
-
-}  // namespace
 
 TEST_F(Menus, AnItemRaisesItsNumberFromEveryMenuThatHoldsIt) {
     CreateMenuBar(kMainMenu, kTestWindow);
@@ -207,3 +205,5 @@ TEST_F(Properties, StandOnWidgetsActionsTimersAndShortcuts) {
     EXPECT_TRUE(timer);
     EXPECT_EQ(window->findChild<QShortcut*>()->property("PB_ShortcutID"), 67);
 }
+
+}  // namespace

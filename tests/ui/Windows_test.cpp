@@ -4,7 +4,7 @@
 #include <QMainWindow>
 #include <functional>
 
-#include "tests/ui/Gestures.h"
+#include "tests/support/Gestures.h"
 #include "ui/AddWindowTimer.h"
 #include "ui/ContainerGadget.h"
 #include "ui/Drawing.h"
@@ -25,8 +25,6 @@ QWidget* CentralWidget(int window) {
 using Windows = WithWindow;
 using Notice = WithWindow;
 using Painting = WithWindow;
-
-}  // namespace
 
 TEST_F(Windows, TheInnerSizeLiesBelowTheMenuBar) {
     EXPECT_EQ(InnerSize(0), QSize(400, 300));
@@ -184,3 +182,5 @@ TEST_F(Painting, FlushShowsChangesWithoutTheLoop) {
     FlushPainting();
     EXPECT_EQ(counter.paints, 2);
 }
+
+}  // namespace

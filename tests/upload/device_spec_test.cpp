@@ -6,6 +6,8 @@
 #include "ui/MenuItem.h"
 #include "upload/DeviceFamily.h"
 
+namespace {
+
 class DeviceSpec : public UploadBench {
   protected:
     // family|start|end|flags: r noRun, n noNew, t setTime, c setRtc, d disconnectAfter. "*"
@@ -24,7 +26,7 @@ class DeviceSpec : public UploadBench {
 };
 
 // clang-format off
-static const std::pair<const char*, const char*> specRows[] = {
+const std::pair<const char*, const char*> specRows[] = {
     {"", "|*|Z|"}, {"s\\", "|*|Z|"}, {"s", "|*|Z|"}, {"'target s\\micromite", "micromite|*|Z|"},
     {"' target syn\\vgamite", "vgamite|*|Z|"}, {"S\\Maximite", "maximite|AUTO|C|"},
     {"s\\PI", "pi-cromite|*|C|"}, {"s\\pi-cromite", "pi-cromite|*|C|"}, {"s\\cmd", "command||-|rn"},
@@ -148,3 +150,5 @@ TEST(DeviceFamily, RowsAreReadFoundAndWritten) {
     EXPECT_EQ(FormatFamilyRow(*FindFamily("CMM2")), "cmm2|autosave|\\027[12~|1|1|3|ls|0|1|0|30");
     EXPECT_EQ(FindFamily("vgamite"), nullptr);
 }
+
+}  // namespace

@@ -6,6 +6,8 @@
 #include "tests/upload/upload_bench.h"
 #include "ui/Dialogs.h"
 
+namespace {
+
 class EncodedUpload : public UploadBench {
   protected:
     ScratchFolder folder;
@@ -16,6 +18,7 @@ class EncodedUpload : public UploadBench {
 
     EncodedUpload() {
         Serve(line);
+        asked.clear();
         answers.secret = [](const QString& title, const QString& prompt) {
             asked += title + '|' + prompt;
             return typed.isEmpty() ? QString() : typed.takeFirst();
@@ -115,3 +118,4 @@ TEST_F(EncodedUpload, LeavesNoPieceOfTheSourceInMemory) {
         EXPECT_FALSE(MemoryHolds("Rvjuf#\x0bQS")) << first;
     }
 }
+}  // namespace

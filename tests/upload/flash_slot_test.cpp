@@ -1,10 +1,13 @@
 #include <QTemporaryFile>
 
+#include "tests/support/StartState.h"
 #include "tests/upload/upload_bench.h"
 #include "upload/DeviceFamily.h"
 #include "upload/FlashSlotUpload.h"
 
 namespace {
+
+const bool startState = KeepStartState(PutBackUpload);
 
 int64_t listedAt;
 

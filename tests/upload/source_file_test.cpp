@@ -5,6 +5,8 @@
 #include "tests/support/ScratchFolder.h"
 #include "tests/upload/upload_bench.h"
 
+namespace {
+
 class SourceFile : public UploadBench {
   protected:
     ScratchFolder folder;
@@ -50,3 +52,5 @@ TEST_F(SourceFile, LoadPathUploadsOrTouches) {
     EXPECT_FALSE(QFile::exists("board.UF2"));
     EXPECT_EQ(Printed(2), "board.UF2|port not set");
 }
+
+}  // namespace

@@ -6,22 +6,24 @@
 
 #include "base/LineEnding.h"
 
+namespace {
+
 struct TextPair {
     const char* given;
     const char* expected;
 };
 
 // clang-format off
-static const TextPair normalised[] = {
+const TextPair normalised[] = {
     {"a\r\nb\rc\nd", "a\nb\nc\nd"}, {"\n\r", "\n\n"}, {"\r\r", "\n\n"}, {"\r\r\n", "\n\n"}, {"", ""},
 };
-static const TextPair unmarked[] = {
+const TextPair unmarked[] = {
     {"'KWEDIT!!! x\n 'kwedit!!!\nPRINT\n'KWEDIT!!!\n", "PRINT\n'KWEDIT!!!\n"},
     {"'KWEDIT!!!", "'KWEDIT!!!"}, {"'KWEDIT!!\nA", "'KWEDIT!!\nA"}, {"'KWEDIT!!!\n", ""},
     {"\t'KWEDIT!!!\nA", "\t'KWEDIT!!!\nA"}, {"\n'KWEDIT!!!\nA", "\n'KWEDIT!!!\nA"},
 };
 // "~" is the line ending.
-static const TextPair crunched[] = {
+const TextPair crunched[] = {
     {"PRINT \"it's\" ' note", "PRINT \"it's\"~"}, {"PRINT \"a\" 'b\"c", "PRINT \"a\"~"},
     {"A$ = \"x  y\"   :  B=1", "A$ = \"x  y\" : B=1~"}, {"REM  x", "REM x~"}, {"A\t 'x", "A\t~"},
     {"  'echo   two  blanks", "'echo   two  blanks~"}, {"'ONLOAD  x  'y", "'ONLOAD  x  'y~"},
@@ -53,3 +55,5 @@ TEST(SourcePreparation, TakesTimeInProportionToTheText) {
     EXPECT_EQ(CrunchSource(QString("A  B 'c\n").repeated(lines)).size(), lines * 5);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
 }
+
+}  // namespace

@@ -1,6 +1,8 @@
 #include "tests/upload/upload_bench.h"
 #include "ui/Dialogs.h"
 
+namespace {
+
 // Waits of an upload with the default settings, in milliseconds.
 constexpr int kStep = 20;  // of a wait for an echo or a prompt
 constexpr int kBreak = 3 * 120;
@@ -21,7 +23,7 @@ struct UploadRow {
 };
 
 // clang-format off
-static const UploadRow uploadRows[] = {
+const UploadRow uploadRows[] = {
     {"s\\maximite", "A\r\n  B\" \"  ", "\3NEW^AUTO^A^B\" \"^\3RUN^"},
     {"s\\micromite", "A", "\3NEW^AUTOSAVE^A^\x1aRUN^"}, {"s\\vgamite", "A\n\n", "\3NEW^AUTOSAVE^A^^\x1aRUN^"},
     {"s\\picomite norun", "A", "\3NEW^AUTOSAVE^A^\x1a"}, {"s\\pi", "\tB \t", "\3NEW^AUTOSAVE^\tB \t^\3RUN^"},
@@ -110,7 +112,7 @@ TEST_F(Upload, SilenceAndAReconnect) {
 
 // What a locked board answers, after how many milliseconds, how many reads of 360 ms that
 // takes, and whether the PIN counts as accepted.
-static const std::tuple<const char*, int, int, bool> pinRows[] = {
+const std::tuple<const char*, int, int, bool> pinRows[] = {
     {"\r\n> ", 0, 2, true},
     {"\r\nPIN is fine> ", 3000, 10, true},  // the prompt wins
     {"\r\nEnter PIN or 0 to restart: ", 3000, 10, false},
@@ -148,3 +150,5 @@ TEST_F(Upload, PinDialogue) {
     EXPECT_EQ(Send("", "A", 1), "360|\3Aborting upload");
     AnswerDialogs(nullptr);
 }
+
+}  // namespace

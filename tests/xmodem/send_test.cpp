@@ -1,9 +1,12 @@
 // Storing a file, on the virtual clock, on devices that follow a rule.
+#include "tests/support/StartState.h"
 #include "tests/xmodem/transfer_bench.h"
 #include "xmodem/Frame.h"
 #include "xmodem/PcFile.h"
 
 namespace {
+
+const bool startState = KeepStartState(PutBackXmodem);
 
 // Asks once the command came, then answers each frame and each EOT.
 class SendBench : public TransferBench {

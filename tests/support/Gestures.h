@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QMimeData>
 #include <QTimer>
 #include <QWidget>
 #include <ostream>
@@ -64,3 +65,6 @@ void Move(QWidget* widget, QPoint to, Qt::MouseButtons held);
 void Turn(QWidget* widget, int wheelUnits);
 void Key(QWidget* widget, int key, const QString& text = QString(),
          Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+// Drags something over a widget and drops it there; true when it was taken as a copy.
+bool Drop(QWidget* target, const QMimeData& data);

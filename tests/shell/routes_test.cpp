@@ -1,0 +1,237 @@
+// Every route of the dispatch tables: an event goes in by the queue, and out come the bytes
+// at the far end, the focus, and all that changed besides.
+#include <QMimeData>
+#include <QUrl>
+
+#include "shell/CommandHistory.h"
+#include "terminal/screen/TerminalText.h"
+#include "tests/shell/ShellRig.h"
+#include "ui/DragDrop.h"
+#include "ui/Notice.h"
+#include "upload/DeviceFamily.h"
+
+namespace {
+
+class Routes : public ShellRig {
+  protected:
+    Routes() {
+        AddMacro({"Go", "RUN\\013"});
+        AddMacro({"Other", "X\\013"});
+        AddPreset({"One", "'target s\\maximite"});
+        AddPreset({"Two", "'target s\\cmm2"});
+        SetHistory({"a", "b"});
+        AddDefaultFamilies();
+        OpenWindow();
+        ConnectDevice();
+        ClearTerminal(kTerminalCanvas);
+        for (int i = 1; i <= 60; ++i) TerminalPrintLine("n" + QString::number(i));
+    }
+};
+
+TEST_F(Routes, OfGadgets) {
+    const struct {
+        int gadget;
+        const char* set;  // what the gadget, or the command bar, shows before
+        std::string outcome;
+    } rows[] = {
+        {kOverrideCheck, "1", "@45 override=1"},
+        {kOverrideCheck, "", "@45 override=0"},
+        {kSpecEntry, "'target s\\pico", "@45"},
+        {kFamilyCombo, "cmm2", "@45 family=cmm2"},
+        {kOptionsCombo, "norun", "@45 spec='target s\\pico norun\\"},
+        {kOptionsCombo, "norun", "@45"},
+        {kSpeedCombo, "57600", "@45 speed=57600"},
+        {kPortCombo, "TCPIP", "@45 port=TCPIP tcp=111"},
+        {kPortCombo, "ttyUSB1", "@45 port=TTYUSB1 tcp=000"},
+        {kMouseButton, "", "@45 mouse=1"},
+        {kMouseButton, "", "@45 mouse=0"},
+        {kConnectButton, "", "@24"},
+        {kSendButton, "cmd", "cmd@45 bar="},
+        {kSendCrButton, "cmd", "cmd\r@45 bar="},
+        {kHistoryPreviousButton, "", "@45 bar=cmd"},
+        {kHistoryPreviousButton, "", "@45 bar=b"},
+        {kHistoryNextButton, "", "@45 bar=cmd"},
+        {kClearCommandButton, "", "@53 bar="},
+        {kFirstMacroButton, "", "RUN\r@24 ms=120"},
+        {kFirstMacroButton + 1, "", "X\r@24 ms=120"},
+        {kLastMacroButton, "", "@45"},
+        {kEscButton, "", "\x1b@24 ms=120"},
+        {kFirstControlButton, "", "\1@24 ms=120"},
+        {kCtrlCButton, "", "\3@24 ms=120"},
+        {kCtrlZButton, "", "\xf@24 ms=120"},
+        {kRunButton, "", "RUN\r\n@24 ms=120"},
+        {kClsButton, "", "@24 line=(none)"},
+        {kIdleButton, "", "@45"},
+        {kFirstFunctionKeyButton, "", "\x1b[11~@24 ms=120"},
+        {kFirstFunctionKeyButton + 4, "", "\x1b[15~@24 ms=120"},
+        {kFirstFunctionKeyButton + 9, "", "\x1b[21~@24 ms=120"},
+        {kLastFunctionKeyButton, "", "\x1b[24~@24 ms=120"},
+        {kSaveMacroButton, "", "@45 asked=Macro,Nickname for macro?, macros=3"},
+        {kSavePresetButton, "", "@45"},
+        {kNicknameEntry, "Three", "@45"},
+        {kSavePresetButton, "", "@45 presets=3"},
+        {kTouchButtonUnused, "", "@45 line=port TTYUSB1 pico=ttyUSB1"},
+        {kUploadButtonUnused, "", "@45 line=Nothing to load."},
+        {kDisconnectButton, "", "@45 connected=0 line=Disconnected"},
+        {kFirstPresetButton, "", "@45 family=maximite nick=One spec='target s\\maximite"},
+        {kLastPresetRoute, "", "@45"},
+    };
+    answer = "third";
+    for (const auto& row : rows) {
+        const bool send = row.gadget == kSendButton || row.gadget == kSendCrButton;
+        if (row.gadget == kOverrideCheck) {
+            SetGadgetState(row.gadget, *row.set != 0);
+        } else if (*row.set) {
+            SetGadgetText(send ? kCommandEntry : row.gadget, row.set);
+        }
+        EXPECT_EQ(After(kEventGadget, row.gadget, kTypeValueChanged), row.outcome) << row.gadget;
+    }
+}
+
+TEST_F(Routes, OfMenuItemsAndShortcuts) {
+    const std::pair<int, std::string> rows[] = {
+        {kItemAllowResize, "@45 resize=0 tick7=0"},
+        {kItemAllowResize, "@45 resize=1 tick7=1"},
+        {kItemWordWrap, "@45 tick30=1 wrap=1"},
+        {kItemLineEndingCr, "@45 ending=CR tick10=0 tick11=1"},
+        {kItemLineEndingLf, "@45 ending=LF tick11=0 tick12=1"},
+        {kItemLineEndingCrLf, "@45 ending=CRLF tick10=1 tick12=0"},
+        {kItemPasteText, "old\r\n@45"},
+        {kItemPasteSlowly, "old\r\n@45 ms=120"},
+        {kItemCopyAll, "@45 clip=n1^n2^n3^n4^"},
+        {kItemCopyVisible, "@45 clip=n12^n13^n14^"},
+        {kItemSaveVisible, "@45 file=n12^n13^n14^"},
+        {kItemSaveAll, "@45 file=n1^n2^n3^n4^"},
+        {kItemStartCapture, "@24 capture=10"},
+        {kItemEndCapture, "@45 capture=00 file="},
+        {kItemNew, "NEW\r\n@24"},
+        {kItemListAll, "LIST ALL\r\n@45"},
+        {kItemOptionList, "OPTION LIST\r\n@24"},
+        {kItemFiles, "FILES\r\n@24"},
+        {kItemRun, "RUN\r\n@24"},
+        {kItemSetTime, "Date$ = \"04/03/2026\"\r\nTime$ = \"05:06:07\"\r\n@24"},
+        {kItemSetRtc, "RTC SETTIME 26,03,04,05,06,07\r\n@24"},
+        {kItemAutosaveCode, "\3NEW\r\n@24 line=***TIMEOUT*** source=old ms=4380"},
+        {kItemSendListing, "LIST ALL\r\n@45 capture=11"},
+        {kShortcutLineEnding, "\r\n@45"},
+        {kShortcutAddressReturn, "@45 address=ab:3001"},
+        {kShortcutHistoryPrevious, "@45 bar=b"},
+        {kShortcutHistoryNext, "@45 bar="},
+        {kShortcutCommandReturn, "\r@45"},
+        {kShortcutCtrlC, "@45"},
+        {kShortcutCtrlZ, "@45"},
+        {kShortcutF10, "\x1b[21~@45"},
+        {kShortcutShiftF10, "\x1b[34~@45"},
+        {kShortcutAltC, "@45 clip="},
+        {kItemClearScreen, "@24 line=(none)"},
+        {kFirstViewItem + 1, "@24 rows=101111 tick186=0"},
+        {kFirstViewItem + 5, "@24 rows=101110 tick190=0"},
+        {kFirstViewItem + 1, "@24 rows=111110 tick186=1"},
+        {kFirstModeItem + 1, "@45 mode=1External VT helper tick191=0 tick192=1"},
+        {kFirstModeItem + 2, "@45 mode=2Monitor tick192=0 tick193=1"},
+        {kFirstModeItem + 3, "@45 mode=3HEX monitor tick193=0 tick194=1"},
+        {kFirstModeItem, "@45 mode=0VT Terminal tick191=1 tick194=0"},
+        {kItemDarkBackground, "@45 dark=0 tick9=0"},
+        {kItemDarkBackground, "@45 dark=1 tick9=1"},
+        {kItemTerminalFont, "@24 font=14"},
+        {kItemTerminalSize, "@24 asked=New size,Enter new terminal size W x H,101 x 50 size=90x30"},
+        {kItemDefaultTerminalSize, "@24 size=101x50"},
+        {kItemAbout, "@45 asked=KewLink Console"},
+        {kItemHelp, "@157 open=155."},
+    };
+    answer = "90 x 30";
+    LinkSettingsForTable().tcpAddress = "a\r\nb";
+    for (const auto& [item, outcome] : rows) EXPECT_EQ(After(kEventMenu, item), outcome) << item;
+}
+
+// The two routes that ask for the terminal's focus, and the one that asks for no focus on
+// the command bar.
+TEST_F(Routes, ThatDependOnTheFocus) {
+    const auto at = [this](int focus, int item) {
+        FocusGadget(focus);
+        SetClipboardText("old");
+        PostInterfaceEvent(kEventMenu, kMainWindow, item, 0);
+        Drain();
+        return device.Read() + ClipboardText().toStdString();
+    };
+    EXPECT_EQ(at(kTerminalCanvas, kShortcutCtrlC), "\3old");
+    EXPECT_EQ(at(kTerminalCanvas, kShortcutCtrlZ), "\x1aold");
+    EXPECT_EQ(at(kTerminalCanvas, kShortcutAltC), "");
+    EXPECT_EQ(at(kCommandEntry, kShortcutAltC), "old");
+}
+
+TEST_F(Routes, OfEventsAndTimers) {
+    const auto step = [this](int32_t event, const QString& source = QString()) {
+        SetCurrentFile(source);
+        SetQuietTerminal(true);
+        return After(event, event == kEventTimer ? kDeferredLoadTimer : 0);
+    };
+    // Each step of a queue without a file leaves the terminal as its direction does.
+    EXPECT_EQ(step(kEventSendDone), "\r@45 quiet=0 ms=120");
+    EXPECT_EQ(step(kEventReceiveDone), "\r@45 ms=120");
+    EXPECT_EQ(step(kEventLoadRequest, "a.UF2"), "@45 line=port not");
+    EXPECT_EQ(step(kEventCanvasInput), "@45");
+    EXPECT_EQ(step(kEventSendStatus), "@45");
+    EXPECT_EQ(step(kEventSizeWindow), "@24");
+    AddWindowTimer(kMainWindow, kDeferredLoadTimer, 1);
+    EXPECT_EQ(step(kEventTimer), "@45 line=started");
+    EXPECT_EQ(WaitForEvent(20), kNoEvent);  // once
+    EXPECT_EQ(step(kEventTimer, "b.UF2"), "@45 line=port not");
+    SetQuietTerminal(false);
+    device.Write("polled");
+    EXPECT_EQ(After(kEventTimer, kPollTimer), "@45 line=polled");
+    device.Write("\x1b[2;3H\x1b[6n\x1b[7;5H\x1b[6n");
+    EXPECT_EQ(After(kEventTimer, kPollTimer), "\x1b[7;5R@45");  // of the block, the last
+    EXPECT_EQ(After(kEventCloseWindow, 0, 0, kHelpWindow), "@45");
+    EXPECT_EQ(After(kEventCloseWindow, 0), "@45 exit=1");
+    EXPECT_TRUE(WindowIsOpen(kMainWindow));
+    ShowNotice("", 100000);
+    EXPECT_EQ(After(kEventTimer, kNoticeTimer), "@-1 open=");  // the notice took it
+}
+
+// The mouse belongs to the selection or to the device.
+TEST_F(Routes, OfThePointer) {
+    QWidget* const canvas = WidgetOfGadget(kTerminalCanvas);
+    const auto drag = [&] {
+        SetClipboardText("old");
+        Press(canvas, {3, 3}, Qt::LeftButton);
+        for (int x : {8, 60}) Move(canvas, {x, 3}, Qt::LeftButton);
+        Release(canvas, {60, 3}, Qt::LeftButton);
+        Move(canvas, {90, 3}, Qt::NoButton);
+        Drain();
+        return device.Read() + ClipboardText().toStdString();
+    };
+    EXPECT_EQ(drag(), "n12");
+    SetMouseMode(2);
+    EXPECT_EQ(drag(), "\x1b[M '!old");
+    SetMouseMode(0);
+    EXPECT_EQ(drag(), "n12");
+    SetMouseMode(1);
+    Turn(canvas, 120);
+    EXPECT_EQ(device.Read(), "\x1b[A");
+    SetMouseMode(0);
+    const int top = terminalScreen.topLine;
+    Turn(canvas, 240);
+    EXPECT_EQ(terminalScreen.topLine, top - 2);
+    WidgetOfGadget(kTerminalScrollBar)->setProperty("value", 3);
+    EXPECT_EQ(terminalScreen.topLine, 3);
+}
+
+TEST_F(Routes, OfDrops) {
+    QMimeData text, files;
+    text.setText("A");
+    files.setUrls({QUrl::fromLocalFile("/none/a.uf2")});
+    const auto lines = [&](int gadget, const QMimeData& data) {
+        ClearTerminal(kTerminalCanvas);
+        Drop(gadget < 0 ? WidgetOfWindow(kMainWindow) : WidgetOfGadget(gadget), data);
+        Drain();
+        return GetTerminalText(kTextVisible).split("\r\n").mid(0, 2).join("|").toStdString();
+    };
+    const std::string file = "|Processing file: /none/a.uf2 ";  // behind the prompt
+    EXPECT_EQ(lines(-1, files), file);
+    EXPECT_EQ(lines(kTerminalCanvas, files), file);
+    EXPECT_EQ(lines(kTerminalCanvas, text), "Drop text |Uploading using:   ");
+    EXPECT_TRUE(uploadSource.pasteSource);
+}
+
+}  // namespace

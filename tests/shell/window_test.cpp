@@ -1,0 +1,272 @@
+// The main window as start-up leaves it: every gadget, menu item, timer and font. And how
+// the program leaves it.
+#include <QMenuBar>
+#include <QTimer>
+
+#include "shell/Settings.h"
+#include "terminal/screen/TerminalText.h"
+#include "tests/shell/ShellRig.h"
+#include "ui/MenuItem.h"
+
+namespace {
+
+class Window : public ShellRig {
+  protected:
+    static QTimer* Timer(int number) {
+        for (QTimer* timer : WidgetOfWindow(kMainWindow)->findChildren<QTimer*>()) {
+            if (timer->property("PB_TimerID") == number) return timer;
+        }
+        return nullptr;
+    }
+};
+
+// Kind, what it stands in, place, text, tip, and whether it can be pressed and seen.
+QString LookOf(int gadget) {
+    const QWidget* widget = WidgetOfGadget(gadget);
+    const int around = widget->parentWidget()->property("PB_GadgetID").toInt();
+    return QString("%1 %2 in %3 at %4,%5 %6x%7 '%8' '%9'")
+               .arg(gadget)
+               .arg(widget->metaObject()->className())
+               .arg(around)
+               .arg(widget->x())
+               .arg(widget->y())
+               .arg(widget->width())
+               .arg(widget->height())
+               .arg(GadgetText(gadget), GadgetTooltip(gadget)) +
+           (GadgetDisabled(gadget) ? " disabled" : "") + (GadgetHidden(gadget) ? " hidden" : "");
+}
+
+QStringList ItemsOf(int combo) {
+    QStringList items;
+    for (int i = 0; i < GadgetItemCount(combo); ++i) items += GadgetItemText(combo, i);
+    return items;
+}
+
+QString TitlesAndItems(const QList<QAction*>& actions) {
+    QString all;
+    for (const QAction* action : actions) {
+        all += action->property("PB_MenuItem").toString() + ' ' + action->text().remove('&') + '\n';
+        if (action->menu()) all += TitlesAndItems(action->menu()->actions());
+    }
+    return all;
+}
+
+const char gadgetLooks[] = R"(24 PBCanvasWidget in 26 at 5,5 913x804 '' ''
+26 PBCanvasWidget in 0 at 5,155 923x814 '' ''
+27 QScrollBar in 0 at 930,155 18x804 '' ''
+37 QLabel in 206 at 530,1 60x20 '' '' hidden
+39 QComboBox in 202 at 95,1 65x20 'ttyACM1' 'Serial port'
+41 QLineEdit in 202 at 175,1 275x20 '' 'IPaddress : Port' hidden
+42 QComboBox in 202 at 165,1 70x20 '' 'Serial baud rate'
+43 QComboBox in 202 at 5,1 85x20 '' 'Connected device'
+45 QLineEdit in 203 at 5,1 80x20 '' 'Device nickname'
+46 QLineEdit in 203 at 95,1 500x20 '' 'Device specifications'
+47 QPushButton in 202 at 700,1 100x20 'Save settings' 'Save setup as preset'
+48 QComboBox in 202 at 455,1 70x20 '' 'Additional options'
+49 QPushButton in 202 at 600,1 50x20 'Mouse' ''
+50 QCheckBox in 203 at 700,1 100x20 'Override' 'These setting override any in file'
+53 QLineEdit in 205 at 5,1 370x20 '' 'Commands to send to device'
+54 QPushButton in 205 at 470,1 50x20 'Send' 'Send as is'
+55 QPushButton in 205 at 525,1 60x20 'Send+CR' 'Send with CR'
+56 QPushButton in 205 at 380,1 25x20 'X' 'Clear command line'
+62 QPushButton in 203 at 600,1 95x20 'Connect' 'Connnect to device'
+63 QPushButton in 203 at 600,1 95x20 'Disconnect' 'Disconnect device' hidden
+74 QPushButton in 205 at 590,1 60x20 'Save' 'Save commandline as Macro'
+75 QPushButton in 204 at 5,1 57x20 'Macro' '' disabled
+92 QPushButton in 201 at 0,1 65x20 'Device' '' disabled
+130 QPushButton in 204 at 610,1 30x20 'Esc' ''
+133 QPushButton in 204 at 645,1 30x20 '^C' ''
+145 QPushButton in 204 at 680,1 30x20 '^Z' ''
+146 QPushButton in 204 at 715,1 30x20 'Cls' 'Clear local screen'
+147 QPushButton in 204 at 750,1 50x20 'Run' ''
+152 QPushButton in 205 at 410,1 25x20 '<' 'Cycle through recent commands'
+153 QPushButton in 205 at 440,1 25x20 '>' 'Cycle through recent commands'
+201 QWidget in 0 at 5,5 810x25 '' ''
+202 QWidget in 0 at 5,30 810x25 '' ''
+203 QWidget in 0 at 5,55 810x25 '' ''
+204 QWidget in 0 at 5,80 810x25 '' ''
+205 QWidget in 0 at 5,105 810x25 '' ''
+206 QWidget in 0 at 5,130 810x25 '' ''
+208 QLabel in 206 at 5,1 250x20 '101 x 50 char, 913 x 804 pixels' ''
+210 QLabel in 206 at 420,1 100x20 'VT Terminal' '')";
+
+TEST_F(Window, HoldsItsGadgets) {
+    LinkSettingsForTable().comPort = "ttyACM1";
+    OpenWindow();
+    QStringList expected = QString(gadgetLooks).split('\n');
+    const auto alike = [&](int first, int count, int pitch) {
+        QString look = expected.filter(QRegExp(QString("^%1 ").arg(first)))[0];
+        const int x = look.section(" at ", 1).section(',', 0, 0).toInt();
+        for (int i = 1; i < count; ++i) {
+            const QString number = QString::number(first + i);
+            expected +=
+                QString(look)
+                    .replace(QRegExp("^\\d+"), number)
+                    .replace(QString(" at %1,").arg(x), QString(" at %1,").arg(x + i * pitch));
+        }
+    };
+    alike(kFirstPresetButton, 12, 66);
+    alike(kFirstMacroButton, 10, 58);
+    for (int gadget = 0; gadget <= kModeText; ++gadget) {
+        if (!GadgetExists(gadget)) continue;
+        EXPECT_EQ(expected.removeAll(LookOf(gadget)), 1) << LookOf(gadget).toStdString();
+        EXPECT_FALSE(GadgetName(gadget).isEmpty()) << gadget;
+    }
+    EXPECT_EQ(expected, QStringList());
+    EXPECT_EQ(ItemsOf(kPortCombo).join(' '),
+              "ttyUSB0 ttyUSB1 ttyUSB2 ttyUSB3 ttyACM0 ttyACM1 ttyACM2 ttyACM3 TCPIP");
+    EXPECT_EQ(ItemsOf(kSpeedCombo).join(' '),
+              "1200 4800 9600 19200 38400 57600 115200 230400 460800 576000 921600");
+    EXPECT_EQ(ItemsOf(kFamilyCombo).join(' '),
+              "maximite micromite pi-cromite cmm2 picomite vgamite command");
+    EXPECT_EQ(ItemsOf(kOptionsCombo).join(' '), "settime setRTC norun nonew discon file");
+    EXPECT_EQ(GadgetName(kTerminalCanvas) + GadgetName(kClearCommandButton),
+              "TerminalClear command line");
+}
+
+const char menus[] = R"( Setup
+28 Terminal Size
+29 Default Terminal Size
+7 Allow resize
+8 Terminal font...
+9 Dark background
+30 WordWrap
+10 Line ending = CRLF
+11 Line ending = CR
+12 Line ending = LF
+ Edit
+70 AUTOSAVE code
+71 Paste text
+72 Paste text slowly
+65 Copy All
+66 Copy Visible
+68 Save All As...
+69 Save Visible As...
+ Action
+13 Set Time
+14 Set RTC
+15 Clear local screen
+16 New
+17 List All
+21 Option List
+22 Files
+23 Run
+18 Start Capture
+19 End Capture
+20 Send Listing to Editor
+ View
+185 Presets
+186 Manual entry
+187 Setup options
+188 Macrobuttons
+189 Command entry
+190 Monitor
+ Mode
+191 VT Terminal
+192 External VT helper
+193 Monitor
+194 HEX monitor
+195 File Manager
+ Help
+51 About
+52 Help
+)";
+
+TEST_F(Window, HoldsItsMenus) {
+    OpenWindow();
+    const QString items = TitlesAndItems(WidgetOfWindow(0)->findChild<QMenuBar*>()->actions());
+    EXPECT_EQ(items, menus);
+    // The pop-up menu is shown over the terminal alone, and holds the items of "Edit".
+    for (const bool terminal : {false, true}) {
+        FocusGadget(terminal ? kTerminalCanvas : kCommandEntry);
+        Release(WidgetOfWindow(kMainWindow)->findChild<QWidget*>(), {5, 5}, Qt::RightButton);
+        Drain();
+        const QWidget* popup = QApplication::activePopupWidget();
+        ASSERT_EQ(popup != nullptr, terminal);
+        EXPECT_TRUE(!popup || items.contains("Edit\n" + TitlesAndItems(popup->actions()) + " A"));
+    }
+}
+
+TEST_F(Window, ShowsWhatIsStored) {
+    MainWindowPlaceForTable().linesToShow = "101111";
+    TerminalSettingsForTable().allowResize = 0;
+    TerminalSettingsForTable().wordWrap = 1;
+    UploadSettingsForTable().overrideFileSettings = 1;
+    LinkSettingsForTable().comPort = "TCPIP";
+    LinkSettingsForTable().tcpAddress = "board.local";
+    LinkSettingsForTable().deviceOnTcpip = 0;  // the port's name decides, not this
+    LinkSettingsForTable().pollingInterval = 20;
+    ShellSettingsForTable().lastUsedPreset = 11;
+    ShellSettingsForTable().activeDevice = "mine|s\\maximite";
+    SetTerminalMode(kModeMonitor);
+    SetLineEnding("CR");
+    AddPreset({"first", "'target s\\maximite"});
+    AddPreset({"mine", "'target s\\cmm2"});
+    AddMacro({"Go", "RUN\\013"});
+    BuildWindow();
+    EXPECT_TRUE(linkStatus.deviceOnTcpip);
+    EXPECT_EQ(GadgetText(kAddressEntry) + GadgetText(kPortCombo), "board.local:3001TCPIP");
+    EXPECT_TRUE(GadgetHidden(kSpeedCombo) && !GadgetHidden(kAddressEntry));
+    EXPECT_EQ(uploadOptions.familyName + GadgetText(kSpecEntry), "cmm2'target s\\cmm2");
+    EXPECT_EQ(GadgetText(kFirstPresetButton + 1) + GadgetText(kFirstMacroButton), "mineGo");
+    EXPECT_FALSE(GadgetDisabled(kFirstPresetButton + 1) || GadgetDisabled(kFirstMacroButton));
+    EXPECT_TRUE(GadgetDisabled(kFirstPresetButton + 2) && GadgetDisabled(kFirstMacroButton + 1));
+    EXPECT_EQ(shellSettings.presetGroup, 1);  // of a preset beyond the tenth
+    EXPECT_EQ(GadgetState(kOverrideCheck), 1);
+    EXPECT_EQ(GadgetText(kModeText), "Monitor");
+    std::string ticked;  // that of word wrap stays off, whatever is stored
+    for (int item = 1; item <= kLastModeItem; ++item) {
+        if (MenuItemTick(item)) ticked += ' ' + std::to_string(item);
+    }
+    EXPECT_EQ(ticked, " 9 11 185 187 188 189 190 193");
+    EXPECT_EQ(mainWindowPlace.contentTop, 130);
+    EXPECT_EQ(Timer(kPollTimer)->interval(), 20);
+    EXPECT_EQ(Timer(kBlinkTimer)->interval(), 400);
+    EXPECT_EQ(Timer(kDeferredLoadTimer)->interval(), 300);
+    EXPECT_TRUE(GetTerminalText(kTextVisible).startsWith("Kewlink Console \rBuild date: 20"));
+}
+
+TEST_F(Window, HasItsFonts) {
+    ScratchFolder::Put("KWCC.inf", "[VTterminal]\nFont Name = Serif\nFont size = 12\n");
+    LoadSettings();
+    OpenWindow();
+    for (int gadget : {kTerminalCanvas, kCommandEntry, kAddressEntry, kSpecEntry, kRunButton}) {
+        const bool terminal = gadget != kSpecEntry && gadget != kRunButton;
+        EXPECT_EQ(WidgetOfGadget(gadget)->font().pointSize(), terminal ? 12 : 8) << gadget;
+        EXPECT_EQ(WidgetOfGadget(gadget)->font().family(), "Liberation Mono") << gadget;
+    }
+}
+
+// Notes when the link goes and when a timer does.
+struct Watch : QObject {
+    QStringList seen;
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (event->type() == QEvent::Hide && GadgetExists(kConnectButton))
+            seen += QString("link, saved %1").arg(QFile::exists("KWCC.inf"));
+        const auto* timer = qobject_cast<QTimer*>(object);
+        if (timer && event->type() == QEvent::DynamicPropertyChange)
+            seen += QString("timer of %1").arg(timer->interval());
+        return false;
+    }
+};
+
+TEST_F(Window, IsLeftInOrder) {
+    BuildWindow();
+    ConnectDevice();
+    TakeEvents();  // shows it
+    Watch watch;
+    WidgetOfGadget(kDisconnectButton)->installEventFilter(&watch);
+    for (int timer : {kPollTimer, kBlinkTimer}) Timer(timer)->installEventFilter(&watch);
+    clock.onTick = [&](int64_t) {
+        watch.seen += QString("open %1").arg(WindowIsOpen(kMainWindow));
+        clock.onTick = nullptr;
+    };
+    const int64_t start = clock.Now();
+    ShutDown();
+    EXPECT_EQ(watch.seen.join(", ").toStdString(),
+              "link, saved 1, timer of 400, timer of 50, open 1");
+    EXPECT_EQ(clock.Now() - start, 50);
+    EXPECT_FALSE(WindowIsOpen(kMainWindow));
+}
+
+}  // namespace
