@@ -4,12 +4,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <fstream>
 #include <iterator>
 
 #include "base/Numbers.h"
+#include "filemanager/DevicePane.h"
 #include "link/LinkPrimitives.h"
 #include "link/LinkSettings.h"
 #include "simulator/SimulatedBoard.h"
@@ -20,8 +22,11 @@
 #include "tests/support/TurnsClock.h"
 #include "tests/support/VirtualClock.h"
 #include "ui/ExplorerListGadget.h"
+#include "ui/ListGadget.h"
+#include "ui/TextEntryGadget.h"
 #include "ui/WaitWindowEvent.h"
 #include "ui/Windows.h"
+#include "upload/DeviceFamily.h"
 #include "upload/UploadOptions.h"
 #include "xmodem/TransferWorkers.h"
 
@@ -188,6 +193,38 @@ TEST_F(BatchQueueThreads, AbortEmptiesTheQueues) {
     EXPECT_FALSE(printed.contains("Processing")) << printed.toStdString();
     BatchSend(kQueueNext);
     EXPECT_FALSE(TakeCapture().contains("Processing"));
+}
+
+// What is asked of the device, where it goes on the PC, and what "Abort" leaves.
+TEST_F(BatchQueueThreads, FetchesWhatTheRowsName) {
+    const struct {
+        const char *family, *row, *name;
+    } rows[] = {
+        {"picomite", "10:07 21-06-2025       1234  a b.bas", "a b.bas"},
+        {"maximite", "PROG.BAS 1234", "PROG.BAS"},
+        {"cmm2", "10:07 21-06-2025       1234  prog.bas", "prog.bas"},
+    };
+    TextEntryGadget(kFamilyCombo, 0, 0, 9, 9, "");
+    ListGadget(kDeviceList, 0, 200, 200, 100);
+    AddDefaultFamilies();
+    QDir(folder.path()).mkdir("sub");
+    for (const auto& row : rows) {
+        SetGadgetText(kFamilyCombo, row.family);
+        ClearGadgetItems(kDeviceList);
+        AddGadgetItem(kDeviceList, row.row);
+        SetGadgetState(kDeviceList, 0);
+        StartCapture();
+        const int64_t start = clock.Now();
+        CopyToPc();
+        EXPECT_TRUE(TakeCapture().startsWith(QString("Processing file: ") + row.name)) << row.name;
+        EXPECT_EQ(clock.Now() - start, 2000 + 120);
+        EXPECT_EQ(JobOf(Direction::kReceive).firstName, row.name);
+        EXPECT_EQ(JobOf(Direction::kReceive).secondName, GadgetText(kPcList) + row.name);
+        EXPECT_TRUE(XmodemReceiveWorkerRuns());
+        AbortTransfers();
+        EXPECT_FALSE(XmodemReceiveWorkerRuns());
+        SetGadgetText(kPcList, folder.path() + "/sub");
+    }
 }
 
 // The link is closed right behind the start, and the file fails by the limits of the worker.

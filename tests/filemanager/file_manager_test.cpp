@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "base/AppPaths.h"
 #include "base/LineEnding.h"
 #include "base/Numbers.h"
 #include "filemanager/DeviceListing.h"
@@ -18,6 +19,8 @@
 #include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalMode.h"
 #include "tests/support/BoardOnLine.h"
+#include "tests/support/LocalTools.h"
+#include "tests/support/ScratchFolder.h"
 #include "ui/CurrentEvent.h"
 #include "ui/Dialogs.h"
 #include "ui/Gadgets.h"
@@ -205,6 +208,12 @@ TEST_F(FileManager, FoldersAndFilesComeAndGo) {
     }
     answer.clear();
     EXPECT_EQ(TimeOf(NewDeviceFolder), 0);
+    SetGadgetText(kFamilyCombo, "cmm2");
+    AddGadgetItem(kDeviceList, "<DIR>  sub");
+    Select(kDeviceList, {GadgetItemCount(kDeviceList) - 1});
+    Sent();
+    Raise(kTypeLeftDoubleClick, DeviceListClicked);
+    EXPECT_EQ(Sent(), "chdir \"sub\"\rls\r");
 }
 
 TEST_F(FileManager, FlashSlotsAreShownLoadedReadAndErased) {
@@ -328,6 +337,24 @@ TEST_F(FileManager, BothPcGadgetsStandOnOneFolder) {
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).join('|'),
               "b.txt|made|sub");
     EXPECT_EQ(GadgetItemCount(kPcList), 4);
+}
+
+TEST_F(FileManager, TheEditorOpensTheSelectedFile) {
+    const QString path = MakeFile("a.bas"), editor = MakeFile("KWEdit"),
+                  made = folder.path() + "/made";
+    QFile script(editor);
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\necho \"$#$1\" >" + made.toUtf8());
+    script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    script.close();
+    const_cast<AppPaths&>(appPaths).programFolder = folder.path() + "/";
+    OpenFileManager();
+    EditSelectedFile();  // none is selected
+    Select(kPcList, {1});
+    EditSelectedFile();
+    EXPECT_TRUE(
+        ServeUntil([&] { return ScratchFolder::Get(made).endsWith('\n'); }, [](int32_t) {}));
+    EXPECT_EQ(ScratchFolder::Get(made), "1" + path.toUtf8() + "\n");
 }
 
 TEST_F(FileManager, PlaceAndDivisionAreKeptAndTheModeGoesBack) {

@@ -128,28 +128,22 @@ TEST_F(ListingParser, TheFirstRuleThatFitsDecides) {
         const char* line;
         Action onPicomite, onMaximite;
     } rows[] = {
-        {"files: press any key ...", Action::kGoOn, Action::kGoOn},
         {"> [?25h", Action::kEmptyBuffer, Action::kEmptyBuffer},
         {"> [37m", Action::kIgnore, Action::kIgnore},
         {"CHDIR \"x\"", Action::kIgnore, Action::kIgnore},
         {"Kill \"chdir x\"", Action::kEmptyBuffer, Action::kEmptyBuffer},
         {"MKDIR \"x\"", Action::kEmptyBuffer, Action::kEmptyBuffer},
         {"rmdir \"x\"", Action::kAddEntry, Action::kAddEntry},
-        {"ERROR: no", Action::kPrint, Action::kPrint},
         {"[2] x Error : no", Action::kPrint, Action::kPrint},
         {"an error: no", Action::kAddEntry, Action::kAddEntry},
         {"my directory of file.bas", Action::kAwaitEnd, Action::kAwaitEnd},
         {"> 3 DIRECTORIES, 2 FILES", Action::kAwaitEnd, Action::kAwaitEnd},
-        {"> files", Action::kIgnore, Action::kIgnore},
-        {"> \x1b[?7hfiles", Action::kIgnore, Action::kIgnore},
         {"> FILES", Action::kEnd, Action::kEnd},
         {"> flash list", Action::kIgnore, Action::kEnd},
         {"Slot 1 in use: \"List All\"", Action::kIgnore, Action::kAddEntry},
         {"Flash Save 1", Action::kIgnore, Action::kAddEntry},
         {"FLASH OVERWRITE 2", Action::kEmptyBuffer, Action::kAddEntry},
         {"flash erase 1", Action::kEmptyBuffer, Action::kAddEntry},
-        {"\x1b[97;40m ", Action::kIgnore, Action::kIgnore},
-        {"", Action::kIgnore, Action::kIgnore},
     };
     for (const auto& row : rows) {
         const ListingLine line = {row.line, true};
@@ -164,6 +158,14 @@ TEST_F(ListingParser, TheFirstRuleThatFitsDecides) {
     EXPECT_EQ(SortListingLine({"prog", false}, *FindFamily("cmm2"), false), Action::kNone);
     // A family without a list command has no echo of it: the prompt ends its listing.
     EXPECT_EQ(SortListingLine({"> ", false}, *FindFamily("micromite"), true), Action::kEnd);
+}
+
+TEST_F(ListingParser, APromptThatWasLeftTakesTheEchoOfTheRequest) {
+    ParseListingChunk("\x1b[?25h\x1b[97;40m> ");
+    StartDeviceRows("..");
+    ParseListingChunk("files\r\nA:/\r\n");
+    ParseListingChunk("0 directories, 0 files, 9 bytes free\r\n> ");
+    EXPECT_EQ(Shown(), "..|A:/");
 }
 
 TEST_F(ListingParser, APauseIsAnsweredEachTimeItIsSeenAndErrorsAreShown) {

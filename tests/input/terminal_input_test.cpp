@@ -46,63 +46,12 @@ struct InputTest : testing::Test {
         handler();
         return device.Read();
     }
-    std::string Key(int key, int modifiers = 0) {
-        data.key = static_cast<uint32_t>(key);
-        data.modifiers = static_cast<uint32_t>(modifiers);
-        return Sent(kTypeKeyDown, HandleTerminalKey);
-    }
     std::string Wheel(int steps) {
         data.wheel = steps;
         RaiseCanvasEvent(kTerminalCanvas, kTypeMouseWheel, 0, data);
         return device.Read();
     }
 };
-
-TEST_F(InputTest, KeysAndCharacters) {
-    const std::pair<int, std::string> rows[] = {
-        {Qt::Key_Return, "\r"},    {Qt::Key_Left, "\x1b[D"},
-        {Qt::Key_Backspace, "\b"}, {Qt::Key_Home, "\x1b[1~"},
-        {Qt::Key_End, "\x1b[4~"},  {Qt::Key_PageDown, "\x1b[6~"},
-        {Qt::Key_Tab, ""},         {Qt::Key_Enter, ""},
-        {Qt::Key_F13, ""},         {Qt::Key_1, ""}};
-    for (const auto& [key, bytes] : rows) {
-        EXPECT_EQ(Key(key), bytes) << key;
-        EXPECT_EQ(Key(key, kModifierControl), bytes) << key;
-    }
-    for (int letter = 'A'; letter <= 'Z'; ++letter) {
-        for (int mask = 0; mask < 8; ++mask)
-            EXPECT_EQ(Key(letter, mask), mask == 4 ? std::string(1, letter - 64) : "") << mask;
-    }
-    EXPECT_EQ(clock.Now(), 0);
-    EXPECT_EQ(Key(Qt::Key_Escape, kModifierAlt), "\x1b");
-    EXPECT_EQ(clock.Now(), 120);  // this one waits for its reply
-    // Above 255 a character is left out and a 0 byte makes up the count.
-    for (data.input = 0; data.input < 260; ++data.input) {
-        const char byte = static_cast<char>(data.input < 256 ? data.input : 0);
-        EXPECT_EQ(Sent(kTypeInput, HandleTerminalInput), std::string(1, byte)) << data.input;
-    }
-}
-
-TEST_F(InputTest, FunctionKeys) {
-    const QString codes[] = {
-        "11 12 13 14 15 17 18 19 20 21 23 24",  // plain
-        "OP OQ OR OS 15 17 18 19 20 21 23 24",  // plain with the VT100 setting
-        "23 24 25 26 28 29 31 32 33 34 - -",    // shifted
-        "11 12 13 14 15 17 18 19 20 21 23 24",  // shifted with the XTERM setting, and ";2"
-    };
-    for (int i = 0; i < 12 * 4 * 8; ++i) {
-        const int key = i / 32, set = i / 8 % 4, mask = i % 8;
-        settings.vt100FunctionKeys = set & 1;
-        settings.xtermFunctionKeys = set >> 1;
-        const bool shifted = mask == kModifierShift;  // alone
-        const int column = shifted ? 2 + (set >> 1) : set & 1;
-        const QString code = FieldOf(codes[column], key + 1, ' ');
-        const QString tail = column == 3 ? ";2~" : "~";
-        const QString bytes = code[0] == 'O' ? code : code == "-" ? "" : "[" + code + tail;
-        EXPECT_EQ(Key(Qt::Key_F1 + key, mask), bytes.isEmpty() ? "" : "\x1b" + bytes.toStdString())
-            << i;
-    }
-}
 
 TEST_F(InputTest, MouseReports) {
     const int width = terminalMetrics.charWidth;

@@ -26,43 +26,32 @@ constexpr Qt::KeyboardModifier kCtrl = Qt::ControlModifier, kAlt = Qt::AltModifi
 
 // A key with a row in the key table and with a text acts twice.
 TEST_F(KeysToWire, OfTheTableAndWithText) {
+    // clang-format off
     const struct {
         int key;
         const char* text;
         Qt::KeyboardModifiers held;
         const char* sent;
-    } rows[] = {
-        {Qt::Key_Return, "\r", {}, "\r\r"},
-        {Qt::Key_Return, "\r", kCtrl, "\r\r"},
-        {Qt::Key_Enter, "\r", Qt::KeypadModifier, "\r"},
-        {Qt::Key_Escape, "\x1b", {}, "\x1b\x1b"},
-        {Qt::Key_Backspace, "\b", {}, "\b\b"},
-        {Qt::Key_Delete, "\x7f", {}, "\x1b[3~\x7f"},
-        {Qt::Key_Tab, "\t", {}, "\t"},
-        {Qt::Key_Backtab, "", kShift, ""},
-        {Qt::Key_Up, "", {}, "\x1b[A"},
-        {Qt::Key_Down, "", {}, "\x1b[B"},
-        {Qt::Key_Right, "", {}, "\x1b[C"},
-        {Qt::Key_Left, "", kShift, "\x1b[D"},
-        {Qt::Key_Home, "", {}, "\x1b[1~"},
-        {Qt::Key_Insert, "", {}, "\x1b[2~"},
-        {Qt::Key_End, "", {}, "\x1b[4~"},
-        {Qt::Key_PageUp, "", {}, "\x1b[5~"},
-        {Qt::Key_PageDown, "", kCtrl, "\x1b[6~"},
-        {Qt::Key_C, "c", {}, "c"},
-        {Qt::Key_C, "C", kShift, "C"},
-        {Qt::Key_A, "\x01", kCtrl, "\x01\x01"},
-        {Qt::Key_Z, "\x1a", kCtrl, "\x1a\x1a"},
-        {Qt::Key_C, "\x03", kCtrl | kShift, "\x03"},
+    } keyRows[] = {
+        {Qt::Key_Return, "\r", {}, "\r\r"}, {Qt::Key_Return, "\r", kCtrl, "\r\r"},
+        {Qt::Key_Enter, "\r", Qt::KeypadModifier, "\r"}, {Qt::Key_Escape, "\x1b", {}, "\x1b\x1b"},
+        {Qt::Key_Backspace, "\b", {}, "\b\b"}, {Qt::Key_Delete, "\x7f", {}, "\x1b[3~\x7f"},
+        {Qt::Key_Tab, "\t", {}, "\t"}, {Qt::Key_Backtab, "", kShift, ""},
+        {Qt::Key_Up, "", {}, "\x1b[A"}, {Qt::Key_Down, "", {}, "\x1b[B"},
+        {Qt::Key_Right, "", {}, "\x1b[C"}, {Qt::Key_Left, "", kShift, "\x1b[D"},
+        {Qt::Key_Home, "", {}, "\x1b[1~"}, {Qt::Key_Insert, "", {}, "\x1b[2~"},
+        {Qt::Key_End, "", {}, "\x1b[4~"}, {Qt::Key_PageUp, "", {}, "\x1b[5~"},
+        {Qt::Key_PageDown, "", kCtrl, "\x1b[6~"}, {Qt::Key_C, "c", {}, "c"},
+        {Qt::Key_C, "C", kShift, "C"}, {Qt::Key_A, "\x01", kCtrl, "\x01\x01"},
+        {Qt::Key_Z, "\x1a", kCtrl, "\x1a\x1a"}, {Qt::Key_C, "\x03", kCtrl | kShift, "\x03"},
         {Qt::Key_X, "x", kAlt, "x"},
-        {Qt::Key_C, "c", kAlt, ""},  // the window's own
-        {Qt::Key_BracketLeft, "\x1b", kCtrl, "\x1b"},
-        {Qt::Key_Adiaeresis, "\xC3\xA4", {}, "\xE4"},
-        {Qt::Key_1, "1", Qt::KeypadModifier, "1"},
+        {Qt::Key_C, "c", kAlt, ""},  // the window's own {Qt::Key_BracketLeft, "\x1b", kCtrl, "\x1b"},
+        {Qt::Key_Adiaeresis, "\xC3\xA4", {}, "\xE4"}, {Qt::Key_1, "1", Qt::KeypadModifier, "1"},
         {Qt::Key_F13, "", {}, ""},
     };
+    // clang-format on
     SetClipboardText("old");
-    for (const auto& row : rows) {
+    for (const auto& row : keyRows) {
         const int64_t start = clock.Now();
         EXPECT_EQ(Sent(row.key, row.text, row.held), row.sent) << row.key;
         EXPECT_EQ(clock.Now() - start, row.key == Qt::Key_Escape ? 120 : 0);  // its reply

@@ -1,8 +1,10 @@
 // Every route of the dispatch tables: an event goes in by the queue, and out come the bytes
 // at the far end, the focus, and all that changed besides.
+#include <QDir>
 #include <QMimeData>
 #include <QUrl>
 
+#include "filemanager/FileManagerSettings.h"
 #include "shell/CommandHistory.h"
 #include "terminal/screen/TerminalText.h"
 #include "tests/shell/ShellRig.h"
@@ -29,46 +31,33 @@ class Routes : public ShellRig {
 };
 
 TEST_F(Routes, OfGadgets) {
+    // clang-format off
     const struct {
         int gadget;
         const char* set;  // what the gadget, or the command bar, shows before
         std::string outcome;
-    } rows[] = {
-        {kOverrideCheck, "1", "@45 override=1"},
-        {kOverrideCheck, "", "@45 override=0"},
-        {kSpecEntry, "'target s\\pico", "@45"},
-        {kFamilyCombo, "cmm2", "@45 family=cmm2"},
+    } gadgetRows[] = {
+        {kOverrideCheck, "1", "@45 override=1"}, {kOverrideCheck, "", "@45 override=0"},
+        {kSpecEntry, "'target s\\pico", "@45"}, {kFamilyCombo, "cmm2", "@45 family=cmm2"},
         {kOptionsCombo, "norun", "@45 spec='target s\\pico norun\\"},
-        {kOptionsCombo, "norun", "@45"},
-        {kSpeedCombo, "57600", "@45 speed=57600"},
+        {kOptionsCombo, "norun", "@45"}, {kSpeedCombo, "57600", "@45 speed=57600"},
         {kPortCombo, "TCPIP", "@45 port=TCPIP tcp=111"},
-        {kPortCombo, "ttyUSB1", "@45 port=TTYUSB1 tcp=000"},
-        {kMouseButton, "", "@45 mouse=1"},
-        {kMouseButton, "", "@45 mouse=0"},
-        {kConnectButton, "", "@24"},
-        {kSendButton, "cmd", "cmd@45 bar="},
-        {kSendCrButton, "cmd", "cmd\r@45 bar="},
-        {kHistoryPreviousButton, "", "@45 bar=cmd"},
-        {kHistoryPreviousButton, "", "@45 bar=b"},
-        {kHistoryNextButton, "", "@45 bar=cmd"},
-        {kClearCommandButton, "", "@53 bar="},
-        {kFirstMacroButton, "", "RUN\r@24 ms=120"},
-        {kFirstMacroButton + 1, "", "X\r@24 ms=120"},
-        {kLastMacroButton, "", "@45"},
-        {kEscButton, "", "\x1b@24 ms=120"},
-        {kFirstControlButton, "", "\1@24 ms=120"},
-        {kCtrlCButton, "", "\3@24 ms=120"},
-        {kCtrlZButton, "", "\xf@24 ms=120"},
-        {kRunButton, "", "RUN\r\n@24 ms=120"},
-        {kClsButton, "", "@24 line=(none)"},
-        {kIdleButton, "", "@45"},
+        {kPortCombo, "ttyUSB1", "@45 port=TTYUSB1 tcp=000"}, {kMouseButton, "", "@45 mouse=1"},
+        {kMouseButton, "", "@45 mouse=0"}, {kConnectButton, "", "@24"},
+        {kSendButton, "cmd", "cmd@45 bar="}, {kSendCrButton, "cmd", "cmd\r@45 bar="},
+        {kHistoryPreviousButton, "", "@45 bar=cmd"}, {kHistoryPreviousButton, "", "@45 bar=b"},
+        {kHistoryNextButton, "", "@45 bar=cmd"}, {kClearCommandButton, "", "@53 bar="},
+        {kFirstMacroButton, "", "RUN\r@24 ms=120"}, {kFirstMacroButton + 1, "", "X\r@24 ms=120"},
+        {kLastMacroButton, "", "@45"}, {kEscButton, "", "\x1b@24 ms=120"},
+        {kFirstControlButton, "", "\1@24 ms=120"}, {kCtrlCButton, "", "\3@24 ms=120"},
+        {kCtrlZButton, "", "\xf@24 ms=120"}, {kRunButton, "", "RUN\r\n@24 ms=120"},
+        {kClsButton, "", "@24 line=(none)"}, {kIdleButton, "", "@45"},
         {kFirstFunctionKeyButton, "", "\x1b[11~@24 ms=120"},
         {kFirstFunctionKeyButton + 4, "", "\x1b[15~@24 ms=120"},
         {kFirstFunctionKeyButton + 9, "", "\x1b[21~@24 ms=120"},
         {kLastFunctionKeyButton, "", "\x1b[24~@24 ms=120"},
         {kSaveMacroButton, "", "@45 asked=Macro,Nickname for macro?, macros=3"},
-        {kSavePresetButton, "", "@45"},
-        {kNicknameEntry, "Three", "@45"},
+        {kSavePresetButton, "", "@45"}, {kNicknameEntry, "Three", "@45"},
         {kSavePresetButton, "", "@45 presets=3"},
         {kTouchButtonUnused, "", "@45 line=port TTYUSB1 pico=ttyUSB1"},
         {kUploadButtonUnused, "", "@45 line=Nothing to load."},
@@ -76,8 +65,9 @@ TEST_F(Routes, OfGadgets) {
         {kFirstPresetButton, "", "@45 family=maximite nick=One spec='target s\\maximite"},
         {kLastPresetRoute, "", "@45"},
     };
+    // clang-format on
     answer = "third";
-    for (const auto& row : rows) {
+    for (const auto& row : gadgetRows) {
         const bool send = row.gadget == kSendButton || row.gadget == kSendCrButton;
         if (row.gadget == kOverrideCheck) {
             SetGadgetState(row.gadget, *row.set != 0);
@@ -89,59 +79,45 @@ TEST_F(Routes, OfGadgets) {
 }
 
 TEST_F(Routes, OfMenuItemsAndShortcuts) {
-    const std::pair<int, std::string> rows[] = {
-        {kItemAllowResize, "@45 resize=0 tick7=0"},
-        {kItemAllowResize, "@45 resize=1 tick7=1"},
+    // clang-format off
+    const std::pair<int, std::string> menuRows[] = {
+        {kItemAllowResize, "@45 resize=0 tick7=0"}, {kItemAllowResize, "@45 resize=1 tick7=1"},
         {kItemWordWrap, "@45 tick30=1 wrap=1"},
         {kItemLineEndingCr, "@45 ending=CR tick10=0 tick11=1"},
         {kItemLineEndingLf, "@45 ending=LF tick11=0 tick12=1"},
-        {kItemLineEndingCrLf, "@45 ending=CRLF tick10=1 tick12=0"},
-        {kItemPasteText, "old\r\n@45"},
-        {kItemPasteSlowly, "old\r\n@45 ms=120"},
-        {kItemCopyAll, "@45 clip=n1^n2^n3^n4^"},
-        {kItemCopyVisible, "@45 clip=n12^n13^n14^"},
-        {kItemSaveVisible, "@45 file=n12^n13^n14^"},
-        {kItemSaveAll, "@45 file=n1^n2^n3^n4^"},
-        {kItemStartCapture, "@24 capture=10"},
-        {kItemEndCapture, "@45 capture=00 file="},
-        {kItemNew, "NEW\r\n@24"},
-        {kItemListAll, "LIST ALL\r\n@45"},
-        {kItemOptionList, "OPTION LIST\r\n@24"},
-        {kItemFiles, "FILES\r\n@24"},
-        {kItemRun, "RUN\r\n@24"},
+        {kItemLineEndingCrLf, "@45 ending=CRLF tick10=1 tick12=0"}, {kItemPasteText, "old\r\n@45"},
+        {kItemPasteSlowly, "old\r\n@45 ms=120"}, {kItemCopyAll, "@45 clip=n1^n2^n3^n4^"},
+        {kItemCopyVisible, "@45 clip=n12^n13^n14^"}, {kItemSaveVisible, "@45 file=n12^n13^n14^"},
+        {kItemSaveAll, "@45 file=n1^n2^n3^n4^"}, {kItemStartCapture, "@24 capture=10"},
+        {kItemEndCapture, "@45 capture=00 file="}, {kItemNew, "NEW\r\n@24"},
+        {kItemListAll, "LIST ALL\r\n@45"}, {kItemOptionList, "OPTION LIST\r\n@24"},
+        {kItemFiles, "FILES\r\n@24"}, {kItemRun, "RUN\r\n@24"},
         {kItemSetTime, "Date$ = \"04/03/2026\"\r\nTime$ = \"05:06:07\"\r\n@24"},
         {kItemSetRtc, "RTC SETTIME 26,03,04,05,06,07\r\n@24"},
         {kItemAutosaveCode, "\3NEW\r\n@24 line=***TIMEOUT*** source=old ms=4380"},
-        {kItemSendListing, "LIST ALL\r\n@45 capture=11"},
-        {kShortcutLineEnding, "\r\n@45"},
-        {kShortcutAddressReturn, "@45 address=ab:3001"},
-        {kShortcutHistoryPrevious, "@45 bar=b"},
-        {kShortcutHistoryNext, "@45 bar="},
-        {kShortcutCommandReturn, "\r@45"},
-        {kShortcutCtrlC, "@45"},
-        {kShortcutCtrlZ, "@45"},
-        {kShortcutF10, "\x1b[21~@45"},
-        {kShortcutShiftF10, "\x1b[34~@45"},
-        {kShortcutAltC, "@45 clip="},
-        {kItemClearScreen, "@24 line=(none)"},
-        {kFirstViewItem + 1, "@24 rows=101111 tick186=0"},
+        {kItemSendListing, "LIST ALL\r\n@45 capture=11"}, {kShortcutLineEnding, "\r\n@45"},
+        {kShortcutAddressReturn, "@45 address=ab:3001"}, {kShortcutHistoryPrevious, "@45 bar=b"},
+        {kShortcutHistoryNext, "@45 bar="}, {kShortcutCommandReturn, "\r@45"},
+        {kShortcutCtrlC, "@45"}, {kShortcutCtrlZ, "@45"}, {kShortcutF10, "\x1b[21~@45"},
+        {kShortcutShiftF10, "\x1b[34~@45"}, {kShortcutAltC, "@45 clip="},
+        {kItemClearScreen, "@24 line=(none)"}, {kFirstViewItem + 1, "@24 rows=101111 tick186=0"},
         {kFirstViewItem + 5, "@24 rows=101110 tick190=0"},
         {kFirstViewItem + 1, "@24 rows=111110 tick186=1"},
         {kFirstModeItem + 1, "@45 mode=1External VT helper tick191=0 tick192=1"},
         {kFirstModeItem + 2, "@45 mode=2Monitor tick192=0 tick193=1"},
         {kFirstModeItem + 3, "@45 mode=3HEX monitor tick193=0 tick194=1"},
         {kFirstModeItem, "@45 mode=0VT Terminal tick191=1 tick194=0"},
-        {kItemDarkBackground, "@45 dark=0 tick9=0"},
-        {kItemDarkBackground, "@45 dark=1 tick9=1"},
+        {kItemDarkBackground, "@45 dark=0 tick9=0"}, {kItemDarkBackground, "@45 dark=1 tick9=1"},
         {kItemTerminalFont, "@24 font=14"},
         {kItemTerminalSize, "@24 asked=New size,Enter new terminal size W x H,101 x 50 size=90x30"},
-        {kItemDefaultTerminalSize, "@24 size=101x50"},
-        {kItemAbout, "@45 asked=KewLink Console"},
+        {kItemDefaultTerminalSize, "@24 size=101x50"}, {kItemAbout, "@45 asked=KewLink Console"},
         {kItemHelp, "@157 open=155."},
     };
+    // clang-format on
     answer = "90 x 30";
     LinkSettingsForTable().tcpAddress = "a\r\nb";
-    for (const auto& [item, outcome] : rows) EXPECT_EQ(After(kEventMenu, item), outcome) << item;
+    for (const auto& [item, outcome] : menuRows)
+        EXPECT_EQ(After(kEventMenu, item), outcome) << item;
 }
 
 // The two routes that ask for the terminal's focus, and the one that asks for no focus on
@@ -189,6 +165,65 @@ TEST_F(Routes, OfEventsAndTimers) {
     EXPECT_EQ(After(kEventTimer, kNoticeTimer), "@-1 open=");  // the notice took it
 }
 
+TEST_F(Routes, OfTheFileManager) {
+    FileManagerSettingsForTable().pcFolder = scratch.folder.path() + "/";
+    ScratchFolder::Put("a.uf2", "");
+    LinkSettingsForTable().lineDelay = 100;
+    const std::pair<int, std::string> rows[] = {
+        {kDeviceRefreshButton,
+         "\r\r\3"
+         "files\r@163 ms=620 a.uf2"},
+        {kDeviceNewFolderButton,
+         "mkdir \"x\"\r\r\r\r\3"
+         "files\r@163 asked=New folder,Name for new folder?, ms=2920 a.uf2"},
+        {kDeviceDeleteButton,
+         "rmdir \"old\"\r\r\r\r\3"
+         "files\r@163 ms=2120 a.uf2"},
+        {kPcNewFolderButton, "@163 a.uf2"},
+        {kCopyToDeviceButton, "\r\r@163 line=port not ms=2200 a.uf2"},
+        {kPcDeleteButton, "@163 x"},
+        {kAbortTransferButton, "\r\r@163 quiet=1 ms=200 x"},
+        {kFlashViewButton, "\r\r\3@163 ms=220 x"},
+        {kCopyToPcButton, "list all\r@163 x"},
+    };
+    answer = "x";
+    SetLineEnding("CR");
+    After(kEventMenu, kFirstModeItem + kModeFileManager);
+    for (const auto& [button, outcome] : rows) {
+        ClearGadgetItems(kDeviceList);
+        AddGadgetItem(kDeviceList, "<DIR> old");
+        SetGadgetState(kDeviceList, 0);
+        SetGadgetState(kPcList, GadgetItemCount(kPcList) - 1);
+        const std::string after = After(kEventGadget, button, 0, kFileManagerWindow);
+        SetGadgetText(kPcList, GadgetText(kPcList));  // reads the folder anew
+        const QString last = GadgetItemText(kPcList, GadgetItemCount(kPcList) - 1);
+        EXPECT_EQ(after + ' ' + last.toStdString(), outcome) << button;
+    }
+    EXPECT_TRUE(QDir("x").exists());
+    EXPECT_EQ(After(kEventCloseWindow, 0, 0, kFileManagerWindow),
+              "@-1 mode=0VT Terminal open= tick191=1 tick195=0");
+}
+
+TEST_F(Routes, OfTheHelpWindow) {
+    const auto page = [&](int button) {
+        PostInterfaceEvent(kEventGadget, kHelpWindow, button, 0);
+        Drain();
+        return WidgetOfGadget(kHelpWebView)
+            ->property("url")
+            .toUrl()
+            .path()
+            .section('/', -2)
+            .toStdString();
+    };
+    After(kEventMenu, kItemHelp);
+    EXPECT_EQ(page(kHelpBasicIndexButton), "html/index.htm");
+    EXPECT_EQ(page(kHelpEditorIndexButton), "html2/index.htm");
+    ResizeNumberedWindow(kHelpWindow, kKeep, kKeep, 500, 400);
+    EXPECT_EQ(After(kEventSizeWindow, 0, 0, kHelpWindow), "@157");
+    EXPECT_EQ(GadgetHeight(kHelpWebView), 350);
+    EXPECT_EQ(After(kEventCloseWindow, 0, 0, kHelpWindow), "@-1 open=");
+}
+
 // The mouse belongs to the selection or to the device.
 TEST_F(Routes, OfThePointer) {
     QWidget* const canvas = WidgetOfGadget(kTerminalCanvas);
@@ -230,8 +265,14 @@ TEST_F(Routes, OfDrops) {
     const std::string file = "|Processing file: /none/a.uf2 ";  // behind the prompt
     EXPECT_EQ(lines(-1, files), file);
     EXPECT_EQ(lines(kTerminalCanvas, files), file);
+    FocusGadget(kNicknameEntry);
     EXPECT_EQ(lines(kTerminalCanvas, text), "Drop text |Uploading using:   ");
     EXPECT_TRUE(uploadSource.pasteSource);
+    EXPECT_EQ(FocusedGadget(), kTerminalCanvas);
+    FocusGadget(kNicknameEntry);
+    text.setText("'encode\nA");  // of no file: nothing is done
+    lines(kTerminalCanvas, text);
+    EXPECT_EQ(FocusedGadget(), kTerminalCanvas);
 }
 
 }  // namespace

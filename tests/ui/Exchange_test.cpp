@@ -70,32 +70,6 @@ TEST_F(Drops, GoToTheCallForTheirFormat) {
     EXPECT_EQ(EventDropText(), "");
 }
 
-TEST_F(Drops, AreBounded) {
-    EnableWindowDrop(kTestWindow, DropFormat::kFiles);
-    EnableWindowDrop(kTestWindow, DropFormat::kText);
-    QMimeData data;
-    QList<QUrl> urls;
-    for (int i = 0; i < kMaxDropFiles + 5; ++i) urls += QUrl::fromLocalFile("/a");
-    data.setUrls(urls);
-    EXPECT_TRUE(Drop(WidgetOfWindow(kTestWindow), data));
-    WaitForEvent(0);
-    EXPECT_EQ(EventDropFiles().count('\n') + 1, kMaxDropFiles);
-    QMimeData text;
-    text.setText(QString(kMaxDropText + 5, 'x'));
-    EXPECT_TRUE(Drop(WidgetOfWindow(kTestWindow), text));
-    WaitForEvent(0);
-    EXPECT_EQ(EventDropText().size(), kMaxDropText);
-}
-
-TEST(Clipboard, HoldsTextUpToItsBound) {
-    SetClipboardText(QString::fromUtf8("10 PRINT \"é\"\r\n"));
-    EXPECT_EQ(ClipboardText(), QString::fromUtf8("10 PRINT \"é\"\r\n"));
-    SetClipboardText("");
-    EXPECT_EQ(ClipboardText(), "");
-    SetClipboardText(QString(kMaxClipboardText + 1, 'x'));
-    EXPECT_EQ(ClipboardText().size(), kMaxClipboardText);
-}
-
 TEST_F(Dialogs, AnswersTakeTheirPlace) {
     DialogAnswers answers;
     answers.text = [](const QString&, const QString&, const QString& preset) {

@@ -1,15 +1,13 @@
-// Menus and their ticks, keyboard shortcuts, window timers.
+// Menus and their ticks, window timers.
 
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
-#include <QShortcut>
 #include <QTest>
 #include <QWindow>
 
 #include "tests/support/Chosen.h"
 #include "tests/support/Gestures.h"
-#include "ui/AddKeyboardShortcut.h"
 #include "ui/AddWindowTimer.h"
 #include "ui/MenuItem.h"
 
@@ -32,17 +30,10 @@ Seen MenuEvent(int item) {
     return {kEventMenu, kTestWindow, item, 0};
 }
 
-// A key by the window system's road, on which shortcuts come before the focus.
-void PressKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QTest::keyClick(WidgetOfWindow(kTestWindow)->windowHandle(), Qt::Key(key), modifiers);
-}
-
 int ranFor = 0;
 
 using Menus = WithWindow;
-using Shortcuts = WithWindow;
 using Timers = WithWindow;
-using Properties = WithWindow;
 
 TEST_F(Menus, AnItemRaisesItsNumberFromEveryMenuThatHoldsIt) {
     CreateMenuBar(kMainMenu, kTestWindow);
@@ -89,24 +80,6 @@ TEST_F(Menus, TheTickIsTheProgramsAlone) {
     EXPECT_FALSE(MenuItemTick(99));
 }
 
-// Alt with a letter is a key of the board like any other: a menu that opened by it would take
-// what is typed next, and a Return with it.
-TEST_F(Menus, NoKeyOpensOne) {
-    CanvasGadget(kTerminalCanvas, 0, 0, 100, 100, kCanvasKeyboard);
-    CreateMenuBar(kMainMenu, kTestWindow);
-    MenuTitle("Edit");
-    MenuItem(kItemPasteText, "Paste text");
-    FocusGadget(kTerminalCanvas);
-    TakeEvents();
-    PressKey(Qt::Key_E, Qt::AltModifier);
-    EXPECT_FALSE(QApplication::activePopupWidget());
-    PressKey(Qt::Key_Alt);
-    EXPECT_EQ(FocusedGadget(), kTerminalCanvas);
-    PressKey(Qt::Key_Return);
-    EXPECT_EQ(TakeEvents(kEventMenu), Events());
-    EXPECT_EQ(FocusedGadget(), kTerminalCanvas);
-}
-
 TEST_F(Menus, AltOpensThemWhereTheUserChoseSo) {
     const Chosen alt(&Choices::altOpensMenus);
     CanvasGadget(kTerminalCanvas, 0, 0, 100, 100, kCanvasKeyboard);
@@ -124,44 +97,6 @@ TEST_F(Menus, AltOpensThemWhereTheUserChoseSo) {
     const auto* open = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_TRUE(open);
     EXPECT_EQ(open->title(), "&Edit");
-}
-
-TEST_F(Shortcuts, ComeBeforeTheFocusOnlyWhileTheyStand) {
-    CanvasGadget(kTerminalCanvas, 0, 0, 100, 100, kCanvasKeyboard);
-    FocusGadget(kTerminalCanvas);
-    AddKeyboardShortcut(kTestWindow, 0x01000039, kShortcutF10);
-    AddKeyboardShortcut(kTestWindow, 0x03000039, kShortcutShiftF10);
-    AddKeyboardShortcut(kTestWindow, 0x08000043, kShortcutAltC);
-    TakeEvents();
-    for (int i = 0; i < 2; ++i) PressKey(Qt::Key_F10);  // two presses are two
-    PressKey(Qt::Key_F10, Qt::ShiftModifier);
-    PressKey(Qt::Key_C, Qt::AltModifier);
-    Events expected = {MenuEvent(126), MenuEvent(126), MenuEvent(129), MenuEvent(67)};
-    EXPECT_EQ(TakeEvents(kEventMenu), expected);
-
-    AddKeyboardShortcut(kTestWindow, 0x01000039, 200);  // replaces
-    PressKey(Qt::Key_F10);
-    EXPECT_EQ(TakeEvents(), (Events{MenuEvent(200)}));
-    RemoveKeyboardShortcut(kTestWindow, 0x01000039);
-    RemoveKeyboardShortcut(kTestWindow, 0x01000039);
-    PressKey(Qt::Key_F10);
-    EXPECT_EQ(TakeEvents(), (Events{{kEventGadget, 0, kTerminalCanvas, kTypeKeyDown}}));
-    RemoveKeyboardShortcut(kTestWindow, -1);
-    PressKey(Qt::Key_F10, Qt::ShiftModifier);  // Shift itself is a key of the canvas, too
-    const Seen keyDown = {kEventGadget, 0, kTerminalCanvas, kTypeKeyDown};
-    EXPECT_EQ(TakeEvents(), (Events{keyDown, keyDown}));
-}
-
-// Return, Up and Down in an entry: the entry itself must not keep them.
-TEST_F(Shortcuts, ReachPastTheEntryThatHasTheFocus) {
-    TextEntryGadget(53, 0, 0, 100, 20, "print");
-    FocusGadget(53);
-    const int keys[] = {0x01000004, 0x01000013, 0x01000015};
-    const int numbers[] = {kShortcutCommandReturn, kShortcutHistoryPrevious, kShortcutHistoryNext};
-    for (int i = 0; i < 3; ++i) AddKeyboardShortcut(kTestWindow, keys[i], numbers[i]);
-    TakeEvents();
-    for (const int key : keys) PressKey(key);
-    EXPECT_EQ(TakeEvents(kEventMenu), (Events{MenuEvent(53), MenuEvent(150), MenuEvent(151)}));
 }
 
 TEST_F(Timers, FireWithTheirNumberUntilRemoved) {
@@ -186,24 +121,6 @@ TEST_F(Timers, FireWithTheirNumberUntilRemoved) {
     AddWindowTimer(99, 115, 1);
     EXPECT_TRUE(TakeEvents(kEventTimer).empty());
     EXPECT_EQ(WaitForEvent(20), kNoEvent);
-}
-
-// A slot finds a number by the property on the real object.
-TEST_F(Properties, StandOnWidgetsActionsTimersAndShortcuts) {
-    CanvasGadget(kTerminalCanvas, 0, 0, 100, 100, kCanvasKeyboard);
-    AddWindowTimer(kTestWindow, 114, 1000);
-    AddKeyboardShortcut(kTestWindow, Qt::Key_F1, 67);
-    const QWidget* window = WidgetOfWindow(kTestWindow);
-    EXPECT_STREQ(window->metaObject()->className(), "PBQMainWindow");
-    EXPECT_STREQ(WidgetOfGadget(kTerminalCanvas)->metaObject()->className(), "PBCanvasWidget");
-    EXPECT_STREQ(WidgetOfGadget(kTerminalCanvas)->parent()->metaObject()->className(),
-                 "PBMainWindowWidget");
-    const QTimer* timer = nullptr;
-    for (const QTimer* each : window->findChildren<QTimer*>()) {
-        if (each->property("PB_TimerID") == 114) timer = each;
-    }
-    EXPECT_TRUE(timer);
-    EXPECT_EQ(window->findChild<QShortcut*>()->property("PB_ShortcutID"), 67);
 }
 
 }  // namespace

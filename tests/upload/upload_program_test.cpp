@@ -101,6 +101,12 @@ TEST_F(Upload, SilenceAndAReconnect) {
     // Silence in the body: receive mode stays open and nothing more is said or sent.
     answer = [this](char byte) { return received.find('B') < 99 ? std::string() : Echo(byte); };
     EXPECT_EQ(Send("s\\pico nonew", "A\nB\nC", 2), "4420|\3AUTOSAVE^A^B^AUTOSAVE|>");
+    // Without a line delay the wait behind the break is one for the prompt.
+    LinkSettingsForTable().lineDelay = 0;
+    answer = [](char) { return std::string(); };
+    EXPECT_EQ(Send("", "A", 1), "4020|\3Upload started");
+    LinkSettingsForTable().lineDelay = 120;
+    answer = [this](char byte) { return received.find('B') < 99 ? std::string() : Echo(byte); };
     SetComPort("ttyNone");
     EXPECT_EQ(Send("s\\cmd", "A\n'Reconnect 4 com7:9600\nC"), "8420|\3^A^");  // C found no line
     EXPECT_EQ(linkSettings.comPort + ':' + linkSettings.serialSpeed, "ttyNone:9600");
