@@ -122,44 +122,6 @@ TEST_F(ListingParser, EveryCutGivesTheSameRows) {
     }
 }
 
-TEST_F(ListingParser, TheFirstRuleThatFitsDecides) {
-    using Action = ListingAction;
-    const struct {
-        const char* line;
-        Action onPicomite, onMaximite;
-    } rows[] = {
-        {"> [?25h", Action::kEmptyBuffer, Action::kEmptyBuffer},
-        {"> [37m", Action::kIgnore, Action::kIgnore},
-        {"CHDIR \"x\"", Action::kIgnore, Action::kIgnore},
-        {"Kill \"chdir x\"", Action::kEmptyBuffer, Action::kEmptyBuffer},
-        {"MKDIR \"x\"", Action::kEmptyBuffer, Action::kEmptyBuffer},
-        {"rmdir \"x\"", Action::kAddEntry, Action::kAddEntry},
-        {"[2] x Error : no", Action::kPrint, Action::kPrint},
-        {"an error: no", Action::kAddEntry, Action::kAddEntry},
-        {"my directory of file.bas", Action::kAwaitEnd, Action::kAwaitEnd},
-        {"> 3 DIRECTORIES, 2 FILES", Action::kAwaitEnd, Action::kAwaitEnd},
-        {"> FILES", Action::kEnd, Action::kEnd},
-        {"> flash list", Action::kIgnore, Action::kEnd},
-        {"Slot 1 in use: \"List All\"", Action::kIgnore, Action::kAddEntry},
-        {"Flash Save 1", Action::kIgnore, Action::kAddEntry},
-        {"FLASH OVERWRITE 2", Action::kEmptyBuffer, Action::kAddEntry},
-        {"flash erase 1", Action::kEmptyBuffer, Action::kAddEntry},
-    };
-    for (const auto& row : rows) {
-        const ListingLine line = {row.line, true};
-        EXPECT_EQ(SortListingLine(line, *FindFamily("picomite"), false), row.onPicomite)
-            << row.line;
-        EXPECT_EQ(SortListingLine(line, *FindFamily("maximite"), false), row.onMaximite)
-            << row.line;
-        const bool captured = row.onMaximite == Action::kAddEntry;
-        EXPECT_EQ(SortListingLine(line, *FindFamily("maximite"), true),
-                  captured ? Action::kCapture : row.onMaximite);
-    }
-    EXPECT_EQ(SortListingLine({"prog", false}, *FindFamily("cmm2"), false), Action::kNone);
-    // A family without a list command has no echo of it: the prompt ends its listing.
-    EXPECT_EQ(SortListingLine({"> ", false}, *FindFamily("micromite"), true), Action::kEnd);
-}
-
 TEST_F(ListingParser, APromptThatWasLeftTakesTheEchoOfTheRequest) {
     ParseListingChunk("\x1b[?25h\x1b[97;40m> ");
     StartDeviceRows("..");

@@ -169,23 +169,17 @@ TEST_F(Routes, OfTheFileManager) {
     FileManagerSettingsForTable().pcFolder = scratch.folder.path() + "/";
     ScratchFolder::Put("a.uf2", "");
     LinkSettingsForTable().lineDelay = 100;
+    // clang-format off
     const std::pair<int, std::string> rows[] = {
-        {kDeviceRefreshButton,
-         "\r\r\3"
-         "files\r@163 ms=620 a.uf2"},
-        {kDeviceNewFolderButton,
-         "mkdir \"x\"\r\r\r\r\3"
-         "files\r@163 asked=New folder,Name for new folder?, ms=2920 a.uf2"},
-        {kDeviceDeleteButton,
-         "rmdir \"old\"\r\r\r\r\3"
-         "files\r@163 ms=2120 a.uf2"},
+        {kDeviceRefreshButton, "\r\r\3" "files\r@163 ms=620 a.uf2"},
+        {kDeviceNewFolderButton, "mkdir \"x\"\r\r\r\r\3" "files\r@163 asked=New folder,Name for new folder?, ms=2920 a.uf2"},
+        {kDeviceDeleteButton, "rmdir \"old\"\r\r\r\r\3" "files\r@163 ms=2120 a.uf2"},
         {kPcNewFolderButton, "@163 a.uf2"},
-        {kCopyToDeviceButton, "\r\r@163 line=port not ms=2200 a.uf2"},
-        {kPcDeleteButton, "@163 x"},
+        {kCopyToDeviceButton, "\r\r@163 line=port not ms=2200 a.uf2"}, {kPcDeleteButton, "@163 x"},
         {kAbortTransferButton, "\r\r@163 quiet=1 ms=200 x"},
-        {kFlashViewButton, "\r\r\3@163 ms=220 x"},
-        {kCopyToPcButton, "list all\r@163 x"},
+        {kFlashViewButton, "\r\r\3@163 ms=220 x"}, {kCopyToPcButton, "list all\r@163 x"},
     };
+    // clang-format on
     answer = "x";
     SetLineEnding("CR");
     After(kEventMenu, kFirstModeItem + kModeFileManager);

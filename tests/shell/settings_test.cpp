@@ -172,14 +172,6 @@ TEST_F(SettingsTest, NumbersObeyTheirRules) {
     EXPECT_EQ(lineEnding.name, "lf");
 }
 
-TEST_F(SettingsTest, LoadingAddsItsTwoCommentsBehindWhatItRead) {
-    Load("[Windows]\nMainH = 5\nLines to show = 1\nFontSize = 3\n; mine\nother = 1\n");
-    EXPECT_EQ(ScratchFolder::Get(kFile),
-              QByteArray(kMark) +
-                  "[Windows]\nMainH = 5\n; Help Window\nLines to show = 1\nFontSize = 3\n"
-                  "; File Window\n; mine\nother = 1\n");
-}
-
 TEST_F(SettingsTest, ListsSkipGapsAndKeepTheirLimits) {
     QByteArray text =
         "[Device types]\nType0=\nType2 = a|autostart|e|1|2|3|f|4|5\nType30= b |AUTOSTART\n"

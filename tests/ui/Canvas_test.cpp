@@ -61,16 +61,8 @@ TEST(Canvas, NothingTypedIsLostWhileAHandlerKeepsTheLoop) {
     EXPECT_EQ(typed.modifiers, kModifierShift);
 }
 
-TEST(Canvas, TakesTheKeysThatOtherGadgetsWouldNotGet) {
+TEST(Canvas, TakesComposedCharacters) {
     QWidget* const canvas = OpenCanvas();
-    ButtonGadget(62, 5, 200, 80, 20, "Connect");
-    TakeEvents();
-    Key(canvas, Qt::Key_Tab, "\t");
-    Key(canvas, Qt::Key_Backtab, "", Qt::ShiftModifier);
-    for (const int key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Up, Qt::Key_Left})
-        Key(canvas, key);
-    EXPECT_EQ(FocusedGadget(), kCanvas);
-    EXPECT_EQ(TakeTyping().keys.size(), 6u);
     // Characters that are composed come as input, with no key of their own.
     QInputMethodEvent composed;
     composed.setCommitString(QString::fromUtf8("é"));
@@ -143,20 +135,6 @@ TEST(Canvas, AttributesAreReadOnlyWhileTheirEventIsCurrent) {
     WaitForEvent(0);
     EXPECT_EQ(EventAttribute(kFrameCanvas, kAttributeMouseY), 4);
     EXPECT_EQ(EventAttribute(kCanvas, kAttributeMouseY), 0);
-}
-
-TEST(Canvas, FocusIsToldForCanvasesAndEntries) {
-    OpenCanvas();
-    TextEntryGadget(53, 5, 200, 80, 20, "");
-    ButtonGadget(62, 105, 200, 80, 20, "Connect");
-    TakeEvents();
-    FocusGadget(53);
-    FocusGadget(62);
-    FocusGadget(kCanvas);
-    const Events expected = {GadgetEvent(kCanvas, kTypeLostFocus), GadgetEvent(53, kTypeFocus),
-                             GadgetEvent(53, kTypeLostFocus), GadgetEvent(kCanvas, kTypeFocus)};
-    EXPECT_EQ(TakeEvents(kEventGadget), expected);
-    EXPECT_EQ(FocusedGadget(), kCanvas);
 }
 
 // A canvas has its size at once: what is drawn before the window shows stays, and what is

@@ -113,14 +113,6 @@ TEST_F(EventQueue, BoundHandlersRunInKeyOrderWithTheirEventCurrent) {
     EXPECT_EQ(TakeEvents(), queued);
 }
 
-TEST_F(EventQueue, UnmergedEventsRunTheirHandlersWhenTaken) {
-    BindMenuHandler(28, [] { log += "menu"; });
-    PostInterfaceEvent(kEventMenu, 0, 28, 0);
-    EXPECT_EQ(log, "");
-    EXPECT_EQ(WaitForEvent(0), kEventMenu);
-    EXPECT_EQ(log, "menu");
-}
-
 // A handler that drops the very event it runs for, as closing its window does, must not
 // pull the data away from under itself; a merge into that event must not either.
 TEST_F(EventQueue, AnEventDroppedByItsOwnHandlerLivesUntilTheHandlerEnds) {

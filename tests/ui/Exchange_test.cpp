@@ -70,19 +70,6 @@ TEST_F(Drops, GoToTheCallForTheirFormat) {
     EXPECT_EQ(EventDropText(), "");
 }
 
-TEST_F(Dialogs, AnswersTakeTheirPlace) {
-    DialogAnswers answers;
-    answers.text = [](const QString&, const QString&, const QString& preset) {
-        return preset + " x 25";
-    };
-    AnswerDialogs(&answers);
-    EXPECT_EQ(AskText("New size", "Enter", "80"), "80 x 25");
-    EXPECT_FALSE(AskMessage("Warning!", "Continue?", MessageButtons::kYesNo));
-    EXPECT_EQ(AskSaveFile("Save", "", "Basic|*.bas").path, "");  // no answer: cancelled
-    EXPECT_FALSE(AskFont("Liberation Mono", 9).accepted);
-    AnswerDialogs(nullptr);
-}
-
 TEST_F(Dialogs, RealOnesStandOverTheProgramsWindow) {
     WithDialog([](QDialog* dialog) {
         EXPECT_EQ(dialog->parentWidget(), WidgetOfWindow(kTestWindow));

@@ -32,6 +32,11 @@ Seen MenuEvent(int item) {
 
 int ranFor = 0;
 
+// A key by the window system's road, on which menus come before the focus.
+void PressKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(WidgetOfWindow(kTestWindow)->windowHandle(), Qt::Key(key), modifiers);
+}
+
 using Menus = WithWindow;
 using Timers = WithWindow;
 
