@@ -131,33 +131,6 @@ class FileManager : public testing::Test {
     size_t seen = 0;
 };
 
-TEST_F(FileManager, FilesOfEachFamilyAreListed) {
-    const struct {
-        const char *board, *family;
-        std::string asked;
-    } rows[] = {{"picomite", "picomite", "files"},
-                {"picomite-6.00", "picomite", "files"},
-                {"cmm2", "cmm2", "ls"},
-                {"armmite", "vgamite", "files"},
-                {"maximite", "maximite", "files"}};
-    for (const auto& row : rows) {
-        ASSERT_TRUE(simulator::FindBoardFacts(row.board)) << row.board;
-        SetGadgetText(kFamilyCombo, row.family);
-        PlugIn(row.board);
-        seen = 0;
-        line->Board().AddFile("a.bas", "PRINT 1\r\n", 0);
-        OpenFileManager();
-        EXPECT_EQ(Sent(), "\r\r\3" + row.asked + "\r");
-        Poll();
-        const QString listed = Rows().join('|');
-        EXPECT_TRUE(listed.startsWith("..|")) << listed.toStdString();
-        EXPECT_TRUE(listed.contains("a.bas", Qt::CaseInsensitive)) << listed.toStdString();
-        EXPECT_FALSE(listed.contains('\x1b') || listed.contains("files|")) << listed.toStdString();
-        CloseFileManager();
-        AdoptTcpLink(0);
-    }
-}
-
 TEST_F(FileManager, FoldersAndFilesComeAndGo) {
     PlugIn("picomite");
     OpenFileManager();

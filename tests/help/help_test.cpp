@@ -44,25 +44,6 @@ TEST(Help, AddressesAndAboutText) {
     EXPECT_EQ(AboutText().left(about.size()), about);
 }
 
-TEST(Help, WindowAndItsGeometry) {
-    CloseHelpViewer();  // with no window nothing happens
-    ResizeHelpViewer();
-    EXPECT_EQ(helpSettings.width, 700);
-    ShowHelpViewer();
-    EXPECT_EQ(WindowHeight(kHelpWindow, WindowMeasure::kInner), 287);
-    EXPECT_EQ(GadgetWidth(kHelpWebView), 680);
-    EXPECT_EQ(GadgetHeight(kHelpWebView), 237);
-    ResizeNumberedWindow(kHelpWindow, 31, 32, 500, 400);
-    ResizeHelpViewer();
-    EXPECT_EQ(GadgetHeight(kHelpWebView), 350);
-    ResizeNumberedWindow(kHelpWindow, 41, 42, 510, 410);
-    CloseHelpViewer();
-    EXPECT_FALSE(WindowIsOpen(kHelpWindow));
-    EXPECT_EQ(helpSettings.x, 41);
-    EXPECT_EQ(helpSettings.y, 42);
-    EXPECT_EQ(helpSettings.height, 410);
-}
-
 TEST(Help, PagesThroughTheirHistory) {
     const QTemporaryDir folder(QDir::tempPath() + "/hélp pages XXXXXX");
     ShowHelpViewer();

@@ -24,7 +24,9 @@ TEST(Primitives, BytesOverBothTransports) {
     for (const bool overTcp : {false, true}) {
         SetDeviceOnTcpip(overTcp);
         EXPECT_EQ(SendText(""), 0);
-        EXPECT_EQ(SendText("x") + SendByte(0) + ReceiveBytes(block, 5), -3);
+        EXPECT_EQ(SendText("x"), -1);
+        EXPECT_EQ(SendByte(0), -1);
+        EXPECT_EQ(ReceiveBytes(block, 5), -1);
         EXPECT_EQ(SendAndWait("x", kWaitForLine), "***TIMEOUT***");
         FarEnd device(overTcp);
         EXPECT_EQ(SendBytes("a\0b", 3), 3);
@@ -32,7 +34,7 @@ TEST(Primitives, BytesOverBothTransports) {
         EXPECT_EQ(device.Read(), std::string("a\0b\0\xFF", 5));
         EXPECT_EQ(ReceiveBytes(block, 5), 0);
         device.Write("1234");
-        EXPECT_EQ(ReceiveBytes(block, 0) + ReceiveBytes(block, -1), 0);
+        for (const int none : {0, -1}) EXPECT_EQ(ReceiveBytes(block, none), 0);
         EXPECT_EQ(ReceiveBytes(block, 3), 3);
         EXPECT_EQ(ReceiveBytes(block, 5), 1);
         EXPECT_EQ(std::string(block, 3), "423");
@@ -42,7 +44,7 @@ TEST(Primitives, BytesOverBothTransports) {
         SetDeviceOnTcpip(overTcp);
         device.Close();  // reads like a quiet line
         EXPECT_EQ(ReceiveBytes(block, 5), 0);
-        EXPECT_EQ(overTcp ? SendText("no signal ends the program") : -1, -1);
+        EXPECT_TRUE(!overTcp || SendText("no signal ends the program") == -1);
     }
 }
 

@@ -41,41 +41,33 @@ using Facts = std::map<QString, QString>;
 Facts State(const QString& asked) {
     const auto number = [](int64_t value) { return QString::number(value); };
     const bool lit = CanvasPicture(kFrameCanvas).pixel(2, 2) == 0xFF7FC2FF;
+    // clang-format off
     Facts facts = {
-        {"address", linkSettings.tcpAddress + ':' + linkSettings.tcpPort},
-        {"asked", asked},
+        {"address", linkSettings.tcpAddress + ':' + linkSettings.tcpPort}, {"asked", asked},
         {"bar", GadgetText(kCommandEntry)},
         {"capture", number(capture.on) + number(capture.listingState) + Head(capture.buffer)},
-        {"clip", Head(ClipboardText())},
-        {"connected", number(linkStatus.linkConnected)},
-        {"dark", number(terminalScreen.darkBackground)},
-        {"ending", lineEnding.name},
-        {"exit", number(exitRequested)},
-        {"family", uploadOptions.familyName},
+        {"clip", Head(ClipboardText())}, {"connected", number(linkStatus.linkConnected)},
+        {"dark", number(terminalScreen.darkBackground)}, {"ending", lineEnding.name},
+        {"exit", number(exitRequested)}, {"family", uploadOptions.familyName},
         {"file", Head(ScratchFolder::Get("saved.txt"))},
         {"font", number(terminalSettings.fontSize)},
-        {"frame", lit == (FocusedGadget() == kTerminalCanvas) ? "" : "wrong"},
-        {"line", LastLine()},
+        {"frame", lit == (FocusedGadget() == kTerminalCanvas) ? "" : "wrong"}, {"line", LastLine()},
         {"macros", number(static_cast<int>(macroList.size()))},
-        {"mode", number(terminalMode) + GadgetText(kModeText)},
-        {"mouse", number(mouseMode)},
-        {"nick", GadgetText(kNicknameEntry)},
-        {"open", OpenWindows()},
+        {"mode", number(terminalMode) + GadgetText(kModeText)}, {"mouse", number(mouseMode)},
+        {"nick", GadgetText(kNicknameEntry)}, {"open", OpenWindows()},
         {"override", number(uploadSettings.overrideFileSettings)},
-        {"pico", uploadSettings.picoPort},
-        {"port", linkSettings.comPort},
+        {"pico", uploadSettings.picoPort}, {"port", linkSettings.comPort},
         {"presets", number(static_cast<int>(presetList.size()))},
         {"quiet", number(linkStatus.quietTerminal)},
-        {"resize", number(terminalSettings.allowResize)},
-        {"rows", mainWindowPlace.linesToShow},
+        {"resize", number(terminalSettings.allowResize)}, {"rows", mainWindowPlace.linesToShow},
         {"size", number(terminalScreen.cols) + "x" + number(terminalScreen.rows)},
-        {"source", uploadSource.text},
-        {"spec", GadgetText(kSpecEntry)},
+        {"source", uploadSource.text}, {"spec", GadgetText(kSpecEntry)},
         {"speed", linkSettings.serialSpeed},
         {"tcp", number(linkStatus.deviceOnTcpip) + number(GadgetHidden(kSpeedCombo)) +
-                    number(!GadgetHidden(kAddressEntry))},
+            number(!GadgetHidden(kAddressEntry))},
         {"wrap", number(terminalSettings.wordWrap)},
     };
+    // clang-format on
     for (int item = 1; item <= kLastModeItem; ++item)
         facts["tick" + number(item)] = number(MenuItemTick(item));
     return facts;

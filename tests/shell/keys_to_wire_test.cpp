@@ -44,8 +44,9 @@ TEST_F(KeysToWire, OfTheTableAndWithText) {
         {Qt::Key_PageDown, "", kCtrl, "\x1b[6~"}, {Qt::Key_C, "c", {}, "c"},
         {Qt::Key_C, "C", kShift, "C"}, {Qt::Key_A, "\x01", kCtrl, "\x01\x01"},
         {Qt::Key_Z, "\x1a", kCtrl, "\x1a\x1a"}, {Qt::Key_C, "\x03", kCtrl | kShift, "\x03"},
-        {Qt::Key_X, "x", kAlt, "x"},
-        {Qt::Key_C, "c", kAlt, ""},  // the window's own {Qt::Key_BracketLeft, "\x1b", kCtrl, "\x1b"},
+        {Qt::Key_X, "x", kAlt, "x"}, {Qt::Key_E, "e", kAlt, "e"}, {Qt::Key_Alt, "", {}, ""},
+        {Qt::Key_C, "c", kAlt, ""},  // the window's own
+        {Qt::Key_BracketLeft, "\x1b", kCtrl, "\x1b"},
         {Qt::Key_Adiaeresis, "\xC3\xA4", {}, "\xE4"}, {Qt::Key_1, "1", Qt::KeypadModifier, "1"},
         {Qt::Key_F13, "", {}, ""},
     };
@@ -69,6 +70,17 @@ TEST_F(KeysToWire, OfTheTableAndWithText) {
     Drain();
     EXPECT_EQ(Sent(Qt::Key_Return, "\r") + Sent(Qt::Key_Up), "");
     EXPECT_EQ(GadgetText(kCommandEntry), "");
+}
+
+TEST_F(KeysToWire, ReturnIsTheAddressesWhileThatHasTheFocus) {
+    LinkSettingsForTable().tcpAddress = "a\nb";
+    HideGadget(kAddressEntry, false);
+    for (int gadget : {kAddressEntry, kTerminalCanvas}) {
+        FocusGadget(gadget);
+        Drain();
+        EXPECT_EQ(Sent(Qt::Key_Return, "\r"), gadget == kTerminalCanvas ? "\r\r" : "");
+        EXPECT_EQ(linkSettings.tcpAddress, "ab");
+    }
 }
 
 TEST_F(KeysToWire, OfTheFunctionKeys) {

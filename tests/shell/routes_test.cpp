@@ -5,6 +5,7 @@
 #include <QUrl>
 
 #include "filemanager/FileManagerSettings.h"
+#include "help/HelpSettings.h"
 #include "shell/CommandHistory.h"
 #include "terminal/screen/TerminalText.h"
 #include "tests/shell/ShellRig.h"
@@ -216,6 +217,7 @@ TEST_F(Routes, OfTheHelpWindow) {
     EXPECT_EQ(After(kEventSizeWindow, 0, 0, kHelpWindow), "@157");
     EXPECT_EQ(GadgetHeight(kHelpWebView), 350);
     EXPECT_EQ(After(kEventCloseWindow, 0, 0, kHelpWindow), "@-1 open=");
+    EXPECT_EQ(helpSettings.width + helpSettings.height, 500 + 400);
 }
 
 // The mouse belongs to the selection or to the device.

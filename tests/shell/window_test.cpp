@@ -20,19 +20,22 @@ class Window : public ShellRig {
     }
 };
 
-// Kind, what it stands in, place, text, tip, and whether it can be pressed and seen.
+// Number, kind, what it stands in, place, size of the font, text, tip, and whether it can be
+// pressed and seen.
 QString LookOf(int gadget) {
     const QWidget* widget = WidgetOfGadget(gadget);
-    const int around = widget->parentWidget()->property("PB_GadgetID").toInt();
-    return QString("%1 %2 in %3 at %4,%5 %6x%7 '%8' '%9'")
+    const QRect place = widget->geometry();
+    EXPECT_EQ(widget->font().family(), "Liberation Mono") << gadget;
+    return QString("%1 %2 %3 %4,%5 %6x%7 %8 '%9")
                .arg(gadget)
                .arg(widget->metaObject()->className())
-               .arg(around)
-               .arg(widget->x())
-               .arg(widget->y())
-               .arg(widget->width())
-               .arg(widget->height())
-               .arg(GadgetText(gadget), GadgetTooltip(gadget)) +
+               .arg(widget->parentWidget()->property("PB_GadgetID").toInt())
+               .arg(place.x())
+               .arg(place.y())
+               .arg(place.width())
+               .arg(place.height())
+               .arg(widget->font().pointSize())
+               .arg(GadgetText(gadget) + "|" + GadgetTooltip(gadget) + "'") +
            (GadgetDisabled(gadget) ? " disabled" : "") + (GadgetHidden(gadget) ? " hidden" : "");
 }
 
@@ -54,58 +57,57 @@ QString TitlesAndItems(const QList<QAction*>& actions) {
     return all;
 }
 
-const char gadgetLooks[] = R"(24 PBCanvasWidget in 26 at 5,5 913x804 '' ''
-26 PBCanvasWidget in 0 at 5,155 923x814 '' ''
-27 QScrollBar in 0 at 930,155 18x804 '' ''
-37 QLabel in 206 at 530,1 60x20 '' '' hidden
-39 QComboBox in 202 at 95,1 65x20 'ttyACM1' 'Serial port'
-41 QLineEdit in 202 at 175,1 275x20 '' 'IPaddress : Port' hidden
-42 QComboBox in 202 at 165,1 70x20 '' 'Serial baud rate'
-43 QComboBox in 202 at 5,1 85x20 '' 'Connected device'
-45 QLineEdit in 203 at 5,1 80x20 '' 'Device nickname'
-46 QLineEdit in 203 at 95,1 500x20 '' 'Device specifications'
-47 QPushButton in 202 at 700,1 100x20 'Save settings' 'Save setup as preset'
-48 QComboBox in 202 at 455,1 70x20 '' 'Additional options'
-49 QPushButton in 202 at 600,1 50x20 'Mouse' ''
-50 QCheckBox in 203 at 700,1 100x20 'Override' 'These setting override any in file'
-53 QLineEdit in 205 at 5,1 370x20 '' 'Commands to send to device'
-54 QPushButton in 205 at 470,1 50x20 'Send' 'Send as is'
-55 QPushButton in 205 at 525,1 60x20 'Send+CR' 'Send with CR'
-56 QPushButton in 205 at 380,1 25x20 'X' 'Clear command line'
-62 QPushButton in 203 at 600,1 95x20 'Connect' 'Connnect to device'
-63 QPushButton in 203 at 600,1 95x20 'Disconnect' 'Disconnect device' hidden
-74 QPushButton in 205 at 590,1 60x20 'Save' 'Save commandline as Macro'
-75 QPushButton in 204 at 5,1 57x20 'Macro' '' disabled
-92 QPushButton in 201 at 0,1 65x20 'Device' '' disabled
-130 QPushButton in 204 at 610,1 30x20 'Esc' ''
-133 QPushButton in 204 at 645,1 30x20 '^C' ''
-145 QPushButton in 204 at 680,1 30x20 '^Z' ''
-146 QPushButton in 204 at 715,1 30x20 'Cls' 'Clear local screen'
-147 QPushButton in 204 at 750,1 50x20 'Run' ''
-152 QPushButton in 205 at 410,1 25x20 '<' 'Cycle through recent commands'
-153 QPushButton in 205 at 440,1 25x20 '>' 'Cycle through recent commands'
-201 QWidget in 0 at 5,5 810x25 '' ''
-202 QWidget in 0 at 5,30 810x25 '' ''
-203 QWidget in 0 at 5,55 810x25 '' ''
-204 QWidget in 0 at 5,80 810x25 '' ''
-205 QWidget in 0 at 5,105 810x25 '' ''
-206 QWidget in 0 at 5,130 810x25 '' ''
-208 QLabel in 206 at 5,1 250x20 '101 x 50 char, 913 x 804 pixels' ''
-210 QLabel in 206 at 420,1 100x20 'VT Terminal' '')";
+const char gadgetLooks[] =
+    "24 PBCanvasWidget 26 5,5 913x804 10 '|';26 PBCanvasWidget 0 5,155 923x814 8 '|';"
+    "27 QScrollBar 0 930,155 18x804 8 '|';37 QLabel 206 530,1 60x20 8 '|' hidden;"
+    "39 QComboBox 202 95,1 65x20 8 'ttyACM1|Serial port';"
+    "41 QLineEdit 202 175,1 275x20 10 '|IPaddress : Port' hidden;"
+    "42 QComboBox 202 165,1 70x20 8 '|Serial baud rate';"
+    "43 QComboBox 202 5,1 85x20 8 '|Connected device';"
+    "45 QLineEdit 203 5,1 80x20 8 '|Device nickname';"
+    "46 QLineEdit 203 95,1 500x20 8 '|Device specifications';"
+    "47 QPushButton 202 700,1 100x20 8 'Save settings|Save setup as preset';"
+    "48 QComboBox 202 455,1 70x20 8 '|Additional options';"
+    "49 QPushButton 202 600,1 50x20 8 'Mouse|';"
+    "50 QCheckBox 203 700,1 100x20 8 'Override|These setting override any in file';"
+    "53 QLineEdit 205 5,1 370x20 10 '|Commands to send to device';"
+    "54 QPushButton 205 470,1 50x20 8 'Send|Send as is';"
+    "55 QPushButton 205 525,1 60x20 8 'Send+CR|Send with CR';"
+    "56 QPushButton 205 380,1 25x20 8 'X|Clear command line';"
+    "62 QPushButton 203 600,1 95x20 8 'Connect|Connnect to device';"
+    "63 QPushButton 203 600,1 95x20 8 'Disconnect|Disconnect device' hidden;"
+    "74 QPushButton 205 590,1 60x20 8 'Save|Save commandline as Macro';"
+    "75 QPushButton 204 5,1 57x20 8 'Macro|' disabled;"
+    "92 QPushButton 201 0,1 65x20 8 'Device|' disabled;"
+    "130 QPushButton 204 610,1 30x20 8 'Esc|';133 QPushButton 204 645,1 30x20 8 '^C|';"
+    "145 QPushButton 204 680,1 30x20 8 '^Z|';"
+    "146 QPushButton 204 715,1 30x20 8 'Cls|Clear local screen';"
+    "147 QPushButton 204 750,1 50x20 8 'Run|';"
+    "152 QPushButton 205 410,1 25x20 8 '<|Cycle through recent commands';"
+    "153 QPushButton 205 440,1 25x20 8 '>|Cycle through recent commands';"
+    "201 QWidget 0 5,5 810x25 8 '|';202 QWidget 0 5,30 810x25 8 '|';"
+    "203 QWidget 0 5,55 810x25 8 '|';204 QWidget 0 5,80 810x25 8 '|';"
+    "205 QWidget 0 5,105 810x25 8 '|';206 QWidget 0 5,130 810x25 8 '|';"
+    "208 QLabel 206 5,1 250x20 8 '101 x 50 char, 913 x 804 pixels|';"
+    "210 QLabel 206 420,1 100x20 8 'VT Terminal|';";
 
 TEST_F(Window, HoldsItsGadgets) {
-    LinkSettingsForTable().comPort = "ttyACM1";
+    ScratchFolder::Put(
+        "KWCC.inf",
+        "[VTterminal]\nFont Name = Serif\nFont size = 10\n[Device]\nComport = ttyACM1\n");
+    LoadSettings();
+    TerminalSettingsForTable().fontName = "Liberation Mono";
+    TerminalSettingsForTable().fontSize = 9;
     OpenWindow();
-    QStringList expected = QString(gadgetLooks).split('\n');
+    QStringList expected = QString(gadgetLooks).split(';', Qt::SkipEmptyParts);
     const auto alike = [&](int first, int count, int pitch) {
         QString look = expected.filter(QRegExp(QString("^%1 ").arg(first)))[0];
-        const int x = look.section(" at ", 1).section(',', 0, 0).toInt();
+        const int x = look.section(' ', 3, 3).section(',', 0, 0).toInt();
         for (int i = 1; i < count; ++i) {
             const QString number = QString::number(first + i);
-            expected +=
-                QString(look)
-                    .replace(QRegExp("^\\d+"), number)
-                    .replace(QString(" at %1,").arg(x), QString(" at %1,").arg(x + i * pitch));
+            expected += QString(look)
+                            .replace(QRegExp("^\\d+"), number)
+                            .replace(QString(" %1,").arg(x), QString(" %1,").arg(x + i * pitch));
         }
     };
     alike(kFirstPresetButton, 12, 66);
@@ -192,17 +194,6 @@ TEST_F(Window, ShowsWhatIsStored) {
     EXPECT_EQ(Timer(kBlinkTimer)->interval(), 400);
     EXPECT_EQ(Timer(kDeferredLoadTimer)->interval(), 300);
     EXPECT_TRUE(GetTerminalText(kTextVisible).startsWith("Kewlink Console \rBuild date: 20"));
-}
-
-TEST_F(Window, HasItsFonts) {
-    ScratchFolder::Put("KWCC.inf", "[VTterminal]\nFont Name = Serif\nFont size = 12\n");
-    LoadSettings();
-    OpenWindow();
-    for (int gadget : {kTerminalCanvas, kCommandEntry, kAddressEntry, kSpecEntry, kRunButton}) {
-        const bool terminal = gadget != kSpecEntry && gadget != kRunButton;
-        EXPECT_EQ(WidgetOfGadget(gadget)->font().pointSize(), terminal ? 12 : 8) << gadget;
-        EXPECT_EQ(WidgetOfGadget(gadget)->font().family(), "Liberation Mono") << gadget;
-    }
 }
 
 // Notes when the link goes and when a timer does.

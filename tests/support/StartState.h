@@ -38,7 +38,7 @@
 #include "upload/FlashSlotUpload.h"
 #include "upload/UploadOptions.h"
 #include "xmodem/TransferWorkers.h"
-#include "xmodem/XmodemJob.h"
+#include "xmodem/XmodemSeams.h"
 
 // Has the procedure run behind each test. The path of the program and the home folder are
 // put back as well. True.

@@ -1,5 +1,4 @@
-// What comes from and goes to other programs and the user: drops, the clipboard, dialogs
-// and web pages.
+// What comes from and goes to other programs and the user: drops, the clipboard, dialogs.
 
 #include <QDialog>
 #include <QLabel>
@@ -11,7 +10,6 @@
 #include "ui/Dialogs.h"
 #include "ui/DragDrop.h"
 #include "ui/PBDropHandler.h"
-#include "ui/WebGadget.h"
 
 namespace {
 
@@ -31,7 +29,6 @@ void WithDialog(Action action) {
 
 using Drops = WithWindow;
 using Dialogs = WithWindow;
-using Web = WithWindow;
 
 TEST_F(Drops, GoToTheCallForTheirFormat) {
     CanvasGadget(kTerminalCanvas, 0, 0, 100, 100, kCanvasKeyboard);
@@ -94,16 +91,6 @@ TEST_F(Dialogs, RealOnesStandOverTheProgramsWindow) {
     WithDialog([](QDialog* dialog) { dialog->accept(); });
     const FontChoice font = AskFont("Liberation Mono", 9);
     EXPECT_TRUE(font.accepted && font.size == 9);
-}
-
-TEST_F(Web, PagesAreLoadedAndLinksFollowed) {
-    WebGadget(kHelpWebView, 0, 0, 400, 300);
-    ASSERT_STREQ(WidgetOfGadget(kHelpWebView)->metaObject()->className(), "QWebView");
-    LoadWebPage(kHelpWebView, "file:///nowhere%20at%20all.htm");
-    WebGadgetBack(kHelpWebView);
-    WebGadgetForward(kHelpWebView);
-    EXPECT_EQ(WidgetOfGadget(kHelpWebView)->property("url").toUrl().toEncoded(),
-              "file:///nowhere%20at%20all.htm");
 }
 
 }  // namespace

@@ -72,25 +72,6 @@ TEST(ExplorerList, ListsFoldersFirstAndIsWalkedByDoubleClicks) {
     EXPECT_EQ(GadgetEvents(), kNothing);
 }
 
-TEST(ExplorerList, SelectionAndColumns) {
-    const ScratchFolder scratch;
-    const QTemporaryDir& top = scratch.folder;
-    for (const char* name : {"a.bas", "b.bas"}) ScratchFolder::Put(name, "");
-    OpenTestWindow();
-    ExplorerListGadget(kPcList, 0, 0, 400, 300, top.path());
-    EXPECT_EQ(GadgetState(kPcList), -1);
-    for (const int row : {2, 1}) SetGadgetItemSelected(kPcList, row, true);
-    EXPECT_EQ(GadgetState(kPcList), 1);
-    EXPECT_TRUE(GadgetItemSelected(kPcList, 2));
-    EXPECT_FALSE(GadgetItemSelected(kPcList, 0) || GadgetItemSelected(kPcList, 9));
-    SetGadgetState(kPcList, -1);
-    EXPECT_EQ(GadgetState(kPcList), -1);
-    for (const int column : {0, 1, 2, 7}) SetGadgetColumnWidth(kPcList, column, 90 + column);
-    EXPECT_EQ(GadgetColumnWidth(kPcList, 0), 90);
-    EXPECT_EQ(GadgetColumnWidth(kPcList, 2), 92);
-    EXPECT_EQ(GadgetColumnWidth(kPcList, 3) + GadgetColumnWidth(kPcList, -1), 0);
-}
-
 // Who marks a change as its own counts on the echo, so it comes for an equal text too.
 TEST_F(PathBox, TellsOfEveryChangeAndOfTheChoice) {
     PathBoxGadget(kPcPathEntry, 0, 0, 400, 30, "/tmp/");

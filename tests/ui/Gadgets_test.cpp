@@ -3,40 +3,19 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QScrollBar>
-#include <QSplitter>
 
 #include "tests/support/Gestures.h"
 #include "ui/CheckBoxGadget.h"
 #include "ui/ComboBoxGadget.h"
 #include "ui/ContainerGadget.h"
 #include "ui/ListGadget.h"
-#include "ui/ScrollBarGadget.h"
 #include "ui/SplitterGadget.h"
 #include "ui/TextGadget.h"
 #include "ui/WebGadget.h"
 
 namespace {
 
-int scrolledTo = -1;
-
 using Gadgets = WithWindow;
-
-TEST(NoGadgets, UnknownNumbersDoNothing) {
-    ButtonGadget(1, 0, 0, 10, 10, "no list is open");
-    OpenTestWindow();
-    ButtonGadget(-1, 0, 0, 10, 10, "no number");
-    HideGadget(1, true);
-    SetGadgetText(1, "x");
-    ResizeGadget(1, 1, 1, 1, 1);
-    SplitterGadget(164, 0, 0, 10, 10, 1, 2);
-    EXPECT_EQ(GadgetText(1) + GadgetTooltip(1) + GadgetItemText(1, 0), "");
-    EXPECT_EQ(GadgetState(1) + GadgetWidth(1) + GadgetItemCount(1) + GadgetColumnWidth(1, 0), 0);
-    EXPECT_FALSE(GadgetHidden(1) || GadgetDisabled(1) || GadgetItemSelected(1, 0));
-    EXPECT_FALSE(GadgetExists(-1) || GadgetExists(1) || GadgetExists(164));
-    LoadWebPage(1, "file:///");
-    EXPECT_TRUE(TakeEvents(kEventGadget).empty());
-}
 
 TEST_F(Gadgets, LieInContainersAndGoWithThem) {
     ContainerGadget(201, 5, 30, 300, 25);
@@ -133,19 +112,6 @@ TEST_F(Gadgets, AComboShowsATextThatIsNoItem) {
     EXPECT_EQ(GadgetText(kPortCombo), "");
 }
 
-TEST_F(Gadgets, AScrollBarTellsOfTheUserAloneAndCapsItsRange) {
-    ScrollBarGadget(27, 380, 5, 18, 200, 0, 1000, 40, ScrollDirection::kVertical);
-    BindGadgetHandler(27, [] { scrolledTo = GadgetState(27); });
-    SetGadgetState(27, 990);
-    EXPECT_EQ(GadgetState(27), 960);
-    SetGadgetState(27, -3);
-    EXPECT_EQ(GadgetState(27), 0);
-    EXPECT_EQ(scrolledTo, -1);
-    static_cast<QScrollBar*>(WidgetOfGadget(27))->triggerAction(QScrollBar::SliderPageStepAdd);
-    EXPECT_EQ(scrolledTo, 40);
-    EXPECT_EQ(TakeEvents(kEventGadget), (Events{GadgetEvent(27, 0)}));
-}
-
 TEST_F(Gadgets, AListHasRowsAndAMultipleSelection) {
     ListGadget(kDeviceList, 5, 5, 200, 200);
     EXPECT_EQ(GadgetState(kDeviceList), -1);
@@ -171,28 +137,6 @@ TEST_F(Gadgets, AListHasRowsAndAMultipleSelection) {
     EXPECT_EQ(TakeEvents(kEventGadget), (Events{GadgetEvent(163, 0), GadgetEvent(163, 2)}));
     ClearGadgetItems(kDeviceList);
     EXPECT_EQ(GadgetItemCount(kDeviceList), 0);
-}
-
-TEST_F(Gadgets, ASplitterHoldsTwoGadgetsAndItsBar) {
-    // All of it before the window shows, as a window is built.
-    OpenNumberedWindow(kTestWindow, 0, 0, 400, 300, "Test", kStandardWindowFlags);
-    ListGadget(162, 0, 0, 10, 10);
-    ListGadget(163, 0, 0, 10, 10);
-    SplitterGadget(164, 5, 80, 390, 200, 162, 163);
-    SetGadgetState(164, 300);
-    EXPECT_EQ(GadgetState(164), 300);
-    FocusGadget(163);
-    TakeEvents();
-    EXPECT_EQ(FocusedGadget(), 163);
-    EXPECT_EQ(GadgetState(164), 300);
-    EXPECT_EQ(GadgetWidth(162), 300);
-    EXPECT_EQ(WidgetOfGadget(163)->parentWidget(), WidgetOfGadget(164));
-    ResizeGadget(164, kKeep, kKeep, 500, kKeep);  // what is new goes to the right
-    EXPECT_EQ(GadgetState(164), 300);
-    SetGadgetState(164, 5000);
-    EXPECT_LE(GadgetState(164), 500);
-    FreeGadget(164);
-    EXPECT_FALSE(GadgetExists(162));
 }
 
 TEST_F(Gadgets, TextsStandAsTheyAre) {

@@ -92,19 +92,6 @@ TEST_F(Windows, WhatHappensToOneIsAnEventAndBurstsCollapse) {
     EXPECT_EQ(TakeEvents(kEventActivateWindow), (Events{{7, 0, -1, 0}}));
 }
 
-TEST_F(Windows, ButtonsReleasedOverTheWindowAreEvents) {
-    ButtonGadget(62, 10, 10, 80, 20, "Connect");
-    TakeEvents();
-    QWidget* const window = CentralWidget(0);
-    Click(window, QPoint(300, 200));
-    EXPECT_EQ(TakeEvents(kEventLeftButtonUp), (Events{{17, 0, -1, 0}}));
-    ClickAgain(window, QPoint(300, 200));
-    Release(window, QPoint(300, 200), Qt::RightButton);
-    Release(WidgetOfGadget(62), QPoint(5, 5), Qt::RightButton);  // over a gadget as well
-    const Events expected = {{18, 0, -1, 0}, {16, 0, -1, 0}};
-    EXPECT_EQ(TakeEvents(), expected);
-}
-
 TEST_F(Windows, AClosedWindowTakesItsGadgetsTimersAndEventsAlong) {
     OpenNumberedWindow(161, 0, 0, 300, 200, "files", kStandardWindowFlags);
     ContainerGadget(166, 0, 0, 100, 40);

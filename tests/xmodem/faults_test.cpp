@@ -1,7 +1,5 @@
 // Transfers over a line with troubles, to and from a device of the tests' own. Whatever is
 // called complete must be right, and what failed leaves no file on the PC.
-#include <sys/fsuid.h>
-#include <sys/stat.h>
 
 #include <csignal>
 #include <iostream>
@@ -145,34 +143,6 @@ TEST_F(FaultBench, FilesThatAreReplacedWhenComplete) {
     EXPECT_EQ(Content(), content);
     EXPECT_EQ(QDir().entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot),
               QStringList({"pc.bin", "pipe"}));
-}
-
-// Seen from the worker a folder that is closed to it and a file that is are alike: zeros
-// are read, writes do nothing, and no word is said.
-TEST_F(FaultBench, FilesOfThePcThatCannotBeUsed) {
-    const std::string zeros(256, '\0');
-    mkfifo("pipe", 0600);
-    Write(std::string(200, 'l'), "locked");
-    chmod("locked", 0);
-    for (const char* name : {"none/pc.bin", ".", "pipe", "new", "locked"}) {
-        const int there = access(name, F_OK);
-        const bool locked = !strcmp(name, "new") || !strcmp(name, "locked");
-        chmod(".", locked ? 0555 : 0700);
-        setfsuid(locked ? 65534 : geteuid());  // root reads and writes everything
-        for (const bool fails : {false, true}) {
-            SendingDevice sender{zeros};
-            Attach(sender, fails ? Trouble::kCans : Trouble::kNone);
-            const QString printed = Transfer(Direction::kReceive, name);
-            EXPECT_TRUE(printed.endsWith(fails ? "transfer failed" : "Completed OK"));
-            EXPECT_EQ(access(name, F_OK), there) << name;
-        }
-        ReceivingDevice receiver;
-        Attach(receiver, Trouble::kNone);
-        EXPECT_TRUE(Transfer(Direction::kSend, name).endsWith("completed OK!"));
-        EXPECT_EQ(receiver.content, zeros.substr(strcmp(name, "locked") ? 128 : 0)) << name;
-    }
-    setfsuid(geteuid());
-    chmod(".", 0700);
 }
 
 }  // namespace
