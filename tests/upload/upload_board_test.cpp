@@ -29,10 +29,9 @@ const char* const program =
 TEST_F(UploadToBoard, ArrivesAndRunsOnEachFamily) {
     // clang-format off
     const std::pair<const char*, const char*> boards[] = {
-        {"picomite", "s\\picomite"},    {"picomite-6.00", "s\\pico"},
-        {"picocalc", "s\\pico"},
-        {"armmite", "s\\micromite le\\lf"},
-        {"micromite+", "s\\micromite+ le\\cr"}, {"maximite", "s\\maximite"},
+        {"picomite", "s\\picomite"}, {"picomite-6.00", "s\\pico"}, {"picocalc", "s\\pico"},
+        {"armmite", "s\\micromite le\\lf"}, {"micromite+", "s\\micromite+ le\\cr"},
+        {"maximite", "s\\maximite"},
         {"pi-cromite", "s\\pi le\\crlf"}, {"cmm2", "s\\cmm2 file\\sum.bas"},
     };
     // clang-format on
