@@ -1,6 +1,9 @@
 // Transfers over a line with troubles, to and from a device of the tests' own. Whatever is
 // called complete must be right, and what failed leaves no file on the PC.
+#include <sys/resource.h>
+#include <sys/stat.h>
 
+#include <QDir>
 #include <csignal>
 #include <iostream>
 #include <random>
