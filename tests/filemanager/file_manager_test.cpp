@@ -59,7 +59,7 @@ class FileManager : public testing::Test {
 
     void PlugIn(const char* board, int baud = 0) {
         line.reset();  // it hands the clock back
-        BoardSetup setup;
+        simulator::BoardSetup setup;
         setup.baud = baud;
         line = std::make_unique<BoardOnLine>(board, clock, setup);
         AdoptTcpLink(line->TakeNearEnd());
