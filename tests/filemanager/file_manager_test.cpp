@@ -57,11 +57,10 @@ class FileManager : public testing::Test {
         SetTerminalMode(0);
     }
 
-    void PlugIn(const char* board, int baud = 0) {
+    void PlugIn(const char* board, int msPerByte = 1) {
         line.reset();  // it hands the clock back
-        simulator::BoardSetup setup;
-        setup.baud = baud;
-        line = std::make_unique<BoardOnLine>(board, clock, setup);
+        line = std::make_unique<BoardOnLine>(board, clock);
+        line->SlowDown(msPerByte);
         AdoptTcpLink(line->TakeNearEnd());
         SetDeviceOnTcpip(true);
         ConnectDevice();
@@ -262,13 +261,13 @@ TEST_F(FileManager, FlashSlotsAreShownLoadedReadAndErased) {
 // Bytes come one by one: waits end inside sequences, polls inside prompts and echoes.
 TEST_F(FileManager, OnASlowLineTheSlotsKeepTheirRows) {
     OpenFileManager();
-    for (const int baud : {110, 150, 170, 240, 300, 400, 600}) {
-        PlugIn("picomite", baud);
+    for (const int msPerByte : {91, 67, 59, 42, 33, 25, 17}) {
+        PlugIn("picomite", msPerByte);
         ToggleFlashView();
         Poll();
         EXPECT_EQ(Rows().join('|').toStdString(),
                   "current program|Slot 1 available|Slot 2 available|Slot 3 available")
-            << baud;
+            << msPerByte;
         ToggleFlashView();
         AdoptTcpLink(0);
     }

@@ -50,7 +50,8 @@ void BoardOnLine::Tick(int64_t now) {
     const std::string output = board->TakeOutput();
     sent += output;
     waiting += output;
-    if (waiting.empty()) return;
-    count = send(farEnd, waiting.data(), waiting.size(), MSG_NOSIGNAL);
+    if (waiting.empty() || now % msPerByte != 0) return;
+    const size_t most = msPerByte > 1 ? 1 : waiting.size();
+    count = send(farEnd, waiting.data(), most, MSG_NOSIGNAL);
     if (count > 0) waiting.erase(0, static_cast<size_t>(count));
 }

@@ -34,6 +34,9 @@ class BoardOnLine {
     // All that it has sent.
     const std::string& Sent() const { return sent; }
 
+    // From here on what the board sends comes one byte in so many milliseconds.
+    void SlowDown(int milliseconds) { msPerByte = milliseconds; }
+
     // Hangs up at the board's end.
     void CutLink();
 
@@ -43,6 +46,7 @@ class BoardOnLine {
     std::unique_ptr<simulator::SimulatedBoard> board;
     VirtualClock& clock;
     std::function<void(int64_t now)> before;  // of the clock's earlier owner
+    int msPerByte = 1;                        // 1 for all at once
     int nearEnd = -1;
     int farEnd = -1;
     std::string received;
