@@ -34,8 +34,9 @@ class Desktop:
 
     def __enter__(self):
         read, write = os.pipe()
-        self.start(["Xvfb", "-displayfd", str(write), "-screen", "0", self.size + "x24", "-nolisten",
-                    "tcp", "-noreset"], pass_fds=[write])
+        # At 96 dots to the inch a pixel of the program is one of the screen.
+        self.start(["Xvfb", "-displayfd", str(write), "-screen", "0", self.size + "x24", "-dpi", "96",
+                    "-nolisten", "tcp", "-noreset"], pass_fds=[write])
         os.close(write)
         with os.fdopen(read) as pipe:
             number = pipe.readline().strip()
