@@ -314,7 +314,6 @@ class FaultySettings(Session):
         self.assertEqual(console.close(), 0)
 
     def test_the_program_opens_and_ends_whatever_the_settings_are(self):
-        os.remove(self.settings)
         os.mkdir(self.settings)
         self.run_once()
         shutil.rmtree(os.path.join(self.folder, "data"))
