@@ -122,7 +122,7 @@ void ReadAsItComes(int64_t count) {
     if (count > 0) {
         CountTraffic(count);
     } else {
-        pace.paused = !pace.paused;
+        pace = {0, 0, 0, !pace.paused};
     }
     if (!pace.paused) WatchLink();
 }
