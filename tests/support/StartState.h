@@ -5,6 +5,7 @@
 //   const bool startState = KeepStartState(PutBackLink);
 #pragma once
 
+#include "base/Choices.h"
 #include "base/LineEnding.h"
 #include "base/Numbers.h"
 #include "filemanager/BatchQueue.h"
@@ -130,6 +131,7 @@ inline void PutBackShell() {
     PutBackHelp();
     PutBack(inputSettings);
     PutBack(shellSettings);
+    PutBack(choices);
     PutBack(presetList);
     PutBack(macroList);
     SetHistory({});
