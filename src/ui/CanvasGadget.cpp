@@ -1,22 +1,12 @@
 #include "ui/CanvasGadget.h"
 
-#include "ui/CanvasAccess.h"
 #include "ui/GadgetTable.h"
 #include "ui/PBCanvasFunctions.h"
 
 // Drawing on a gadget of another kind is refused like drawing on none.
-PBCanvasFunctions* FindCanvas(int gadget) {
-    return qobject_cast<PBCanvasFunctions*>(FindGadget(gadget));
-}
-
-CanvasImage* CanvasImageOf(int gadget) {
-    PBCanvasFunctions* const functions = FindCanvas(gadget);
-    return functions ? &functions->Canvas().Image() : nullptr;
-}
-
-// Called at the end of each drawing.
-void CanvasChanged(int gadget, const QRect& area) {
-    if (PBCanvasFunctions* functions = FindCanvas(gadget)) functions->Canvas().ShowSoon(area);
+PBCanvasWidget* FindCanvas(int gadget) {
+    auto* const functions = qobject_cast<PBCanvasFunctions*>(FindGadget(gadget));
+    return functions ? functions->Canvas() : nullptr;
 }
 
 // A frame is drawn over the picture's edge, so that the picture has the size of the gadget

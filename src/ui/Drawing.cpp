@@ -2,40 +2,21 @@
 
 #include <QFontMetrics>
 
-#include "ui/CanvasAccess.h"
-#include "ui/CanvasImage.h"
 #include "ui/FontTable.h"
+#include "ui/PBCanvasFunctions.h"
 #include "ui/PaintRecord.h"
 
 namespace {
 
-constexpr int kNoCanvas = -1;
-
 struct OpenDrawing {
-    int canvas = kNoCanvas;
+    int canvas = -1;
     int depth = 0;  // of nested calls
-    CanvasImage* image = nullptr;
+    PBCanvasWidget* widget = nullptr;
     PaintRecord* record = nullptr;
-    QRect changedBefore;  // what the canvas was told already
+    QRect changedBefore;  // what the widget was told already
 };
 
 OpenDrawing open;
-
-// The canvas that was drawn on last, so that its image need not be looked up for each run.
-struct LatestCanvas {
-    int canvas = kNoCanvas;
-    int changes = 0;  // CanvasImageChanges at that time
-    CanvasImage* image = nullptr;
-};
-
-LatestCanvas latest;
-
-CanvasImage* ImageOf(int canvas) {
-    if (latest.canvas != canvas || latest.changes != CanvasImageChanges()) {
-        latest = {canvas, CanvasImageChanges(), CanvasImageOf(canvas)};
-    }
-    return latest.image;
-}
 
 }  // namespace
 
@@ -45,17 +26,17 @@ bool StartDrawing(int canvas) {
         ++open.depth;
         return true;
     }
-    CanvasImage* image = ImageOf(canvas);
-    if (!image) return false;
-    open = {canvas, 1, image, &image->Record(), image->Changed()};
+    PBCanvasWidget* const widget = FindCanvas(canvas);
+    if (!widget) return false;
+    open = {canvas, 1, widget, &widget->record, widget->record.changed};
     return true;
 }
 
-// The canvas is told what changed only as far as it was not told before.
+// The widget is told what changed only as far as it was not told before.
 void StopDrawing() {
     if (open.depth == 0 || --open.depth > 0) return;
-    const QRect changed = open.image->Changed();
-    if (changed != open.changedBefore) CanvasChanged(open.canvas, changed);
+    const QRect changed = open.record->changed;
+    if (changed != open.changedBefore) open.widget->ShowSoon(changed);
     open = OpenDrawing();
 }
 
@@ -67,12 +48,8 @@ void DrawXorBox(int x, int y, int width, int height, uint32_t colour) {
     if (open.record) RecordXorBox(open.record, x, y, width, height, ImageColour(colour));
 }
 
-KeptCells DrawCells(int x, int y, const CellRun* runs, int count, const CellBoxes& boxes) {
-    return open.record ? RecordCells(open.record, x, y, runs, count, boxes) : KeptCells();
-}
-
-bool DrawCellsAgain(int y, const KeptCells& kept) {
-    return open.record && RecordKeptCells(open.record, y, kept);
+void DrawCells(int x, int y, const CellRun& run, const CellBoxes& boxes) {
+    if (open.record) RecordCells(open.record, x, y, run, boxes);
 }
 
 void MovePicture(int top, int height, int target, uint32_t background) {
@@ -85,18 +62,17 @@ int TextWidthOf(int font, const QString& text) {
 }
 
 int TextHeightOf(int font) {
-    const QFont* numbered = NumberedFont(font);
-    return numbered ? QFontMetrics(*numbered).height() : 0;
+    return MeasuresOf(font).height;
 }
 
 void ResetCanvasPicture(int canvas, int width, int height) {
-    CanvasImage* image = CanvasImageOf(canvas);
-    if (!image) return;
-    image->Reset(width, height);
-    CanvasChanged(canvas, image->Changed());
+    PBCanvasWidget* const widget = FindCanvas(canvas);
+    if (!widget) return;
+    ResetPicture(&widget->record, width, height);
+    widget->ShowSoon(widget->record.changed);
 }
 
 QImage CanvasPicture(int canvas) {
-    CanvasImage* image = CanvasImageOf(canvas);
-    return image ? image->Picture() : QImage();
+    PBCanvasWidget* const widget = FindCanvas(canvas);
+    return widget ? PictureOf(&widget->record) : QImage();
 }

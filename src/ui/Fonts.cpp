@@ -1,11 +1,12 @@
 #include "ui/Fonts.h"
 
+#include <QFontMetrics>
 #include <algorithm>
 #include <map>
 
-#include "ui/CanvasImage.h"
 #include "ui/FontTable.h"
 #include "ui/GlyphMasks.h"
+#include "ui/PBCanvasWidget.h"
 
 namespace {
 
@@ -14,7 +15,13 @@ constexpr int kLastFont = 32767;     // cells name their font in 16 bits
 constexpr int kSmallestSize = 1;     // points
 constexpr int kLargestSize = 255;
 
-std::map<int, QFont> fonts;
+struct LoadedFont {
+    QFont font;
+    FontMeasures measures;
+};
+
+std::map<int, LoadedFont> fonts;
+const FontMeasures kNoFont;
 
 int NewFontNumber() {
     int font = kFirstNewFont;
@@ -25,9 +32,14 @@ int NewFontNumber() {
 // What was drawn with the font so far keeps its look.
 void ForgetFont(int font) {
     if (!fonts.count(font)) return;
-    MakeAllPictures();
-    ForgetGlyphs(font);
+    PBCanvasWidget::MakeAllPictures();
+    ForgetGlyphs();
     fonts.erase(font);
+}
+
+FontMeasures Measure(const QFont& font) {
+    const QFontMetrics metrics(font);
+    return {metrics.height(), metrics.ascent()};
 }
 
 }  // namespace
@@ -38,7 +50,7 @@ int LoadNumberedFont(int font, const QString& name, int size, int style) {
     ForgetFont(font);
     QFont loaded(name, std::clamp(size, kSmallestSize, kLargestSize));
     loaded.setBold((style & kFontBold) != 0);
-    fonts[font] = loaded;
+    fonts[font] = {loaded, Measure(loaded)};
     return font;
 }
 
@@ -48,5 +60,10 @@ void FreeNumberedFont(int font) {
 
 const QFont* NumberedFont(int font) {
     const auto found = fonts.find(font);
-    return found == fonts.end() ? nullptr : &found->second;
+    return found == fonts.end() ? nullptr : &found->second.font;
+}
+
+const FontMeasures& MeasuresOf(int font) {
+    const auto found = fonts.find(font);
+    return found == fonts.end() ? kNoFont : found->second.measures;
 }

@@ -1,38 +1,35 @@
 // Glyphs as coverage: one byte for each pixel of a glyph's box, 0 for background and 255
-// for foreground. The toolkit draws each glyph of a font once. Interface thread.
+// for foreground. The toolkit draws each glyph of a font at the picture's scale, once, as
+// it would draw it in a label. Interface thread.
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
-// Bounds of what is kept. When a bound is reached all masks are dropped.
+// Bound of what is kept. When it is reached all masks are dropped.
 constexpr int kMostMaskBytes = 8 * 1024 * 1024;
 // A wider glyph is cut, so that one character of a strange font stays affordable.
-constexpr int kWidestGlyph = 1024;  // pixels
-
+constexpr int kWidestGlyph = 1024;  // in canvas units
 // Ink that leaves a glyph's box further is cut.
-constexpr int kLongestReach = 64;  // pixels
+constexpr int kLongestReach = 64;  // in canvas units
 
 struct GlyphMask {
-    int width = 0;                      // of the glyph's box, the advance
-    int height = 0;                     // of the glyph's box, the font's height
-    int inkTop = 0, inkBottom = 0;      // rows from inkTop to before inkBottom have ink
-    int reach = 0;                      // pixels by which ink leaves the box on any side
-    int stride = 0;                     // bytes from row to row
-    const uint8_t* coverage = nullptr;  // of the box's first pixel, `reach` of them around it
+    int advance = 0;                // width of the glyph's box, in canvas units
+    int width = 0, height = 0;      // of the glyph's box, in pixels
+    int inkTop = 0, inkBottom = 0;  // rows of the box from inkTop to before inkBottom have ink
+    int reach = 0;                  // pixels by which ink leaves the box on any side
+    std::vector<uint8_t> coverage;  // of the box and `reach` pixels around it
+
+    int Stride() const { return width + 2 * reach; }
+    // Of a pixel, counted from the box's first.
+    const uint8_t* At(int x, int y) const {
+        return coverage.data() + (y + reach) * Stride() + (x + reach);
+    }
 };
 
-// The glyph of one code unit. An unknown font gives an empty one. The coverage stays valid
-// until the next call.
-const GlyphMask& GlyphOf(int font, char16_t character);
+// The glyph of one code unit at a scale of PaintRecord.h. An unknown font gives an empty
+// one. It stays valid until the next call.
+const GlyphMask& GlyphOf(int font, char16_t character, int scale);
 
-// Width of the glyph's box, and of the widest glyph among the printable characters of
-// ASCII. 0 for an unknown font.
-int GlyphWidth(int font, char16_t character);
-int WidestAsciiGlyph(int font);
-// Pixels by which the ink of these glyphs leaves their boxes, at the most.
-int LongestReach(int font, const char16_t* text, int count);
-// Height of every glyph's box in a font.
-int GlyphHeight(int font);
-
-// Drops what is known of a font.
-void ForgetGlyphs(int font);
+// Drops all masks.
+void ForgetGlyphs();

@@ -10,7 +10,7 @@ class PBCanvasFunctions : public PBGadgetFunctions {
     PBCanvasFunctions(int gadget, PBCanvasWidget* shown)
         : PBGadgetFunctions(gadget, shown), canvas(shown) {}
 
-    PBCanvasWidget& Canvas() { return *canvas; }
+    PBCanvasWidget* Canvas() { return canvas; }
     void Resized() override { canvas->FitImage(); }
     bool ReportsFocus() const override { return true; }
 
@@ -19,4 +19,4 @@ class PBCanvasFunctions : public PBGadgetFunctions {
 };
 
 // The canvas of a number; null for none, or for a gadget of another kind.
-PBCanvasFunctions* FindCanvas(int gadget);
+PBCanvasWidget* FindCanvas(int gadget);

@@ -17,6 +17,7 @@ namespace {
 // shown at once.
 constexpr int kShowEveryMs = 30;
 constexpr int kMaxPendingRects = 16;  // beyond them their bounding box is simpler
+constexpr int kEdge = 2;              // a pixel may reach beyond the edge that was rounded to it
 constexpr int kWheelStep = 120;       // the toolkit's units of one wheel step
 
 // Input of the user is never merged: none of it may be lost while a handler keeps the
@@ -60,7 +61,8 @@ CanvasEventData DataWithoutPlace(const QWidget* canvas, Qt::KeyboardModifiers mo
 }  // namespace
 
 PBCanvasWidget::PBCanvasWidget(QWidget* parent, bool keyboard)
-    : QFrame(parent), image(1, 1), takesKeyboard(keyboard) {
+    : QFrame(parent), takesKeyboard(keyboard) {
+    FitPicture(&record, 1, 1, devicePixelRatioF());
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
     if (keyboard) {
@@ -79,7 +81,7 @@ PBCanvasWidget::~PBCanvasWidget() {
 }
 
 void PBCanvasWidget::ShowSoon(const QRect& area) {
-    pending += area & rect();
+    pending += area.adjusted(-kEdge, -kEdge, kEdge, kEdge) & rect();
     if (pending.rectCount() > kMaxPendingRects) pending = pending.boundingRect();
     if (showTimer.isActive()) return;
     const qint64 since = sinceShown.elapsed();
@@ -102,21 +104,40 @@ void PBCanvasWidget::ShowAllPending() {
     for (PBCanvasWidget* canvas : canvases) canvas->ShowPending();
 }
 
-// A widget larger than an image can be stays blank beyond it.
+void PBCanvasWidget::MakeAllPictures() {
+    for (PBCanvasWidget* canvas : canvases) MakePixels(&canvas->record);
+}
+
+// The pixels go to the screen as they are: the picture's first one takes the pixel nearest
+// to the widget's corner, which may lie inside one. A widget larger than a picture can be
+// stays blank beyond it.
 void PBCanvasWidget::paintEvent(QPaintEvent* event) {
-    const QImage& picture = image.Picture();
     QPainter painter(this);
-    for (const QRect& part : event->region()) {
-        const QRect covered = part & picture.rect();
-        if (covered != part) painter.fillRect(part, palette().window());
-        painter.drawImage(covered.topLeft(), picture, covered);
+    const QTransform toPixels = painter.deviceTransform();
+    FitPicture(&record, record.width, record.height, toPixels.m11());
+    const QImage& picture = PictureOf(&record);
+    for (const QRect& part : event->region() - QRect(0, 0, record.width, record.height)) {
+        painter.fillRect(part, palette().window());
     }
+    painter.save();
+    const QTransform corner =
+        QTransform::fromTranslate(qRound(toPixels.dx()), qRound(toPixels.dy()));
+    painter.setTransform(corner * toPixels.inverted(), true);
+    for (const QRect& part : event->region()) {
+        const QRect pixels = QRectF(part.x() * toPixels.m11(), part.y() * toPixels.m11(),
+                                    part.width() * toPixels.m11(), part.height() * toPixels.m11())
+                                 .toAlignedRect()
+                                 .adjusted(-1, -1, 1, 1) &
+                             picture.rect();
+        painter.drawImage(pixels.topLeft(), picture, pixels);
+    }
+    painter.restore();
     if (frameShape() != QFrame::NoFrame) drawFrame(&painter);
     sinceShown.restart();
 }
 
 void PBCanvasWidget::FitImage() {
-    image.Resize(width(), height());
+    FitPicture(&record, width(), height(), devicePixelRatioF());
 }
 
 void PBCanvasWidget::resizeEvent(QResizeEvent*) {

@@ -6,7 +6,7 @@
 #include <QRegion>
 #include <QTimer>
 
-#include "ui/CanvasImage.h"
+#include "ui/PaintRecord.h"
 
 struct CanvasEventData;
 
@@ -16,8 +16,9 @@ class PBCanvasWidget : public QFrame {
     PBCanvasWidget(QWidget* parent, bool takesKeyboard);
     ~PBCanvasWidget() override;
 
-    CanvasImage& Image() { return image; }
-    // Gives the image the widget's size.
+    PaintRecord record;  // of the picture that it shows
+
+    // Gives the picture the widget's size and the scale of its screen.
     void FitImage();
     // Has a part of the image shown soon: at once when the last showing is a while ago,
     // else together with what changes until the next one is due.
@@ -26,6 +27,8 @@ class PBCanvasWidget : public QFrame {
     void ShowPending();
     // The same for every canvas there is.
     static void ShowAllPending();
+    // Makes the missing pixels of every canvas, for a change that recorded calls must not see.
+    static void MakeAllPictures();
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -42,7 +45,6 @@ class PBCanvasWidget : public QFrame {
   private:
     void RaiseInput(const QString& text, CanvasEventData carried);
 
-    CanvasImage image;
     const bool takesKeyboard;
     bool pressed = false;  // the left button went down on this canvas
     int wheelRest = 0;     // what is not a whole wheel step yet, -119 to 119

@@ -1,4 +1,4 @@
-// Which recorded operations can still be seen: the record is walked backwards, and for
+// What of the recorded operations can be seen: the record is walked backwards, and for
 // each row of the picture one interval of surely filled columns grows. An operation that
 // lies inside the intervals of all its rows, or outside the picture, needs no pixels.
 #include <algorithm>
@@ -7,12 +7,10 @@
 
 namespace {
 
-PaintArea AreaOf(const PaintRecord& record, const PaintOperation& operation, int width, int height,
-                 int reach) {
-    const int left = operation.x - reach;
-    const int top = operation.y - record.origin - reach;
-    return {std::max(left, 0), std::max(top, 0), std::min(left + width + 2 * reach, record.width),
-            std::min(top + height + 2 * reach, record.height)};
+// A part of the document cut to the picture.
+PaintArea InPicture(const PaintArea& area, int top, int columns, int rows) {
+    return {std::max(area.left, 0), std::max(area.top - top, 0), std::min(area.right, columns),
+            std::min(area.bottom - top, rows)};
 }
 
 // The columns of an area that lie outside the covered ones, with what is between.
@@ -27,23 +25,31 @@ CoveredColumns Uncovered(const PaintArea& area, const CoveredColumns& covered) {
     return open;
 }
 
-// Adds one part for each band of neighbouring rows that are covered alike.
-void AddParts(const PaintArea& area, int operation, VisibleParts* visible) {
-    const std::vector<CoveredColumns>& covered = visible->covered;
+bool Alike(const CoveredColumns& a, const CoveredColumns& b) {
+    return a.left == b.left && a.right == b.right;
+}
+
+// Around all that lies outside the covered columns. Neighbouring rows are often covered alike.
+PaintArea SeenPart(const PaintArea& area, const CoveredColumns* covered) {
+    PaintArea seen = {area.right, area.bottom, area.left, area.top};
     for (int row = area.top; row < area.bottom;) {
         const int top = row;
-        while (row < area.bottom && covered[row] == covered[top]) ++row;
+        while (row < area.bottom && Alike(covered[row], covered[top])) ++row;
         const CoveredColumns open = Uncovered(area, covered[top]);
-        if (open.left < open.right) {
-            visible->parts.push_back({operation, open.left, top, open.right, row});
-        }
+        if (open.left >= open.right) continue;
+        seen.left = std::min(seen.left, open.left);
+        seen.right = std::max(seen.right, open.right);
+        seen.top = std::min(seen.top, top);
+        seen.bottom = row;
     }
+    return seen;
 }
 
 // One interval a row: an area that touches it widens it, of two apart the wider one stays.
-void Cover(const PaintArea& area, VisibleParts* visible) {
+void Cover(const PaintArea& area, CoveredColumns* rows) {
+    if (area.left >= area.right) return;
     for (int row = area.top; row < area.bottom; ++row) {
-        CoveredColumns& covered = visible->covered[row];
+        CoveredColumns& covered = rows[row];
         if (covered.left <= area.right && area.left <= covered.right) {
             covered.left = std::min(covered.left, area.left);
             covered.right = std::max(covered.right, area.right);
@@ -55,17 +61,20 @@ void Cover(const PaintArea& area, VisibleParts* visible) {
 
 }  // namespace
 
-void FindVisibleParts(const PaintRecord& record, VisibleParts* visible) {
-    visible->parts.clear();
-    visible->covered.assign(record.height, CoveredColumns());
-    for (int i = static_cast<int>(record.operations.size()) - 1; i >= 0; --i) {
-        const PaintOperation& operation = record.operations[i];
-        const PaintArea area =
-            AreaOf(record, operation, operation.width, operation.height, operation.reach);
-        if (area.Empty()) continue;
-        AddParts(area, i, visible);
-        const PaintArea filled =
-            AreaOf(record, operation, operation.coverWidth, operation.coverHeight, 0);
-        if (!filled.Empty()) Cover(filled, visible);
+void FindSeenParts(PaintRecord* record, std::vector<CoveredColumns>* covered) {
+    const int columns = MostPixels(record->width, record->scale);
+    const int rows = MostPixels(record->height, record->scale);
+    const int top = PixelRow(*record, 0);
+    covered->assign(rows, CoveredColumns());
+    for (auto operation = record->operations.rbegin(); operation != record->operations.rend();
+         ++operation) {
+        const PaintArea area = InPicture(operation->area, top, columns, rows);
+        operation->seen = area.Empty() ? PaintArea() : SeenPart(area, covered->data());
+        if (operation->seen.Empty()) continue;
+        // Rows in which nothing of it is seen are covered already as far as it reaches.
+        PaintArea filled = InPicture(operation->cover, top, columns, rows);
+        filled.top = std::max(filled.top, operation->seen.top);
+        filled.bottom = std::min(filled.bottom, operation->seen.bottom);
+        Cover(filled, covered->data());
     }
 }

@@ -1,275 +1,153 @@
 #include "ui/PaintRecord.h"
 
+#include <QPainter>
 #include <algorithm>
+#include <cstdlib>
 
+#include "ui/FontTable.h"
 #include "ui/GlyphMasks.h"
 
 namespace {
 
-// Cells that begin further left are not drawn at all; keeps sums of positions small.
-constexpr int kLeftmostCells = -(1 << 24);
+constexpr int kBoxSideLimit = 4096;         // of a cell's box and pitch
+constexpr int kLeftmostCells = -(1 << 24);  // cells that begin further left are not drawn
+constexpr int kFarthestOrigin = 1 << 20;    // document rows; keeps sums of positions small
+constexpr double kLeastScale = 0.25, kMostScale = 8;
 
-uint64_t latestStamp = 0;
-
-// A picture that nobody looks at may scroll for ever. Once all of it has moved out, how far
-// makes no difference.
-void BoundOrigin(PaintRecord* record) {
-    const int bounded = std::clamp(record->origin, -record->height, record->height);
-    for (PaintOperation& operation : record->operations) operation.y -= record->origin - bounded;
-    record->origin = bounded;
-}
-
-// Drops the operations that cannot be seen any more. Their spans stay, since others may
-// share them.
-void DropHidden(PaintRecord* record) {
-    VisibleParts visible;
-    FindVisibleParts(*record, &visible);
-    std::vector<PaintOperation> kept;
-    int32_t last = -1;
-    for (const VisiblePart& part : visible.parts) {
-        if (part.operation == last) continue;
-        last = part.operation;
-        kept.push_back(record->operations[last]);
-    }
-    record->operations.assign(kept.rbegin(), kept.rend());
-    BoundOrigin(record);
-}
-
-void MakeRoom(PaintRecord* record, int spans, size_t text) {
-    if (record->spans.size() + spans > kMostPaintSpans ||
+void MakeRoom(PaintRecord* record, int text) {
+    if (record->operations.size() >= kMostPaintOperations ||
         record->text.size() + text > kMostPaintText) {
-        return MakePixels(record);
+        MakePixels(record);
     }
-    if (record->operations.size() < kMostPaintOperations) return;
-    DropHidden(record);
-    if (record->operations.size() > kMostPaintOperations / 2) MakePixels(record);
-}
-
-void NoteChange(PaintRecord* record, const PaintArea& area) {
-    PaintArea& changed = record->changed;
-    if (area.left >= changed.left && area.top >= changed.top && area.right <= changed.right &&
-        area.bottom <= changed.bottom) {
-        return;
-    }
-    const PaintArea cut = {std::max(area.left, 0), std::max(area.top, 0),
-                           std::min(area.right, record->width),
-                           std::min(area.bottom, record->height)};
-    if (cut.Empty()) return;
-    if (changed.Empty()) {
-        changed = cut;
-        return;
-    }
-    changed.left = std::min(changed.left, cut.left);
-    changed.top = std::min(changed.top, cut.top);
-    changed.right = std::max(changed.right, cut.right);
-    changed.bottom = std::max(changed.bottom, cut.bottom);
-}
-
-void NoteWholeChange(PaintRecord* record) {
-    record->changed = {0, 0, record->width, record->height};
-}
-
-// A new operation with its place, in picture coordinates, and the size it may touch.
-PaintOperation& Append(PaintRecord* record, int x, int y, int width, int height) {
-    NoteChange(record, {x, y, x + width, y + height});
-    record->operations.emplace_back();
-    PaintOperation& operation = record->operations.back();
-    operation.x = x;
-    operation.y = y + record->origin;
-    operation.width = width;
-    operation.height = height;
-    return operation;
-}
-
-PaintOperation& AppendBox(PaintRecord* record, const PaintArea& box, QRgb colour) {
-    MakeRoom(record, 0, 0);
-    PaintOperation& operation =
-        Append(record, box.left, box.top, box.right - box.left, box.bottom - box.top);
-    operation.colour = colour;
-    return operation;
 }
 
 // A box cut to the picture.
-PaintArea CutToPicture(const PaintRecord& record, int x, int y, int width, int height) {
+QRect CutToPicture(const PaintRecord& record, int x, int y, int width, int height) {
     const int64_t right = std::min<int64_t>(int64_t{x} + width, record.width);
     const int64_t bottom = std::min<int64_t>(int64_t{y} + height, record.height);
-    return {std::max(x, 0), std::max(y, 0), static_cast<int>(std::max<int64_t>(right, 0)),
-            static_cast<int>(std::max<int64_t>(bottom, 0))};
+    return QRect(QPoint(std::max(x, 0), std::max(y, 0)),
+                 QPoint(static_cast<int>(std::max<int64_t>(right, 0)) - 1,
+                        static_cast<int>(std::max<int64_t>(bottom, 0)) - 1));
 }
 
-bool CoversPicture(const PaintRecord& record, const PaintArea& area) {
-    return area.left == 0 && area.top == 0 && area.right == record.width &&
-           area.bottom == record.height;
-}
-
-bool IsPlainAscii(char16_t c) {
-    return static_cast<char16_t>(c - ' ') <= '~' - ' ';
-}
-
-int WidestGlyph(const char16_t* text, int count, int font) {
-    int widest = WidestAsciiGlyph(font);
-    bool plain = true;
-    for (int i = 0; i < count; ++i) plain &= IsPlainAscii(text[i]);
-    if (plain) return widest;
-    for (int i = 0; i < count; ++i) {
-        if (!IsPlainAscii(text[i]) && text[i]) {
-            widest = std::max(widest, GlyphWidth(font, text[i]));
-        }
+void NoteChange(PaintRecord* record, const QRect& place) {
+    QRect& changed = record->changed;
+    if (place.left() >= changed.left() && place.right() <= changed.right() &&
+        place.top() >= changed.top() && place.bottom() <= changed.bottom()) {
+        return;
     }
-    return widest;
+    changed |= place & QRect(0, 0, record->width, record->height);
 }
 
-// With no pitch all cells fall on one place. Then only the last stays to be seen, and what
-// reaches out of its box.
-int CopyStackedCells(const CellRun& run, const CellBoxes& boxes, char16_t* out) {
-    const int font = run.look.font;
-    const bool boxesCover = run.look.fillBox && GlyphHeight(font) <= boxes.height;
-    const bool asciiFits = WidestAsciiGlyph(font) <= boxes.width;
-    int kept = 0;
-    for (int i = 0; i < run.count; ++i) {
-        const char16_t c = run.text[i];
-        const bool fits = LongestReach(font, &c, 1) == 0 &&
-                          ((asciiFits && IsPlainAscii(c)) || GlyphWidth(font, c) <= boxes.width);
-        if (i + 1 == run.count || !boxesCover || !fits) out[kept++] = c;
-    }
-    return kept;
+// What reaches the picture's end reaches the end of its pixels.
+int RightEdge(const PaintRecord& record, int right) {
+    return right == record.width ? MostPixels(right, record.scale) : PixelColumn(record, right);
 }
 
-const PaintSpan& AppendSpan(PaintRecord* record, const CellRun& run, int count,
-                            const CellBoxes& boxes) {
-    const size_t at = record->text.size();
-    if (boxes.pitch > 0) {
-        record->text.insert(record->text.end(), run.text, run.text + count);
-    } else {
-        record->text.resize(at + count);
-        count = CopyStackedCells(run, boxes, record->text.data() + at);
-        record->text.resize(at + count);
-    }
-    record->spans.emplace_back();
-    PaintSpan& span = record->spans.back();
-    span.text = static_cast<int32_t>(at);
-    span.count = count;
-    span.foreground = ImageColour(run.look.foreground);
-    span.background = ImageColour(run.look.background);
-    span.font = run.look.font;
-    span.fillBox = run.look.fillBox;
-    const char16_t* const kept = record->text.data() + at;
-    span.widest = static_cast<int16_t>(WidestGlyph(kept, count, run.look.font));
-    span.reach = static_cast<int16_t>(LongestReach(run.look.font, kept, count));
-    return span;
+int BottomEdge(const PaintRecord& record, int bottom) {
+    if (bottom != record.height) return PixelRow(record, bottom);
+    return PixelRow(record, 0) + MostPixels(bottom, record.scale);
 }
 
-CellBoxes Bounded(const CellBoxes& boxes) {
-    return {std::clamp(boxes.pitch, 0, kBoxSideLimit), std::clamp(boxes.width, 0, kBoxSideLimit),
-            std::clamp(boxes.height, 0, kBoxSideLimit)};
+// A new operation that may touch a place of the picture.
+PaintOperation& Append(PaintRecord* record, PaintKind kind, const QRect& place, QRgb colour) {
+    MakeRoom(record, 0);
+    NoteChange(record, place);
+    record->operations.emplace_back();
+    PaintOperation& operation = record->operations.back();
+    operation.kind = kind;
+    operation.colour = colour;
+    operation.area = {PixelColumn(*record, place.x()), PixelRow(*record, place.y()),
+                      RightEdge(*record, place.x() + place.width()),
+                      BottomEdge(*record, place.y() + place.height())};
+    return operation;
+}
+
+// Without operations the document may begin anywhere.
+void ForgetOperations(PaintRecord* record) {
+    record->operations.clear();
+    record->text.clear();
+    record->origin = 0;
+    record->phase = kScaleOne / 2;
 }
 
 // The cells that can reach into the picture from x on; the rest is not kept.
-int ReachingCells(const PaintRecord& record, int64_t x, int count, int pitch) {
-    if (pitch <= 0 || count <= 0) return std::max(count, 0);
-    const int64_t reaching = (record.width - x + pitch - 1) / pitch;
-    return static_cast<int>(std::clamp<int64_t>(reaching, 0, count));
+int ReachingCells(const PaintRecord& record, int x, int count, int pitch) {
+    if (pitch <= 0) return count;
+    const int64_t reaching = (int64_t{record.width} + kLongestReach - x + pitch - 1) / pitch;
+    return static_cast<int>(std::clamp<int64_t>(reaching, 0, std::max(count, 0)));
 }
 
-// Appends the spans of `runs` and works out the area of all their cells.
-void AppendSpans(PaintRecord* record, const CellRun* runs, int count, KeptCells* kept) {
-    const CellBoxes& boxes = kept->boxes;
-    int cells = 0;
-    bool filled = boxes.width >= boxes.pitch;
+// The widest of some glyphs, and the furthest that their ink leaves their boxes, in pixels.
+struct GlyphExtent {
+    int widest = 0, reach = 0;
+};
+
+GlyphExtent ExtentOf(const CellRun& run, int count, int scale) {
+    GlyphExtent extent;
     for (int i = 0; i < count; ++i) {
-        const int64_t left = kept->x + int64_t{cells} * boxes.pitch;
-        const int reaching = ReachingCells(*record, left, runs[i].count, boxes.pitch);
-        if (reaching <= 0) continue;
-        const PaintSpan& span = AppendSpan(record, runs[i], reaching, boxes);
-        cells += boxes.pitch > 0 ? span.count : 0;
-        const int before = boxes.pitch > 0 ? (cells - 1) * boxes.pitch : 0;
-        const int box = span.fillBox ? boxes.width : 0;
-        kept->width = std::max(kept->width, before + std::max<int>(box, span.widest));
-        kept->height =
-            std::max({kept->height, span.fillBox ? boxes.height : 0, GlyphHeight(span.font)});
-        kept->coverWidth = before + box;
-        kept->reach = std::max<int>(kept->reach, span.reach);
-        filled &= span.fillBox;
-        ++kept->spans;
+        const GlyphMask& glyph = GlyphOf(run.look.font, run.text[i], scale);
+        extent.widest = std::max(extent.widest, glyph.advance);
+        extent.reach = std::max(extent.reach, glyph.reach);
     }
-    if (!filled) kept->coverWidth = 0;
-    kept->coverHeight = kept->coverWidth > 0 ? boxes.height : 0;
-}
-
-size_t CellsOf(const CellRun* runs, int count) {
-    size_t cells = 0;
-    for (int i = 0; i < count; ++i) cells += runs[i].count > 0 ? runs[i].count : 0;
-    return cells;
+    return extent;
 }
 
 }  // namespace
 
-void ForgetOperations(PaintRecord* record) {
-    record->operations.clear();
-    record->spans.clear();
-    record->text.clear();
-    record->origin = 0;
-    record->stamp = ++latestStamp;
-}
-
-void MakeUniform(PaintRecord* record, QRgb colour) {
-    ForgetOperations(record);
-    record->uniform = true;
-    record->uniformColour = colour;
-    NoteWholeChange(record);
-}
-
 void RecordBox(PaintRecord* record, int x, int y, int width, int height, QRgb colour) {
-    const PaintArea box = CutToPicture(*record, x, y, width, height);
-    if (box.Empty()) return;
-    if (CoversPicture(*record, box)) return MakeUniform(record, colour);
-    PaintOperation& operation = AppendBox(record, box, colour);
-    operation.coverWidth = operation.width;
-    operation.coverHeight = operation.height;
+    const QRect box = CutToPicture(*record, x, y, width, height);
+    if (box.isEmpty()) return;
+    if (box.size() == QSize(record->width, record->height)) ForgetOperations(record);
+    PaintOperation& operation = Append(record, PaintKind::kBox, box, colour);
+    operation.cover = operation.area;
 }
 
 void RecordXorBox(PaintRecord* record, int x, int y, int width, int height, QRgb colour) {
-    const PaintArea box = CutToPicture(*record, x, y, width, height);
-    if (box.Empty()) return;
     constexpr QRgb kColourBits = 0xFFFFFF;
-    AppendBox(record, box, colour & kColourBits).kind = PaintKind::kXorBox;
+    const QRect box = CutToPicture(*record, x, y, width, height);
+    if (!box.isEmpty()) Append(record, PaintKind::kXorBox, box, colour & kColourBits);
 }
 
-KeptCells RecordCells(PaintRecord* record, int x, int y, const CellRun* runs, int count,
-                      const CellBoxes& boxes) {
-    KeptCells kept;
-    kept.x = x;
-    kept.boxes = Bounded(boxes);
-    const size_t text = CellsOf(runs, count);
-    if (text == 0 || text > kMostPaintText || count > kMostPaintSpans) return kept;
-    if (x < kLeftmostCells) return kept;
-    MakeRoom(record, count, text);
-    kept.firstSpan = static_cast<int32_t>(record->spans.size());
-    AppendSpans(record, runs, count, &kept);
-    kept.stamp = record->stamp;
-    RecordKeptCells(record, y, kept);
-    return kept;
-}
-
-bool RecordKeptCells(PaintRecord* record, int y, const KeptCells& kept) {
-    MakeRoom(record, 0, 0);
-    if (kept.stamp != record->stamp) return false;
-    const int reach = kept.reach;
-    if (kept.spans == 0 || kept.x - reach >= record->width) return true;
-    if (y - reach >= record->height || y + reach <= -kept.height) return true;
-    NoteChange(record,
-               {kept.x - reach, y - reach, kept.x + kept.width + reach, y + kept.height + reach});
-    PaintOperation& operation = Append(record, kept.x, y, kept.width, kept.height);
-    operation.reach = reach;
-    operation.kind = PaintKind::kCells;
-    operation.pitch = static_cast<int16_t>(kept.boxes.pitch);
-    operation.boxWidth = static_cast<int16_t>(kept.boxes.width);
-    operation.boxHeight = static_cast<int16_t>(kept.boxes.height);
-    operation.coverWidth = kept.coverWidth;
-    operation.coverHeight = kept.coverHeight;
-    operation.firstSpan = kept.firstSpan;
-    operation.spans = kept.spans;
-    return true;
+void RecordCells(PaintRecord* record, int x, int y, const CellRun& run, const CellBoxes& boxes) {
+    const int pitch = std::clamp(boxes.pitch, 0, kBoxSideLimit);
+    const int boxWidth = std::clamp(boxes.width, 0, kBoxSideLimit);
+    const int boxHeight = std::clamp(boxes.height, 0, kBoxSideLimit);
+    const int count = ReachingCells(*record, x, run.count, pitch);
+    if (count <= 0 || count > kMostPaintText || x < kLeftmostCells) return;
+    const bool filled = run.look.fillBox;
+    const int glyphHeight = MeasuresOf(run.look.font).height;
+    const int height = std::max(filled ? boxHeight : 0, glyphHeight);
+    if (y >= record->height + kLongestReach || y <= -height - kLongestReach) return;
+    MakeRoom(record, count);
+    const GlyphExtent glyphs = ExtentOf(run, count, record->scale);
+    const int reach = std::max(filled ? boxWidth : 0, glyphs.widest);
+    const int last = pitch * (count - 1);
+    const int edge = static_cast<int>((int64_t{glyphs.reach} * kScaleOne) / record->scale) + 1;
+    const QRect place(x, y, last + reach, height);
+    PaintOperation& cells =
+        Append(record, PaintKind::kCells,
+               glyphs.reach > 0 ? place.adjusted(-edge, -edge, edge, edge) : place,
+               ImageColour(run.look.background));
+    cells.ink = ImageColour(run.look.foreground);
+    cells.top = PixelRow(*record, y);
+    cells.boxBottom = BottomEdge(*record, y + boxHeight);
+    cells.glyphBottom = PixelRow(*record, y + glyphHeight);
+    cells.x = x;
+    cells.pitch = static_cast<int16_t>(pitch);
+    cells.boxWidth = static_cast<int16_t>(boxWidth);
+    cells.reach = static_cast<int16_t>(reach);
+    cells.inkReach = static_cast<int16_t>(glyphs.reach);
+    cells.font = run.look.font;
+    cells.fillBox = filled;
+    if (filled && boxWidth >= pitch) {
+        cells.cover = {PixelColumn(*record, x), cells.top,
+                       PixelColumn(*record, x + last + boxWidth), cells.boxBottom};
+        cells.inkInBoxes = glyphs.reach == 0 && glyphs.widest <= pitch && glyphHeight <= boxHeight;
+    }
+    cells.text = static_cast<int32_t>(record->text.size());
+    cells.count = count;
+    record->text.insert(record->text.end(), run.text, run.text + count);
 }
 
 void RecordMove(PaintRecord* record, int top, int height, int target, QRgb background) {
@@ -284,7 +162,37 @@ void RecordMove(PaintRecord* record, int top, int height, int target, QRgb backg
     const int keptTop = static_cast<int>(first + shift);
     const int keptBottom = static_cast<int>(end + shift);
     record->origin -= static_cast<int>(shift);
-    NoteWholeChange(record);
+    if (std::abs(record->origin) > kFarthestOrigin) MakePixels(record);
+    NoteChange(record, QRect(0, 0, record->width, record->height));
     RecordBox(record, 0, 0, record->width, keptTop, background);
     RecordBox(record, 0, keptBottom, record->width, record->height - keptBottom, background);
+}
+
+void ResetPicture(PaintRecord* record, int width, int height) {
+    const int longest = static_cast<int>(int64_t{kLongestPictureSide} * kScaleOne / record->scale);
+    record->width = std::clamp(width, 1, longest);
+    const int rows = kMostPicturePixels / MostPixels(record->width, record->scale);
+    const int tallest = static_cast<int>(int64_t{rows} * kScaleOne / record->scale);
+    record->height = std::clamp(height, 1, std::min(longest, tallest));
+    record->changed = QRect();
+    RecordBox(record, 0, 0, record->width, record->height, ImageColour(0xFFFFFF));
+}
+
+void FitPicture(PaintRecord* record, int width, int height, double asked) {
+    const int scale = qRound(std::clamp(asked, kLeastScale, kMostScale) * kScaleOne);
+    if (scale == record->scale && width == record->width && height == record->height) return;
+    QImage before = PictureOf(record);
+    if (scale != record->scale && !before.isNull()) {
+        before = before.scaled(before.size() * scale / record->scale);
+    }
+    record->scale = scale;
+    ResetPicture(record, width, height);
+    MakePixels(record);
+    QPainter(&record->picture).drawImage(0, 0, before);
+}
+
+const QImage& PictureOf(PaintRecord* record) {
+    MakePixels(record);
+    record->changed = QRect();
+    return record->picture;
 }

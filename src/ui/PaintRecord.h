@@ -1,110 +1,111 @@
-// What was drawn on a picture and has not become pixels yet. Operations are kept in order,
-// in compact form. Their y counts in document rows: a move of the picture shifts `origin`,
-// the document row at the picture's top, and leaves the operations as they are. So what
-// is painted over, or moved out, before anyone looks is found out by comparing areas and
-// costs no pixels. A part outside the picture needs no cutting when it is recorded: the
-// move that could bring it into view paints the rows that it uncovers. Interface thread.
+// The picture of a canvas, and what was drawn on it and has not become pixels yet.
+//
+// The program's coordinates are those of the canvas as the program knows it; the picture
+// has the pixels of the screen, which may be finer, and not by a whole factor. Each edge
+// is rounded to a pixel once, when it is recorded, so neighbours that share an edge share
+// it in pixels too. Operations are kept in order. Their y counts in document rows: a move
+// of the picture shifts `origin`, the document row at the picture's top, and leaves the
+// operations as they are. So what is painted over, or moved out, before anyone looks is
+// found out by comparing areas and costs no pixels. Interface thread.
 #pragma once
 
 #include <QImage>
+#include <QRect>
 #include <cstdint>
 #include <vector>
 
 #include "ui/Drawing.h"
 
-// Bounds of a record. A full one becomes pixels, after what cannot be seen any more was
-// dropped.
+// Bounds of a record; a full one becomes pixels.
 constexpr int kMostPaintOperations = 32768;
-constexpr int kMostPaintSpans = 65536;
 constexpr int kMostPaintText = 512 * 1024;  // code units
 
-constexpr int kBoxSideLimit = 4096;  // pixels; bound of a cell's box and pitch
+// A larger picture than this is cut at its right and lower end.
+constexpr int kLongestPictureSide = 16384;  // pixels
+constexpr int kMostPicturePixels = 32 * 1024 * 1024;
 
-enum class PaintKind : uint8_t { kBox, kXorBox, kCells };
+// Pixels for each unit of the program's coordinates, as a fixed-point number, so that a
+// place comes out alike however the picture was moved there.
+constexpr int kScaleBits = 16;
+constexpr int kScaleOne = 1 << kScaleBits;
 
-// Cells of one look in a row.
-struct PaintSpan {
-    int32_t text = 0;   // position of its characters in PaintRecord::text
-    int32_t count = 0;  // of cells, above 0
-    QRgb foreground = 0, background = 0;
-    int16_t font = 0;
-    int16_t widest = 0;  // width of its widest glyph
-    int16_t reach = 0;   // pixels by which ink leaves a glyph's box
-    bool fillBox = false;
-};
-
-struct PaintOperation {
-    PaintKind kind = PaintKind::kBox;
-    int16_t pitch = 0, boxWidth = 0, boxHeight = 0;  // of cells
-    int32_t x = 0, y = 0;                            // y in document rows
-    int32_t width = 0, height = 0;                   // of the area that may be touched
-    int32_t reach = 0;                               // and so many pixels around it
-    int32_t coverWidth = 0, coverHeight = 0;  // of the part, at x and y, that is surely filled
-    QRgb colour = 0;                          // of a box
-    int32_t firstSpan = 0, spans = 0;         // of cells
-};
-
-// A rectangle of the picture or of its document; right and bottom are outside.
+// A rectangle of pixels; right and bottom are outside.
 struct PaintArea {
     int left = 0, top = 0, right = 0, bottom = 0;
     bool Empty() const { return left >= right || top >= bottom; }
 };
 
-struct PaintRecord {
-    int width = 0, height = 0;  // of the picture
-    int origin = 0;             // document row of the picture's first row
-    // The picture before the operations. It may still have another size, or be empty,
-    // while `uniform` is set: then all of it has one colour and no pixels were made.
-    QImage picture;
-    bool uniform = true;
-    QRgb uniformColour = 0;
-    std::vector<PaintOperation> operations;
-    std::vector<PaintSpan> spans;
-    std::vector<char16_t> text;
-    uint64_t stamp = 0;  // no two states of any record's spans share it
-    PaintArea changed;   // of the picture, since the last look
+enum class PaintKind : uint8_t { kBox, kXorBox, kCells };
+
+// Tops and bottoms are in document rows, but for those of `seen`.
+struct PaintOperation {
+    PaintKind kind = PaintKind::kBox;
+    PaintArea area;                               // that may be touched
+    PaintArea cover;                              // its part that is surely filled
+    PaintArea seen;                               // around what of it can be seen in the picture
+    QRgb colour = 0;                              // of the box or boxes
+    QRgb ink = 0;                                 // of the glyphs, as all that follows
+    int top = 0, boxBottom = 0, glyphBottom = 0;  // of the cells
+    int x = 0;                                    // of the first cell, not scaled
+    int16_t pitch = 0;                            // not scaled
+    int16_t boxWidth = 0;                         // not scaled
+    int16_t reach = 0;     // from a cell's x to the end of its box or glyph, not scaled
+    int16_t inkReach = 0;  // pixels by which ink leaves a glyph's box
+    int16_t font = 0;
+    bool fillBox = false;
+    bool inkInBoxes = false;      // the boxes join, and no glyph leaves its own
+    int32_t text = 0, count = 0;  // in PaintRecord::text
 };
 
-// A colour of the program, BBGGRR, as the image holds it.
+struct PaintRecord {
+    int width = 0, height = 0;  // of the canvas, not scaled
+    int scale = kScaleOne;
+    int origin = 0;             // document row of the picture's first row, not scaled
+    int phase = kScaleOne / 2;  // document row 0 in pixels and their fraction, below kScaleOne
+    QImage picture;             // before the operations
+    std::vector<PaintOperation> operations;
+    std::vector<char16_t> text;
+    QRect changed;  // of the canvas, not scaled, since the last look
+};
+
+// The pixel column of an x; the document's pixel row of a y of the picture as it stands.
+inline int PixelColumn(const PaintRecord& record, int64_t x) {
+    return static_cast<int>((x * record.scale + kScaleOne / 2) >> kScaleBits);
+}
+inline int PixelRow(const PaintRecord& record, int64_t y) {
+    return static_cast<int>(((y + record.origin) * record.scale + record.phase) >> kScaleBits);
+}
+// Pixels that a length may need.
+inline int MostPixels(int length, int scale) {
+    return static_cast<int>((int64_t{length} * scale + kScaleOne - 1) >> kScaleBits);
+}
+
+// A colour of the program, BBGGRR, as the picture holds it.
 inline QRgb ImageColour(uint32_t colour) {
     return 0xFF000000U | (colour & 0xFF) << 16 | (colour & 0xFF00) | (colour >> 16 & 0xFF);
 }
 
-// Recording. Coordinates are those of the picture as it stands.
+// Recording. Coordinates are those of the picture as it stands, not scaled.
 void RecordBox(PaintRecord* record, int x, int y, int width, int height, QRgb colour);
 void RecordXorBox(PaintRecord* record, int x, int y, int width, int height, QRgb colour);
-KeptCells RecordCells(PaintRecord* record, int x, int y, const CellRun* runs, int count,
-                      const CellBoxes& boxes);
-// False when the record does not hold those cells any more.
-bool RecordKeptCells(PaintRecord* record, int y, const KeptCells& kept);
+void RecordCells(PaintRecord* record, int x, int y, const CellRun& run, const CellBoxes& boxes);
 void RecordMove(PaintRecord* record, int top, int height, int target, QRgb background);
 
-// Forgets all operations; no cells kept before are held any more.
-void ForgetOperations(PaintRecord* record);
-// Forgets all operations and makes the picture one colour.
-void MakeUniform(PaintRecord* record, QRgb colour);
+// Gives the canvas a size and drops what the picture showed: it is white then.
+void ResetPicture(PaintRecord* record, int width, int height);
+// Gives it a size and a scale in pixels for each unit. The overlapping part of the picture
+// stays, coarse where the scale has changed; what is new is white.
+void FitPicture(PaintRecord* record, int width, int height, double scale);
+// The picture with all that was drawn so far: makes the pixels that are missing.
+const QImage& PictureOf(PaintRecord* record);
 
-// Part of an operation that can be seen, in picture coordinates.
-struct VisiblePart {
-    int32_t operation = 0;
-    int32_t left = 0, top = 0, right = 0, bottom = 0;  // right and bottom are outside
-};
-
-// Columns of one picture row that the operations surely fill.
+// Columns of one pixel row that the operations surely fill; equal for none.
 struct CoveredColumns {
-    int32_t left = 0, right = 0;  // right is outside; equal for none
-    bool operator==(const CoveredColumns& other) const {
-        return left == other.left && right == other.right;
-    }
+    int left = 0, right = 0;
 };
-
-// What of the operations can be seen: the parts, the newest operation first, and for each
-// row of the picture what they cover together.
-struct VisibleParts {
-    std::vector<VisiblePart> parts;
-    std::vector<CoveredColumns> covered;
-};
-void FindVisibleParts(const PaintRecord& record, VisibleParts* visible);
+// Works out what of each operation can be seen, and what of each row of the picture they
+// cover together.
+void FindSeenParts(PaintRecord* record, std::vector<CoveredColumns>* covered);
 
 // Turns all operations into pixels.
 void MakePixels(PaintRecord* record);

@@ -3,9 +3,8 @@
 #include <QInputMethodEvent>
 
 #include "tests/support/Gestures.h"
-#include "ui/CanvasAccess.h"
-#include "ui/CanvasImage.h"
 #include "ui/Drawing.h"
+#include "ui/PBCanvasFunctions.h"
 
 namespace {
 
@@ -148,15 +147,38 @@ TEST(Canvas, ShowsItsImage) {
     StopDrawing();
     TakeEvents();
     ResizeGadget(kCanvas, kKeep, kKeep, 250, kKeep);
-    EXPECT_EQ(CanvasImageOf(kCanvas)->Width(), 250);
-    EXPECT_EQ(WidgetOfGadget(kCanvas)->grab().toImage().pixelColor(199, 99), QColor(255, 0, 0));
-    EXPECT_EQ(CanvasImageOf(62), nullptr);
+    PBCanvasWidget* const canvas = FindCanvas(kCanvas);
+    EXPECT_EQ(CanvasPicture(kCanvas).size(), QSize(250, 100));
+    EXPECT_EQ(canvas->grab().toImage().pixelColor(199, 99), QColor(255, 0, 0));
+    EXPECT_EQ(FindCanvas(62), nullptr);
     ResizeGadget(kCanvas, 0, 0, 0, 0);
-    ResizeGadget(kCanvas, 0, 0, 2000000000, 2000000000);
-    EXPECT_LE(int64_t(CanvasImageOf(kCanvas)->Width()) * CanvasImageOf(kCanvas)->Height(),
-              64 * 1024 * 1024);
-    CanvasChanged(kCanvas, QRect(-5, -5, 1000000, 1000000));
-    CanvasChanged(62, QRect(0, 0, 1, 1));
+    for (const double scale : {1.0, 1.25, 8.0}) {
+        FitPicture(&canvas->record, 2000000000, 2000000000, scale);
+        const QSize size = CanvasPicture(kCanvas).size();
+        EXPECT_LE(int64_t(size.width()) * size.height(), kMostPicturePixels);
+    }
+    canvas->ShowSoon(QRect(-5, -5, 1000000, 1000000));
+}
+
+// On a finer screen the canvas has that screen's pixels, and they go there one for one.
+TEST(Canvas, ShowsItsPixelsAsTheyAreAtEachScale) {
+    OpenCanvas();
+    for (const double scale : {1.25, 1.5, 2.0}) {
+        QImage screen(500, 300, QImage::Format_RGB32);
+        screen.setDevicePixelRatio(scale);
+        FitPicture(&FindCanvas(kCanvas)->record, 200, 100, scale);
+        ASSERT_TRUE(StartDrawing(kCanvas));
+        for (int x = 0; x < 200; ++x) DrawBox(x, x % 7, 1, 100, static_cast<uint32_t>(x * 70001));
+        StopDrawing();
+        FindCanvas(kCanvas)->render(&screen, QPoint(3, 5));
+        const QImage picture = CanvasPicture(kCanvas);
+        ASSERT_EQ(picture.width(), int(200 * scale));
+        const QPoint corner(qRound(3 * scale), qRound(5 * scale));
+        const QRect inner(0, 0, picture.width() - 1, picture.height() - 1);
+        EXPECT_EQ(screen.copy(inner.translated(corner)).convertToFormat(QImage::Format_RGB32),
+                  picture.copy(inner))
+            << scale;
+    }
 }
 
 }  // namespace

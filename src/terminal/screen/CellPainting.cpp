@@ -18,31 +18,22 @@ bool LookAlike(const TerminalCell& a, const TerminalCell& b) {
     return a.attr == b.attr && a.bg == b.bg && a.fg == b.fg;
 }
 
-// The cells of a line up to its length, as runs of one look.
-struct RowRuns {
+// The cells of a line up to its length, in runs of one look.
+void DrawRow(const TerminalLine& line, int y, bool fillAll, const CellBoxes& boxes) {
     char16_t text[kLineCells];
-    CellRun runs[kLineCells];
-    int count = 0;
-
-    void Gather(const TerminalLine& line, bool fillAll) {
-        count = 0;
-        for (int column = 1; column <= line.length;) {
-            const TerminalCell& first = line.cells[column];
-            CellRun& run = runs[count++];
-            run.text = text + column;
-            SetLook(&run.look, first.attr, first.fg, first.bg);
-            run.look.fillBox = fillAll || (first.attr & kAttributeInverse);
-            const int start = column;
-            while (column <= line.length && LookAlike(line.cells[column], first)) {
-                text[column] = line.cells[column].ch;
-                ++column;
-            }
-            run.count = column - start;
+    for (int column = 1; column <= line.length;) {
+        const TerminalCell& first = line.cells[column];
+        CellRun run;
+        SetLook(&run.look, first.attr, first.fg, first.bg);
+        run.look.fillBox = fillAll || (first.attr & kAttributeInverse);
+        run.text = text;
+        const int x = ColumnX(column);
+        for (; column <= line.length && LookAlike(line.cells[column], first); ++column) {
+            text[run.count++] = line.cells[column].ch;
         }
+        DrawCells(x, y, run, boxes);
     }
-};
-
-RowRuns row;  // of the row that is being drawn
+}
 
 }  // namespace
 
@@ -69,22 +60,16 @@ void SetLook(CellLook* look, int attribute, uint32_t foreground, uint32_t backgr
 
 void DrawWrittenCells(int column, int screenRow, const CellRun& run, bool stacked) {
     const int width = terminalMetrics.charWidth;
-    DrawCells(ColumnX(column), WritingY(screenRow), &run, 1,
+    DrawCells(ColumnX(column), WritingY(screenRow), run,
               {stacked ? 0 : width, width + 1, terminalMetrics.charHeight});
 }
 
-void DrawScrolledRow(KeptLine* kept, int screenRow) {
-    const int y = RepaintY(screenRow);
-    if (DrawCellsAgain(y, kept->painted)) return;
+void DrawScrolledRow(const TerminalLine& line, int screenRow) {
     const int width = terminalMetrics.charWidth;
-    row.Gather(kept->line, true);
-    kept->painted = DrawCells(ColumnX(1), y, row.runs, row.count,
-                              {width, width + 1, terminalMetrics.charHeight});
+    DrawRow(line, RepaintY(screenRow), true, {width, width + 1, terminalMetrics.charHeight});
 }
 
 void DrawRepaintedRow(const TerminalLine& line, int screenRow) {
     const int width = terminalMetrics.charWidth;
-    row.Gather(line, false);
-    DrawCells(ColumnX(1), RepaintY(screenRow), row.runs, row.count,
-              {width, width, terminalMetrics.charHeight});
+    DrawRow(line, RepaintY(screenRow), false, {width, width, terminalMetrics.charHeight});
 }

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "terminal/screen/LineList.h"
+#include "terminal/screen/TerminalScreen.h"
 #include "ui/Drawing.h"
 
 constexpr int kCanvasMargin = 2;  // pixels left of the first column, above the writing rows
@@ -21,6 +21,6 @@ void SetLook(CellLook* look, int attribute, uint32_t foreground, uint32_t backgr
 // A run at its column and writing row. Stacked: all of it in that one column.
 void DrawWrittenCells(int column, int row, const CellRun& run, bool stacked);
 // A row at the repaint y, each cell with its background box.
-void DrawScrolledRow(KeptLine* kept, int row);
+void DrawScrolledRow(const TerminalLine& line, int row);
 // A row at the repaint y; only inverse cells have a box of their own.
 void DrawRepaintedRow(const TerminalLine& line, int row);

@@ -45,9 +45,8 @@ constexpr int kEraseModes = sizeof kErasers / sizeof kErasers[0];
 
 void TerminalEraseLine(int mode) {
     if (mode < 0 || mode >= kEraseModes) return;
-    KeptLine* kept = LineAt(terminalScreen.topLine + terminalScreen.cursorY);
-    if (!kept || !StartDrawing(kTerminalCanvas)) return;
-    kErasers[mode](&kept->line);
-    kept->painted.stamp = 0;
+    TerminalLine* line = LineAt(terminalScreen.topLine + terminalScreen.cursorY);
+    if (!line || !StartDrawing(kTerminalCanvas)) return;
+    kErasers[mode](line);
     StopDrawing();
 }

@@ -12,12 +12,12 @@ constexpr int kFirstCapacity = 128;  // a power of two, as each capacity is
 // The list's elements stand from `head` on, round the end of `slots`. Slots outside the
 // list may hold spare lines.
 struct LineRing {
-    std::vector<std::unique_ptr<KeptLine>> slots{kFirstCapacity};
+    std::vector<std::unique_ptr<TerminalLine>> slots{kFirstCapacity};
     int head = 0;
     int count = 0;
 
     int Capacity() const { return static_cast<int>(slots.size()); }
-    std::unique_ptr<KeptLine>& At(int element) {
+    std::unique_ptr<TerminalLine>& At(int element) {
         return slots[(head + element) & (Capacity() - 1)];
     }
 };
@@ -25,16 +25,14 @@ struct LineRing {
 LineRing ring;
 
 // Only what was written needs to be cleared.
-void MakeNew(KeptLine* kept) {
-    TerminalCell* cells = kept->line.cells;
-    std::fill(cells, cells + kept->used + 1, TerminalCell());
-    kept->line.length = 0;
-    kept->used = 0;
-    kept->painted.stamp = 0;
+void MakeNew(TerminalLine* line) {
+    std::fill(line->cells, line->cells + line->used + 1, TerminalCell());
+    line->length = 0;
+    line->used = 0;
 }
 
 void Grow() {
-    std::vector<std::unique_ptr<KeptLine>> wider(ring.slots.size() * 2);
+    std::vector<std::unique_ptr<TerminalLine>> wider(ring.slots.size() * 2);
     for (int i = 0; i < ring.count; ++i) wider[i] = std::move(ring.At(i));
     ring.slots = std::move(wider);
     ring.head = 0;
@@ -42,27 +40,27 @@ void Grow() {
 
 void AppendLine() {
     if (ring.count == ring.Capacity()) Grow();
-    std::unique_ptr<KeptLine>& slot = ring.At(ring.count);
+    std::unique_ptr<TerminalLine>& slot = ring.At(ring.count);
     if (slot) {
         MakeNew(slot.get());
     } else {
-        slot = std::make_unique<KeptLine>();
+        slot = std::make_unique<TerminalLine>();
     }
     ++ring.count;
 }
 
 // The first line leaves the list. In a full ring its slot is the next one to be appended.
 void DropFirstLine() {
-    std::unique_ptr<KeptLine> first = std::move(ring.At(0));
+    std::unique_ptr<TerminalLine> first = std::move(ring.At(0));
     ring.head = (ring.head + 1) & (ring.Capacity() - 1);
     --ring.count;
-    std::unique_ptr<KeptLine>& next = ring.At(ring.count);
+    std::unique_ptr<TerminalLine>& next = ring.At(ring.count);
     if (!next) next = std::move(first);
 }
 
 }  // namespace
 
-KeptLine* LineAt(int element) {
+TerminalLine* LineAt(int element) {
     return element >= 0 && element < ring.count ? ring.At(element).get() : nullptr;
 }
 

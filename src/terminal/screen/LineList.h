@@ -3,16 +3,9 @@
 #pragma once
 
 #include "terminal/screen/TerminalScreen.h"
-#include "ui/Drawing.h"
-
-struct KeptLine {
-    TerminalLine line;
-    int used = 0;       // highest slot written since the line was new
-    KeptCells painted;  // the row as a scroll paints it, while the canvas holds it
-};
 
 // Null outside the list.
-KeptLine* LineAt(int element);
+TerminalLine* LineAt(int element);
 int LineCount();
 // Empties the list, then appends `count` new lines.
 void ResetLines(int count);

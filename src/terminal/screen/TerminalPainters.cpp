@@ -6,7 +6,6 @@
 
 #include "base/Numbers.h"
 #include "terminal/screen/CellPainting.h"
-#include "terminal/screen/LineList.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
 #include "terminal/screen/TerminalSizing.h"
@@ -54,12 +53,11 @@ void MoveRows(int rows) {
 // Rows whose element lies past the end of the list draw the line of the row before: the row
 // below the last one shows its upper pixels in the canvas's lower margin.
 void DrawRows(int first, int last) {
-    KeptLine* kept = nullptr;
+    const TerminalLine* line = nullptr;
     for (int row = std::max(first, 1); row <= last; ++row) {
         if (RepaintY(row) >= terminalSettings.canvasHeight) break;
-        KeptLine* next = LineAt(terminalScreen.topLine + row);
-        if (next) kept = next;
-        if (kept) DrawScrolledRow(kept, row);
+        if (const TerminalLine* next = TerminalLineAt(terminalScreen.topLine + row)) line = next;
+        if (line) DrawScrolledRow(*line, row);
     }
 }
 

@@ -42,23 +42,22 @@ struct WrittenPlace {
     int first, inRow, stacked;
 };
 
-void StoreCells(KeptLine* kept, const WrittenPlace& place, const char16_t* text) {
+void StoreCells(TerminalLine* line, const WrittenPlace& place, const char16_t* text) {
     TerminalCell cell;
     cell.attr = static_cast<int16_t>(screen.textAttr);
     cell.fg = screen.curFg;
     cell.bg = screen.curBg;
-    TerminalCell* out = kept->line.cells + place.first;
+    TerminalCell* out = line->cells + place.first;
     for (int i = 0; i < place.inRow; ++i) {
         cell.ch = text[i];
         out[i] = cell;
     }
-    kept->used = std::max(kept->used, place.first + place.inRow - 1);
+    line->used = std::max(line->used, place.first + place.inRow - 1);
     if (place.stacked > 0) {
         cell.ch = text[place.inRow + place.stacked - 1];
-        kept->line.cells[screen.cols] = cell;
-        kept->used = std::max(kept->used, screen.cols);
+        line->cells[screen.cols] = cell;
+        line->used = std::max(line->used, screen.cols);
     }
-    kept->painted.stamp = 0;
 }
 
 void DrawWritten(const WrittenPlace& place, const char16_t* text) {
@@ -83,8 +82,7 @@ int HeldLines(int n) {
 const TerminalScreen& terminalScreen = screen;
 
 const TerminalLine* TerminalLineAt(int element) {
-    const KeptLine* kept = LineAt(element);
-    return kept ? &kept->line : nullptr;
+    return LineAt(element);
 }
 
 int TerminalLineCount() {
@@ -151,15 +149,15 @@ void TerminalPutText(const QString& text) {
 }
 
 void TerminalPutText(const char16_t* text, int count) {
-    KeptLine* kept = LineAt(screen.topLine + screen.cursorY);
-    if (count <= 0 || !kept || !StartDrawing(kTerminalCanvas)) return;
+    TerminalLine* line = LineAt(screen.topLine + screen.cursorY);
+    if (count <= 0 || !line || !StartDrawing(kTerminalCanvas)) return;
     const WrittenPlace place(screen.cursorX, count, screen.cols);
-    StoreCells(kept, place, text);
+    StoreCells(line, place, text);
     DrawWritten(place, text);
     screen.cursorX =
         place.stacked > 0 ? screen.cols : std::min(place.first + place.inRow, screen.cols);
     // The length is where the cursor went, one past the last character as a rule.
-    kept->line.length = std::max(kept->line.length, screen.cursorX);
+    line->length = std::max(line->length, screen.cursorX);
     StopDrawing();
 }
 

@@ -30,6 +30,7 @@ struct TerminalCell {
 
 struct TerminalLine {
     int length = 0;  // highest cursor column that a write on this line reached, not a count
+    int used = 0;    // highest slot written since the line was new
     TerminalCell cells[kLineCells];
 };
 
