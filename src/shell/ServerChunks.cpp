@@ -18,6 +18,8 @@ namespace {
 
 const char kLoadCommand[] = "/load";
 constexpr int kLoadLength = sizeof kLoadCommand - 1;
+const char kStoreCommand[] = "/store";  // loads without RUN
+constexpr int kStoreLength = sizeof kStoreCommand - 1;
 const char kReservedCommand[] = "/cmd";  // has no action
 constexpr int kReservedLength = sizeof kReservedCommand - 1;
 
@@ -42,6 +44,9 @@ void HandleDataChunk(const ServerRecord& record) {
 
 void RunCommand(const QString& command) {
     if (command.left(kReservedLength).toLower() == kReservedCommand) return;
+    if (command.left(kStoreLength).toLower() == kStoreCommand) {
+        return StorePath(TrimBlanks(command.mid(kStoreLength)));
+    }
     if (command.left(kLoadLength).toLower() != kLoadCommand) return;
     LoadPath(TrimBlanks(command.mid(kLoadLength)));
 }

@@ -96,8 +96,7 @@ void TakeDisconnect(const QString&, SpecRun&) {
 // Order counts: the family word sets the end code anew, so only a norun behind it makes
 // the device store the program without running it.
 void TakeNoRun(const QString&, SpecRun&) {
-    EditUploadOptions().noRun = true;
-    if (uploadOptions.familyName == "cmm2") EditUploadOptions().autosaveEnd = kSaveCode;
+    LeaveOutRun();
 }
 
 // "no" keeps the automatic name.

@@ -14,3 +14,9 @@ void LoadPath(const QString& path) {
     SetUploadText(ReadSourceFile(path));
     UploadProgram();
 }
+
+void StorePath(const QString& path) {
+    SetStoreOnly(true);
+    LoadPath(path);
+    SetStoreOnly(false);
+}

@@ -52,6 +52,12 @@ void TakeFamily(const QString& word, const QString& deviceFile) {
     }
 }
 
+void LeaveOutRun() {
+    UploadOptions& options = EditUploadOptions();
+    options.noRun = true;
+    if (options.familyName == "cmm2") options.autosaveEnd = kSaveCode;
+}
+
 QString AutosaveInto(const QString& deviceFile) {
     return "AUTOSAVE \"" + deviceFile + "\"";
 }

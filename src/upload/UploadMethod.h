@@ -20,6 +20,9 @@ void SetDefaultMethod();
 // names no known method only becomes the family name.
 void TakeFamily(const QString& word, const QString& deviceFile);
 
+// The program is stored and not run. A family whose end code runs it gets another code.
+void LeaveOutRun();
+
 // The command that opens receive mode into a file of that name.
 QString AutosaveInto(const QString& deviceFile);
 

@@ -42,3 +42,6 @@ void SetCurrentFile(const QString& path) {
 void SetPasteSource(bool pasted) {
     source.pasteSource = pasted;
 }
+void SetStoreOnly(bool only) {
+    source.storeOnly = only;
+}

@@ -27,6 +27,7 @@ struct UploadSource {
     QString text;              // what UploadProgram works on; one character a byte of the file
     QString currentFile;       // path of the file being loaded; empty for pasted text
     bool pasteSource = false;  // from the clipboard or a drop, not from a file
+    bool storeOnly = false;    // is not to be run, whatever the options say
 };
 
 extern const UploadOptions& uploadOptions;
@@ -43,3 +44,4 @@ void SetFamilyName(const QString& name);
 void SetUploadText(const QString& text);  // the text of before is overwritten
 void SetCurrentFile(const QString& path);
 void SetPasteSource(bool pasted);
+void SetStoreOnly(bool only);

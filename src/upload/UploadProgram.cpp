@@ -88,6 +88,7 @@ void ChooseOptions() {
     } else {
         ApplySpecField();
     }
+    if (uploadSource.storeOnly) LeaveOutRun();
 }
 
 // Stops what the device does and passes its PIN, if it asks for one.

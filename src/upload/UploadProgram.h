@@ -17,8 +17,10 @@ void UploadProgram();
 QString ReadSourceFile(const QString& path);
 
 // Prints the path and uploads the file; a "uf2" touches the port instead. Nothing for an
-// empty path.
+// empty path. StorePath leaves the program on the device without running it, whatever the
+// device specification says.
 void LoadPath(const QString& path);
+void StorePath(const QString& path);
 
 // Uploads a text that did not come from a file.
 void UploadPastedText(const QString& text);

@@ -123,6 +123,7 @@ TEST_F(ServerChunkThreads, Commands) {
         {"/load \r", ""},
         {"/LOAD  my file.UF2 \r\n", "my file.UF2port not set"},
         {"/load a\r\n/load é.uf2\n", "a/load é.uf2port not set"},
+        {"/Store x.uf2", "x.uf2port not set"},
         {"/cmdfoo", ""},
         {"load x.uf2", ""},
         {" /load x.uf2", ""},

@@ -24,4 +24,18 @@ TEST_F(SourceFile, IsReadByteByByteAndBounded) {
     EXPECT_EQ(Printed(2), "File is larger than 64 MB and is not uploaded.|Nothing to load.");
 }
 
+// A family whose end code runs the program gets another code; the next load runs it again.
+TEST_F(SourceFile, StorePathLeavesOutRun) {
+    FarEnd line;
+    Serve(line);
+    ScratchFolder::Put("p.bas", "'target s\\cmm2\n");
+    for (const auto& load : {StorePath, LoadPath}) {
+        received.clear();
+        load("p.bas");
+        ASSERT_GE(received.size(), 5u);
+        EXPECT_EQ(received.substr(received.size() - 5),
+                  load == StorePath ? "\x1b[11~" : "\x1b[12~");
+    }
+}
+
 }  // namespace
