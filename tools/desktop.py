@@ -139,9 +139,12 @@ class Console:
                 self.desktop.run("xdotool", "type", "--delay", "15", line)
 
     def menu(self, x, entry):
-        """Chooses entry (counted from 1) of the menu that opens at x of the menu bar."""
+        """Chooses entry (counted from 1) of the menu that opens at x of the menu bar, once it is
+        open: on a busy machine that takes a while."""
+        before = len(self.windows())
         self.desktop.run("xdotool", "mousemove", "--window", self.window, str(x), "10", "click", "1")
-        time.sleep(0.3)
+        wait_for("menu", lambda: len(self.windows()) > before)
+        time.sleep(0.1)
         self.key(*["Down"] * entry)
         self.key("Return")
 
