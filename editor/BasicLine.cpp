@@ -2,27 +2,16 @@
 
 #include <QSet>
 
-namespace {
+#include "editor/BasicIndex.h"
 
-// clang-format off
-const QSet<QString> kKeywords = {
-    "and", "arc", "as", "asc", "atn", "autosave", "base", "bin$", "blit", "box", "button", "call",
-    "case", "chr$", "circle", "clear", "close", "cls", "colour", "color", "const", "continue", "copy",
-    "cos", "cpu", "data", "date$", "declare", "defint", "dim", "dir$", "do", "edit", "else", "elseif",
-    "end", "endif", "eof", "erase", "error", "eval", "execute", "exit", "exp", "explicit", "files",
-    "fix", "float", "font", "for", "function", "gosub", "goto", "gui", "hex$", "i2c", "if", "inkey$",
-    "input", "input$", "instr", "int", "integer", "inv", "irq", "kill", "lcase$", "left$", "len",
-    "length", "let", "library", "line", "list", "load", "local", "log", "loop", "max", "memory",
-    "mid$", "min", "mkdir", "mod", "new", "next", "not", "oct$", "on", "open", "option", "or", "output",
-    "pause", "peek", "pi", "pin", "pixel", "play", "poke", "port", "pos", "print", "pulse", "pwm",
-    "random", "randomize", "read", "rem", "restore", "return", "right$", "rnd", "run", "save", "seek",
-    "select", "setpin", "settick", "sgn", "sin", "space$", "spc", "spi", "sqr", "static", "step",
-    "str$", "string", "string$", "sub", "tab", "tan", "text", "then", "time$", "timer", "to", "touch",
-    "triangle", "ucase$", "until", "val", "watchdog", "wend", "while", "xmodem", "xor"};
+namespace {
 
 // First words of a comment that the console acts on.
 const QSet<QString> kDirectives = {"'target", "'onload", "'encode", "'echo", "'nap", "'reconnect"};
-// clang-format on
+
+bool IsDigit(QChar c) {
+    return c >= '0' && c <= '9';
+}
 
 bool StartsWord(QChar c) {
     return c.isLetter() || c == '_';
@@ -39,15 +28,29 @@ int EndOfWord(const QString& line, int at) {
     return suffixed ? at + 1 : at;
 }
 
-// "&HFF", "1.5E-3": a sign counts only behind an exponent.
-int EndOfNumber(const QString& line, int at) {
-    const bool decimal = line[at] != '&';
-    for (++at; at < line.size(); ++at) {
-        const bool sign =
-            decimal && (line[at] == '-' || line[at] == '+') && line[at - 1].toLower() == 'e';
-        if (!sign && !line[at].isLetterOrNumber() && line[at] != '.') break;
-    }
+int EndOfDigits(const QString& line, int at) {
+    while (at < line.size() && IsDigit(line[at])) ++at;
     return at;
+}
+
+// "E-3" behind a number counts only with a digit in it: "5ELSE" is a number and a word.
+int EndOfExponent(const QString& line, int at) {
+    if (at >= line.size() || line[at].toLower() != 'e') return at;
+    int digits = at + 1;
+    if (digits < line.size() && (line[digits] == '-' || line[digits] == '+')) ++digits;
+    const int end = EndOfDigits(line, digits);
+    return end > digits ? end : at;
+}
+
+// "&HFF" and "&B101" whole, or "1.5E-3".
+int EndOfNumber(const QString& line, int at) {
+    if (line[at] == '&') {
+        for (++at; at < line.size() && line[at].isLetterOrNumber();) ++at;
+        return at;
+    }
+    at = EndOfDigits(line, at);
+    if (at < line.size() && line[at] == '.') at = EndOfDigits(line, at + 1);
+    return EndOfExponent(line, at);
 }
 
 int EndOfText(const QString& line, int at) {
@@ -61,32 +64,59 @@ BasicPiece Comment(const QString& line, int at) {
     return {kind, at, line.size() - at};
 }
 
-BasicPiece Word(const QString& line, int at) {
+// Where a piece stands in its line.
+struct Spot {
+    bool first = true;    // nothing but blanks and a line number before it
+    bool behind = false;  // nothing but blanks and a bracket between it and a word of BASIC
+};
+
+// A word with a colon behind it is a label only where the first statement of the line begins.
+BasicPiece Word(const QString& line, int at, const Spot& spot) {
     const int end = EndOfWord(line, at);
-    const QString word = line.mid(at, end - at).toLower();
-    if (word == "rem") return {BasicKind::kComment, at, line.size() - at};
-    // A plain word has no colour: its piece is dropped, only its length counts.
-    return {BasicKind::kKeyword, at, kKeywords.contains(word) ? end - at : at - end};
+    const QString word = line.mid(at, end - at);
+    if (word.toLower() == "rem") return {BasicKind::kComment, at, line.size() - at};
+    if (BeginsEntry(word) || (spot.behind && IsBasicWord(word))) {
+        return {BasicKind::kKeyword, at, end - at};
+    }
+    const bool label = spot.first && end < line.size() && line[end] == ':';
+    return {label ? BasicKind::kLabel : BasicKind::kPlain, at, end - at};
 }
 
-// The piece that starts here; of negative length when it is to be shown plain.
-BasicPiece PieceAt(const QString& line, int at) {
+BasicPiece PieceAt(const QString& line, int at, const Spot& spot) {
     const QChar c = line[at];
+    const bool point = c == '.' && at + 1 < line.size() && IsDigit(line[at + 1]);
     if (c == '\'') return Comment(line, at);
     if (c == '"') return {BasicKind::kText, at, EndOfText(line, at) - at};
-    if (c.isDigit() || c == '&') return {BasicKind::kNumber, at, EndOfNumber(line, at) - at};
-    if (StartsWord(c)) return Word(line, at);
-    return {BasicKind::kKeyword, at, -1};
+    if (spot.first && IsDigit(c)) return {BasicKind::kLabel, at, EndOfDigits(line, at) - at};
+    if (IsDigit(c) || point || c == '&')
+        return {BasicKind::kNumber, at, EndOfNumber(line, at) - at};
+    if (StartsWord(c)) return Word(line, at, spot);
+    return {BasicKind::kPlain, at, 1};
+}
+
+Spot SpotBehind(const BasicPiece& piece, QChar c, const Spot& spot) {
+    const bool number = spot.first && piece.kind == BasicKind::kLabel && IsDigit(c);
+    const bool between = spot.behind && (c.isSpace() || c == '(');
+    return {spot.first && (c.isSpace() || number), piece.kind == BasicKind::kKeyword || between};
 }
 
 }  // namespace
 
 std::vector<BasicPiece> CutBasicLine(const QString& line) {
     std::vector<BasicPiece> pieces;
+    Spot spot;
     for (int at = 0; at < line.size();) {
-        const BasicPiece piece = PieceAt(line, at);
-        if (piece.length > 0) pieces.push_back(piece);
-        at += std::abs(piece.length);
+        const BasicPiece piece = PieceAt(line, at, spot);
+        if (piece.kind != BasicKind::kPlain) pieces.push_back(piece);
+        spot = SpotBehind(piece, line[at], spot);
+        at += piece.length;
     }
     return pieces;
+}
+
+bool EndsInCode(const QString& line) {
+    const std::vector<BasicPiece> pieces = CutBasicLine(line);
+    if (pieces.empty() || pieces.back().start + pieces.back().length < line.size()) return true;
+    const BasicKind last = pieces.back().kind;
+    return last == BasicKind::kKeyword || last == BasicKind::kNumber || last == BasicKind::kLabel;
 }

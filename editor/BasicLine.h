@@ -4,7 +4,7 @@
 #include <QString>
 #include <vector>
 
-enum class BasicKind { kKeyword, kNumber, kText, kComment, kDirective };
+enum class BasicKind { kPlain, kKeyword, kNumber, kText, kComment, kDirective, kLabel };
 
 struct BasicPiece {
     BasicKind kind;
@@ -14,3 +14,6 @@ struct BasicPiece {
 
 // What is shown plain has no piece. Takes time in proportion to the line.
 std::vector<BasicPiece> CutBasicLine(const QString& line);
+
+// Whether what would be typed behind the line's end is neither comment nor text in quotes.
+bool EndsInCode(const QString& line);

@@ -18,6 +18,7 @@ void TakeKey(const QString& line, ConsolePorts& ports) {
     const QString key = line.section('=', 0, 0).trimmed().toLower();
     const QString value = line.section('=', 1);
     if (key == "ip control port") TakePort(value, ports.control);
+    if (key == "ip data port") TakePort(value, ports.data);
     if (key == "kwedit control port") TakePort(value, ports.editor);
 }
 

@@ -1,10 +1,11 @@
-// The two local ports between console and editor, as the console's settings file has them.
+// The local ports between console and editor, as the console's settings file has them.
 #pragma once
 
 #include <QString>
 
 struct ConsolePorts {
     quint16 control = 50899;  // of the console: takes "/load " and a path
+    quint16 data = 50900;     // of the console: what it takes goes to the board
     quint16 editor = 6832;    // of this program: takes "/paste"
 };
 

@@ -2,18 +2,52 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFileInfo>
 
-Editor::Editor(const ConsolePorts& ports, const EditorDialogs& dialogs)
-    : listener(ports.editor, [this] { OpenClipboard(); }) {
-    hooks.dialogs = dialogs;
-    hooks.controlPort = ports.control;
+namespace {
+
+void BringForward(QWidget* window) {
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    window->raise();
+    window->activateWindow();
+}
+
+// By whatever way it is named.
+QString TruePath(const QString& path) {
+    const QFileInfo file(path);
+    return file.exists() ? file.canonicalFilePath() : file.absoluteFilePath();
+}
+
+}  // namespace
+
+Editor::Editor(const EditorSetup& setup)
+    : habits(setup.settingsFile), listener(setup.ports.editor, [this] { OpenClipboard(); }) {
+    hooks.dialogs = setup.dialogs;
+    hooks.ports = setup.ports;
+    hooks.consoleProgram = setup.consoleProgram;
+    hooks.helpFolder = setup.helpFolder;
     hooks.newWindow = [this] { AddWindow(); };
-    hooks.openWindow = [this](const QString& path) { OpenPath(path); };
+    hooks.openFile = [this](const QString& path) { OpenPath(path); };
+    hooks.holder = [this](const QString& path) { return HolderOf(path); };
 }
 
 void Editor::OpenAll(const QStringList& paths) {
-    if (paths.isEmpty()) AddWindow();
+    if (paths.isEmpty()) BringForward(FreeWindow());
     for (const QString& path : paths) OpenPath(path);
+}
+
+// That of a file is offered by the window that opens the file.
+void Editor::OfferCopies() {
+    for (const QString& copy : habits.Copies()) {
+        const QString file = FileOfCopy(copy);
+        if (!QFileInfo::exists(copy)) {
+            habits.RemoveCopy(copy);
+        } else if (file.isEmpty()) {
+            FreeWindow()->OfferCopy(copy);
+        } else {
+            OpenPath(file);
+        }
+    }
 }
 
 std::vector<EditorWindow*> Editor::Windows() const {
@@ -25,7 +59,7 @@ std::vector<EditorWindow*> Editor::Windows() const {
 }
 
 EditorWindow* Editor::AddWindow() {
-    auto* window = new EditorWindow(hooks);
+    auto* window = new EditorWindow(hooks, habits);
     windows.emplace_back(window);
     window->show();
     return window;
@@ -38,8 +72,20 @@ EditorWindow* Editor::FreeWindow() {
     return AddWindow();
 }
 
+EditorWindow* Editor::HolderOf(const QString& path) const {
+    for (EditorWindow* window : Windows()) {
+        if (!window->Path().isEmpty() && TruePath(window->Path()) == TruePath(path)) return window;
+    }
+    return nullptr;
+}
+
 void Editor::OpenPath(const QString& path) {
-    FreeWindow()->OpenFile(path);
+    EditorWindow* window = HolderOf(path);
+    if (!window) {
+        window = FreeWindow();
+        window->OpenFile(path);
+    }
+    BringForward(window);
 }
 
 // The same listing twice shows the window that has it.
@@ -47,12 +93,11 @@ void Editor::OpenClipboard() {
     const QString text =
         QApplication::clipboard()->text().replace("\r\n", "\n").replace('\r', '\n');
     for (EditorWindow* window : Windows()) {
-        const bool same = window->Path().isEmpty() && window->Text()->toPlainText() == text;
-        if (same && !window->IsPristine()) return window->activateWindow();
+        const bool same = window->Path().isEmpty() && window->Text()->text() == text;
+        if (same && !window->IsPristine()) return BringForward(window);
     }
     if (text.isEmpty() || text.size() > kLargestText || Windows().size() >= kMostWindows) return;
     EditorWindow* window = FreeWindow();
     window->ShowNewText(text);
-    window->raise();
-    window->activateWindow();
+    BringForward(window);
 }

@@ -1,67 +1,76 @@
 #include "editor/EditorWindow.h"
 
+#include <Qsci/qsciprinter.h>
+
+#include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QFileInfo>
-#include <QFontDatabase>
-#include <QMenuBar>
+#include <QRegularExpression>
+#include <QScreen>
 #include <QStatusBar>
-#include <QToolBar>
 #include <QVBoxLayout>
 
-#include "editor/BasicHighlighter.h"
-#include "editor/ConsoleLink.h"
+#include "editor/BasicIndex.h"
+#include "editor/Procedures.h"
+#include "editor/WindowCommands.h"
 
 namespace {
 
 constexpr int kMessageTime = 8000;  // milliseconds
-constexpr int kTabBlanks = 4;
-constexpr int kDarkBelow = 128;  // lightness of the ground, 0 to 255
-constexpr QSize kFirstSize(820, 620);
+constexpr int kCopyDelay = 2000;    // milliseconds from a change to the copy of it
+constexpr QSize kFirstSize(900, 700);
+constexpr double kMostOfScreen = 0.9;
+constexpr int kStatusGap = 8;  // pixels
+constexpr int kMostSteps = 20;
+constexpr int kCascade = 28;  // pixels from a window to the next
+
+// What was remembered is the place of the last window: another one there would hide it.
+void StepAside(QWidget& window) {
+    const auto taken = [&window] {
+        for (const QWidget* other : QApplication::topLevelWidgets()) {
+            const QPoint apart = other->geometry().topLeft() - window.geometry().topLeft();
+            const bool there = other != &window && other->isVisible() && other->isWindow();
+            if (there && apart.manhattanLength() < kCascade) return true;
+        }
+        return false;
+    };
+    for (int i = 0; i < kMostSteps && taken(); ++i) {
+        window.move(window.pos() + QPoint(kCascade, kCascade));
+    }
+}
+
+QString FirstWordOf(const QString& words) {
+    static const QRegularExpression word("^\\W*([\\w.]+\\$?)");
+    return word.match(words).captured(1);
+}
 
 }  // namespace
 
-struct EditorWindow::Command {
-    const char* menu;
-    const char* caption;  // empty: a separator
-    const char* keys;
-    void (EditorWindow::*act)();     // of the window, or
-    void (QPlainTextEdit::*edit)();  // of the text
-    bool inToolBar;
-};
-
-// clang-format off
-const EditorWindow::Command EditorWindow::kCommands[] = {
-    {"&File", "&New",            "Ctrl+N",       &EditorWindow::NewWindow,    nullptr, true},
-    {"&File", "&Open...",        "Ctrl+O",       &EditorWindow::AskOpen,      nullptr, true},
-    {"&File", "&Save",           "Ctrl+S",       &EditorWindow::SaveCommand,  nullptr, true},
-    {"&File", "Save &as...",     "Ctrl+Shift+S", &EditorWindow::SaveAsCommand, nullptr, false},
-    {"&File", "",                "",             nullptr,                     nullptr, false},
-    {"&File", "&Load to device", "F5",           &EditorWindow::LoadToDevice, nullptr, true},
-    {"&File", "",                "",             nullptr,                     nullptr, false},
-    {"&File", "&Close",          "Ctrl+W",       &EditorWindow::CloseWindow,  nullptr, false},
-    {"&Edit", "&Undo",           "Ctrl+Z",       nullptr, &QPlainTextEdit::undo,      false},
-    {"&Edit", "&Redo",           "Ctrl+Y",       nullptr, &QPlainTextEdit::redo,      false},
-    {"&Edit", "",                "",             nullptr,                     nullptr, false},
-    {"&Edit", "Cu&t",            "Ctrl+X",       nullptr, &QPlainTextEdit::cut,       false},
-    {"&Edit", "&Copy",           "Ctrl+C",       nullptr, &QPlainTextEdit::copy,      false},
-    {"&Edit", "&Paste",          "Ctrl+V",       nullptr, &QPlainTextEdit::paste,     false},
-    {"&Edit", "Select &all",     "Ctrl+A",       nullptr, &QPlainTextEdit::selectAll, false},
-    {"&Edit", "",                "",             nullptr,                     nullptr, false},
-    {"&Edit", "&Find...",        "Ctrl+F",       &EditorWindow::ShowFind,     nullptr, true},
-    {"&Edit", "Find &next",      "F3",           &EditorWindow::FindNext,     nullptr, false},
-    {"&Edit", "Find pre&vious",  "Shift+F3",     &EditorWindow::FindPrevious, nullptr, false},
-    {"&View", "&Larger",         "Ctrl++",       &EditorWindow::Larger,       nullptr, false},
-    {"&View", "&Smaller",        "Ctrl+-",       &EditorWindow::Smaller,      nullptr, false},
-};
-// clang-format on
-
-EditorWindow::EditorWindow(const EditorHooks& given)
+EditorWindow::EditorWindow(const EditorHooks& given, Habits& kept)
     : hooks(given),
-      text(new QPlainTextEdit(this)),
+      habits(kept),
+      text(new BasicEdit(this)),
       findBar(new FindBar(text, this)),
-      place(new QLabel(this)) {
+      procedures(new ProcedureBox(text, this)),
+      place(new QLabel(this)),
+      format(new QLabel(this)),
+      recovery(kept) {
     setAttribute(Qt::WA_DeleteOnClose);
-    resize(kFirstSize);
+    BuildMiddle();
+    BuildStatusLine();
+    AddCommands(*this, habits);
+    resize(kFirstSize.boundedTo(screen()->availableSize() * kMostOfScreen));
+    restoreGeometry(habits.Place());
+    StepAside(*this);
+    copyTimer.setSingleShot(true);
+    copyTimer.setInterval(kCopyDelay);
+    connect(&copyTimer, &QTimer::timeout, this, [this] { KeepCopy(); });
+    ShowName();
+    text->setFocus();
+}
+
+void EditorWindow::BuildMiddle() {
     auto* middle = new QWidget(this);
     auto* column = new QVBoxLayout(middle);
     column->setContentsMargins(0, 0, 0, 0);
@@ -69,166 +78,115 @@ EditorWindow::EditorWindow(const EditorHooks& given)
     column->addWidget(text);
     column->addWidget(findBar);
     setCentralWidget(middle);
-    text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    text->setLineWrapMode(QPlainTextEdit::NoWrap);
-    text->setTabStopDistance(kTabBlanks * text->fontMetrics().horizontalAdvance(' '));
-    text->setAccessibleName("Source");
-    new BasicHighlighter(text->document(), palette().base().color().lightness() < kDarkBelow);
-    statusBar()->addPermanentWidget(place);
-    connect(text, &QPlainTextEdit::cursorPositionChanged, this, [this] { ShowPlace(); });
-    connect(text, &QPlainTextEdit::modificationChanged, this, &QWidget::setWindowModified);
-    AddCommands();
-    ShowPlace();
-    ShowName();
-    text->setFocus();
-}
-
-void EditorWindow::AddCommands() {
-    QToolBar* bar = addToolBar("Commands");
-    bar->setMovable(false);
-    QMenu* menu = nullptr;
-    for (const Command& command : kCommands) {
-        if (!menu || menu->title() != command.menu) menu = menuBar()->addMenu(command.menu);
-        if (!*command.caption) {
-            menu->addSeparator();
-            continue;
-        }
-        QAction* action = menu->addAction(command.caption);
-        action->setShortcut(QKeySequence(command.keys));
-        if (command.act)
-            connect(action, &QAction::triggered, this, [=] { (this->*command.act)(); });
-        if (command.edit) connect(action, &QAction::triggered, text, command.edit);
-        if (command.inToolBar) bar->addAction(action);
-    }
-}
-
-bool EditorWindow::OpenFile(const QString& wanted) {
-    SourceText source;
-    const QString trouble = ReadSource(wanted, source);
-    if (!trouble.isEmpty()) {
-        hooks.dialogs.trouble(this, trouble);
-        return false;
-    }
-    path = QFileInfo(wanted).absoluteFilePath();
-    TakeSource(source);
-    ShowName();
-    return true;
-}
-
-void EditorWindow::ShowNewText(const QString& fresh) {
-    path.clear();
-    SourceText source;
-    source.text = fresh;
-    TakeSource(source);
-    text->document()->setModified(true);
-    ShowName();
-}
-
-void EditorWindow::TakeSource(const SourceText& source) {
-    text->setPlainText(source.text);
-    format = source;
-    format.text.clear();
-}
-
-bool EditorWindow::Save() {
-    return path.isEmpty() ? SaveAs() : SaveTo(path);
-}
-
-bool EditorWindow::SaveAs() {
-    const QString target = hooks.dialogs.savePath(this, path);
-    return !target.isEmpty() && SaveTo(QFileInfo(target).absoluteFilePath());
-}
-
-// The raw text, because the plain one has blanks for characters 160.
-bool EditorWindow::SaveTo(const QString& target) {
-    SourceText source = format;
-    source.text = text->document()->toRawText();
-    source.text.replace(QChar::ParagraphSeparator, '\n');
-    const QString trouble = WriteSource(target, source);
-    if (!trouble.isEmpty()) {
-        hooks.dialogs.trouble(this, trouble);
-        return false;
-    }
-    path = target;
-    text->document()->setModified(false);
-    ShowName();
-    statusBar()->showMessage("Saved " + path, kMessageTime);
-    return true;
-}
-
-void EditorWindow::LoadToDevice() {
-    if (!Save()) return;
-    SendToConsole(this, hooks.controlPort, path, [this](const QString& sentence) {
-        statusBar()->showMessage(sentence, kMessageTime);
+    text->SetSourceFont(habits.Font());
+    text->zoomTo(habits.Zoom());
+    connect(text, &QsciScintilla::cursorPositionChanged, this, [this] { ShowPlace(); });
+    connect(text, &QsciScintilla::modificationChanged, this, [this] { SourceChanged(); });
+    connect(text, &QsciScintilla::textChanged, this, [this] { SourceChanged(); });
+    connect(text, &QsciScintillaBase::SCN_URIDROPPED, this, [this](const QUrl& address) {
+        if (address.isLocalFile()) hooks.openFile(address.toLocalFile());
     });
 }
 
+void EditorWindow::BuildStatusLine() {
+    auto* port = new QLabel(QString("Console port %1").arg(hooks.ports.control), this);
+    for (QLabel* label : {place, format, port}) {
+        label->setContentsMargins(kStatusGap, 0, kStatusGap, 0);
+        statusBar()->addPermanentWidget(label);
+    }
+}
+
 bool EditorWindow::IsPristine() const {
-    return path.isEmpty() && !text->document()->isModified() && text->document()->isEmpty();
+    return path.isEmpty() && !IsChanged() && text->length() == 0;
+}
+
+QString EditorWindow::Name() const {
+    const QString named = path.isEmpty() ? proposedPath : path;
+    return named.isEmpty() ? "New text" : QFileInfo(named).fileName();
+}
+
+void EditorWindow::Tell(const QString& sentence) {
+    statusBar()->showMessage(sentence, kMessageTime);
 }
 
 void EditorWindow::closeEvent(QCloseEvent* event) {
     bool mayClose = true;
-    if (text->document()->isModified()) {
-        const QString name = path.isEmpty() ? "this new text" : QFileInfo(path).fileName();
-        const ChangesAnswer answer = hooks.dialogs.unsavedChanges(this, name);
-        mayClose = answer == ChangesAnswer::kDiscard || (answer == ChangesAnswer::kSave && Save());
+    if (IsChanged()) {
+        const QString answer = hooks.dialogs.ask(this, "Save the changes of " + Name() + "?",
+                                                 {"Save", "Don't save", "Cancel"});
+        mayClose = answer == "Don't save" || (answer == "Save" && Save());
     }
     event->setAccepted(mayClose);
+    if (!mayClose) return;
+    copyTimer.stop();
+    recovery.Drop();
+    habits.SetPlace(saveGeometry(),
+                    static_cast<int>(text->SendScintilla(QsciScintilla::SCI_GETZOOM)));
+}
+
+bool EditorWindow::event(QEvent* event) {
+    // Later, because a question must not come up in the middle of the change of windows.
+    if (event->type() == QEvent::WindowActivate)
+        QTimer::singleShot(0, this, [this] { LookAtFile(); });
+    return QMainWindow::event(event);
 }
 
 void EditorWindow::AskOpen() {
     const QString wanted = hooks.dialogs.openPath(this, path);
-    if (wanted.isEmpty()) return;
-    if (!IsPristine()) return hooks.openWindow(wanted);
-    OpenFile(wanted);
+    if (!wanted.isEmpty()) hooks.openFile(wanted);
 }
 
-void EditorWindow::NewWindow() {
-    hooks.newWindow();
+void EditorWindow::GoToLine() {
+    const int line = hooks.dialogs.lineNumber(this, text->lines());
+    if (line > 0) text->ShowLine(line);
 }
 
-void EditorWindow::CloseWindow() {
-    close();
+void EditorWindow::GoToReportedLine() {
+    const int line = ReportedLine(QApplication::clipboard()->text());
+    if (line == 0) return Tell("Copy the board's report first: it names the line as [n].");
+    text->ShowLine(line);
 }
 
-void EditorWindow::SaveCommand() {
-    Save();
+void EditorWindow::ShowHelp() {
+    const QString before = TextBeforeCursor(*text), behind = TextBehindCursor(*text);
+    const int start = before.lastIndexOf(QRegularExpression("[^\\w.$]")) + 1;
+    const QString rest = before.mid(start) + behind;
+    const QString word = FirstWordOf(rest);
+    const QString previous = before.left(start).simplified().section(' ', -1);
+    const int end = rest.indexOf(word) + word.size();
+    if (!help) {
+        help = new HelpPane(hooks.helpFolder, this);
+        addDockWidget(Qt::RightDockWidgetArea, help);
+        resizeDocks({help}, {width() * 2 / 5}, Qt::Horizontal);
+    }
+    help->ShowPlace(PlaceInIndex(previous, word, FirstWordOf(rest.mid(end))));
 }
 
-void EditorWindow::SaveAsCommand() {
-    SaveAs();
+void EditorWindow::Print() {
+    QsciPrinter printer;
+    printer.setDocName(Name());
+    if (!hooks.dialogs.printer(this, printer)) return;
+    Tell(printer.printRange(text) ? "Printed " + Name() : "It could not be printed.");
 }
 
-void EditorWindow::ShowFind() {
-    findBar->Ask();
-}
-
-void EditorWindow::FindNext() {
-    findBar->Find(false);
-}
-
-void EditorWindow::FindPrevious() {
-    findBar->Find(true);
-}
-
-void EditorWindow::Larger() {
-    text->zoomIn();
-}
-
-void EditorWindow::Smaller() {
-    text->zoomOut();
+void EditorWindow::ChooseFont() {
+    const QFont font = hooks.dialogs.font(this, text->SourceFont());
+    text->SetSourceFont(font);
+    habits.SetFont(font);
 }
 
 void EditorWindow::ShowPlace() {
-    const QTextCursor cursor = text->textCursor();
-    place->setText(QString("Line %1, column %2")
-                       .arg(cursor.blockNumber() + 1)
-                       .arg(cursor.positionInBlock() + 1));
+    int line = 0, index = 0;
+    text->getCursorPosition(&line, &index);
+    place->setText(QString("Line %1, column %2").arg(line + 1).arg(index + 1));
 }
 
 void EditorWindow::ShowName() {
-    const QString name = path.isEmpty() ? "New text" : QFileInfo(path).fileName();
-    setWindowTitle(name + "[*] - KWEdit");
-    setWindowModified(text->document()->isModified());
+    const char* ends = text->eolMode() == QsciScintilla::EolWindows ? "CR LF"
+                       : text->eolMode() == QsciScintilla::EolMac   ? "CR"
+                                                                    : "LF";
+    format->setText(QString("%1, %2").arg(utf8 ? "UTF-8" : "8 bit", ends));
+    setWindowTitle(Name() + "[*] - KWEdit");
+    setWindowModified(IsChanged());
+    ShowPlace();
 }

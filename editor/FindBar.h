@@ -1,26 +1,39 @@
-// The row under a text that looks for words in it.
+// The rows under a text that look for words in it and replace them.
 #pragma once
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QWidget>
+
+#include "editor/Search.h"
 
 class FindBar : public QWidget {
   public:
-    FindBar(QPlainTextEdit* searched, QWidget* parent);
+    FindBar(QsciScintilla* searched, QWidget* parent);
 
-    // Shows the row, with what is selected in the text as the words.
-    void Ask();
-    // Selects the next place behind, or before, the cursor; beyond the end it goes on from
-    // the other one. Case does not count. False when the words stand nowhere.
-    bool Find(bool backwards);
+    // Shows the row of words, and that of the replacement if it is wanted. What is selected in
+    // the text becomes the words.
+    void Ask(bool replacing);
+    // Asks for words when there are none.
+    void Find(bool backwards);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    QPlainTextEdit* text;
+    SearchWish Wish() const;
+    void AddRows();
+    void Replace();
+    void ReplaceEverywhere();
+    void Tell(bool found);
+
+    QsciScintilla* text;
     QLineEdit* words;
+    QLineEdit* by;
+    QCheckBox* matchCase;
+    QCheckBox* wholeWord;
+    QCheckBox* pattern;
     QLabel* verdict;
+    QWidget* replaceRow;
 };

@@ -275,36 +275,78 @@ class Leaving(Session):
 
 
 class EditorSession(Session):
+    def setUp(self):
+        super().setUp()
+        self.port, self.control, self.paste = free_port(), free_port(), free_port()
+        self.start_board("--board", "picomite-6.00", "--port", str(self.port))
+        self.write_settings(
+            f"Comport = TCPIP\nTCPIP address = localhost\nTCPIP port = {self.port}\n",
+            "[myDeviceList]\nDevice = Sim|'target s\\picomite le\\cr\n[Network]\n"
+            f"IP control port = {self.control}\nIP data port = {free_port()}\n"
+            f"KWedit control port = {self.paste}\n")
+        self.source = os.path.join(self.folder, "my game.bas")
+        shutil.copy(os.environ["KWEDIT"], self.folder)
+
     def test_edit_load_run_and_the_listing_back(self):
-        port, control, paste = free_port(), free_port(), free_port()
-        self.start_board("--board", "picomite-6.00", "--port", str(port))
-        self.write_settings(f"Comport = TCPIP\nTCPIP address = localhost\nTCPIP port = {port}\n",
-                            "[myDeviceList]\nDevice = Sim|'target s\\picomite le\\cr\n[Network]\n"
-                            f"IP control port = {control}\nKWedit control port = {paste}\n")
         console = Console(self.desktop, self.program)
-        source = os.path.join(self.folder, "my game.bas")
-        editor = self.desktop.start([shutil.copy(os.environ["KWEDIT"], self.folder), source])
-        window = self.editor_window("my game.bas")
-        self.desktop.run("xdotool", "windowactivate", "--sync", window)
+        editor = self.start_editor(self.source)
+        self.bring_forward(self.editor_window("my game.bas"))
         console.type('PRINT "It is";6*7\n')
         console.key("F5")
         self.assertRegex(console.wait_text("It is 42", 60), r"Control\s.*my game.bas\s")
-        with open(source, encoding="ascii") as f:
-            self.assertEqual(f.read(), 'PRINT "It is";6*7\n')
-        self.desktop.run("xdotool", "windowactivate", "--sync", console.window)
+        self.assertEqual(self.saved_source(), 'PRINT "It is";6*7\n')
+        self.bring_forward(self.editor_window("my game.bas"))
+        console.type("PRINT 99-1\n")
+        console.key("ctrl+F5")
+        wait_for("second upload", lambda: console.text().count("Upload completed") == 2, 60, 0.5)
+        self.bring_forward(console.window)
         console.menu(ACTION_MENU, 11)  # Send Listing to Editor
-        listing = self.editor_window("New text")
-        self.desktop.run("xdotool", "windowactivate", "--sync", listing)
+        self.bring_forward(self.editor_window("New text"))
         console.key("ctrl+a", "ctrl+c")
         time.sleep(0.3)
         text = self.desktop.output(["xclip", "-selection", "clipboard", "-o"])
-        self.assertEqual(text.split("\n")[0], 'Print "It is";6*7')
+        self.assertEqual(text.split("\n")[:2], ['Print "It is";6*7', "Print 99-1"])
+        self.assertNotIn(" 98", console.text())  # it was not run
         editor.terminate()
         self.assertEqual(console.close(), 0)
 
+    def test_unsaved_work_survives_and_a_later_start_is_the_same_editor(self):
+        editor = self.start_editor(self.source)
+        self.bring_forward(self.editor_window("my game.bas"))
+        self.desktop.run("xdotool", "type", "PRINT 1")
+        copy = os.path.join(self.folder, ".my game.bas.kwedit")
+        wait_for("copy", lambda: os.path.exists(copy))
+        editor.kill()
+        editor.wait()
+        self.start_editor()
+        self.bring_forward(self.window_named("^KWEdit$"))  # the question
+        self.desktop.run("xdotool", "key", "Return")
+        self.bring_forward(self.editor_window("my game.bas"))
+        self.desktop.run("xdotool", "key", "ctrl+s")
+        wait_for("saved", lambda: os.path.exists(self.source) and self.saved_source() == "PRINT 1")
+        self.assertEqual(self.start_editor(self.source).wait(20), 0)
+        self.assertFalse(os.path.exists(copy))
+        for wish, start in (("--help", "usage: KWEdit"), ("--version", "KWEdit ")):
+            shown = subprocess.run([os.path.join(self.folder, "KWEdit"), wish], text=True,
+                                   env={**os.environ, "DISPLAY": ""}, stdout=subprocess.PIPE)
+            self.assertEqual((shown.returncode, shown.stdout[:len(start)]), (0, start))
+
+    def start_editor(self, *files):
+        return self.desktop.start([os.path.join(self.folder, "KWEdit"), *files])
+
+    def saved_source(self):
+        with open(self.source, encoding="ascii") as f:
+            return f.read()
+
+    def bring_forward(self, window):
+        self.desktop.run("xdotool", "windowactivate", "--sync", window)
+
     def editor_window(self, name):
+        return self.window_named(f"^{name}.* - KWEdit$")
+
+    def window_named(self, name):
         return wait_for(name, lambda: self.desktop.output(
-            ["xdotool", "search", "--onlyvisible", "--name", f"^{name}.* - KWEdit$"])).split()[0]
+            ["xdotool", "search", "--onlyvisible", "--name", name])).split()[0]
 
 
 class FaultySettings(Session):
