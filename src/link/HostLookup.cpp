@@ -3,36 +3,28 @@
 #include <arpa/inet.h>
 #include <netdb.h>
 
-#include <atomic>
-#include <memory>
+#include <chrono>
+#include <future>
 #include <thread>
+#include <utility>
 
 #include "base/Pacing.h"
 
 namespace {
 
-constexpr int64_t kLookupStep = 10;  // milliseconds
+constexpr std::chrono::milliseconds kLookupStep(10);
 
-struct Lookup {
-    QByteArray host;
-    in_addr address = {};
-    std::atomic<bool> done{false};
-};
-
-// The C library asks one server after the other and cannot be stopped; a lookup that nobody
-// waits for any more ends by itself.
-void RunLookup(const std::shared_ptr<Lookup>& lookup) {
+// The first address of a name, INADDR_NONE for none. The C library asks one server after the
+// other and cannot be stopped.
+in_addr AddressOf(const QByteArray& host) {
     addrinfo wanted = {};
     wanted.ai_family = AF_INET;
     wanted.ai_socktype = SOCK_STREAM;
     addrinfo* found = nullptr;
-    if (getaddrinfo(lookup->host.constData(), nullptr, &wanted, &found) == 0) {
-        lookup->address = reinterpret_cast<const sockaddr_in*>(found->ai_addr)->sin_addr;
-        freeaddrinfo(found);
-    } else {
-        lookup->address.s_addr = INADDR_NONE;
-    }
-    lookup->done = true;
+    if (getaddrinfo(host.constData(), nullptr, &wanted, &found) != 0) return {INADDR_NONE};
+    const in_addr address = reinterpret_cast<const sockaddr_in*>(found->ai_addr)->sin_addr;
+    freeaddrinfo(found);
+    return address;
 }
 
 }  // namespace
@@ -41,13 +33,14 @@ bool LookUpHost(const QByteArray& host, in_addr& address) {
     if (host.size() > kLongestHostName) return false;
     address.s_addr = inet_addr(host.constData());
     if (address.s_addr != INADDR_NONE) return true;
-    const auto lookup = std::make_shared<Lookup>();
-    lookup->host = host;
-    std::thread([lookup] { RunLookup(lookup); }).detach();
-    while (!lookup->done) {
+    // On a thread of its own; one that nobody waits for any more ends by itself.
+    std::packaged_task<in_addr()> lookup([host] { return AddressOf(host); });
+    std::future<in_addr> found = lookup.get_future();
+    std::thread(std::move(lookup)).detach();
+    while (found.wait_for(kLookupStep) != std::future_status::ready) {
         if (LeaveRequested()) return false;
-        AwaitReady(0, 0, kLookupStep);
+        AwaitReady(0, 0, 0);
     }
-    address = lookup->address;
+    address = found.get();
     return address.s_addr != INADDR_NONE;
 }

@@ -146,14 +146,14 @@ TEST_F(Routes, OfEventsAndTimers) {
     // Each step of a queue without a file leaves the terminal as its direction does.
     EXPECT_EQ(step(kEventSendDone), "\r@45 quiet=0 ms=120");
     EXPECT_EQ(step(kEventReceiveDone), "\r@45 ms=120");
-    EXPECT_EQ(step(kEventLoadRequest, "a.UF2"), "@45 line=port not");
+    EXPECT_EQ(step(kEventLoadRequest, "a.UF2"), "@45 line=port not set");
     EXPECT_EQ(step(kEventCanvasInput), "@45");
     EXPECT_EQ(step(kEventSendStatus), "@45");
     EXPECT_EQ(step(kEventSizeWindow), "@24");
     AddWindowTimer(kMainWindow, kDeferredLoadTimer, 1);
     EXPECT_EQ(step(kEventTimer), "@45 line=started");
     EXPECT_EQ(WaitForEvent(20), kNoEvent);  // once
-    EXPECT_EQ(step(kEventTimer, "b.UF2"), "@45 line=port not");
+    EXPECT_EQ(step(kEventTimer, "b.UF2"), "@45 line=port not set");
     SetQuietTerminal(false);
     device.Write("polled");
     EXPECT_EQ(After(kEventTimer, kPollTimer), "@45 line=polled");
@@ -176,7 +176,7 @@ TEST_F(Routes, OfTheFileManager) {
         {kDeviceNewFolderButton, "mkdir \"x\"\r\r\r\r\3" "files\r@163 asked=New folder,Name for new folder?, ms=2920 a.uf2"},
         {kDeviceDeleteButton, "rmdir \"old\"\r\r\r\r\3" "files\r@163 ms=2120 a.uf2"},
         {kPcNewFolderButton, "@163 a.uf2"},
-        {kCopyToDeviceButton, "\r\r@163 line=port not ms=2200 a.uf2"}, {kPcDeleteButton, "@163 x"},
+        {kCopyToDeviceButton, "\r\r@163 line=port not set ms=2200 a.uf2"}, {kPcDeleteButton, "@163 x"},
         {kAbortTransferButton, "\r\r@163 quiet=1 ms=200 x"},
         {kFlashViewButton, "\r\r\3@163 ms=220 x"}, {kCopyToPcButton, "list all\r@163 x"},
     };
