@@ -65,10 +65,13 @@ QString ReadSource(const QString& path, SourceText& source) {
     return QString();
 }
 
-// Unbuffered, because commit() does not notice a buffer that reaches a full disk in part.
+// Unbuffered, because commit() does not notice a buffer that reaches a full disk in part; and a
+// write in part is no error to the library.
 QString WriteWhole(const QString& path, const QByteArray& bytes) {
     QSaveFile file(path);
-    const bool written = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
-                         file.write(bytes) == bytes.size() && file.commit();
-    return written ? QString() : path + " cannot be written: " + file.errorString() + '.';
+    const bool open = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+    const qint64 written = open ? file.write(bytes) : -1;
+    if (written == bytes.size() && file.commit()) return QString();
+    const bool full = written >= 0 && written < bytes.size();
+    return path + " cannot be written: " + (full ? "the disk is full" : file.errorString()) + '.';
 }
