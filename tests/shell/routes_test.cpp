@@ -226,8 +226,8 @@ TEST_F(Routes, OfThePointer) {
     const auto drag = [&] {
         SetClipboardText("old");
         Press(canvas, {3, 3}, Qt::LeftButton);
-        for (int x : {8, 60}) Move(canvas, {x, 3}, Qt::LeftButton);
-        Release(canvas, {60, 3}, Qt::LeftButton);
+        for (int x : {7, 52}) Move(canvas, {x, 3}, Qt::LeftButton);
+        Release(canvas, {52, 3}, Qt::LeftButton);
         Move(canvas, {90, 3}, Qt::NoButton);
         Drain();
         return device.Read() + ClipboardText().toStdString();

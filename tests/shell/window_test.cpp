@@ -58,11 +58,11 @@ QString TitlesAndItems(const QList<QAction*>& actions) {
 }
 
 const char gadgetLooks[] =
-    "24 PBCanvasWidget 26 5,5 913x804 10 '|';26 PBCanvasWidget 0 5,155 923x814 8 '|';"
-    "27 QScrollBar 0 930,155 18x804 8 '|';37 QLabel 206 530,1 60x20 8 '|' hidden;"
+    "24 PBCanvasWidget 26 5,5 812x754 10 '|';26 PBCanvasWidget 0 5,155 822x764 8 '|';"
+    "27 QScrollBar 0 829,155 18x754 8 '|';37 QLabel 206 530,1 60x20 8 '|' hidden;"
     "39 QComboBox 202 95,1 65x20 8 'ttyACM1|Serial port';"
     "41 QLineEdit 202 175,1 275x20 10 '|IPaddress : Port' hidden;"
-    "42 QComboBox 202 165,1 70x20 8 '|Serial baud rate';"
+    "42 QComboBox 202 165,1 70x20 8 '38400|Serial baud rate';"
     "43 QComboBox 202 5,1 85x20 8 '|Connected device';"
     "45 QLineEdit 203 5,1 80x20 8 '|Device nickname';"
     "46 QLineEdit 203 95,1 500x20 8 '|Device specifications';"
@@ -88,7 +88,7 @@ const char gadgetLooks[] =
     "201 QWidget 0 5,5 810x25 8 '|';202 QWidget 0 5,30 810x25 8 '|';"
     "203 QWidget 0 5,55 810x25 8 '|';204 QWidget 0 5,80 810x25 8 '|';"
     "205 QWidget 0 5,105 810x25 8 '|';206 QWidget 0 5,130 810x25 8 '|';"
-    "208 QLabel 206 5,1 250x20 8 '101 x 50 char, 913 x 804 pixels|';"
+    "208 QLabel 206 5,1 250x20 8 '101 x 50 char, 812 x 754 pixels|';"
     "210 QLabel 206 420,1 100x20 8 'VT Terminal|';";
 
 TEST_F(Window, HoldsItsGadgets) {
