@@ -5,6 +5,7 @@
 #include "link/Servers.h"
 #include "shell/Dispatch.h"
 #include "shell/Drops.h"
+#include "shell/Route.h"
 #include "shell/ServerChunks.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSizing.h"
@@ -19,90 +20,39 @@ namespace {
 
 bool exitAsked = false;
 
-void RightButtonUp() {
-    if (FocusedGadget() == kTerminalCanvas) ShowPopupMenu(kPopupMenu, kMainWindow);
-}
-
-void GadgetEvent() {
-    DispatchGadget(EventObject(), EventType());
-}
-
-void MenuEvent() {
-    DispatchMenu(EventObject());
-}
-
-void TimerEvent() {
-    DispatchTimer(EventObject());
-}
-
-void SendNext() {
-    BatchSend(kQueueNext);
-}
-
-void ReceiveNext() {
-    BatchReceive(kQueueNext);
-}
-
 // Nothing in the program posts this; the route is kept for who does.
-void LoadRequest() {
+void LoadRequest(int) {
     TerminalPrintLine(uploadSource.currentFile);
     SendFile(uploadSource.currentFile, false);
 }
 
-void ServerMessage() {
-    HandleServerMessage(EventType());
-}
-
-void ServerChunk() {
-    HandleServerChunk(EventType());
-}
-
-void SendReply() {
-    SendText(TakeReplyText());
-}
-
 // Input of a canvas that comes by its own number is read and dropped.
-void CanvasInput() {
+void CanvasInput(int) {
     EventAttribute(kTerminalCanvas, kAttributeInput);
 }
 
-void CloseWindow() {
-    exitAsked = true;
-}
-
-struct EventRow {
-    int32_t event;
-    void (*procedure)();
-};
-
 // clang-format off
-const EventRow eventRows[] = {
-    {kEventRightButtonUp,   RightButtonUp},
-    {kEventGadget,          GadgetEvent},
-    {kEventMenu,            MenuEvent},
-    {kEventWindowDrop,      HandleWindowDrop},
-    {kEventGadgetDrop,      HandleTerminalDrop},
-    {kEventSendDone,        SendNext},
-    {kEventSendStatus,      ShowSendStatus},
-    {kEventReceiveDone,     ReceiveNext},
-    {kEventReceiveStatus,   ShowReceiveStatus},
-    {kEventLoadRequest,     LoadRequest},
-    {kEventTimer,           TimerEvent},
-    {kEventServerMessage,   ServerMessage},
-    {kEventServerChunk,     ServerChunk},
-    {kEventTerminalReply,   SendReply},
-    {kEventPrintLine,       PrintHandedLines},
-    {kEventCanvasInput,     CanvasInput},
-    {kEventSizeWindow,      LayoutMainWindow},
-    {kEventCloseWindow,     CloseWindow},
+const Route mainWindowRoutes[] = {
+    {kEventRightButtonUp,  kEventRightButtonUp,  kAnyType, [](int) { if (FocusedGadget() == kTerminalCanvas) ShowPopupMenu(kPopupMenu, kMainWindow); }},
+    {kEventGadget,         kEventGadget,         kAnyType, [](int) { DispatchGadget(EventObject(), EventType()); }},
+    {kEventMenu,           kEventMenu,           kAnyType, [](int) { DispatchMenu(EventObject()); }},
+    {kEventWindowDrop,     kEventWindowDrop,     kAnyType, [](int) { HandleWindowDrop(); }},
+    {kEventGadgetDrop,     kEventGadgetDrop,     kAnyType, [](int) { HandleTerminalDrop(); }},
+    {kEventSendDone,       kEventSendDone,       kAnyType, [](int) { BatchSend(kQueueNext); }},
+    {kEventSendStatus,     kEventSendStatus,     kAnyType, [](int) { ShowSendStatus(); }},
+    {kEventReceiveDone,    kEventReceiveDone,    kAnyType, [](int) { BatchReceive(kQueueNext); }},
+    {kEventReceiveStatus,  kEventReceiveStatus,  kAnyType, [](int) { ShowReceiveStatus(); }},
+    {kEventLoadRequest,    kEventLoadRequest,    kAnyType, LoadRequest},
+    {kEventTimer,          kEventTimer,          kAnyType, [](int) { DispatchTimer(EventObject()); }},
+    {kEventServerMessage,  kEventServerMessage,  kAnyType, [](int) { HandleServerMessage(EventType()); }},
+    {kEventServerChunk,    kEventServerChunk,    kAnyType, [](int) { HandleServerChunk(EventType()); }},
+    {kEventTerminalReply,  kEventTerminalReply,  kAnyType, [](int) { SendText(TakeReplyText()); }},
+    {kEventPrintLine,      kEventPrintLine,      kAnyType, [](int) { PrintHandedLines(); }},
+    {kEventCanvasInput,    kEventCanvasInput,    kAnyType, CanvasInput},
+    {kEventSizeWindow,     kEventSizeWindow,     kAnyType, [](int) { LayoutMainWindow(); }},
+    {kEventCloseWindow,    kEventCloseWindow,    kAnyType, [](int) { exitAsked = true; }},
 };
 // clang-format on
-
-void DispatchMainWindow(int32_t event) {
-    for (const EventRow& row : eventRows) {
-        if (row.event == event) return row.procedure();
-    }
-}
 
 }  // namespace
 
@@ -111,7 +61,7 @@ const bool& exitRequested = exitAsked;
 void DispatchEvent(int32_t event, int64_t window) {
     switch (window) {
         case kMainWindow:
-            return DispatchMainWindow(event);
+            return TakeRoute(mainWindowRoutes, event);
         case kHelpWindow:
             return DispatchHelpWindow(event, EventObject());
         case kFileManagerWindow:

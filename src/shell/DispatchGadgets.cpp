@@ -10,6 +10,7 @@
 #include "shell/FunctionKeyRow.h"
 #include "shell/Macros.h"
 #include "shell/Presets.h"
+#include "shell/Route.h"
 #include "shell/StoredDevice.h"
 #include "terminal/input/TerminalInput.h"
 #include "terminal/screen/Selection.h"
@@ -33,37 +34,10 @@ constexpr int kKeyF10 = 0x01000039;
 constexpr int kKeyShiftF10 = 0x03000039;
 constexpr char kEscape[] = "\x1b";
 
-void OverrideClicked(int) {
-    SetOverrideFileSettings(GadgetState(kOverrideCheck) != 0);
-}
-
-void FamilyTextChanged(int) {
-    SetFamilyName(GadgetText(kFamilyTextUnused));
-    BuildDeviceSpec();
-}
-
-void UploadClicked(int) {
-    UploadProgram();
-}
-
-void TouchClicked(int) {
-    SetPicoPort(GadgetText(kPortCombo));
-    SerialTouch1200();
-}
-
-void SpeedPicked(int) {
-    SetSerialSpeed(GadgetText(kSpeedCombo));
-    BuildDeviceSpec();
-}
-
 // The port's name is kept in upper case: a port picked here is opened under that name.
 void PortPicked(int) {
     SetComPort(GadgetText(kPortCombo).toUpper());
     ChooseTransport(linkSettings.comPort == "TCPIP");
-    BuildDeviceSpec();
-}
-
-void FamilyPicked(int) {
     BuildDeviceSpec();
 }
 
@@ -75,61 +49,10 @@ void OptionPicked(int) {
     BuildDeviceSpec();
 }
 
-void MouseClicked(int) {
-    SetMouseMode(1 - mouseMode);
-}
-
-void SavePresetClicked(int) {
-    SaveDevicePreset();
-}
-
-void ConnectClicked(int) {
-    ConnectDevice();
-    FocusGadget(kTerminalCanvas);
-}
-
-void DisconnectClicked(int) {
-    DisconnectDevice();
-}
-
-void SendClicked(int) {
-    SubmitCommandBar(false);
-}
-
-void SendCrClicked(int) {
-    SubmitCommandBar(true);
-}
-
-void ClearCommandClicked(int) {
-    SetGadgetText(kCommandEntry, QString());
-    FocusGadget(kCommandEntry);
-}
-
-void AddressFocused(int) {
-    AddKeyboardShortcut(kMainWindow, kKeyReturn, kShortcutAddressReturn);
-}
-
-void AddressLeft(int) {
-    RemoveKeyboardShortcut(kMainWindow, kKeyReturn);
-}
-
 void CommandFocused(int) {
     AddKeyboardShortcut(kMainWindow, kKeyReturn, kShortcutCommandReturn);
     AddKeyboardShortcut(kMainWindow, kKeyUp, kShortcutHistoryPrevious);
     AddKeyboardShortcut(kMainWindow, kKeyDown, kShortcutHistoryNext);
-}
-
-void CommandLeft(int) {
-    for (int key : {kKeyReturn, kKeyUp, kKeyDown}) RemoveKeyboardShortcut(kMainWindow, key);
-}
-
-void SaveMacroClicked(int) {
-    SaveMacro();
-}
-
-void EscClicked(int) {
-    SendCommandLine(kEscape, false);
-    FocusGadget(kTerminalCanvas);
 }
 
 // One rule for all of 131 to 145, so the button named for Ctrl+Z sends byte 15.
@@ -137,26 +60,6 @@ void ControlClicked(int gadget) {
     SendCommandLine(ByteText(gadget - kControlByteBase), false);
     FocusGadget(kTerminalCanvas);
 }
-
-void ClsClicked(int) {
-    ClearTerminal(kTerminalCanvas);
-    FocusGadget(kTerminalCanvas);
-}
-
-void RunClicked(int) {
-    SendCommandLine("RUN", true);
-    FocusGadget(kTerminalCanvas);
-}
-
-void PreviousClicked(int) {
-    HistoryPrevious();
-}
-
-void NextClicked(int) {
-    HistoryNext();
-}
-
-void Nothing(int) {}
 
 void TerminalFocused(int) {
     AddKeyboardShortcut(kMainWindow, kKeyF10, kShortcutF10);
@@ -170,83 +73,56 @@ void TerminalLeft(int) {
     PaintTerminalFrame(false);
 }
 
-void TerminalInput(int) {
-    HandleTerminalInput();
-}
-
-void TerminalKey(int) {
-    HandleTerminalKey();
-}
-
-void TerminalClicked(int) {
-    if (mouseMode) SendMouseReport();
-}
-
 void TerminalPointerMoved(int) {
     const bool left = EventAttribute(kTerminalCanvas, kAttributeButtons) & kButtonLeft;
     if (left && !mouseMode) ExtendSelection();
 }
 
-void TerminalButtonUp(int) {
-    if (!mouseMode) FinishSelection();
-}
-
-struct GadgetRow {
-    int first, last;  // gadget numbers
-    int64_t type;     // sub-type, kAnyType for all
-    void (*procedure)(int gadget);
-};
-
 // Several rows name gadgets that this form of the window does not create; they stand idle.
 // clang-format off
-const GadgetRow gadgetRows[] = {
-    {kOverrideCheck,          kOverrideCheck,          kAnyType,          OverrideClicked},
-    {kFamilyTextUnused,       kFamilyTextUnused,       kAnyType,          FamilyTextChanged},
-    {kUploadButtonUnused,     kUploadButtonUnused,     kAnyType,          UploadClicked},
-    {kTouchButtonUnused,      kTouchButtonUnused,      kAnyType,          TouchClicked},
-    {kSpeedCombo,             kSpeedCombo,             kAnyType,          SpeedPicked},
+const Route gadgetRoutes[] = {
+    {kOverrideCheck,          kOverrideCheck,          kAnyType,          [](int) { SetOverrideFileSettings(GadgetState(kOverrideCheck) != 0); }},
+    {kFamilyTextUnused,       kFamilyTextUnused,       kAnyType,          [](int) { SetFamilyName(GadgetText(kFamilyTextUnused)); BuildDeviceSpec(); }},
+    {kUploadButtonUnused,     kUploadButtonUnused,     kAnyType,          [](int) { UploadProgram(); }},
+    {kTouchButtonUnused,      kTouchButtonUnused,      kAnyType,          [](int) { SetPicoPort(GadgetText(kPortCombo)); SerialTouch1200(); }},
+    {kSpeedCombo,             kSpeedCombo,             kAnyType,          [](int) { SetSerialSpeed(GadgetText(kSpeedCombo)); BuildDeviceSpec(); }},
     {kPortCombo,              kPortCombo,              kAnyType,          PortPicked},
     {kOptionsCombo,           kOptionsCombo,           kAnyType,          OptionPicked},
-    {kMouseButton,            kMouseButton,            kAnyType,          MouseClicked},
-    {kFamilyCombo,            kFamilyCombo,            kAnyType,          FamilyPicked},
+    {kMouseButton,            kMouseButton,            kAnyType,          [](int) { SetMouseMode(1 - mouseMode); }},
+    {kFamilyCombo,            kFamilyCombo,            kAnyType,          [](int) { BuildDeviceSpec(); }},
     {kFirstPresetButton,      kLastPresetRoute,        kAnyType,          PresetButtonClicked},
-    {kSavePresetButton,       kSavePresetButton,       kAnyType,          SavePresetClicked},
-    {kConnectButton,          kConnectButton,          kAnyType,          ConnectClicked},
-    {kDisconnectButton,       kDisconnectButton,       kAnyType,          DisconnectClicked},
-    {kSendButton,             kSendButton,             kAnyType,          SendClicked},
-    {kSendCrButton,           kSendCrButton,           kAnyType,          SendCrClicked},
-    {kClearCommandButton,     kClearCommandButton,     kAnyType,          ClearCommandClicked},
-    {kAddressEntry,           kAddressEntry,           kTypeFocus,        AddressFocused},
-    {kAddressEntry,           kAddressEntry,           kTypeLostFocus,    AddressLeft},
+    {kSavePresetButton,       kSavePresetButton,       kAnyType,          [](int) { SaveDevicePreset(); }},
+    {kConnectButton,          kConnectButton,          kAnyType,          [](int) { ConnectDevice(); FocusGadget(kTerminalCanvas); }},
+    {kDisconnectButton,       kDisconnectButton,       kAnyType,          [](int) { DisconnectDevice(); }},
+    {kSendButton,             kSendButton,             kAnyType,          [](int) { SubmitCommandBar(false); }},
+    {kSendCrButton,           kSendCrButton,           kAnyType,          [](int) { SubmitCommandBar(true); }},
+    {kClearCommandButton,     kClearCommandButton,     kAnyType,          [](int) { SetGadgetText(kCommandEntry, QString()); FocusGadget(kCommandEntry); }},
+    {kAddressEntry,           kAddressEntry,           kTypeFocus,        [](int) { AddKeyboardShortcut(kMainWindow, kKeyReturn, kShortcutAddressReturn); }},
+    {kAddressEntry,           kAddressEntry,           kTypeLostFocus,    [](int) { RemoveKeyboardShortcut(kMainWindow, kKeyReturn); }},
     {kCommandEntry,           kCommandEntry,           kTypeFocus,        CommandFocused},
-    {kCommandEntry,           kCommandEntry,           kTypeLostFocus,    CommandLeft},
-    {kIdleButton,             kIdleButton,             kAnyType,          Nothing},
+    {kCommandEntry,           kCommandEntry,           kTypeLostFocus,    [](int) { for (int key : {kKeyReturn, kKeyUp, kKeyDown}) RemoveKeyboardShortcut(kMainWindow, key); }},
+    {kIdleButton,             kIdleButton,             kAnyType,          [](int) {}},
     {kFirstFunctionKeyButton, kLastFunctionKeyButton,  kAnyType,          FunctionKeyButtonClicked},
     {kFirstMacroButton,       kLastMacroButton,        kAnyType,          MacroButtonClicked},
-    {kSaveMacroButton,        kSaveMacroButton,        kAnyType,          SaveMacroClicked},
-    {kEscButton,              kEscButton,              kAnyType,          EscClicked},
+    {kSaveMacroButton,        kSaveMacroButton,        kAnyType,          [](int) { SaveMacro(); }},
+    {kEscButton,              kEscButton,              kAnyType,          [](int) { SendCommandLine(kEscape, false); FocusGadget(kTerminalCanvas); }},
     {kFirstControlButton,     kLastControlButton,      kAnyType,          ControlClicked},
-    {kClsButton,              kClsButton,              kAnyType,          ClsClicked},
-    {kRunButton,              kRunButton,              kAnyType,          RunClicked},
-    {kHistoryPreviousButton,  kHistoryPreviousButton,  kAnyType,          PreviousClicked},
-    {kHistoryNextButton,      kHistoryNextButton,      kAnyType,          NextClicked},
+    {kClsButton,              kClsButton,              kAnyType,          [](int) { ClearTerminal(kTerminalCanvas); FocusGadget(kTerminalCanvas); }},
+    {kRunButton,              kRunButton,              kAnyType,          [](int) { SendCommandLine("RUN", true); FocusGadget(kTerminalCanvas); }},
+    {kHistoryPreviousButton,  kHistoryPreviousButton,  kAnyType,          [](int) { HistoryPrevious(); }},
+    {kHistoryNextButton,      kHistoryNextButton,      kAnyType,          [](int) { HistoryNext(); }},
     {kTerminalCanvas,         kTerminalCanvas,         kTypeFocus,        TerminalFocused},
     {kTerminalCanvas,         kTerminalCanvas,         kTypeLostFocus,    TerminalLeft},
-    {kTerminalCanvas,         kTerminalCanvas,         kTypeInput,        TerminalInput},
-    {kTerminalCanvas,         kTerminalCanvas,         kTypeKeyDown,      TerminalKey},
-    {kTerminalCanvas,         kTerminalCanvas,         kTypeLeftClick,    TerminalClicked},
+    {kTerminalCanvas,         kTerminalCanvas,         kTypeInput,        [](int) { HandleTerminalInput(); }},
+    {kTerminalCanvas,         kTerminalCanvas,         kTypeKeyDown,      [](int) { HandleTerminalKey(); }},
+    {kTerminalCanvas,         kTerminalCanvas,         kTypeLeftClick,    [](int) { if (mouseMode) SendMouseReport(); }},
     {kTerminalCanvas,         kTerminalCanvas,         kTypeMouseMove,    TerminalPointerMoved},
-    {kTerminalCanvas,         kTerminalCanvas,         kTypeLeftButtonUp, TerminalButtonUp},
+    {kTerminalCanvas,         kTerminalCanvas,         kTypeLeftButtonUp, [](int) { if (!mouseMode) FinishSelection(); }},
 };
 // clang-format on
 
 }  // namespace
 
 void DispatchGadget(int64_t gadget, int64_t type) {
-    for (const GadgetRow& row : gadgetRows) {
-        const bool held = gadget >= row.first && gadget <= row.last;
-        if (held && (row.type == kAnyType || row.type == type)) {
-            return row.procedure(static_cast<int>(gadget));
-        }
-    }
+    TakeRoute(gadgetRoutes, gadget, type);
 }

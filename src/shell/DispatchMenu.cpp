@@ -9,6 +9,7 @@
 #include "shell/ActionMenu.h"
 #include "shell/CommandHistory.h"
 #include "shell/Dispatch.h"
+#include "shell/Route.h"
 #include "shell/ViewMenu.h"
 #include "terminal/input/Paste.h"
 #include "terminal/screen/Capture.h"
@@ -30,14 +31,6 @@ void ToggleAllowResize(int item) {
     SetMenuItemTick(item, terminalSettings.allowResize != 0);
 }
 
-void TerminalFont(int) {
-    AskTerminalFont();
-}
-
-void DarkBackground(int) {
-    SwitchDarkBackground();
-}
-
 void ToggleWordWrap(int item) {
     SetWordWrap(!terminalSettings.wordWrap);
     SetMenuItemTick(item, terminalSettings.wordWrap != 0);
@@ -48,60 +41,10 @@ void ChooseLineEnding(int item) {
     TickOneOf(kItemLineEndingCrLf, kItemLineEndingLf, item);
 }
 
-void AutosaveCode(int) {
-    UploadPastedText(ClipboardText());
-}
-
-void PasteText(int) {
-    PasteClipboard(0);
-}
-
-void PasteSlowly(int) {
-    PasteClipboard(linkSettings.lineDelay);
-}
-
-void CopyAll(int) {
-    SetClipboardText(GetTerminalText(kTextAll));
-}
-
-void CopyVisible(int) {
-    SetClipboardText(GetTerminalText(kTextVisible));
-}
-
-void SaveAll(int) {
-    SaveTerminalText(kTextAll);
-}
-
-void SaveVisible(int) {
-    SaveTerminalText(kTextVisible);
-}
-
 void ClearScreen(int) {
     ClearTerminal(kTerminalCanvas);
     TerminalRepaint();
     FocusGadget(kTerminalCanvas);
-}
-
-void BeginCapture(int) {
-    StartCapture();
-    FocusGadget(kTerminalCanvas);
-}
-
-void EndCapture(int) {
-    StopCapture();
-    SaveTerminalText(kTextCapture);
-}
-
-void SendListing(int) {
-    RequestListing();
-}
-
-void Help(int) {
-    ShowHelpViewer();
-}
-
-void SendLineEnding(int) {
-    SendText(lineEnding.bytes);
 }
 
 void AddressReturn(int) {
@@ -110,36 +53,8 @@ void AddressReturn(int) {
     BuildDeviceSpec();
 }
 
-void CommandReturn(int) {
-    SubmitCommandBar(true);
-}
-
-void Previous(int) {
-    HistoryPrevious();
-}
-
-void Next(int) {
-    HistoryNext();
-}
-
 void SendIfTerminalFocused(int byte) {
     if (FocusedGadget() == kTerminalCanvas) SendCommandLine(ByteText(byte), false);
-}
-
-void CtrlC(int) {
-    SendIfTerminalFocused(3);
-}
-
-void CtrlZ(int) {
-    SendIfTerminalFocused(26);
-}
-
-void F10(int) {
-    SendText("\x1b[21~");
-}
-
-void ShiftF10(int) {
-    SendText("\x1b[34~");
 }
 
 // The text that this shortcut copies is one that nothing fills: it empties the clipboard.
@@ -147,53 +62,46 @@ void AltC(int) {
     if (FocusedGadget() != kCommandEntry) SetClipboardText(QString());
 }
 
-struct MenuRow {
-    int first, last;
-    void (*procedure)(int item);
-};
-
 // Items 28, 29 and 51 run from the layer's own dispatch and have no row here.
 // clang-format off
-const MenuRow menuRows[] = {
-    {kItemAllowResize,         kItemAllowResize,         ToggleAllowResize},
-    {kItemTerminalFont,        kItemTerminalFont,        TerminalFont},
-    {kItemDarkBackground,      kItemDarkBackground,      DarkBackground},
-    {kItemWordWrap,            kItemWordWrap,            ToggleWordWrap},
-    {kItemLineEndingCrLf,      kItemLineEndingLf,        ChooseLineEnding},
-    {kItemAutosaveCode,        kItemAutosaveCode,        AutosaveCode},
-    {kItemPasteText,           kItemPasteText,           PasteText},
-    {kItemPasteSlowly,         kItemPasteSlowly,         PasteSlowly},
-    {kItemCopyAll,             kItemCopyAll,             CopyAll},
-    {kItemCopyVisible,         kItemCopyVisible,         CopyVisible},
-    {kItemSaveAll,             kItemSaveAll,             SaveAll},
-    {kItemSaveVisible,         kItemSaveVisible,         SaveVisible},
-    {kItemSetTime,             kItemSetRtc,              SendActionCommand},
-    {kItemClearScreen,         kItemClearScreen,         ClearScreen},
-    {kItemNew,                 kItemListAll,             SendActionCommand},
-    {kItemStartCapture,        kItemStartCapture,        BeginCapture},
-    {kItemEndCapture,          kItemEndCapture,          EndCapture},
-    {kItemSendListing,         kItemSendListing,         SendListing},
-    {kItemOptionList,          kItemRun,                 SendActionCommand},
-    {kFirstViewItem,           kLastViewItem,            ToggleToolbarRow},
-    {kFirstModeItem,           kLastModeRoute,           ChooseMode},
-    {kItemHelp,                kItemHelp,                Help},
-    {kShortcutLineEnding,      kShortcutLineEnding,      SendLineEnding},
-    {kShortcutAddressReturn,   kShortcutAddressReturn,   AddressReturn},
-    {kShortcutCommandReturn,   kShortcutCommandReturn,   CommandReturn},
-    {kShortcutHistoryPrevious, kShortcutHistoryPrevious, Previous},
-    {kShortcutHistoryNext,     kShortcutHistoryNext,     Next},
-    {kShortcutCtrlC,           kShortcutCtrlC,           CtrlC},
-    {kShortcutCtrlZ,           kShortcutCtrlZ,           CtrlZ},
-    {kShortcutF10,             kShortcutF10,             F10},
-    {kShortcutShiftF10,        kShortcutShiftF10,        ShiftF10},
-    {kShortcutAltC,            kShortcutAltC,            AltC},
+const Route menuRoutes[] = {
+    {kItemAllowResize,         kItemAllowResize,         kAnyType, ToggleAllowResize},
+    {kItemTerminalFont,        kItemTerminalFont,        kAnyType, [](int) { AskTerminalFont(); }},
+    {kItemDarkBackground,      kItemDarkBackground,      kAnyType, [](int) { SwitchDarkBackground(); }},
+    {kItemWordWrap,            kItemWordWrap,            kAnyType, ToggleWordWrap},
+    {kItemLineEndingCrLf,      kItemLineEndingLf,        kAnyType, ChooseLineEnding},
+    {kItemAutosaveCode,        kItemAutosaveCode,        kAnyType, [](int) { UploadPastedText(ClipboardText()); }},
+    {kItemPasteText,           kItemPasteText,           kAnyType, [](int) { PasteClipboard(0); }},
+    {kItemPasteSlowly,         kItemPasteSlowly,         kAnyType, [](int) { PasteClipboard(linkSettings.lineDelay); }},
+    {kItemCopyAll,             kItemCopyAll,             kAnyType, [](int) { SetClipboardText(GetTerminalText(kTextAll)); }},
+    {kItemCopyVisible,         kItemCopyVisible,         kAnyType, [](int) { SetClipboardText(GetTerminalText(kTextVisible)); }},
+    {kItemSaveAll,             kItemSaveAll,             kAnyType, [](int) { SaveTerminalText(kTextAll); }},
+    {kItemSaveVisible,         kItemSaveVisible,         kAnyType, [](int) { SaveTerminalText(kTextVisible); }},
+    {kItemSetTime,             kItemSetRtc,              kAnyType, SendActionCommand},
+    {kItemClearScreen,         kItemClearScreen,         kAnyType, ClearScreen},
+    {kItemNew,                 kItemListAll,             kAnyType, SendActionCommand},
+    {kItemStartCapture,        kItemStartCapture,        kAnyType, [](int) { StartCapture(); FocusGadget(kTerminalCanvas); }},
+    {kItemEndCapture,          kItemEndCapture,          kAnyType, [](int) { StopCapture(); SaveTerminalText(kTextCapture); }},
+    {kItemSendListing,         kItemSendListing,         kAnyType, [](int) { RequestListing(); }},
+    {kItemOptionList,          kItemRun,                 kAnyType, SendActionCommand},
+    {kFirstViewItem,           kLastViewItem,            kAnyType, ToggleToolbarRow},
+    {kFirstModeItem,           kLastModeRoute,           kAnyType, ChooseMode},
+    {kItemHelp,                kItemHelp,                kAnyType, [](int) { ShowHelpViewer(); }},
+    {kShortcutLineEnding,      kShortcutLineEnding,      kAnyType, [](int) { SendText(lineEnding.bytes); }},
+    {kShortcutAddressReturn,   kShortcutAddressReturn,   kAnyType, AddressReturn},
+    {kShortcutCommandReturn,   kShortcutCommandReturn,   kAnyType, [](int) { SubmitCommandBar(true); }},
+    {kShortcutHistoryPrevious, kShortcutHistoryPrevious, kAnyType, [](int) { HistoryPrevious(); }},
+    {kShortcutHistoryNext,     kShortcutHistoryNext,     kAnyType, [](int) { HistoryNext(); }},
+    {kShortcutCtrlC,           kShortcutCtrlC,           kAnyType, [](int) { SendIfTerminalFocused(3); }},
+    {kShortcutCtrlZ,           kShortcutCtrlZ,           kAnyType, [](int) { SendIfTerminalFocused(26); }},
+    {kShortcutF10,             kShortcutF10,             kAnyType, [](int) { SendText("\x1b[21~"); }},
+    {kShortcutShiftF10,        kShortcutShiftF10,        kAnyType, [](int) { SendText("\x1b[34~"); }},
+    {kShortcutAltC,            kShortcutAltC,            kAnyType, AltC},
 };
 // clang-format on
 
 }  // namespace
 
 void DispatchMenu(int64_t item) {
-    for (const MenuRow& row : menuRows) {
-        if (item >= row.first && item <= row.last) return row.procedure(static_cast<int>(item));
-    }
+    TakeRoute(menuRoutes, item);
 }

@@ -2,6 +2,7 @@
 #include "base/Numbers.h"
 #include "shell/Dispatch.h"
 #include "shell/Poll.h"
+#include "shell/Route.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "ui/AddWindowTimer.h"
@@ -12,7 +13,7 @@
 namespace {
 
 // The first step of work: once, when the window has settled.
-void DeferredLoad() {
+void DeferredLoad(int) {
     RemoveWindowTimer(kMainWindow, kDeferredLoadTimer);
     TerminalPrintLine("started");
     // A copy: the upload may change the record while it reads the path.
@@ -20,22 +21,17 @@ void DeferredLoad() {
     LoadPath(path);
 }
 
-struct TimerRow {
-    int timer;
-    void (*job)();
+// clang-format off
+const Route timerRoutes[] = {
+    {kPollTimer,         kPollTimer,         kAnyType, [](int) { PollLink(); }},
+    {kBlinkTimer,        kBlinkTimer,        kAnyType, [](int) { NotifyCursorBlink(); }},
+    {kDeferredLoadTimer, kDeferredLoadTimer, kAnyType, DeferredLoad},
+    {kNoticeTimer,       kNoticeTimer,       kAnyType, [](int) { CloseNotice(); }},
 };
-
-const TimerRow timerRows[] = {
-    {kPollTimer, PollLink},
-    {kBlinkTimer, NotifyCursorBlink},
-    {kDeferredLoadTimer, DeferredLoad},
-    {kNoticeTimer, CloseNotice},
-};
+// clang-format on
 
 }  // namespace
 
 void DispatchTimer(int64_t timer) {
-    for (const TimerRow& row : timerRows) {
-        if (row.timer == timer) row.job();
-    }
+    TakeRoute(timerRoutes, timer);
 }
