@@ -187,7 +187,7 @@ BENCHMARK(BM_Blink)->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
-    StartInterfaceLayer(argc, argv);
+    StartInterfaceLayer(argv);
     OpenScreenRig();
     benchmark::RunSpecifiedBenchmarks();
     EndInterfaceLayer();

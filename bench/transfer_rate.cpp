@@ -144,7 +144,7 @@ void Measure(const BenchRow& row, const std::string& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    StartInterfaceLayer(argc, argv);
+    StartInterfaceLayer(argv);
     AllocateLinkBuffers();
     OpenNumberedWindow(kMainWindow, 0, 0, 900, 700, "Transfer rate", kStandardWindowFlags);
     CanvasGadget(kTerminalCanvas, 0, 30, 913, 654, kCanvasKeyboard);

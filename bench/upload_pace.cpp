@@ -74,7 +74,7 @@ int64_t PrescribedMs() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    StartInterfaceLayer(argc, argv);
+    StartInterfaceLayer(argv);
     AllocateLinkBuffers();
     OpenUploadWindow();
     const int board = posix_openpt(O_RDWR | O_NOCTTY);

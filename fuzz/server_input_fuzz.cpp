@@ -90,7 +90,7 @@ void EmptyFolder() {
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
     static NoWaits clock;
     InstallClock(&clock);
-    StartInterfaceLayer(*argc, *argv);
+    StartInterfaceLayer(*argv);
     char folder[] = "/tmp/server_input_fuzz.XXXXXX";
     if (!mkdtemp(folder) || chdir(folder) != 0) abort();
     OpenScreenRig();

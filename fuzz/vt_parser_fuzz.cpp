@@ -31,9 +31,8 @@ bool ModelHolds() {
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
     setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    static int toolkitArguments = 1;
     static_cast<void>(argc);
-    StartInterfaceLayer(toolkitArguments, *argv);
+    StartInterfaceLayer(*argv);
     TerminalSettingsForTable().scrollBack = kSmallScrollBack;
     OpenScreenRig();
     return 0;

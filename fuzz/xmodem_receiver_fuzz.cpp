@@ -53,7 +53,7 @@ void Serve() {
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
-    StartInterfaceLayer(*argc, *argv);
+    StartInterfaceLayer(*argv);
     SetServeBeforeWait(Serve);
     return 0;
 }

@@ -10,5 +10,8 @@ const LineEnding& lineEnding = current;
 
 void SetLineEnding(const QString& name) {
     current.name = name;
-    current.bytes = name == "CR" ? "\r" : name == "LF" ? "\n" : "\r\n";
+    current.bytes = kLineEndings[0].bytes;
+    for (const LineEndingRow& row : kLineEndings) {
+        if (name == row.name) current.bytes = row.bytes;
+    }
 }

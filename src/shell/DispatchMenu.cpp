@@ -12,6 +12,7 @@
 #include "shell/Route.h"
 #include "shell/ViewMenu.h"
 #include "terminal/input/Paste.h"
+#include "terminal/input/TerminalInput.h"
 #include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
@@ -37,7 +38,7 @@ void ToggleWordWrap(int item) {
 }
 
 void ChooseLineEnding(int item) {
-    SetLineEnding(item == kItemLineEndingCr ? "CR" : item == kItemLineEndingLf ? "LF" : "CRLF");
+    SetLineEnding(kLineEndings[item - kItemLineEndingCrLf].name);
     TickOneOf(kItemLineEndingCrLf, kItemLineEndingLf, item);
 }
 
@@ -65,38 +66,38 @@ void AltC(int) {
 // Items 28, 29 and 51 run from the layer's own dispatch and have no row here.
 // clang-format off
 const Route menuRoutes[] = {
-    {kItemAllowResize,         kItemAllowResize,         kAnyType, ToggleAllowResize},
-    {kItemTerminalFont,        kItemTerminalFont,        kAnyType, [](int) { AskTerminalFont(); }},
-    {kItemDarkBackground,      kItemDarkBackground,      kAnyType, [](int) { SwitchDarkBackground(); }},
-    {kItemWordWrap,            kItemWordWrap,            kAnyType, ToggleWordWrap},
-    {kItemLineEndingCrLf,      kItemLineEndingLf,        kAnyType, ChooseLineEnding},
-    {kItemAutosaveCode,        kItemAutosaveCode,        kAnyType, [](int) { UploadPastedText(ClipboardText()); }},
-    {kItemPasteText,           kItemPasteText,           kAnyType, [](int) { PasteClipboard(0); }},
-    {kItemPasteSlowly,         kItemPasteSlowly,         kAnyType, [](int) { PasteClipboard(linkSettings.lineDelay); }},
-    {kItemCopyAll,             kItemCopyAll,             kAnyType, [](int) { SetClipboardText(GetTerminalText(kTextAll)); }},
-    {kItemCopyVisible,         kItemCopyVisible,         kAnyType, [](int) { SetClipboardText(GetTerminalText(kTextVisible)); }},
-    {kItemSaveAll,             kItemSaveAll,             kAnyType, [](int) { SaveTerminalText(kTextAll); }},
-    {kItemSaveVisible,         kItemSaveVisible,         kAnyType, [](int) { SaveTerminalText(kTextVisible); }},
-    {kItemSetTime,             kItemSetRtc,              kAnyType, SendActionCommand},
-    {kItemClearScreen,         kItemClearScreen,         kAnyType, ClearScreen},
-    {kItemNew,                 kItemListAll,             kAnyType, SendActionCommand},
-    {kItemStartCapture,        kItemStartCapture,        kAnyType, [](int) { StartCapture(); FocusGadget(kTerminalCanvas); }},
-    {kItemEndCapture,          kItemEndCapture,          kAnyType, [](int) { StopCapture(); SaveTerminalText(kTextCapture); }},
-    {kItemSendListing,         kItemSendListing,         kAnyType, [](int) { RequestListing(); }},
-    {kItemOptionList,          kItemRun,                 kAnyType, SendActionCommand},
-    {kFirstViewItem,           kLastViewItem,            kAnyType, ToggleToolbarRow},
-    {kFirstModeItem,           kLastModeRoute,           kAnyType, ChooseMode},
-    {kItemHelp,                kItemHelp,                kAnyType, [](int) { ShowHelpViewer(); }},
-    {kShortcutLineEnding,      kShortcutLineEnding,      kAnyType, [](int) { SendText(lineEnding.bytes); }},
-    {kShortcutAddressReturn,   kShortcutAddressReturn,   kAnyType, AddressReturn},
-    {kShortcutCommandReturn,   kShortcutCommandReturn,   kAnyType, [](int) { SubmitCommandBar(true); }},
-    {kShortcutHistoryPrevious, kShortcutHistoryPrevious, kAnyType, [](int) { HistoryPrevious(); }},
-    {kShortcutHistoryNext,     kShortcutHistoryNext,     kAnyType, [](int) { HistoryNext(); }},
-    {kShortcutCtrlC,           kShortcutCtrlC,           kAnyType, [](int) { SendIfTerminalFocused(3); }},
-    {kShortcutCtrlZ,           kShortcutCtrlZ,           kAnyType, [](int) { SendIfTerminalFocused(26); }},
-    {kShortcutF10,             kShortcutF10,             kAnyType, [](int) { SendText("\x1b[21~"); }},
-    {kShortcutShiftF10,        kShortcutShiftF10,        kAnyType, [](int) { SendText("\x1b[34~"); }},
-    {kShortcutAltC,            kShortcutAltC,            kAnyType, AltC},
+    {kItemAllowResize,         kItemAllowResize,         kAny, ToggleAllowResize},
+    {kItemTerminalFont,        kItemTerminalFont,        kAny, [](int) { AskTerminalFont(); }},
+    {kItemDarkBackground,      kItemDarkBackground,      kAny, [](int) { SwitchDarkBackground(); }},
+    {kItemWordWrap,            kItemWordWrap,            kAny, ToggleWordWrap},
+    {kItemLineEndingCrLf,      kItemLineEndingLf,        kAny, ChooseLineEnding},
+    {kItemAutosaveCode,        kItemAutosaveCode,        kAny, [](int) { UploadPastedText(ClipboardText()); }},
+    {kItemPasteText,           kItemPasteText,           kAny, [](int) { PasteClipboard(0); }},
+    {kItemPasteSlowly,         kItemPasteSlowly,         kAny, [](int) { PasteClipboard(linkSettings.lineDelay); }},
+    {kItemCopyAll,             kItemCopyAll,             kAny, [](int) { SetClipboardText(GetTerminalText(TextPart::kAll)); }},
+    {kItemCopyVisible,         kItemCopyVisible,         kAny, [](int) { SetClipboardText(GetTerminalText(TextPart::kVisible)); }},
+    {kItemSaveAll,             kItemSaveAll,             kAny, [](int) { SaveTerminalText(TextPart::kAll); }},
+    {kItemSaveVisible,         kItemSaveVisible,         kAny, [](int) { SaveTerminalText(TextPart::kVisible); }},
+    {kItemSetTime,             kItemSetRtc,              kAny, SendActionCommand},
+    {kItemClearScreen,         kItemClearScreen,         kAny, ClearScreen},
+    {kItemNew,                 kItemListAll,             kAny, SendActionCommand},
+    {kItemStartCapture,        kItemStartCapture,        kAny, [](int) { StartCapture(); FocusGadget(kTerminalCanvas); }},
+    {kItemEndCapture,          kItemEndCapture,          kAny, [](int) { StopCapture(); SaveTerminalText(TextPart::kCapture); }},
+    {kItemSendListing,         kItemSendListing,         kAny, [](int) { RequestListing(); }},
+    {kItemOptionList,          kItemRun,                 kAny, SendActionCommand},
+    {kFirstViewItem,           kLastViewItem,            kAny, ToggleToolbarRow},
+    {kFirstModeItem,           kLastModeRoute,           kAny, ChooseMode},
+    {kItemHelp,                kItemHelp,                kAny, [](int) { ShowHelpViewer(); }},
+    {kShortcutLineEnding,      kShortcutLineEnding,      kAny, [](int) { SendText(lineEnding.bytes); }},
+    {kShortcutAddressReturn,   kShortcutAddressReturn,   kAny, AddressReturn},
+    {kShortcutCommandReturn,   kShortcutCommandReturn,   kAny, [](int) { SubmitCommandBar(true); }},
+    {kShortcutHistoryPrevious, kShortcutHistoryPrevious, kAny, [](int) { HistoryPrevious(); }},
+    {kShortcutHistoryNext,     kShortcutHistoryNext,     kAny, [](int) { HistoryNext(); }},
+    {kShortcutCtrlC,           kShortcutCtrlC,           kAny, [](int) { SendIfTerminalFocused(3); }},
+    {kShortcutCtrlZ,           kShortcutCtrlZ,           kAny, [](int) { SendIfTerminalFocused(26); }},
+    {kShortcutF10,             kShortcutF10,             kAny, [](int) { SendText(FunctionKeyCode(10, false)); }},
+    {kShortcutShiftF10,        kShortcutShiftF10,        kAny, [](int) { SendText(FunctionKeyCode(10, true)); }},
+    {kShortcutAltC,            kShortcutAltC,            kAny, AltC},
 };
 // clang-format on
 

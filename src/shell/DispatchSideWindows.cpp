@@ -13,8 +13,8 @@ namespace {
 
 // clang-format off
 const Route helpRoutes[] = {
-    {kEventSizeWindow,  kEventSizeWindow,  kAnyType,               [](int) { ResizeHelpViewer(); }},
-    {kEventCloseWindow, kEventCloseWindow, kAnyType,               [](int) { CloseHelpViewer(); }},
+    {kEventSizeWindow,  kEventSizeWindow,  kAny,               [](int) { ResizeHelpViewer(); }},
+    {kEventCloseWindow, kEventCloseWindow, kAny,               [](int) { CloseHelpViewer(); }},
     {kEventGadget,      kEventGadget,      kHelpEditorIndexButton, [](int) { HelpButtonClicked(kHelpEditorIndexButton); }},
     {kEventGadget,      kEventGadget,      kHelpBasicIndexButton,  [](int) { HelpButtonClicked(kHelpBasicIndexButton); }},
     {kEventGadget,      kEventGadget,      kHelpBackButton,        [](int) { HelpButtonClicked(kHelpBackButton); }},
@@ -22,8 +22,8 @@ const Route helpRoutes[] = {
 };
 
 const Route fileManagerRoutes[] = {
-    {kEventSizeWindow,  kEventSizeWindow,  kAnyType,               [](int) { ResizeFileManager(); }},
-    {kEventCloseWindow, kEventCloseWindow, kAnyType,               [](int) { CloseFileManager(); }},
+    {kEventSizeWindow,  kEventSizeWindow,  kAny,               [](int) { ResizeFileManager(); }},
+    {kEventCloseWindow, kEventCloseWindow, kAny,               [](int) { CloseFileManager(); }},
     {kEventGadget,      kEventGadget,      kDeviceList,            [](int) { DeviceListClicked(); }},
     {kEventGadget,      kEventGadget,      kPcList,                [](int) { PcListChanged(); }},
     {kEventGadget,      kEventGadget,      kPcPathEntry,           [](int) { PathBoxChanged(); }},

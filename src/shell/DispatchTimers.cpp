@@ -23,10 +23,10 @@ void DeferredLoad(int) {
 
 // clang-format off
 const Route timerRoutes[] = {
-    {kPollTimer,         kPollTimer,         kAnyType, [](int) { PollLink(); }},
-    {kBlinkTimer,        kBlinkTimer,        kAnyType, [](int) { NotifyCursorBlink(); }},
-    {kDeferredLoadTimer, kDeferredLoadTimer, kAnyType, DeferredLoad},
-    {kNoticeTimer,       kNoticeTimer,       kAnyType, [](int) { CloseNotice(); }},
+    {kPollTimer,         kPollTimer,         kAny, [](int) { PollLink(); }},
+    {kBlinkTimer,        kBlinkTimer,        kAny, [](int) { NotifyCursorBlink(); }},
+    {kDeferredLoadTimer, kDeferredLoadTimer, kAny, DeferredLoad},
+    {kNoticeTimer,       kNoticeTimer,       kAny, [](int) { CloseNotice(); }},
 };
 // clang-format on
 

@@ -3,6 +3,7 @@
 #include "base/Numbers.h"
 #include "link/LinkPrimitives.h"
 #include "shell/MacroText.h"
+#include "ui/ButtonGadget.h"
 #include "ui/Dialogs.h"
 #include "ui/Gadgets.h"
 
@@ -49,7 +50,5 @@ void SaveMacro() {
     const QString label = AskText("Macro", "Nickname for macro?", QString());
     if (label.isEmpty() || EmptyMacros(label) || Size() >= kMostMacros) return;
     AddMacro({label, QString()});
-    const int button = kFirstMacroButton + Size() - 1;
-    SetGadgetText(button, label);
-    DisableGadget(button, false);
+    LabelButton(kFirstMacroButton + Size() - 1, label);
 }

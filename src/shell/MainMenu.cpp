@@ -84,11 +84,8 @@ void TickViewItems() {
 
 void TickLineEnding() {
     SetLineEnding(lineEnding.name);
-    const QString names[] = {"CRLF", "CR", "LF"};
-    for (int i = 0; i < 3; ++i) {
-        if (lineEnding.name == names[i]) {
-            TickOneOf(kItemLineEndingCrLf, kItemLineEndingLf, kItemLineEndingCrLf + i);
-        }
+    for (const LineEndingRow& row : kLineEndings) {
+        SetMenuItemTick(row.item, lineEnding.name == row.name);
     }
 }
 
@@ -109,7 +106,7 @@ void CreateEditPopup() {
 
 void SetStartTicks() {
     TickViewItems();
-    SetMenuItemTick(kItemDarkBackground, terminalScreen.darkBackground);
+    SetMenuItemTick(kItemDarkBackground, terminalSettings.darkBackground != 0);
     SetMenuItemTick(kItemAllowResize, terminalSettings.allowResize != 0);
     SetMenuItemTick(kFirstModeItem + terminalMode, true);
     TickLineEnding();

@@ -4,6 +4,7 @@
 #include "base/TextRules.h"
 #include "link/Connection.h"
 #include "shell/ShellSettings.h"
+#include "ui/ButtonGadget.h"
 #include "ui/Gadgets.h"
 #include "ui/Notice.h"
 #include "upload/DeviceSpec.h"
@@ -68,7 +69,5 @@ void SaveDevicePreset() {
     const PresetEntry preset = {nickname, AsDirective(TrimBlanks(GadgetText(kSpecEntry)))};
     if (ReplacePreset(preset) || Size() >= kMostPresets) return;
     AddPreset(preset);
-    const int button = kFirstPresetButton + Size() - 1;
-    SetGadgetText(button, nickname);
-    DisableGadget(button, false);
+    LabelButton(kFirstPresetButton + Size() - 1, nickname);
 }

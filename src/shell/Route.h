@@ -7,7 +7,7 @@
 #include "ui/InterfaceEvent.h"
 
 // Takes the objects from `first` to `last`, and of those the ones of a sub-type, or all with
-// kAnyType. What the two are is the table's: gadgets and what happened to them, menu items,
+// kAny. What the two are is the table's: gadgets and what happened to them, menu items,
 // timers, events and the gadget that they came from.
 struct Route {
     int64_t first, last;
@@ -17,10 +17,10 @@ struct Route {
 
 // Runs the first row that takes the object. One that no row takes is dropped without a word.
 template <size_t count>
-void TakeRoute(const Route (&routes)[count], int64_t object, int64_t type = kAnyType) {
+void TakeRoute(const Route (&routes)[count], int64_t object, int64_t type = kAny) {
     for (const Route& route : routes) {
         const bool held = object >= route.first && object <= route.last;
-        if (held && (route.type == kAnyType || route.type == type)) {
+        if (held && (route.type == kAny || route.type == type)) {
             return route.procedure(static_cast<int>(object));
         }
     }

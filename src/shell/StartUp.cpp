@@ -151,11 +151,9 @@ void ShutDown() {
 }
 
 int RunProgram(int argc, char** argv) {
-    // The toolkit sees no argument but the program's name: it would take some for itself.
-    int toolkitArguments = 1;
     // A far end that is gone must show as a failed write, not end the program.
     signal(SIGPIPE, SIG_IGN);
-    StartInterfaceLayer(toolkitArguments, argv);
+    StartInterfaceLayer(argv);
     ResolveAppPaths();
     SetCurrentFile(JoinArguments(argc, argv));
     if (!SecondInstance()) {

@@ -9,6 +9,7 @@
 #include "shell/Macros.h"
 #include "shell/Presets.h"
 #include "shell/ShellSettings.h"
+#include "ui/ButtonGadget.h"
 #include "ui/Gadgets.h"
 #include "upload/DeviceSpec.h"
 
@@ -21,11 +22,6 @@ void ShowPreset(const PresetEntry& preset) {
     SetGadgetText(kNicknameEntry, preset.nickname);
     SetGadgetText(kSpecEntry, preset.spec);
     ApplyDeviceSpec(preset.spec);
-}
-
-void LabelButton(int gadget, const QString& label) {
-    SetGadgetText(gadget, label);
-    DisableGadget(gadget, false);
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Number, window, object, type; kAny or kAnyType where any will do.
+// Number, window, object, type; kAny where any will do.
 using HandlerKey = std::tuple<int32_t, int64_t, int64_t, int64_t>;
 
 std::map<HandlerKey, EventHandler> handlers;
@@ -46,10 +46,10 @@ void BindHandler(int32_t number, int64_t window, int64_t object, int64_t type,
 // A typed binding holds in whatever window the gadget lies; no key leaves both the window
 // and the type open, so an untyped one is tied to the window that the gadget lies in now.
 void BindGadgetHandler(int gadget, EventHandler handler, int64_t type) {
-    if (type != kAnyType) {
+    if (type != kAny) {
         BindHandler(kEventGadget, kAny, gadget, type, handler);
     } else if (FindGadget(gadget)) {
-        BindHandler(kEventGadget, GadgetWindow(gadget), gadget, kAnyType, handler);
+        BindHandler(kEventGadget, GadgetWindow(gadget), gadget, kAny, handler);
     }
 }
 
@@ -64,9 +64,9 @@ void RunBoundHandlers(const InterfaceEvent& event) {
     const InterfaceEvent* outer = MakeEventCurrent(&event);
     const HandlerKey keys[] = {
         {event.number, event.window, event.object, event.type},
-        {event.number, event.window, event.object, kAnyType},
-        {event.number, event.window, kAny, kAnyType},
-        {event.number, kAny, kAny, kAnyType},
+        {event.number, event.window, event.object, kAny},
+        {event.number, event.window, kAny, kAny},
+        {event.number, kAny, kAny, kAny},
         {event.number, kAny, event.object, event.type},
     };
     for (const HandlerKey& key : keys) RunHandlerOf(key);

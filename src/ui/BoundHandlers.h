@@ -3,9 +3,6 @@
 
 #include "ui/InterfaceEvent.h"
 
-// In a binding: takes any window, or any object. kAnyType does the same for the type.
-constexpr int64_t kAny = -2;
-
 // Binds a procedure to a key. One that stands under the same key is replaced; null
 // removes it.
 void BindHandler(int32_t number, int64_t window, int64_t object, int64_t type,

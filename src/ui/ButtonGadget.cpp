@@ -4,6 +4,7 @@
 
 #include "ui/Caption.h"
 #include "ui/GadgetTable.h"
+#include "ui/Gadgets.h"
 #include "ui/PBGadgetFunctions.h"
 
 namespace {
@@ -37,4 +38,9 @@ void ButtonGadget(int gadget, int x, int y, int width, int height, const QString
     auto* functions = new ButtonFunctions(gadget, new QPushButton(parent));
     functions->SetText(text);
     EnterGadget(functions, QRect(x, y, width, height));
+}
+
+void LabelButton(int gadget, const QString& text) {
+    SetGadgetText(gadget, text);
+    DisableGadget(gadget, false);
 }

@@ -4,3 +4,6 @@
 #include <QString>
 
 void ButtonGadget(int gadget, int x, int y, int width, int height, const QString& text);
+
+// Gives a button its text and makes it usable.
+void LabelButton(int gadget, const QString& text);

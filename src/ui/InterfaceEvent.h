@@ -5,8 +5,8 @@
 
 #include <cstdint>
 
-constexpr int64_t kNone = -1;     // no object, no window
-constexpr int64_t kAnyType = -2;  // a binding that takes every sub-type
+constexpr int64_t kNone = -1;  // no object, no window
+constexpr int64_t kAny = -2;   // in a binding or a route: every window, object or sub-type
 
 // Delivered even while events are blocked.
 constexpr uint32_t kEventUnblockable = 1;
@@ -48,10 +48,10 @@ void DropQueuedEvents(int32_t number, int64_t object);
 // Number of events in the queue. Interface thread.
 int QueuedEventCount();
 
-// Binds a procedure to a gadget's events of one sub-type (or kAnyType), or to a menu
+// Binds a procedure to a gadget's events of one sub-type (or kAny), or to a menu
 // item. It runs from the layer itself; the event is queued all the same. A second
 // binding under the same key replaces the first. Interface thread.
-void BindGadgetHandler(int gadget, EventHandler handler, int64_t type = kAnyType);
+void BindGadgetHandler(int gadget, EventHandler handler, int64_t type = kAny);
 void BindMenuHandler(int item, EventHandler handler);
 
 // The fields of the current event: the one taken last, or, inside a bound handler,

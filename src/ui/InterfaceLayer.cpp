@@ -63,7 +63,7 @@ void CreateApplication(char** argv) {
 
 }  // namespace
 
-void StartInterfaceLayer(int&, char** argv) {
+void StartInterfaceLayer(char** argv) {
     interfaceThread = std::this_thread::get_id();
     CreateApplication(argv);
     StartWaiting();

@@ -3,9 +3,9 @@
 
 // Creates the toolkit's application object and the layer's tables, and registers
 // ServeToolkit to run in every wait of the calling thread, which from here on is the
-// interface thread. SIGTERM, SIGINT and SIGHUP close the main window from here on. `argc`
-// and `argv` must outlive the layer.
-void StartInterfaceLayer(int& argc, char** argv);
+// interface thread. SIGTERM, SIGINT and SIGHUP close the main window from here on. The
+// toolkit sees the program's name alone of `argv`, which must outlive the layer.
+void StartInterfaceLayer(char** argv);
 
 // Closes all windows and drops all queued events, timers and shortcuts.
 void EndInterfaceLayer();

@@ -126,25 +126,12 @@ void TakeAddress(const QString& value, SpecRun&) {
     SetDeviceOnTcpip(true);
 }
 
-struct LineEndingChoice {
-    const char* value;
-    const char* name;
-    int item;
-};
-
-const LineEndingChoice lineEndingChoices[] = {
-    {"crlf", "CRLF", kItemLineEndingCrLf},
-    {"cr", "CR", kItemLineEndingCr},
-    {nullptr, "LF", kItemLineEndingLf},  // any other value, and none
-};
-
+// Any other value, and none, is LF.
 void TakeLineEnding(const QString& value, SpecRun&) {
-    const LineEndingChoice* choice = lineEndingChoices;
-    while (choice->value && value.toLower() != choice->value) ++choice;
-    SetLineEnding(choice->name);
-    for (const LineEndingChoice& each : lineEndingChoices) {
-        SetMenuItemTick(each.item, each.item == choice->item);
-    }
+    const LineEndingRow* chosen = kLineEndings;
+    while (chosen->item != kItemLineEndingLf && value.toUpper() != chosen->name) ++chosen;
+    SetLineEnding(chosen->name);
+    TickOneOf(kItemLineEndingCrLf, kItemLineEndingLf, chosen->item);
 }
 
 struct OptionRow {

@@ -18,8 +18,8 @@ TEST(TerminalText, LinesUpToTheirLengthAndTheirFiles) {
     OpenScreenRig();
     Feed("one\n\x1b[1;6Htwo\nthree\nfour\xE9\n\n");
     const QString visible = "fouré \r\n\r\n\r\n", all = "one  two \r\nthree \r\n" + visible;
-    EXPECT_EQ(GetTerminalText(kTextAll), all);
-    EXPECT_EQ(GetTerminalText(kTextVisible), visible);
+    EXPECT_EQ(GetTerminalText(TextPart::kAll), all);
+    EXPECT_EQ(GetTerminalText(TextPart::kVisible), visible);
 
     const ScratchFolder folder;
     DialogAnswers answers;
@@ -29,16 +29,16 @@ TEST(TerminalText, LinesUpToTheirLengthAndTheirFiles) {
     CaptureText("captured\x1b[m\ré→");
     const struct {
         FileChoice chosen;
-        int what;
+        TextPart what;
         QString name, text;
     } cases[] = {
-        {{"a", 0}, kTextVisible, "a.bas", visible},
-        {{"b", 1}, kTextAll, "b.txt", all},
-        {{"c", 2}, kTextVisible, "c", visible},
-        {{"d.bas", 1}, kTextVisible, "d.bas", visible},
-        {{"missing/f", 0}, kTextVisible, "missing/f.bas", ""},
-        {{".", 2}, kTextVisible, ".", ""},                             // a folder
-        {{QString(), 0}, kTextCapture, ".bas", "captured\x1b[m\ré?"},  // a cancelled dialog
+        {{"a", 0}, TextPart::kVisible, "a.bas", visible},
+        {{"b", 1}, TextPart::kAll, "b.txt", all},
+        {{"c", 2}, TextPart::kVisible, "c", visible},
+        {{"d.bas", 1}, TextPart::kVisible, "d.bas", visible},
+        {{"missing/f", 0}, TextPart::kVisible, "missing/f.bas", ""},
+        {{".", 2}, TextPart::kVisible, ".", ""},                             // a folder
+        {{QString(), 0}, TextPart::kCapture, ".bas", "captured\x1b[m\ré?"},  // a cancelled dialog
     };
     for (const auto& each : cases) {
         answer = each.chosen;
@@ -52,9 +52,9 @@ TEST(TerminalText, LinesUpToTheirLengthAndTheirFiles) {
     TerminalScrollDown(2);
     SetLineEnding("CR");
     SetScrollBackLimits(100, 4);
-    EXPECT_EQ(GetTerminalText(kTextVisible), "one \rthre\rfour\r");
+    EXPECT_EQ(GetTerminalText(TextPart::kVisible), "one \rthre\rfour\r");
     SetScrollBackLimits(100, -1);
-    EXPECT_EQ(GetTerminalText(kTextVisible), "\r\r\r");
+    EXPECT_EQ(GetTerminalText(TextPart::kVisible), "\r\r\r");
 }
 
 }  // namespace

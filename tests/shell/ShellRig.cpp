@@ -19,7 +19,7 @@ QString Head(QString text) {
 }
 
 QString LastLine() {
-    const QStringList lines = GetTerminalText(kTextVisible).split(lineEnding.bytes);
+    const QStringList lines = GetTerminalText(TextPart::kVisible).split(lineEnding.bytes);
     for (int i = lines.size(); i-- > 0;) {
         if (!lines[i].trimmed().isEmpty()) return lines[i].trimmed();
     }
@@ -47,7 +47,7 @@ Facts State(const QString& asked) {
         {"bar", GadgetText(kCommandEntry)},
         {"capture", number(capture.on) + number(capture.listingState) + Head(capture.buffer)},
         {"clip", Head(ClipboardText())}, {"connected", number(linkStatus.linkConnected)},
-        {"dark", number(terminalScreen.darkBackground)}, {"ending", lineEnding.name},
+        {"dark", number(terminalSettings.darkBackground)}, {"ending", lineEnding.name},
         {"exit", number(exitRequested)}, {"family", uploadOptions.familyName},
         {"file", Head(ScratchFolder::Get("saved.txt"))},
         {"font", number(terminalSettings.fontSize)},

@@ -122,7 +122,7 @@ TEST_F(ChoicesTest, TelnetLineEndsAreForTextAlone) {
         board.Write("A\xFF\xFB\x03\r\0\nB"s);
         PollLink();
         EXPECT_EQ(board.Read(), mode == kModeHexMonitor ? "" : "\xFF\xFE\x03");
-        return GetTerminalText(kTextVisible).simplified();
+        return GetTerminalText(TextPart::kVisible).simplified();
     };
     EXPECT_EQ(shown(kModeTerminal), "A B");
     EXPECT_EQ(shown(kModeMonitor), "A B");

@@ -18,7 +18,7 @@ class Poll : public ShellRig {
         PostInterfaceEvent(kEventTimer, kMainWindow, kPollTimer, 0);
         Drain();
     }
-    static bool Shown(const char* text) { return GetTerminalText(kTextVisible).contains(text); }
+    static bool Shown(const char* text) { return GetTerminalText(TextPart::kVisible).contains(text); }
 };
 
 TEST_F(Poll, StandsAside) {

@@ -256,7 +256,7 @@ TEST_F(Routes, OfDrops) {
         ClearTerminal(kTerminalCanvas);
         Drop(gadget < 0 ? WidgetOfWindow(kMainWindow) : WidgetOfGadget(gadget), data);
         Drain();
-        return GetTerminalText(kTextVisible).split("\r\n").mid(0, 2).join("|").toStdString();
+        return GetTerminalText(TextPart::kVisible).split("\r\n").mid(0, 2).join("|").toStdString();
     };
     const std::string file = "|Processing file: /none/a.uf2 ";  // behind the prompt
     EXPECT_EQ(lines(-1, files), file);

@@ -70,7 +70,7 @@ TEST_F(ServerChunkThreads, EachModeShowsAndForwardsItsDirections) {
         device.Write("dd");
         PollLink();
         EXPECT_EQ(TakeCapture(), row.deviceCapture) << row.mode;
-        EXPECT_TRUE(GetTerminalText(kTextVisible).startsWith(row.firstRow)) << row.mode;
+        EXPECT_TRUE(GetTerminalText(TextPart::kVisible).startsWith(row.firstRow)) << row.mode;
         const std::string forwarded = row.forwards ? "dd" : "";
         EXPECT_TRUE(Until([&] { return client.Read() == forwarded; })) << row.mode;
     }

@@ -193,7 +193,7 @@ TEST_F(Window, ShowsWhatIsStored) {
     EXPECT_EQ(Timer(kPollTimer)->interval(), 20);
     EXPECT_EQ(Timer(kBlinkTimer)->interval(), 400);
     EXPECT_EQ(Timer(kDeferredLoadTimer)->interval(), 300);
-    EXPECT_TRUE(GetTerminalText(kTextVisible).startsWith("Kewlink Console \rBuild date: 20"));
+    EXPECT_TRUE(GetTerminalText(TextPart::kVisible).startsWith("Kewlink Console \rBuild date: 20"));
 }
 
 // Notes when the link goes and when a timer does.

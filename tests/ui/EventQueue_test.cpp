@@ -86,15 +86,15 @@ TEST_F(EventQueue, DataIsReleasedOnceWhateverBecomesOfTheEvent) {
 
 TEST_F(EventQueue, BoundHandlersRunInKeyOrderWithTheirEventCurrent) {
     BindHandler(3, 1, 2, 768, [] { log += "a"; });
-    BindHandler(3, 1, 2, kAnyType, [] { log += "b"; });
-    BindHandler(3, 1, kAny, kAnyType, [] { log += "c"; });
-    BindHandler(3, kAny, kAny, kAnyType, [] { log += "d"; });
+    BindHandler(3, 1, 2, kAny, [] { log += "b"; });
+    BindHandler(3, 1, kAny, kAny, [] { log += "c"; });
+    BindHandler(3, kAny, kAny, kAny, [] { log += "d"; });
     BindHandler(3, kAny, 2, 768, [] {
         log += "e" + std::to_string(EventObject()) + std::to_string(EventType());
         RaiseInterfaceEvent(Event(6, 9));  // from within: its own handlers, then ours again
         log += "/" + std::to_string(EventNumber());
     });
-    BindHandler(6, 9, kAny, kAnyType, [] { log += "(" + std::to_string(EventWindow()) + ")"; });
+    BindHandler(6, 9, kAny, kAny, [] { log += "(" + std::to_string(EventWindow()) + ")"; });
 
     PostInterfaceEvent(65541, 0, kNone, 0);
     ASSERT_EQ(WaitForEvent(0), 65541);
@@ -175,7 +175,7 @@ TEST(WaitForEvent, WaitsItsTimeAndServesTheToolkitMeanwhile) {
 }
 
 TEST(WaitForEventDeathTest, AHandlerMustNotTakeEvents) {
-    BindHandler(7, kAny, kAny, kAnyType, [] { WaitForEvent(0); });
+    BindHandler(7, kAny, kAny, kAny, [] { WaitForEvent(0); });
     EXPECT_DEATH(RaiseInterfaceEvent(Event(7)), "must not take events");
 }
 

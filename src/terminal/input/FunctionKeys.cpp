@@ -26,6 +26,10 @@ constexpr FunctionKeyRow kFunctionKeys[] = {
 // Above the last shifted code that exists; shifted F11 and F12 send nothing.
 constexpr int kHighestCode = 34;
 
+QString CodeSequence(int code) {
+    return QString("\x1b[%1~").arg(code);
+}
+
 QString SequenceOf(const FunctionKeyRow& row, int modifiers) {
     // Equality: Shift together with another modifier counts as no shift.
     const bool shifted = modifiers == kModifierShift;
@@ -33,10 +37,15 @@ QString SequenceOf(const FunctionKeyRow& row, int modifiers) {
         return QString("\x1bO") + QChar(row.vt100Letter);
     if (shifted && inputSettings.xtermFunctionKeys) return QString("\x1b[%1;2~").arg(row.code);
     const int code = shifted ? row.shiftedCode : row.code;
-    return code > kHighestCode ? QString() : QString("\x1b[%1~").arg(code);
+    return code > kHighestCode ? QString() : CodeSequence(code);
 }
 
 }  // namespace
+
+QString FunctionKeyCode(int number, bool shifted) {
+    const FunctionKeyRow& row = kFunctionKeys[number - 1];
+    return CodeSequence(shifted ? row.shiftedCode : row.code);
+}
 
 QString FunctionKeySequence(int key, int modifiers) {
     for (const FunctionKeyRow& row : kFunctionKeys) {

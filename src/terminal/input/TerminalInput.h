@@ -30,6 +30,9 @@ void HandleTerminalInput();
 // What a function key sends; empty for nothing and for any other key. `key` is a toolkit
 // key code from F1 to F12, `modifiers` a sum of kModifier values.
 QString FunctionKeySequence(int key, int modifiers);
+// CSI, the code of F1 to F12 (`number` 1 to 12) as a VT220 counts it, and "~", whatever the
+// settings are.
+QString FunctionKeyCode(int number, bool shifted);
 
 // A left click in mouse mode, at the current event's place.
 void SendMouseReport();

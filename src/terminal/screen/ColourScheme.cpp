@@ -7,17 +7,15 @@
 #include "ui/MenuItem.h"
 
 void SetSchemeColours() {
-    SetDefaultColours(terminalSettings.darkBackground != 0);
-    SetCurrentColours(terminalScreen.defaultFg, terminalScreen.defaultBg);
+    UseSchemeColours();
     ResetDimColour();
 }
 
 // The parser's pending colours keep the old scheme's defaults until the device sets them.
 void SwitchDarkBackground() {
-    SetDarkBackground(!terminalScreen.darkBackground);
-    SetDefaultColours(terminalSettings.darkBackground != 0);
-    SetCurrentColours(terminalScreen.defaultFg, terminalScreen.defaultBg);
-    SetMenuItemTick(kItemDarkBackground, terminalScreen.darkBackground);
+    SetDarkBackground(terminalSettings.darkBackground == 0);
+    UseSchemeColours();
+    SetMenuItemTick(kItemDarkBackground, terminalSettings.darkBackground != 0);
     ClearTerminal(kTerminalCanvas);
     TerminalRepaint();
 }

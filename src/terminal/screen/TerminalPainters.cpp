@@ -33,11 +33,6 @@ void DrawBar(int x, int y, uint32_t colour) {
             kCursorHeight, colour);
 }
 
-// A colour chosen by the device lasts until here; the parser's pending pair still holds it.
-void DropCurrentColours() {
-    SetCurrentColours(terminalScreen.defaultFg, terminalScreen.defaultBg);
-}
-
 // Moves the picture by `rows` rows. The strip begins two pixels down, so the two upper
 // pixel rows of the picture never move.
 void MoveRows(int rows) {
@@ -64,7 +59,7 @@ void DrawRows(int first, int last) {
 }  // namespace
 
 void TerminalRepaint() {
-    DropCurrentColours();
+    UseDefaultColours();  // one that the device chose lasts until here
     if (!StartDrawing(kTerminalCanvas)) return;
     DrawBox(0, 0, terminalSettings.canvasWidth, terminalSettings.canvasHeight,
             terminalScreen.curBg);
@@ -77,7 +72,7 @@ void TerminalRepaint() {
 
 void TerminalScrollView(int n) {
     if (n == 0) return;
-    DropCurrentColours();
+    UseDefaultColours();  // one that the device chose lasts until here
     if (!StartDrawing(kTerminalCanvas)) return;
     // Further than this the whole picture is uncovered anyway.
     const int rows = terminalScreen.rows;

@@ -108,10 +108,15 @@ void SetPendingColours(uint32_t foreground, uint32_t background) {
     screen.pendBg = background;
 }
 
-void SetDefaultColours(bool dark) {
-    screen.darkBackground = dark;
+void UseDefaultColours() {
+    SetCurrentColours(screen.defaultFg, screen.defaultBg);
+}
+
+void UseSchemeColours() {
+    const bool dark = terminalSettings.darkBackground != 0;
     screen.defaultFg = dark ? kWhite : kBlack;
     screen.defaultBg = dark ? kBlack : kWhite;
+    UseDefaultColours();
 }
 
 void ResetDimColour() {
@@ -139,8 +144,7 @@ void ClearTerminal(int canvas) {
     }
     screen.cursorX = screen.cursorY = 1;
     screen.topLine = screen.topLimit = 0;
-    SetDefaultColours(screen.darkBackground);
-    SetCurrentColours(screen.defaultFg, screen.defaultBg);
+    UseSchemeColours();
     ResetLines(screen.rows + 1);
 }
 

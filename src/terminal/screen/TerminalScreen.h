@@ -46,9 +46,8 @@ struct TerminalScreen {
     int textAttr = 0;                      // attribute of new cells
     uint32_t curFg = 0xFFFFFF, curBg = 0;  // colours of new cells
     uint32_t pendFg = 0, pendBg = 0;       // the parser's colours, see VtParser.h
-    uint32_t defaultFg = 0xFFFFFF, defaultBg = 0;  // by darkBackground
+    uint32_t defaultFg = 0xFFFFFF, defaultBg = 0;  // by the scheme
     uint32_t dimColour = 0x999999;
-    bool darkBackground = true;
     bool cursorVisible = true;
 };
 
@@ -64,7 +63,8 @@ void MoveTerminalCursor(int x, int y);  // x 1 to kLastColumn, y 1 to rows
 void SetTextAttribute(int attribute);
 void SetCurrentColours(uint32_t foreground, uint32_t background);
 void SetPendingColours(uint32_t foreground, uint32_t background);
-void SetDefaultColours(bool dark);  // darkBackground and the scheme's two colours
+void UseDefaultColours();  // as the current ones
+void UseSchemeColours();   // as the default and the current ones, by the setting
 void ResetDimColour();
 void SetCursorVisible(bool visible);
 void SetScreenSize(int cols, int rows);  // the line list stays; ClearTerminal must follow

@@ -30,10 +30,10 @@ QString WithExtension(const FileChoice& choice) {
 
 }  // namespace
 
-QString GetTerminalText(int what) {
+QString GetTerminalText(TextPart part) {
     int first = 1;
     int last = TerminalLineCount() - 1;
-    if (what != kTextAll) {
+    if (part != TextPart::kAll) {
         first = terminalScreen.topLine + 1;
         last = std::min(last, terminalScreen.topLine + terminalScreen.rows);
     }
@@ -44,10 +44,10 @@ QString GetTerminalText(int what) {
     return text;
 }
 
-void SaveTerminalText(int what) {
+void SaveTerminalText(TextPart part) {
     const FileChoice choice = AskSaveFile("Save", QString(), kSourcePatterns);
     // A cancelled dialog gives an empty name and the first pattern, so this is ".bas".
     const QString name = WithExtension(choice);
-    const QString text = what == kTextCapture ? TakeCapture() : GetTerminalText(what);
+    const QString text = part == TextPart::kCapture ? TakeCapture() : GetTerminalText(part);
     if (!name.isEmpty()) WriteEightBitText(name, text);
 }

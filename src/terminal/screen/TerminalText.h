@@ -3,16 +3,14 @@
 
 #include <QString>
 
-constexpr int kTextVisible = 0;
-constexpr int kTextAll = 1;
-constexpr int kTextCapture = 2;
+enum class TextPart { kVisible, kAll, kCapture };
 
-// The shown lines (kTextVisible) or all lines held (kTextAll), each up to its length and
+// The shown lines (kVisible) or all lines held (kAll), each up to its length and
 // followed by the line ending. An empty cell gives a blank; a line stops at the setting
 // "Maximum line length".
-QString GetTerminalText(int what);
+QString GetTerminalText(TextPart part);
 
 // Asks for a name and writes the shown lines, all lines or the capture (which is then
 // emptied) to that file, one byte a character. A cancelled dialog counts as the name
 // ".bas" in the current folder. A file that can't be created is passed over.
-void SaveTerminalText(int what);
+void SaveTerminalText(TextPart part);

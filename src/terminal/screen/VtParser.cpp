@@ -120,9 +120,16 @@ constexpr ControlRow kControls[] = {
 };
 // clang-format on
 
+// A bit for each control below the blank.
+constexpr uint32_t LowControls() {
+    uint32_t bits = 0;
+    for (const ControlRow& row : kControls) bits |= row.unit < ' ' ? 1U << row.unit : 0;
+    return bits;
+}
+
+constexpr uint32_t kLowControls = LowControls();
+
 bool IsText(char16_t unit) {
-    constexpr uint32_t kLowControls =
-        1U << kBackSpace | 1U << kTab | 1U << kLineFeed | 1U << kCarriageReturn | 1U << kEscape;
     return unit >= ' ' ? unit != kDelete : !(kLowControls >> unit & 1);
 }
 
