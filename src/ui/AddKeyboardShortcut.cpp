@@ -3,14 +3,13 @@
 #include <QShortcut>
 #include <QVariant>
 
+#include "ui/NumberedWidgets.h"
 #include "ui/PBMenuEvents.h"
-#include "ui/PBQMainWindow.h"
-#include "ui/WindowTable.h"
 
 namespace {
 
 // All shortcuts of a window, or those of one key.
-QList<QShortcut*> ShortcutsOf(const PBQMainWindow& window, int key) {
+QList<QShortcut*> ShortcutsOf(const QWidget& window, int key) {
     QList<QShortcut*> found;
     for (QShortcut* shortcut :
          window.findChildren<QShortcut*>(QString(), Qt::FindDirectChildrenOnly)) {
@@ -23,7 +22,7 @@ QList<QShortcut*> ShortcutsOf(const PBQMainWindow& window, int key) {
 
 // A shortcut is a child of its window and holds for every gadget in it.
 void AddKeyboardShortcut(int window, int key, int number) {
-    PBQMainWindow* const found = FindWindow(window);
+    QWidget* const found = WindowWidget(window);
     if (!found || key == -1) return;
     RemoveKeyboardShortcut(window, key);
     auto* shortcut = new QShortcut(QKeySequence(key), found);
@@ -34,7 +33,7 @@ void AddKeyboardShortcut(int window, int key, int number) {
 // Off at once, so that the key is free again; deleted later, since it may be the one whose
 // press is being handled.
 void RemoveKeyboardShortcut(int window, int key) {
-    PBQMainWindow* const found = FindWindow(window);
+    QWidget* const found = WindowWidget(window);
     if (!found) return;
     for (QShortcut* shortcut : ShortcutsOf(*found, key)) {
         shortcut->setEnabled(false);

@@ -5,11 +5,9 @@
 
 #include "base/Numbers.h"
 #include "ui/EventQueue.h"
-#include "ui/GadgetTable.h"
 #include "ui/InterfaceEvent.h"
-#include "ui/PBQMainWindow.h"
+#include "ui/NumberedWidgets.h"
 #include "ui/PBTimerEvents.h"
-#include "ui/WindowTable.h"
 
 namespace {
 
@@ -19,7 +17,7 @@ PBTimerEvents timerEvents;
 
 // The timers of a window are its children, so they end with it. The toolkit keeps timers
 // of its own there as well, without a number.
-QTimer* FindTimer(const PBQMainWindow& window, int number) {
+QTimer* FindTimer(const QWidget& window, int number) {
     for (QTimer* timer : window.findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly)) {
         const QVariant property = timer->property(kTimerProperty);
         if (property.isValid() && property.toInt() == number) return timer;
@@ -30,9 +28,9 @@ QTimer* FindTimer(const PBQMainWindow& window, int number) {
 }  // namespace
 
 void PBTimerEvents::Fired() {
-    const auto* window = static_cast<const PBQMainWindow*>(sender()->parent());
-    if (FindWindow(window->Number()) != window) return;  // closed, and soon deleted
-    FireWindowTimer(window->Number(), sender()->property(kTimerProperty).toInt());
+    const int window = WindowOf(static_cast<const QWidget*>(sender()->parent()));
+    // A window that is closed has none, and is soon deleted.
+    if (window >= 0) FireWindowTimer(window, sender()->property(kTimerProperty).toInt());
 }
 
 // A timer whose last event still waits is not raised again: a dialog that stands for
@@ -47,7 +45,7 @@ void FireWindowTimer(int window, int number) {
 }
 
 void AddWindowTimer(int window, int number, int periodMs) {
-    PBQMainWindow* const found = FindWindow(window);
+    QWidget* const found = WindowWidget(window);
     if (!found) return;
     RemoveWindowTimer(window, number);
     auto* timer = new QTimer(found);
@@ -60,7 +58,7 @@ void AddWindowTimer(int window, int number, int periodMs) {
 // A removed timer is silent from now on: what it raised and nobody took goes too. It may
 // be the one whose event is being handled, so it is deleted later.
 void RemoveWindowTimer(int window, int number) {
-    PBQMainWindow* const found = FindWindow(window);
+    QWidget* const found = WindowWidget(window);
     QTimer* const timer = found ? FindTimer(*found, number) : nullptr;
     if (!timer) return;
     timer->stop();

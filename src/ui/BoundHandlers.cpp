@@ -6,8 +6,7 @@
 
 #include "base/Numbers.h"
 #include "ui/CurrentEvent.h"
-#include "ui/GadgetTable.h"
-#include "ui/InterfaceLayer.h"
+#include "ui/InterfaceThread.h"
 
 namespace {
 
@@ -40,16 +39,6 @@ void BindHandler(int32_t number, int64_t window, int64_t object, int64_t type,
         handlers[key] = handler;
     } else {
         handlers.erase(key);
-    }
-}
-
-// A typed binding holds in whatever window the gadget lies; no key leaves both the window
-// and the type open, so an untyped one is tied to the window that the gadget lies in now.
-void BindGadgetHandler(int gadget, EventHandler handler, int64_t type) {
-    if (type != kAny) {
-        BindHandler(kEventGadget, kAny, gadget, type, handler);
-    } else if (FindGadget(gadget)) {
-        BindHandler(kEventGadget, GadgetWindow(gadget), gadget, kAny, handler);
     }
 }
 

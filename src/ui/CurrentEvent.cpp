@@ -2,7 +2,7 @@
 
 #include <cassert>
 
-#include "ui/InterfaceLayer.h"
+#include "ui/InterfaceThread.h"
 
 namespace {
 

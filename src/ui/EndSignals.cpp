@@ -11,7 +11,7 @@
 
 #include "base/Numbers.h"
 #include "base/Pacing.h"
-#include "ui/PBQMainWindow.h"
+#include "ui/NumberedWidgets.h"
 
 namespace {
 

@@ -1,119 +1,70 @@
 #include "ui/EventQueue.h"
 
+#include <algorithm>
 #include <cassert>
+#include <deque>
+#include <memory>
 #include <mutex>
+#include <utility>
 
 #include "base/Numbers.h"
 #include "ui/BoundHandlers.h"
 #include "ui/CurrentEvent.h"
-#include "ui/EventPool.h"
-#include "ui/InterfaceLayer.h"
+#include "ui/InterfaceThread.h"
 #include "ui/WaitEnd.h"
 
 namespace {
 
-// Flags of the queue's own, beside those that callers give. A record whose bound handlers
-// are running is current somewhere up the stack: who drops it leaves it to the procedure
-// that runs them.
-constexpr uint32_t kHandlersRunning = 0x100;
-constexpr uint32_t kOutOfQueue = 0x200;
+// An event and a share of its data: whoever runs an event holds a record of its own, so that
+// the queue may merge or drop its one meanwhile.
+struct Record {
+    explicit Record(const InterfaceEvent& given) : event(given) {
+        if (event.dataFree) data.reset(event.data, event.dataFree);
+    }
+    InterfaceEvent event;
+    std::shared_ptr<void> data;
+};
 
-// It guards the four variables below and the pool. It is not held while handlers run, so
-// that a post from another thread returns at once even while a handler shows a dialog.
+// It guards the two variables below. It is not held while handlers run, so that a post from
+// another thread returns at once even while a handler shows a dialog.
 std::recursive_mutex queueLock;
-InterfaceEvent* first = nullptr;
-InterfaceEvent* last = nullptr;
-int count = 0;
+std::deque<Record> queue;
 bool blocked = false;
 
-InterfaceEvent* taken = nullptr;  // the event taken last; interface thread alone
+Record taken((InterfaceEvent()));  // the event taken last; interface thread alone
 
 using QueueGuard = std::lock_guard<std::recursive_mutex>;
 
-// At the end of the queue; order is first in, first out.
-void Append(InterfaceEvent* record) {
-    (last ? last->next : first) = record;
-    last = record;
-    ++count;
-}
-
-// The first record, taken off the queue.
-InterfaceEvent* Unlink() {
-    InterfaceEvent* record = first;
-    first = record->next;
-    if (!first) last = nullptr;
-    record->next = nullptr;
-    --count;
-    return record;
-}
-
-// Lets go of a record that left the queue untaken.
-void Discard(InterfaceEvent* record) {
-    if (record->flags & kHandlersRunning) {
-        record->flags |= kOutOfQueue;
-    } else {
-        FreeEventRecord(record);
-    }
+bool IsUnmerged(const InterfaceEvent& event) {
+    return event.flags & kEventUnmerged;
 }
 
 // Only the newest event is looked at: what lies before another one happened before it.
 bool MergesWithLast(const InterfaceEvent& event) {
-    return last && event.number <= kLastLayerEvent && !(event.flags & kEventUnmerged) &&
-           last->number == event.number && last->object == event.object &&
-           last->window == event.window && last->type == event.type;
+    if (queue.empty() || event.number > kLastLayerEvent || IsUnmerged(event)) return false;
+    const InterfaceEvent& last = queue.back().event;
+    return last.number == event.number && last.object == event.object &&
+           last.window == event.window && last.type == event.type;
 }
 
-// The queued event takes over the newer data: of a burst the last state counts. One that
-// was posted or typed keeps its own, and so does one whose handlers are reading it; the
-// newer event then gets a record outside the queue, for its own handlers.
-InterfaceEvent* Merge(const InterfaceEvent& event) {
-    if (last->flags & (kHandlersRunning | kEventUnmerged)) {
-        InterfaceEvent* record = NewEventRecord(event);
-        record->flags |= kOutOfQueue;
-        return record;
-    }
-    ReleaseEventData(*last);
-    last->data = event.data;
-    last->dataFree = event.dataFree;
-    return last;
-}
-
-// The record that stands for the event from here on; null when it is dropped.
-InterfaceEvent* Enter(const InterfaceEvent& event) {
+// Of a burst the last state counts. An event that was posted or typed keeps its own data.
+bool Enter(const Record& record) {
     const QueueGuard guard(queueLock);
-    if (blocked && !(event.flags & kEventUnblockable)) {
-        InterfaceEvent dropped = event;
-        ReleaseEventData(dropped);
-        return nullptr;
+    if (blocked && !(record.event.flags & kEventUnblockable)) return false;
+    if (!MergesWithLast(record.event)) {
+        queue.push_back(record);
+    } else if (!IsUnmerged(queue.back().event)) {
+        queue.back() = record;
     }
-    if (MergesWithLast(event)) return Merge(event);
-    InterfaceEvent* record = NewEventRecord(event);
-    Append(record);
-    return record;
+    return true;
 }
 
-// The handlers may raise, merge and drop events, this one too; see kHandlersRunning.
-void RunHandlersNow(InterfaceEvent* record) {
-    record->flags |= kHandlersRunning;
-    RunBoundHandlers(*record);
-    const QueueGuard guard(queueLock);
-    record->flags &= ~kHandlersRunning;
-    if (record->flags & kOutOfQueue) FreeEventRecord(record);
-}
-
-// Turns the queue once round and leaves out what the test picks.
 template <typename Test>
 void DropIf(Test test) {
     assert(OnInterfaceThread());
     const QueueGuard guard(queueLock);
-    for (int left = count; left > 0; --left) {
-        InterfaceEvent* record = Unlink();
-        if (test(*record)) {
-            Discard(record);
-        } else {
-            Append(record);
-        }
-    }
+    const auto dropped = [&](const Record& record) { return test(record.event); };
+    queue.erase(std::remove_if(queue.begin(), queue.end(), dropped), queue.end());
 }
 
 }  // namespace
@@ -127,15 +78,14 @@ void PostInterfaceEvent(int32_t number, int64_t window, int64_t object, int64_t 
     event.type = type;
     event.data = data;
     const QueueGuard guard(queueLock);
-    Append(NewEventRecord(event));
+    queue.emplace_back(event);
     WakeInterfaceThread();  // under the lock, so that the layer cannot end meanwhile
 }
 
 void RaiseInterfaceEvent(const InterfaceEvent& event) {
     assert(OnInterfaceThread());
-    InterfaceEvent* record = Enter(event);
-    if (!record) return;
-    if (!(event.flags & kEventUnmerged)) RunHandlersNow(record);
+    const Record record(event);
+    if (Enter(record) && !IsUnmerged(event)) RunBoundHandlers(record.event);
 }
 
 // The event before it, and its data, live until the next one is taken.
@@ -143,13 +93,12 @@ bool TakeQueuedEvent() {
     assert(OnInterfaceThread());
     {
         const QueueGuard guard(queueLock);
-        if (!first) return false;
-        MakeEventCurrent(nullptr);
-        FreeEventRecord(taken);
-        taken = Unlink();
-        MakeEventCurrent(taken);
+        if (queue.empty()) return false;
+        taken = std::move(queue.front());
+        queue.pop_front();
+        MakeEventCurrent(&taken.event);
     }
-    if (taken->flags & kEventUnmerged) RunBoundHandlers(*taken);
+    if (IsUnmerged(taken.event)) RunBoundHandlers(taken.event);
     return true;
 }
 
@@ -170,22 +119,19 @@ void DropWindowEvents(int64_t window) {
 
 void DropAllEvents() {
     DropIf([](const InterfaceEvent&) { return true; });
-    const QueueGuard guard(queueLock);
     MakeEventCurrent(nullptr);
-    FreeEventRecord(taken);
-    taken = nullptr;
-    EmptyEventPool();
+    taken = Record((InterfaceEvent()));
 }
 
 int QueuedEventCount() {
     const QueueGuard guard(queueLock);
-    return count;
+    return static_cast<int>(queue.size());
 }
 
 bool EventIsQueued(int32_t number, int64_t object, int64_t window) {
     const QueueGuard guard(queueLock);
-    for (const InterfaceEvent* e = first; e; e = e->next) {
-        if (e->number == number && e->object == object && e->window == window) return true;
-    }
-    return false;
+    return std::any_of(queue.begin(), queue.end(), [=](const Record& record) {
+        const InterfaceEvent& e = record.event;
+        return e.number == number && e.object == object && e.window == window;
+    });
 }

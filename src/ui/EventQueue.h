@@ -14,5 +14,5 @@ bool EventIsQueued(int32_t number, int64_t object, int64_t window);
 // program's messages and stay.
 void DropWindowEvents(int64_t window);
 
-// Drops every queued event and the current one, and empties the pool.
+// Drops every queued event and the current one.
 void DropAllEvents();

@@ -10,11 +10,10 @@
 #include <vector>
 
 #include "ui/Gadgets.h"
-#include "ui/InterfaceLayer.h"
+#include "ui/InterfaceThread.h"
+#include "ui/NumberedWidgets.h"
 #include "ui/PBEventFilter.h"
 #include "ui/PBGadgetFunctions.h"
-#include "ui/WindowTable.h"
-#include "ui/Windows.h"
 
 namespace {
 
@@ -22,32 +21,12 @@ std::map<int, std::unique_ptr<PBGadgetFunctions>> gadgets;
 std::vector<QWidget*> openLists;  // the one that was opened last is at the end
 std::optional<QFont> defaultFont;
 
-// A number that an object carries as a dynamic property, -1 for none.
-int NumberIn(const QObject* object, const char* property) {
-    const QVariant value = object ? object->property(property) : QVariant();
-    return value.isValid() ? value.toInt() : -1;
-}
-
 }  // namespace
 
 PBGadgetFunctions* FindGadget(int gadget) {
     assert(OnInterfaceThread());
     const auto found = gadgets.find(gadget);
     return found == gadgets.end() ? nullptr : found->second.get();
-}
-
-int GadgetOf(const QObject* object) {
-    return NumberIn(object, kGadgetProperty);
-}
-
-int GadgetAround(const QWidget* widget) {
-    int gadget = -1;
-    for (; widget && gadget < 0; widget = widget->parentWidget()) gadget = GadgetOf(widget);
-    return gadget;
-}
-
-int WindowOf(const QWidget* widget) {
-    return widget ? NumberIn(widget->window(), kWindowProperty) : -1;
 }
 
 int GadgetWindow(int gadget) {

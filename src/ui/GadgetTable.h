@@ -9,20 +9,11 @@
 
 class PBGadgetFunctions;
 
-// The dynamic property that holds a widget's gadget number.
-constexpr char kGadgetProperty[] = "PB_GadgetID";
-
 // The gadget of a number; null for none.
 PBGadgetFunctions* FindGadget(int gadget);
 
-// The gadget number of a widget or of its helper, -1 for none.
-int GadgetOf(const QObject* object);
-// The same for the nearest gadget at or above a widget.
-int GadgetAround(const QWidget* widget);
-
-// The number of the window that a gadget or a widget lies in, -1 for none.
+// The number of the window that a gadget lies in, -1 for none.
 int GadgetWindow(int gadget);
-int WindowOf(const QWidget* widget);
 
 // The beginning of each creation: frees a gadget of that number and gives the parent of
 // the new one's widget. Null, and nothing is to be created, when no gadget list is open or

@@ -4,8 +4,11 @@
 #include <QApplication>
 #include <QFont>
 
+#include "base/Numbers.h"
+#include "ui/BoundHandlers.h"
 #include "ui/FontTable.h"
 #include "ui/GadgetTable.h"
+#include "ui/NumberedWidgets.h"
 #include "ui/PBGadgetFunctions.h"
 #include "ui/Windows.h"
 
@@ -182,5 +185,15 @@ int GadgetColumnWidth(int gadget, int column) {
 void SetGadgetColumnWidth(int gadget, int column, int width) {
     if (PBGadgetFunctions* functions = FindGadget(gadget)) {
         functions->SetColumnWidth(column, width);
+    }
+}
+
+// A typed binding holds in whatever window the gadget lies; no key leaves both the window
+// and the type open, so an untyped one is tied to the window that the gadget lies in now.
+void BindGadgetHandler(int gadget, EventHandler handler, int64_t type) {
+    if (type != kAny) {
+        BindHandler(kEventGadget, kAny, gadget, type, handler);
+    } else if (FindGadget(gadget)) {
+        BindHandler(kEventGadget, GadgetWindow(gadget), gadget, kAny, handler);
     }
 }

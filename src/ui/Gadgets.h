@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include "ui/InterfaceEvent.h"
+
 bool GadgetExists(int gadget);
 void FreeGadget(int gadget);
 
@@ -61,3 +63,8 @@ bool GadgetItemIsFile(int gadget, int item);
 // Width in pixels of a column of an explorer list, counted from 0.
 int GadgetColumnWidth(int gadget, int column);
 void SetGadgetColumnWidth(int gadget, int column, int width);
+
+// Binds a procedure to a gadget's events of one sub-type, or of all. It runs from the layer
+// itself; the event is queued all the same. A second binding under the same key replaces the
+// first.
+void BindGadgetHandler(int gadget, EventHandler handler, int64_t type = kAny);

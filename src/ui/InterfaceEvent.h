@@ -16,7 +16,6 @@ constexpr uint32_t kEventUnmerged = 2;
 constexpr uint32_t kEventPosted = 4;
 
 struct InterfaceEvent {
-    InterfaceEvent* next = nullptr;     // queue link
     int32_t number = 0;                 // event number of base/Numbers.h
     uint32_t flags = 0;                 // the bits above
     int64_t object = kNone;             // gadget, menu item or timer number
@@ -48,10 +47,8 @@ void DropQueuedEvents(int32_t number, int64_t object);
 // Number of events in the queue. Interface thread.
 int QueuedEventCount();
 
-// Binds a procedure to a gadget's events of one sub-type (or kAny), or to a menu
-// item. It runs from the layer itself; the event is queued all the same. A second
-// binding under the same key replaces the first. Interface thread.
-void BindGadgetHandler(int gadget, EventHandler handler, int64_t type = kAny);
+// Binds a procedure to a menu item. It runs from the layer itself; the event is queued all
+// the same. A second binding under the same key replaces the first. Interface thread.
 void BindMenuHandler(int item, EventHandler handler);
 
 // The fields of the current event: the one taken last, or, inside a bound handler,

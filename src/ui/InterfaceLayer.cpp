@@ -2,19 +2,19 @@
 
 #include <QApplication>
 #include <QIcon>
-#include <thread>
 
 #include "ui/BoundHandlers.h"
 #include "ui/EndSignals.h"
 #include "ui/EventQueue.h"
-#include "ui/MenuTable.h"
+#include "ui/InterfaceThread.h"
+#include "ui/MenuItem.h"
 #include "ui/WaitEnd.h"
 #include "ui/WaitService.h"
+#include "ui/WindowTable.h"
 #include "ui/Windows.h"
 
 namespace {
 
-std::thread::id interfaceThread;
 QApplication* application = nullptr;
 
 // The toolkit gets the program's name alone: every argument is the program's own, even
@@ -64,9 +64,10 @@ void CreateApplication(char** argv) {
 }  // namespace
 
 void StartInterfaceLayer(char** argv) {
-    interfaceThread = std::this_thread::get_id();
+    BecomeInterfaceThread();
     CreateApplication(argv);
     StartWaiting();
+    SetBeforeWait(ShowNewWindows);
     StartWaitService();
     WatchEndSignals();
 }
@@ -88,8 +89,4 @@ void EndInterfaceLayer() {
 
 void SaveAtSessionEnd(void (*save)()) {
     QObject::connect(application, &QGuiApplication::commitDataRequest, [save] { save(); });
-}
-
-bool OnInterfaceThread() {
-    return std::this_thread::get_id() == interfaceThread;
 }

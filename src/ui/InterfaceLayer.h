@@ -13,6 +13,3 @@ void EndInterfaceLayer();
 // The procedure that keeps the user's work when the desktop session is about to end. The
 // program goes on, since the user may still call that off.
 void SaveAtSessionEnd(void (*save)());
-
-// True on the thread that called StartInterfaceLayer.
-bool OnInterfaceThread();

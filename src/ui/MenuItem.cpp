@@ -13,14 +13,11 @@
 #include "base/Choices.h"
 #include "ui/Caption.h"
 #include "ui/GadgetTable.h"
-#include "ui/MenuTable.h"
 #include "ui/PBMenuEvents.h"
 #include "ui/PBQMainWindow.h"
 #include "ui/WindowTable.h"
 
 namespace {
-
-constexpr char kMenuWindowProperty[] = "PB_MenuWindow";  // window of a menu
 
 // One number, in whatever menus it stands. An action goes with its menu.
 struct ItemRecord {
@@ -107,6 +104,8 @@ void MenuItem(int item, const QString& text) {
     auto* action = new QAction(ToCaption(text), openMenu);
     action->setProperty(kMenuItemProperty, item);
     action->setMenuRole(QAction::NoRole);
+    // The toolkit has flipped the tick of a checkable item by then; what the program set stands.
+    QObject::connect(action, &QAction::triggered, action, [item] { ShowTick(items[item]); });
     QObject::connect(action, &QAction::triggered, MenuEvents(), &PBMenuEvents::ItemChosen);
     openMenu->addAction(action);
     ItemRecord& record = items[item];
@@ -143,18 +142,6 @@ void ShowPopupMenu(int menu, int window) {
     if (found == popups.end() || !over) return;
     TieToWindow(found->second, over);
     found->second->popup(QCursor::pos());
-}
-
-void RestoreItemTick(int item) {
-    const auto found = items.find(item);
-    if (found != items.end()) ShowTick(found->second);
-}
-
-// An action is a child of its menu.
-int MenuWindow(const QObject* action) {
-    const QObject* menu = action->parent();
-    const QVariant window = menu ? menu->property(kMenuWindowProperty) : QVariant();
-    return window.isValid() ? window.toInt() : -1;
 }
 
 void DropMenus() {

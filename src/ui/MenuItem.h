@@ -21,3 +21,6 @@ QString MenuItemText(int item);
 
 // Shows a pop-up menu at the pointer, over a window, and returns at once.
 void ShowPopupMenu(int menu, int window);
+
+// Forgets all menus and items, at the layer's end. The menus of closed windows are gone already.
+void DropMenus();

@@ -9,6 +9,7 @@
 #include "ui/CanvasEventData.h"
 #include "ui/GadgetTable.h"
 #include "ui/InterfaceEvent.h"
+#include "ui/NumberedWidgets.h"
 
 namespace {
 

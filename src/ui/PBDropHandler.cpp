@@ -7,8 +7,8 @@
 
 #include "base/Numbers.h"
 #include "ui/DropData.h"
-#include "ui/GadgetTable.h"
 #include "ui/InterfaceEvent.h"
+#include "ui/NumberedWidgets.h"
 
 namespace {
 

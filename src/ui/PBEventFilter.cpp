@@ -5,8 +5,8 @@
 
 #include "base/Numbers.h"
 #include "ui/GadgetTable.h"
+#include "ui/NumberedWidgets.h"
 #include "ui/PBGadgetFunctions.h"
-#include "ui/PBQMainWindow.h"
 
 namespace {
 

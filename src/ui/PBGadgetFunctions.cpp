@@ -5,6 +5,7 @@
 #include "base/Numbers.h"
 #include "ui/GadgetTable.h"
 #include "ui/InterfaceEvent.h"
+#include "ui/NumberedWidgets.h"
 
 PBGadgetFunctions::PBGadgetFunctions(int gadget, QWidget* widget)
     : ownNumber(gadget), ownWidget(widget) {

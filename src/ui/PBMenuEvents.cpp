@@ -4,9 +4,7 @@
 
 #include "base/Numbers.h"
 #include "ui/InterfaceEvent.h"
-#include "ui/MenuTable.h"
-#include "ui/PBQMainWindow.h"
-#include "ui/WindowTable.h"
+#include "ui/NumberedWidgets.h"
 
 namespace {
 
@@ -28,17 +26,16 @@ PBMenuEvents* MenuEvents() {
     return &menuEvents;
 }
 
-// The toolkit has flipped the tick of a checkable item by now. What the program set is
-// what stands.
 void PBMenuEvents::ItemChosen() {
     const int item = sender()->property(kMenuItemProperty).toInt();
-    RestoreItemTick(item);
-    RaiseMenuEvent(MenuWindow(sender()), item, 0);
+    const QObject* menu = sender()->parent();
+    const QVariant window = menu ? menu->property(kMenuWindowProperty) : QVariant();
+    RaiseMenuEvent(window.isValid() ? window.toInt() : -1, item, 0);
 }
 
 // A key of the user, never merged: each press counts.
 void PBMenuEvents::ShortcutPressed() {
-    const auto* window = qobject_cast<const PBQMainWindow*>(sender()->parent());
-    if (!window || FindWindow(window->Number()) != window) return;
-    RaiseMenuEvent(window->Number(), sender()->property(kShortcutProperty).toInt(), kEventUnmerged);
+    const int window = WindowOf(qobject_cast<const QWidget*>(sender()->parent()));
+    if (window < 0) return;
+    RaiseMenuEvent(window, sender()->property(kShortcutProperty).toInt(), kEventUnmerged);
 }

@@ -3,8 +3,10 @@
 
 #include <QObject>
 
-// The dynamic properties that hold the numbers of an action and of a shortcut.
+// The dynamic properties that hold the numbers of an action, of the window that its menu
+// belongs to or was shown over, and of a shortcut.
 constexpr char kMenuItemProperty[] = "PB_MenuItem";
+constexpr char kMenuWindowProperty[] = "PB_MenuWindow";
 constexpr char kShortcutProperty[] = "PB_ShortcutID";
 
 class PBMenuEvents : public QObject {

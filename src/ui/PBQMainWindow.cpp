@@ -5,19 +5,9 @@
 #include <QMouseEvent>
 
 #include "base/Numbers.h"
-#include "ui/InterfaceEvent.h"
+#include "ui/NumberedWidgets.h"
 #include "ui/PBMainWindowWidget.h"
-#include "ui/WindowTable.h"
 #include "ui/Windows.h"
-
-// A closed window that still waits to be deleted has nothing to say.
-void RaiseWindowEvent(int window, int number) {
-    if (!FindWindow(window)) return;
-    InterfaceEvent event;
-    event.number = number;
-    event.window = window;
-    RaiseInterfaceEvent(event);
-}
 
 PBQMainWindow::PBQMainWindow(int window, QWidget* parent, Qt::WindowFlags flags, bool fixed)
     : QMainWindow(parent, flags), number(window), fixedSize(fixed) {

@@ -32,6 +32,3 @@ class PBQMainWindow : public QMainWindow {
     bool doubleClicked = false;  // the next release of the left button ends a double click
     QSize wantedInner;
 };
-
-// Raises an event of an open window, with no object.
-void RaiseWindowEvent(int window, int number);

@@ -7,6 +7,7 @@
 
 #include "base/Numbers.h"
 #include "ui/GadgetTable.h"
+#include "ui/NumberedWidgets.h"
 #include "ui/PBGadgetFunctions.h"
 
 namespace {

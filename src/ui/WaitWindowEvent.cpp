@@ -10,9 +10,8 @@
 
 #include "ui/BoundHandlers.h"
 #include "ui/EventQueue.h"
-#include "ui/InterfaceLayer.h"
+#include "ui/InterfaceThread.h"
 #include "ui/WaitEnd.h"
-#include "ui/WindowTable.h"
 
 namespace {
 
@@ -21,6 +20,7 @@ namespace {
 std::atomic<QAbstractEventDispatcher*> dispatcher{nullptr};
 QTimer* timer = nullptr;  // ends a wait that has a limit
 bool inWait = false;
+void (*beforeWait)() = nullptr;
 
 // Lets the toolkit sleep until it has something to do, and do it, until that brings an
 // event or the time is up. Each turn costs the kernel one poll(2), which a loop that is
@@ -51,6 +51,10 @@ void StopWaiting() {
     timer = nullptr;
 }
 
+void SetBeforeWait(void (*procedure)()) {
+    beforeWait = procedure;
+}
+
 // A call that comes before the sleep ends it as soon as it begins.
 void WakeInterfaceThread() {
     if (OnInterfaceThread()) return;
@@ -64,7 +68,7 @@ int32_t WaitForEvent(int timeoutMs) {
     assert(!inWait && !HandlersAreRunning() && "a handler must not take events");
     if (inWait || HandlersAreRunning() || !timer) return kNoEvent;
     inWait = true;
-    ShowNewWindows();
+    if (beforeWait) beforeWait();
     bool came = TakeQueuedEvent();
     if (!came) {
         // No handler is on the stack here, so what was freed in one can go.

@@ -3,9 +3,6 @@
 
 class PBQMainWindow;
 
-// The dynamic property that holds a window's number.
-constexpr char kWindowProperty[] = "PB_WindowID";
-
 // The window of a number; null for none.
 PBQMainWindow* FindWindow(int window);
 

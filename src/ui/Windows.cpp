@@ -10,7 +10,8 @@
 #include "base/Numbers.h"
 #include "ui/EventQueue.h"
 #include "ui/GadgetTable.h"
-#include "ui/InterfaceLayer.h"
+#include "ui/InterfaceThread.h"
+#include "ui/NumberedWidgets.h"
 #include "ui/PBQMainWindow.h"
 #include "ui/WindowTable.h"
 
@@ -67,6 +68,7 @@ void CloseOne(PBQMainWindow* window) {
     windows.erase(number);
     unshown.erase(std::remove(unshown.begin(), unshown.end(), window), unshown.end());
     FreeGadgetsIn(window);
+    window->setProperty(kWindowProperty, QVariant());
     RetireWidget(window);
     DropWindowEvents(number);
 }

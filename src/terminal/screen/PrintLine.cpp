@@ -9,7 +9,7 @@
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/VtParser.h"
 #include "ui/InterfaceEvent.h"
-#include "ui/InterfaceLayer.h"
+#include "ui/InterfaceThread.h"
 
 namespace {
 
