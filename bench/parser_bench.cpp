@@ -15,6 +15,7 @@
 #include "terminal/screen/MonitorViews.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
+#include "terminal/screen/VtFinals.h"
 #include "terminal/screen/VtParser.h"
 #include "tests/screen/ScreenRig.h"
 #include "ui/Drawing.h"

@@ -16,7 +16,7 @@
 #include "shell/Dispatch.h"
 #include "shell/Poll.h"
 #include "terminal/screen/TerminalMode.h"
-#include "terminal/screen/VtParser.h"
+#include "terminal/screen/VtFinals.h"
 #include "tests/screen/ScreenRig.h"
 #include "tests/support/FarEnd.h"
 #include "tests/support/LocalTools.h"

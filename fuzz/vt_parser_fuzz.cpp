@@ -9,6 +9,7 @@
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
+#include "terminal/screen/VtFinals.h"
 #include "terminal/screen/VtParser.h"
 #include "tests/screen/ScreenRig.h"
 #include "ui/InterfaceEvent.h"

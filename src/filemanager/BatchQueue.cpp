@@ -10,6 +10,7 @@
 #include "link/SerialPort.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "ui/Gadgets.h"
+#include "upload/SourceFile.h"
 #include "upload/UploadOptions.h"
 #include "upload/UploadProgram.h"
 #include "xmodem/TransferWorkers.h"

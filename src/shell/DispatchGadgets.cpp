@@ -19,7 +19,7 @@
 #include "ui/AddKeyboardShortcut.h"
 #include "ui/Gadgets.h"
 #include "ui/InterfaceEvent.h"
-#include "upload/DeviceSpec.h"
+#include "upload/SpecRebuild.h"
 #include "upload/UploadOptions.h"
 #include "upload/UploadProgram.h"
 

@@ -14,6 +14,7 @@
 #include "terminal/input/Paste.h"
 #include "terminal/input/TerminalInput.h"
 #include "terminal/screen/Capture.h"
+#include "terminal/screen/ColourScheme.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
@@ -22,7 +23,7 @@
 #include "ui/DragDrop.h"
 #include "ui/Gadgets.h"
 #include "ui/MenuItem.h"
-#include "upload/DeviceSpec.h"
+#include "upload/SpecRebuild.h"
 #include "upload/UploadProgram.h"
 
 namespace {

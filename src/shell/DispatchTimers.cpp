@@ -7,8 +7,8 @@
 #include "terminal/screen/TerminalScreen.h"
 #include "ui/AddWindowTimer.h"
 #include "ui/Notice.h"
+#include "upload/LoadPath.h"
 #include "upload/UploadOptions.h"
-#include "upload/UploadProgram.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "terminal/screen/TerminalSizing.h"
+#include "terminal/screen/WindowLayout.h"
 #include "ui/Gadgets.h"
 #include "ui/MenuItem.h"
 #include "upload/UploadOptions.h"

@@ -8,6 +8,7 @@
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
 #include "terminal/screen/TerminalSizing.h"
+#include "terminal/screen/WindowLayout.h"
 #include "ui/ButtonGadget.h"
 #include "ui/CanvasGadget.h"
 #include "ui/CheckBoxGadget.h"

@@ -12,7 +12,7 @@
 #include "shell/Poll.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/VtParser.h"
-#include "upload/UploadProgram.h"
+#include "upload/LoadPath.h"
 
 namespace {
 

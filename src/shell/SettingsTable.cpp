@@ -11,9 +11,10 @@
 #include "shell/SettingsLists.h"
 #include "shell/ShellSettings.h"
 #include "terminal/input/TerminalInput.h"
+#include "terminal/screen/ColourScheme.h"
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "terminal/screen/TerminalSizing.h"
+#include "terminal/screen/WindowLayout.h"
 #include "ui/Gadgets.h"
 #include "upload/UploadOptions.h"
 

@@ -5,7 +5,7 @@
 #include "base/Numbers.h"
 #include "filemanager/FileManagerWindow.h"
 #include "terminal/screen/TerminalMode.h"
-#include "terminal/screen/TerminalSizing.h"
+#include "terminal/screen/WindowLayout.h"
 #include "ui/MenuItem.h"
 
 void ToggleToolbarRow(int item) {

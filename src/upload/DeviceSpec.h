@@ -13,11 +13,5 @@ constexpr int kMostOptionWords = 512;  // words taken of one specification
 // crunched if that line says so. The family, the line ending and the link stay as they
 // are when the line has no word for them.
 QString ApplyDeviceSpec(const QString& text);
-// Rebuilds the device specification from the window's gadgets and applies it. The field itself
-// keeps what the user typed.
-void BuildDeviceSpec();
-// The older directive form, read from the first line of `text`; the text, crunched if
-// the line says so.
-QString ApplyOnloadLine(const QString& text);
 // "name:speed" into the port, the speed and their gadgets. No ":" gives an empty speed.
 void SetPortAndSpeed(const QString& text);

@@ -1,7 +1,9 @@
-// A path from the command line or a local tool, loaded.
+#include "upload/LoadPath.h"
+
 #include "base/TextRules.h"
 #include "link/SerialPort.h"
 #include "terminal/screen/TerminalScreen.h"
+#include "upload/SourceFile.h"
 #include "upload/UploadOptions.h"
 #include "upload/UploadProgram.h"
 

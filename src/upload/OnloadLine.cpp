@@ -1,6 +1,4 @@
-// The older form of a directive line. It is read by substring tests, each for a word with
-// its leading blank, so order does not count and a longer word that begins alike fits as
-// well: " command" is also found by the test for " com".
+#include "upload/OnloadLine.h"
 
 #include "base/TextRules.h"
 #include "upload/DeviceSpec.h"

@@ -10,7 +10,6 @@
 
 #include "terminal/screen/TerminalScreen.h"
 #include "upload/UploadOptions.h"
-#include "upload/UploadProgram.h"
 
 namespace {
 

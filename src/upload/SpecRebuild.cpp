@@ -1,4 +1,5 @@
-// A device specification from the gadgets of the window.
+#include "upload/SpecRebuild.h"
+
 #include <QStringList>
 
 #include "base/Numbers.h"

@@ -11,6 +11,7 @@
 #include "ui/Gadgets.h"
 #include "upload/DeviceSpec.h"
 #include "upload/EncodedUpload.h"
+#include "upload/OnloadLine.h"
 #include "upload/PinDialogue.h"
 #include "upload/ProgressLabel.h"
 #include "upload/SourcePreparation.h"

@@ -6,6 +6,7 @@
 #include "base/Numbers.h"
 #include "base/TextRules.h"
 #include "terminal/input/TerminalInput.h"
+#include "terminal/screen/TerminalFonts.h"
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSizing.h"

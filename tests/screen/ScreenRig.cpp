@@ -1,5 +1,8 @@
 #include "tests/screen/ScreenRig.h"
 
+#include "terminal/screen/TerminalSizing.h"
+#include "terminal/screen/VtParser.h"
+#include "terminal/screen/WindowLayout.h"
 #include "ui/CanvasGadget.h"
 #include "ui/ContainerGadget.h"
 #include "ui/ScrollBarGadget.h"

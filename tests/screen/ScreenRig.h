@@ -12,8 +12,6 @@
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "terminal/screen/TerminalSizing.h"
-#include "terminal/screen/VtParser.h"
 #include "ui/Drawing.h"
 #include "ui/Gadgets.h"
 #include "ui/InterfaceEvent.h"

@@ -1,6 +1,7 @@
 // What an emptied terminal keeps, and what the main window's layout takes and gives.
 #include <gtest/gtest.h>
 
+#include "terminal/screen/WindowLayout.h"
 #include "tests/screen/ScreenRig.h"
 #include "ui/TextEntryGadget.h"
 #include "ui/WaitWindowEvent.h"

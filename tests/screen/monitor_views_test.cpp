@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "terminal/screen/MonitorViews.h"
+#include "terminal/screen/TerminalSizing.h"
 #include "tests/screen/ScreenRig.h"
 
 namespace {

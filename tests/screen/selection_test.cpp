@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "terminal/screen/Selection.h"
+#include "terminal/screen/TerminalFonts.h"
 #include "tests/screen/ScreenRig.h"
 #include "tests/support/StartState.h"
 #include "ui/CanvasEventData.h"

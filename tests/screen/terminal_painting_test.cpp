@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "terminal/screen/TerminalSizing.h"
+#include "terminal/screen/WindowLayout.h"
 #include "tests/screen/ScreenRig.h"
 
 namespace {

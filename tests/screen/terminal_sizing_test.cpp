@@ -4,7 +4,11 @@
 #include <thread>
 #include <tuple>
 
+#include "terminal/screen/ColourScheme.h"
+#include "terminal/screen/TerminalFonts.h"
 #include "terminal/screen/TerminalMode.h"
+#include "terminal/screen/TerminalSizing.h"
+#include "terminal/screen/WindowLayout.h"
 #include "tests/screen/ScreenRig.h"
 #include "ui/Dialogs.h"
 #include "ui/WaitWindowEvent.h"

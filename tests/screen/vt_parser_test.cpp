@@ -3,7 +3,11 @@
 
 #include <vector>
 
+#include "terminal/screen/ColourScheme.h"
 #include "terminal/screen/TerminalMode.h"
+#include "terminal/screen/TerminalSizing.h"
+#include "terminal/screen/VtFinals.h"
+#include "terminal/screen/VtParser.h"
 #include "tests/screen/ScreenRig.h"
 #include "tests/support/Chosen.h"
 

@@ -4,6 +4,7 @@
 #include "shell/CommandHistory.h"
 #include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalText.h"
+#include "terminal/screen/WindowLayout.h"
 #include "tests/support/StartState.h"
 #include "ui/DragDrop.h"
 #include "ui/Drawing.h"

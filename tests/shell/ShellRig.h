@@ -18,7 +18,6 @@
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "terminal/screen/TerminalSizing.h"
 #include "tests/support/FarEnd.h"
 #include "tests/support/Gestures.h"
 #include "tests/support/ScratchFolder.h"

@@ -18,7 +18,9 @@ class Poll : public ShellRig {
         PostInterfaceEvent(kEventTimer, kMainWindow, kPollTimer, 0);
         Drain();
     }
-    static bool Shown(const char* text) { return GetTerminalText(TextPart::kVisible).contains(text); }
+    static bool Shown(const char* text) {
+        return GetTerminalText(TextPart::kVisible).contains(text);
+    }
 };
 
 TEST_F(Poll, StandsAside) {

@@ -8,6 +8,7 @@
 #include "link/Servers.h"
 #include "shell/ServerChunks.h"
 #include "terminal/screen/Capture.h"
+#include "terminal/screen/TerminalSizing.h"
 #include "terminal/screen/TerminalText.h"
 #include "tests/shell/ShellRig.h"
 #include "tests/support/LocalTools.h"

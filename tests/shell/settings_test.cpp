@@ -12,6 +12,7 @@
 #include "shell/CommandHistory.h"
 #include "shell/SettingsTable.h"
 #include "terminal/input/TerminalInput.h"
+#include "terminal/screen/WindowLayout.h"
 #include "tests/shell/ShellRig.h"
 #include "tests/support/ScratchFolder.h"
 #include "ui/Drawing.h"

@@ -5,6 +5,7 @@
 
 #include "shell/Settings.h"
 #include "terminal/screen/TerminalText.h"
+#include "terminal/screen/WindowLayout.h"
 #include "tests/shell/ShellRig.h"
 #include "ui/MenuItem.h"
 

@@ -5,6 +5,8 @@
 #include "tests/upload/upload_bench.h"
 #include "ui/MenuItem.h"
 #include "upload/DeviceFamily.h"
+#include "upload/OnloadLine.h"
+#include "upload/SpecRebuild.h"
 
 namespace {
 

@@ -5,6 +5,8 @@
 #include "tests/support/ScratchFolder.h"
 #include "tests/upload/upload_bench.h"
 #include "ui/Dialogs.h"
+#include "upload/LoadPath.h"
+#include "upload/UploadProgram.h"
 
 namespace {
 

@@ -2,6 +2,8 @@
 
 #include "tests/support/ScratchFolder.h"
 #include "tests/upload/upload_bench.h"
+#include "upload/LoadPath.h"
+#include "upload/SourceFile.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
 #include "tests/upload/upload_bench.h"
 #include "ui/Dialogs.h"
+#include "upload/UploadProgram.h"
 
 namespace {
 

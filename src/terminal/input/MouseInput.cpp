@@ -6,10 +6,10 @@
 #include "base/Numbers.h"
 #include "link/LinkPrimitives.h"
 #include "terminal/input/TerminalInput.h"
+#include "terminal/screen/TerminalFonts.h"
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
-#include "terminal/screen/TerminalSizing.h"
 #include "ui/Gadgets.h"
 #include "ui/InterfaceEvent.h"
 

@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "terminal/screen/TerminalFonts.h"
 #include "terminal/screen/TerminalScreen.h"
-#include "terminal/screen/TerminalSizing.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
-// The default colours and the switch of the scheme.
+#include "terminal/screen/ColourScheme.h"
+
 #include "base/Numbers.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "terminal/screen/TerminalSizing.h"
 #include "ui/MenuItem.h"
 
 void SetSchemeColours() {

@@ -1,11 +1,11 @@
-// Erasing in the line of the cursor.
+#include "terminal/screen/EraseLine.h"
+
 #include "base/Numbers.h"
 #include "terminal/screen/CellPainting.h"
 #include "terminal/screen/LineList.h"
+#include "terminal/screen/TerminalFonts.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "terminal/screen/TerminalSizing.h"
-#include "terminal/screen/VtParser.h"
 #include "ui/Drawing.h"
 
 namespace {

@@ -7,10 +7,10 @@
 
 #include "base/Numbers.h"
 #include "base/TextRules.h"
+#include "terminal/screen/TerminalFonts.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "terminal/screen/TerminalSizing.h"
 #include "ui/DragDrop.h"
 #include "ui/Drawing.h"
 #include "ui/InterfaceEvent.h"

@@ -1,10 +1,10 @@
-// The terminal's three fonts, the cell they make, and the canvas that the cells fill.
+#include "terminal/screen/TerminalFonts.h"
+
 #include <algorithm>
 
 #include "terminal/screen/CellPainting.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "terminal/screen/TerminalSizing.h"
 #include "ui/Drawing.h"
 #include "ui/Fonts.h"
 

@@ -6,9 +6,9 @@
 
 #include "base/Numbers.h"
 #include "terminal/screen/CellPainting.h"
+#include "terminal/screen/TerminalFonts.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "terminal/screen/TerminalSizing.h"
 #include "ui/Drawing.h"
 #include "ui/Gadgets.h"
 

@@ -4,9 +4,12 @@
 
 #include "base/Numbers.h"
 #include "base/TextRules.h"
+#include "terminal/screen/ColourScheme.h"
+#include "terminal/screen/TerminalFonts.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
+#include "terminal/screen/WindowLayout.h"
 #include "ui/Dialogs.h"
 #include "ui/Drawing.h"
 

@@ -1,5 +1,5 @@
-// Select graphic rendition. It works on the pending colours; at its end they become those
-// of new cells, whatever the parameters were.
+#include "terminal/screen/VtColours.h"
+
 #include <cstdint>
 
 #include "base/Choices.h"

@@ -10,6 +10,7 @@
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
 #include "terminal/screen/TerminalSizing.h"
+#include "terminal/screen/VtFinals.h"
 #include "terminal/screen/VtSequence.h"
 
 namespace {

@@ -8,9 +8,3 @@
 // Runs text through the parser into the screen. Appends it to the capture first while
 // capture is on.
 void TerminalFeed(const QString& text);
-
-// Erases in the line of the cursor: 0 from the cursor on, 1 up to the cursor, 2 all.
-void TerminalEraseLine(int mode);
-
-// The status reply that waits to go to the device, emptied by the call.
-QString TakeReplyText();

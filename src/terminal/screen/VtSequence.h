@@ -1,4 +1,4 @@
-// A control sequence: its parameters, and what its final does (ECMA-48, VT100, xterm).
+// A control sequence and its parameters (ECMA-48).
 // Interface thread.
 #pragma once
 
@@ -20,10 +20,3 @@ void ClearParameters(VtSequence* sequence);     // slots 1 to 9
 void ClearTwoParameters(VtSequence* sequence);  // slots 1 and 2
 void TakeDigit(VtSequence* sequence, char16_t digit);
 void NextParameter(VtSequence* sequence);
-
-// What a final does. An unknown one does nothing.
-void RunFinal(VtSequence* sequence, char16_t final);
-// The finals "h" (set) and "l" (reset) of a private sequence.
-void RunPrivateFinal(VtSequence* sequence, bool set);
-// Select graphic rendition, the final "m".
-void SelectGraphics(VtSequence* sequence);

@@ -1,6 +1,8 @@
-// Where the toolbar rows, the terminal and its scroll bar stand in the main window.
+#include "terminal/screen/WindowLayout.h"
+
 #include "base/Numbers.h"
 #include "base/TextRules.h"
+#include "terminal/screen/TerminalFonts.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
