@@ -44,8 +44,9 @@ bool StartListening(ServerRecord& record) {
 
 // The new socket's send buffer is empty, so a welcome of any sane length is taken whole.
 void Welcome(ServerRecord& record, int client) {
+    const bool isGreeted = terminalMode == kModeTerminal;  // as it is when the client comes
     PostServerMessage(record, kPlainVideo + ("connected- " + ClientAddress(client)));
-    if (terminalMode != kModeTerminal) return;
+    if (!isGreeted) return;
     const QByteArray welcome = (linkSettings.welcomeMessage + "\r\n").toUtf8();
     send(client, welcome.constData(), static_cast<size_t>(welcome.size()), MSG_NOSIGNAL);
 }

@@ -5,9 +5,9 @@
 #include <QString>
 
 enum class EntryRule {
-    kAny,
+    kAnyText,
     kDigits,  // takes the digits 0 to 9 alone (PBInputValidator)
 };
 
 void TextEntryGadget(int gadget, int x, int y, int width, int height, const QString& text,
-                     EntryRule rule = EntryRule::kAny);
+                     EntryRule rule = EntryRule::kAnyText);

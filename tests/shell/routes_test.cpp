@@ -150,9 +150,9 @@ TEST_F(Routes, OfEventsAndTimers) {
     EXPECT_EQ(step(kEventCanvasInput), "@45");
     EXPECT_EQ(step(kEventSendStatus), "@45");
     EXPECT_EQ(step(kEventSizeWindow), "@24");
-    AddWindowTimer(kMainWindow, kDeferredLoadTimer, 1);
+    AddWindowTimer(kMainWindow, kDeferredLoadTimer, 200);
     EXPECT_EQ(step(kEventTimer), "@45 line=started");
-    EXPECT_EQ(WaitForEvent(20), kNoEvent);  // once
+    EXPECT_EQ(WaitForEvent(300), kNoEvent);  // once
     EXPECT_EQ(step(kEventTimer, "b.UF2"), "@45 line=port not set");
     SetQuietTerminal(false);
     device.Write("polled");

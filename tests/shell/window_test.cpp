@@ -99,6 +99,8 @@ TEST_F(Window, HoldsItsGadgets) {
     LoadSettings();
     TerminalSettingsForTable().fontName = "Liberation Mono";
     TerminalSettingsForTable().fontSize = 9;
+    TerminalSettingsForTable().extraCharPixels = 1;
+    TerminalSettingsForTable().extraLinePixels = 1;
     OpenWindow();
     QStringList expected = QString(gadgetLooks).split(';', Qt::SkipEmptyParts);
     const auto alike = [&](int first, int count, int pitch) {

@@ -17,6 +17,7 @@ int main(int argc, char** argv) {
     setenv("QT_QPA_PLATFORM", "offscreen", 0);
     // That platform's screen claims 100 dots an inch, which would be a scale of 1.04.
     setenv("QT_ENABLE_HIGHDPI_SCALING", "0", 0);
+    setenv("QT_FONT_DPI", "96", 0);
     StartInterfaceLayer(argv);
     const int failures = RUN_ALL_TESTS();
     EndInterfaceLayer();

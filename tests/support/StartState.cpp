@@ -14,7 +14,7 @@
 #include "ui/DragDrop.h"
 #include "ui/Drawing.h"
 #include "ui/EventQueue.h"
-#include "ui/MenuTable.h"
+#include "ui/MenuItem.h"
 #include "ui/Windows.h"
 
 namespace {

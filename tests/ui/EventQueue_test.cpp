@@ -14,7 +14,7 @@ const bool startState = KeepStartState(PutBackInterface);
 
 InterfaceEvent Event(int32_t number, int64_t window = 0, int64_t object = kNone, int64_t type = 0,
                      uint32_t flags = 0) {
-    return {nullptr, number, flags, object, window, type, nullptr, nullptr};
+    return {number, flags, object, window, type, nullptr, nullptr};
 }
 
 int released = 0;
