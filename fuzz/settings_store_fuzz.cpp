@@ -1,18 +1,14 @@
 // What was read of any bytes and written must read as the same entries again, and as the
 // same bytes when it is written again.
+#include <algorithm>
 #include <cstdlib>
 
 #include "shell/PreferencesText.h"
 
 namespace {
 
-bool SameEntries(const std::vector<PreferenceEntry>& a, const std::vector<PreferenceEntry>& b) {
-    if (a.size() != b.size()) return false;
-    for (size_t i = 0; i < a.size(); ++i) {
-        const bool same = a[i].kind == b[i].kind && a[i].name == b[i].name;
-        if (!same || a[i].value != b[i].value) return false;
-    }
-    return true;
+bool Same(const PreferenceEntry& a, const PreferenceEntry& b) {
+    return a.kind == b.kind && a.name == b.name && a.value == b.value;
 }
 
 }  // namespace
@@ -24,7 +20,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (!all && first.size() != kMostPreferenceEntries) abort();
     const QByteArray written = FormatPreferences(first, kPreferenceGroupSpace);
     ParsePreferences(DecodePreferences(written), &second);
-    if (!SameEntries(first, second)) abort();
+    if (!std::equal(first.begin(), first.end(), second.begin(), second.end(), Same)) abort();
     if (FormatPreferences(second, kPreferenceGroupSpace) != written) abort();
     return 0;
 }

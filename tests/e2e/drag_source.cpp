@@ -10,31 +10,24 @@
 namespace {
 
 class DragSource : public QLabel {
-  public:
-    explicit DragSource(const QStringList& paths) : QLabel("drag me"), files(paths) {
-        setWindowTitle("drag source");
-    }
-
-  protected:
     void mouseMoveEvent(QMouseEvent* event) override {
         if (!(event->buttons() & Qt::LeftButton)) return;
         QList<QUrl> urls;
-        for (const QString& file : files) urls += QUrl::fromLocalFile(file);
+        for (const QString& file : QApplication::arguments().mid(1))
+            urls += QUrl::fromLocalFile(file);
         auto* drag = new QDrag(this);
         drag->setMimeData(new QMimeData);
         drag->mimeData()->setUrls(urls);
         drag->exec(Qt::CopyAction);
     }
-
-  private:
-    const QStringList files;
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
-    DragSource source(QApplication::arguments().mid(1));
+    DragSource source;
+    source.setWindowTitle("drag source");
     source.resize(100, 60);
     source.show();
     return QApplication::exec();

@@ -8,7 +8,7 @@ import unittest
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 from console_sessions import CONNECT, Session, free_port  # noqa: E402
-from desktop import CONTENT_TOP, Console, Desktop, wait_for  # noqa: E402
+from desktop import CONTENT_TOP, Console, wait_for  # noqa: E402
 
 MODE_MENU = ("218", "10")  # of the menu bar
 PROMPT = (300, CONTENT_TOP + 200)
@@ -77,11 +77,10 @@ class FileManager:
 
 
 class FileSession(Session):
+    SCREEN = "1800x1100"
+
     def setUp(self):
         super().setUp()
-        self.desktop.__exit__()
-        self.desktop = Desktop("1800x1100").__enter__()
-        self.addCleanup(self.desktop.__exit__)
         self.pc = os.path.join(self.folder, "pc")
         os.makedirs(os.path.join(self.pc, "up"))
 
@@ -98,13 +97,12 @@ class FileSession(Session):
 
     def connect(self):
         port = self.board_on_tcp()
-        self.write_settings(f"Comport = TCPIP\nTCPIP address = localhost\nTCPIP port = {port}\n",
-                            "[myDeviceList]\nDevice0 = Sim|'target s\\picomite le\\cr\n",
-                            f"FileX = 1010\nFileY = 100\nPC start folder = {self.pc}/\n")
+        self.write_tcp_settings(port, "", f"FileX = 1010\nFileY = 100\nPC start folder = {self.pc}/\n",
+                                device="Device0")
         console = Console(self.desktop, self.program)
         console.click(35, 16)  # the preset
         console.click(*CONNECT)
-        console.wait_text("Connected to localhost port")
+        console.wait_text("Connected to 127.0.0.1 port")
         return console
 
     def board_says(self, console, command, last):
@@ -169,9 +167,6 @@ class FilesSession(FileSession):
             r"Transfer failed!|Sent: [23]0/469\s+>", console.text()), 60, 1)
         files_window.click(REFRESH)
         time.sleep(2)
-        picture = os.environ.get("KWCC_PICTURE")
-        if picture:
-            self.desktop.picture(picture)
         files_window.close()
 
         listed = self.board_says(console, "FILES", "bytes free")
@@ -199,8 +194,7 @@ class DropSession(FileSession):
         console = self.connect()
         paths = [self.make(name, bytes(range(256))) for name in ("d1.bas", "d2.bin")]
         self.desktop.start([os.environ["DRAG_SOURCE"], *paths])
-        source = wait_for("drag source", lambda: self.desktop.output(
-            ["xdotool", "search", "--onlyvisible", "--name", "^drag source$"]).strip())
+        source = self.windows("drag source")[0]
         self.desktop.run("xdotool", "windowmove", "--sync", source, "1300", "300")
         self.desktop.run("xdotool", "mousemove", "--window", source, "40", "30", "mousedown", "1")
         for x, y in ((60, 40), (50, 20), (-200, 100), (-500, 150), (-800, 200), (-810, 205)):

@@ -5,19 +5,16 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
-#include <QRegularExpression>
 #include <QTemporaryDir>
-#include <fstream>
-#include <iterator>
 
 #include "base/Numbers.h"
 #include "filemanager/DevicePane.h"
 #include "link/LinkPrimitives.h"
-#include "link/LinkSettings.h"
 #include "simulator/SimulatedBoard.h"
 #include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "tests/support/FarEnd.h"
+#include "tests/support/ScratchFolder.h"
 #include "tests/support/StartState.h"
 #include "tests/support/TurnsClock.h"
 #include "tests/support/VirtualClock.h"
@@ -40,55 +37,14 @@ class BatchQueue : public testing::Test {
 
     // A new file in the folder; its path.
     QString MakeFile(const char* name, const std::string& bytes = "PRINT 1\n") {
-        const QString path = folder.path() + '/' + name;
-        std::ofstream(path.toStdString(), std::ios::binary) << bytes;
-        return path;
+        return ScratchFolder::Put(folder.path() + '/' + name, QByteArray::fromStdString(bytes));
     }
-    std::string Content(const QString& path) {
-        std::ifstream file(path.toStdString(), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
+    static std::string Content(const QString& path) {
+        return ScratchFolder::Get(path).toStdString();
     }
 
     QTemporaryDir folder;
 };
-
-TEST_F(BatchQueue, StepsWithoutAFile) {
-    VirtualClock clock;
-    FarEnd device;
-    const struct {
-        void (*entry)(const QString&);
-        QString command, printed;
-        bool quiet, quietAfter;
-    } rows[] = {
-        {BatchSend, kQueueNext, "", true, false},
-        {BatchReceive, kQueueNext, "", true, true},
-        {BatchSend, kQueueAbort, "", true, false},
-        {BatchReceive, kQueueAbort, "", true, true},
-        {BatchSend, "\n", "Finished", true, false},
-        {BatchReceive, "", "Finished", false, false},
-        {BatchSend, kQueueNext, "Finished", true, false},  // one past the end, again and again
-        {BatchSend, kQueueAbort, "", false, false},
-        {BatchSend, kQueueNext, "", true, false},
-    };
-    for (const auto& row : rows) {
-        SetPasteSource(true);
-        const int64_t start = clock.Now();
-        bool busy = false, quiet = false;
-        clock.onTick = [&](int64_t) {
-            busy = linkStatus.queueBusy;
-            quiet = linkStatus.quietTerminal;
-        };
-        device.Write("> ");
-        row.entry(row.command);
-        EXPECT_EQ(TakeCapture(), row.printed + "> ");
-        EXPECT_EQ(device.Read(), "\r");
-        EXPECT_EQ(clock.Now() - start, linkSettings.lineDelay);
-        EXPECT_TRUE(busy && !linkStatus.queueBusy);
-        EXPECT_EQ(quiet, row.quiet);
-        EXPECT_EQ(linkStatus.quietTerminal, row.quietAfter);
-        EXPECT_FALSE(uploadSource.pasteSource);
-    }
-}
 
 // Which way a file goes; the link is down, so no worker starts and nothing else is done.
 TEST_F(BatchQueue, TheRoadOfAFile) {
@@ -213,11 +169,7 @@ TEST_F(BatchQueueThreads, FetchesWhatTheRowsName) {
         ClearGadgetItems(kDeviceList);
         AddGadgetItem(kDeviceList, row.row);
         SetGadgetState(kDeviceList, 0);
-        StartCapture();
-        const int64_t start = clock.Now();
         CopyToPc();
-        EXPECT_TRUE(TakeCapture().startsWith(QString("Processing file: ") + row.name)) << row.name;
-        EXPECT_EQ(clock.Now() - start, 2000 + 120);
         EXPECT_EQ(JobOf(Direction::kReceive).firstName, row.name);
         EXPECT_EQ(JobOf(Direction::kReceive).secondName, GadgetText(kPcList) + row.name);
         EXPECT_TRUE(XmodemReceiveWorkerRuns());
@@ -225,17 +177,6 @@ TEST_F(BatchQueueThreads, FetchesWhatTheRowsName) {
         EXPECT_FALSE(XmodemReceiveWorkerRuns());
         SetGadgetText(kPcList, folder.path() + "/sub");
     }
-}
-
-// The link is closed right behind the start, and the file fails by the limits of the worker.
-TEST_F(BatchQueueThreads, DisconnectComesRightBehindTheStart) {
-    EditUploadOptions().disconnectAfter = true;
-    SendFile(MakeFile("one.bin"), true);
-    EXPECT_TRUE(XmodemSendWorkerRuns());
-    EXPECT_FALSE(SerialLinkIsOpen());
-    LoopUntil("Transfer failed");
-    EXPECT_TRUE(printed.contains(QRegularExpression("Disconnected.*Transfer failed")))
-        << printed.toStdString();
 }
 
 }  // namespace

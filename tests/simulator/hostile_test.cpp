@@ -72,48 +72,21 @@ TEST(Hostile, NothingTakenOutMeansNothingGrows) {
     EXPECT_TRUE(Has(bench.Say("\x03", 10), kLoud603));
 }
 
-TEST(Hostile, DeepAndWideProgramsFailInWords) {
+TEST(Hostile, DeepLinesAndManyFilesAreRefused) {
     BoardBench bench;
-    std::string many = "AUTOSAVE\r";
-    for (int i = 0; i < 600; ++i) many += "v" + std::to_string(i) + "=1\r";
     EXPECT_TRUE(Has(bench.Say("PRINT " + std::string(200, '(') + "1\r"), "too complex"));
-    bench.Say(many + "\x1a");
-    EXPECT_TRUE(Has(bench.Say("RUN\r"), "[513] v512=1\r\nError : Not enough memory"));
     int files = 0;
     while (files < 2000 && bench.board.AddFile("n" + std::to_string(files), "", 0)) ++files;
     EXPECT_EQ(files, 1000);
 }
 
 TEST(Faults, TheSameSeedGivesTheSameTrouble) {
-    BoardSetup setup, deaf;
+    BoardSetup setup;
     setup.faults.lostOutPerMille = setup.faults.garbagePerMille = 100;
     const auto run = [&] { return BoardBench("picomite", setup).Say("PRINT STRING$(255,65)\r"); };
     const std::string first = run();
     EXPECT_EQ(first, run());
     EXPECT_TRUE(first.size() > 200 && first.size() < 275) << first.size();
-    setup.faults.seed = 8;
-    EXPECT_NE(first, run());
-    deaf.faults.lostInPerMille = 1000;
-    EXPECT_EQ(BoardBench("picomite", deaf).Say("PRINT 1\r"), "");
-}
-
-TEST(Faults, EchoDelaySilenceCutAndStorms) {
-    BoardSetup mute, slow, silent, cutting, storm;
-    mute.faults.noEcho = true;
-    BoardBench("picomite", mute).Follow({{"PRINT 1\r", 10, " 1\r\n" + kQuiet}});
-    slow.faults.delayMs = 700;
-    BoardBench late("picomite", slow);
-    late.Wait(1000);
-    late.Follow({{"ab", 699, ""}, {"", 1, "ab"}});
-    silent.faults.silent = true;
-    BoardBench("picomite", silent).Follow({{"PRINT 1\r", 10, ""}});
-    cutting.faults.cutAfterBytes = 200;
-    BoardBench cut("picomite", cutting);
-    EXPECT_EQ((cut.signOn + cut.Say(std::string(200, 'x'))).size(), 200u);
-    EXPECT_FALSE(cut.board.LinkIsUp());
-    storm.faults.storm = {"\x18", 100, true};  // only in a transfer
-    const std::string cans = "\x15" + std::string(10, '\x18'), echo = "XMODEM RECEIVE\r\n";
-    BoardBench("picomite", storm).Follow({{"", 1000, ""}, {"XMODEM RECEIVE\r", 1000, echo + cans}});
 }
 
 TEST(Telnet, TheWebMiteCodesBothDirections) {

@@ -24,7 +24,6 @@ TEST(Receive, KeptBytesAndLineEnds) {
     EXPECT_EQ(Stored(bench, "\na\r\r\rb\r\x1a"), "a|||b|");  // one LF at the start is skipped
     EXPECT_EQ(Stored(bench, "a\tb\xc3\xa4\x01z\x1a"), "a bz|");
     EXPECT_EQ(Stored(bench, "b\x03"), "");  // Ctrl-C: all is gone
-    bench.ExpectDialogue("AUTOSAVE C -> Error : AUTOSAVE C and APPEND are not simulated\n");
 }
 
 TEST(Receive, EndCodesThatHideInTheText) {
@@ -46,13 +45,6 @@ TEST(Receive, EchoComesAtCrAndElseIsHeld) {
     bench.Follow({{"abc", 99, ""}, {"", 1, "abc"}, {"def\r", 0, "def\r\n"}});
     bench.Follow({{"\nghi\n", 99, ""}, {"", 1, "ghi\n"}, {many, 0, many}});  // LF alone is held
     bench.Follow({{"\r", 0, "\r\n"}, {"x\t\xe9y\r", 0, "x y\r\n"}});         // a tab as one blank
-    // AUTOSAVE N is silent up to the first pause; from then on it echoes.
-    bench.Say("\x1a");
-    bench.Follow({{"AUTOSAVE N\rabc\rd", 99, "AUTOSAVE N\r\n"},
-                  {"", 1, "Enter ctrl-Z, F1, or F2 to exit\r\n"},
-                  {"ef\r", 0, "ef\r\n"}});
-    bench.Say("\x1a");
-    EXPECT_EQ(bench.board.ProgramText(), "abc\ndef\n");
 }
 
 TEST(Receive, TooMuchBringsAnErrorAndTheRestIsTakenForCommands) {
@@ -64,12 +56,6 @@ TEST(Receive, TooMuchBringsAnErrorAndTheRestIsTakenForCommands) {
     EXPECT_TRUE(Has(out, "PRINT 2\r\n 2\r\n"));
 }
 
-TEST(Receive, AMicromiteTakesSevenBits) {
-    BoardBench("micromite+")
-        .Follow({{"AUTOSAVE\r\nab\xc1\r\n", 0, "AUTOSAVE\r\nabA\r\n"},
-                 {"x\x12\x1a", 1000, "x\r\nSaved 24 bytes\r\n> "}});
-}
-
 TEST(Receive, TheCmm2WantsANameAndAFunctionKey) {
     BoardBench bench("cmm2");
     const std::string saved = "\r\n> Saved to SDcard\r\n";
@@ -79,13 +65,8 @@ TEST(Receive, TheCmm2WantsANameAndAFunctionKey) {
     std::string data;
     EXPECT_TRUE(bench.board.ReadFile("X.BAS", &data));
     EXPECT_EQ(data, "print 1\r\n\r\nprint 2\r\n");
-    EXPECT_EQ(bench.Type("RUN"), "Nothing to run\r\n" + kLoudCmm2);
     bench.Say("autosave \"x.bas\"\rprint 3\r\x1b[11~");  // F1: loaded too
     EXPECT_EQ(bench.board.ProgramText(), "print 3\n");
-    bench.Say("AUTOSAVE N \"y\"\rprint 4\r", 99);
-    EXPECT_EQ(bench.Wait(1), "Enter F1 ,F2 or F6 to exit\r\n");
-    EXPECT_EQ(bench.Say("\x1bOQ"), saved + " 4\r\n" + kLoudCmm2);  // F2: and run
-    EXPECT_EQ(bench.Type("LIST"), "print 4\r\n" + kLoudCmm2);      // as the file stands
 }
 
 }  // namespace

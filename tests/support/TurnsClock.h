@@ -20,7 +20,7 @@ class TurnsClock : public Clock {
 
     void Sleep(int64_t ms) override {
         if (!OnInterfaceThread()) return WorkerSleeps(ms);
-        for (ms += late; ms > 0; --ms) {
+        for (; ms > 0; --ms) {
             ++now;
             if (onTick) onTick(now);
             GiveTurn();
@@ -30,7 +30,6 @@ class TurnsClock : public Clock {
     int64_t LocalSeconds() override { return 0; }
 
     std::function<void(int64_t now)> onTick;  // the far end; on the test's thread
-    int64_t late = 0;                         // added to each sleep of the test's thread
 
   private:
     static constexpr int kPauseUs = 20;

@@ -59,7 +59,6 @@ TEST_F(ReceiveBench, BlocksOfBothSizesAreStoredWhole) {
 TEST_F(ReceiveBench, EachFaultOfAFrameHasItsLineAndAnswer) {
     const std::string first = FrameOf(1, Block(1)), good = FrameOf(2, Block(2));
     const auto with = [](std::string frame, int at, char byte) { return frame[at] = byte, frame; };
-    const std::string number = with(good, 1, 9);
     const struct {
         std::string frame, lines, answer;
     } rows[] = {
@@ -67,9 +66,8 @@ TEST_F(ReceiveBench, EachFaultOfAFrameHasItsLineAndAnswer) {
         {good + "x", "Long Block in #2", kNak},
         {good + std::string(1008, 'x'), "Long Block in #2", kNak},  // far more than fits
         {with(good, 131, '?'), "Checksum Error in #2", kNak},
-        {number, "Block # Error in #2", kNak},
+        {with(good, 1, 9), "Block # Error in #2", kNak},
         {with(good, 2, 7), "Complement Error in #2", kNak},
-        {with(number, 50, 1), "Block # Error in #2Checksum Error in #2", kNak + kNak},
         {first, "Block # Repeated in #1", kAck},
         {with(first, 50, 1), "Block # Repeated in #1Checksum Error in #2", kAck + kNak},
         {with(good, 0, 2), "Short Block in #2", kNak},  // a long block's head
@@ -86,13 +84,13 @@ TEST_F(ReceiveBench, EndsOfATransfer) {
     // A stray byte brings a line ending and, before the first block, another NAK; after ten
     // of them what came is judged as a frame.
     const std::string first = FrameOf(1, Block(1)), cans(3, kCanByte);
-    const std::string open = kNak + kAck, looks = std::string(10, '\r') + kNak, naks(11, kNakByte);
+    const std::string open = kNak + kAck, naks(11, kNakByte);
     const std::string stopped = "Transfer Aborted by Sender";
     const std::string dots = std::string(5120, '.') + kEot, early = "Short Block in #1";
     std::string asking;
     for (int i = 0; i < 10; ++i) asking += '\r' + kNak;
     asking += kNak;
-    const std::string silence = "Maximum Errors. Transfer Aborted.", late = "Short Block in #2";
+    const std::string silence = "Maximum Errors. Transfer Aborted.";
     const std::string failed = "File transfer failed", done = "Completed OK", gone = "(none)";
     const struct {
         std::deque<std::string> script;
@@ -103,7 +101,6 @@ TEST_F(ReceiveBench, EndsOfATransfer) {
         {{kEcho}, silence + failed, naks + "\r" + kGiveUp, gone, 10 * 850 + 120},
         {{kEcho, first, cans}, stopped + failed, open + kGiveUp + cans + kAck, gone, 110},
         {{kEcho, "Error"}, early + early + failed, kNak + asking + asking, gone, 3400, 2600},
-        {{kEcho, first, "Error"}, late + late + failed, open + looks + looks, gone, 3460, 2600},
         // More than the reply to the command can hold: the rest is dropped, and yet the first
         // look sees it when nothing else has come.
         {{dots}, done, open, "", 50},
