@@ -2,6 +2,7 @@
 import os
 import shutil
 import subprocess
+import tempfile
 import time
 import unittest
 
@@ -75,11 +76,13 @@ class HelpSession(Session):
 
     def test_without_the_web_engine_the_browser_shows_the_pages(self):
         os.remove(os.path.join(self.folder, "libkewlink_web.so"))
-        browser = os.path.join(self.folder, "xdg-open")
+        tools = tempfile.mkdtemp()  # no blank in its path
+        self.addCleanup(shutil.rmtree, tools)
+        browser = os.path.join(tools, "xdg-open")
         with open(browser, "w", encoding="utf-8") as f:
             f.write('#!/bin/sh\necho "$1" >"$0.asked"\n')
         os.chmod(browser, 0o755)
-        self.desktop.env["PATH"] = self.folder + ":" + os.environ["PATH"]
+        self.desktop.env["PATH"] = tools + ":" + os.environ["PATH"]
         self.viewer = self.open_help()
         for y in range(56, 100, 4):  # the line of the link depends on the font
             self.click(30, y)

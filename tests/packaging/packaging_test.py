@@ -192,7 +192,7 @@ class UserFolder(Case):
         zenity = self.write("zenity", '#!/bin/sh\nprintf "%s" "$4" >"$HOME/shown"\n')
         os.chmod(zenity, 0o755)
         for options, status, words in (({"QT_QPA_PLATFORM": "nothing"}, 134, "platform plugin"),
-                                       ({"XDG_DATA_HOME": zenity}, 1, "cannot be made ready")):
+                                       ({"XDG_DATA_HOME": zenity}, 1, "cannot be made")):
             failed = self.launch("kewlink-console", PATH=self.folder + ":" + os.environ["PATH"], **options)
             failed.communicate(timeout=60)
             self.assertEqual(failed.returncode, status)
