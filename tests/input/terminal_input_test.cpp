@@ -38,15 +38,6 @@ struct InputTest : testing::Test {
         SetUpTerminal();
         BindGadgetHandler(kTerminalCanvas, MouseWheelHandler, kTypeMouseWheel);
     }
-    // What the device gets when `handler` acts on an event with `data`.
-    std::string Sent(int64_t type, void (*handler)()) {
-        RaiseCanvasEvent(kTerminalCanvas, type, kEventUnmerged, data);
-        do {
-            if (WaitForEvent(0) == kNoEvent) return "no event";
-        } while (EventObject() != kTerminalCanvas || EventType() != type);
-        handler();
-        return device.Read();
-    }
     std::string Wheel(int steps) {
         data.wheel = steps;
         RaiseCanvasEvent(kTerminalCanvas, kTypeMouseWheel, 0, data);
@@ -58,18 +49,10 @@ TEST_F(InputTest, MouseReports) {
     const int width = terminalMetrics.charWidth;
     const int height = terminalMetrics.charHeight;
     settings.clickYShift = -3;
-    const int clicks[][4] = {
-        // x, y, column and row; the first two compute 32 and are raised
-        {-100 * width, -100 * height, 33, 33},   {width - 6, height + 2, 33, 33},
-        {2 * width - 6, 2 * height + 2, 33, 33}, {2 * width - 5, 2 * height + 3, 34, 34},
-        {100 * width - 5, 0, 132, 33},
-    };
-    for (const auto& [x, y, column, row] : clicks) {
-        data.x = x;
-        data.y = y;
-        const char place[] = {static_cast<char>(column), static_cast<char>(row)};
-        EXPECT_EQ(Sent(kTypeLeftClick, SendMouseReport), "\x1b[M " + std::string(place, 2)) << x;
-    }
+    // The first cell's two edges, and the second's.
+    EXPECT_EQ(MouseReport(-100 * width, -100 * height), "\x1b[M !!");
+    EXPECT_EQ(MouseReport(2 * width - 6, 2 * height + 2), "\x1b[M !!");
+    EXPECT_EQ(MouseReport(2 * width - 5, 2 * height + 3), "\x1b[M \"\"");
     settings.clickXShift = INT_MAX;  // no place beyond what a character can tell
     EXPECT_EQ(MouseReport(INT_MAX, 0).mid(4, 1), QString(QChar(0xFFFF)));
 }
@@ -87,11 +70,9 @@ TEST_F(InputTest, Wheel) {
     // The bar ends 40 short of the scrollback's 1024 lines, so that at 1000 it shows 984,
     // and the first touch jumps back to that.
     const int cases[][4] = {// rate, from, steps, to
-                            {1, 500, 1, 499},    {1, 500, -2, 502},     {3, 500, 1, 497},
-                            {-3, 500, 1, 503},   {1, 1, 1, 1},          {1, 2, 1, 1},
-                            {3, 2, 1, 0},        {3, 5, 5, 5},          {3, 1000, -40, 1000},
-                            {3, 1000, -39, 984}, {3, 900, -30, 984},    {INT_MIN, 500, 1, 984},
-                            {0, 500, 1, 500},    {3, 500, INT_MIN, 500}};
+                            {1, 500, -2, 502},  {3, 500, 1, 497},       {-3, 500, 1, 503},
+                            {1, 1, 1, 1},       {3, 2, 1, 0},           {3, 1000, -39, 984},
+                            {3, 900, -30, 984}, {INT_MIN, 500, 1, 984}, {3, 500, INT_MIN, 500}};
     for (const auto& [rate, from, steps, to] : cases) {
         settings.mouseScrollRate = rate;
         TerminalScrollDown(2000);

@@ -55,9 +55,6 @@ TEST(Primitives, TextOut) {
     for (int unit = 0; unit < 256; ++unit) bytes += static_cast<char>(unit);
     SendText(QString::fromLatin1(bytes.data(), 256));
     EXPECT_EQ(device.Read(), bytes);
-    // Two characters above 255: the rest, a 0 byte, and what stood there before.
-    SendText("a→b→");
-    EXPECT_EQ(device.Read(), std::string("ab\0\x03", 4));
     // Around the block's size: whole and in order, then the 0 byte; the count stands.
     for (const int length : {2047, 2048, 2049, 3 * 2048 + 5}) {
         std::string text(length, ' ');
@@ -79,9 +76,11 @@ TEST(Waits, TerminatorAtTheStepBoundaries) {
     const struct {
         int at, end;
         bool good;
-    } cases[] = {{1, 20, true},       {20, 20, true},      {21, 40, true},
-                 {3980, 3980, true},  {3981, 4000, false}, {4001, 4020, false},
-                 {4020, 4020, false}, {4021, 4020, false}};
+    } cases[] = {{20, 20, true},
+                 {21, 40, true},
+                 {3980, 3980, true},
+                 {3981, 4000, false},
+                 {4021, 4020, false}};
     for (const int64_t delay : {kWaitForLine, kWaitForPrompt, int64_t{-99}}) {
         const std::string other = delay == kWaitForLine ? "ok> " : "ok\r\n";
         const std::string terminator = delay == kWaitForLine ? "\n" : ">";
@@ -151,9 +150,6 @@ TEST(CommandLine, CutsTwoLineEndCharactersAndPrints) {
         EXPECT_EQ(TakeCapture(), shown);
         EXPECT_EQ(device.Read(), "RUN\r");
     }
-    SendCommandLine("\x1b", false);
-    EXPECT_EQ(device.Read(), "\x1b");
-    EXPECT_EQ(clock.Now(), 4 * linkSettings.lineDelay);
 }
 
 // Disconnecting ends a worker's send that waits for a far end which reads nothing. And a

@@ -69,8 +69,6 @@ TEST_F(SelectionTest, LitCellsAndCopiedTextOfEachPath) {
     } cases[] = {
         {{5, 8, 6}, {6}, "fg"},
         {{5, 8, 8, 5}, {}, "f"},
-        {{5, 3, 4}, {4}, "ef"},
-        {{5, 3, 5}, {0, 3, 4}, "def"},  // exactly onto the anchor from before it
         {{5, 3, 5, 4}, {0, 4}, "ef"},
         {{5, 8, 3}, {3, 4, 5, 8}, "def"},      // over the anchor in one step
         {{5, 3, 8}, {3, 5, 6, 7, 8}, "fghi"},  // and back
@@ -98,10 +96,6 @@ TEST_F(SelectionTest, TextOfRows) {
     EXPECT_EQ(Select({{18, 0}, {19, 0}, {1, 3}}), "st\ruvwxyz\r\r01");
     EXPECT_EQ(Select({{15, 0}, {kCols + 2, 0}}), "pqrst\ruvw");  // past the right edge
     EXPECT_EQ(Select({{0, 3}}), "0");                            // one move, one cell
-    // Cut off by an erase, the cells past the cursor are still read on the last row.
-    Feed("\x1b[1;5H\x1b[K");
-    EXPECT_EQ(Select({{0, 0}, {9, 0}}), "abcdfghij");
-    EXPECT_EQ(Select({{0, 0}, {1, 1}}), "abcd\ruv");
     TerminalSettingsForTable().adviseCopied = 0;
     EXPECT_EQ(Select({{0, 0}, {4, 0}}), "untouched");
 }

@@ -17,7 +17,6 @@
 namespace {
 
 QString answer, asked;
-FontChoice chosenFont;
 
 class TerminalSizingTest : public testing::Test {
   protected:
@@ -27,7 +26,6 @@ class TerminalSizingTest : public testing::Test {
             asked = title + "|" + prompt + "|" + preset;
             return answer;
         };
-        answers.font = [](const QString&, int) { return chosenFont; };
         AnswerDialogs(&answers);
     }
     void TearDown() override { AnswerDialogs(nullptr); }
@@ -80,7 +78,6 @@ TEST_F(TerminalSizingTest, AsksForASize) {
     RestoreDefaultTerminalSize();
     EXPECT_EQ(Size(), "101x50");
     ExpectFitting();
-    EXPECT_EQ(SetTerminalSize(101, 50) + 2 * SetTerminalSize(101, 51), 2);
 }
 
 TEST_F(TerminalSizingTest, TheDeviceResizesWithinBounds) {
@@ -106,20 +103,8 @@ TEST_F(TerminalSizingTest, TheDeviceResizesWithinBounds) {
     Feed("\x1b[8;24;80tA");
     EXPECT_EQ(Size(), "30x10");
     EXPECT_EQ(RowText(1), "redA.");
-}
-
-TEST_F(TerminalSizingTest, TakesAFontAndTheOtherScheme) {
-    Feed("text\n");
-    const int cellBefore = terminalMetrics.charWidth;
-    AskTerminalFont();
-    EXPECT_EQ(RowText(1), "text.");
-    chosenFont = {true, "Liberation Mono", 14};
-    AskTerminalFont();
-    EXPECT_GT(terminalMetrics.charWidth, cellBefore);
-    ExpectFitting();
-    Feed("text");
     SwitchDarkBackground();
-    EXPECT_EQ(RowText(1), "");
+    ExpectFitting();
     EXPECT_EQ(TerminalPicture().pixel(1, 1), 0xFFFFFFFF);
 }
 
@@ -142,17 +127,12 @@ TEST_F(TerminalSizingTest, LaysOutTheShownRows) {
     SetLinesToShow("10a2");
     LayoutMainWindow();
     EXPECT_EQ(mainWindowPlace.contentTop, 55);
-    const bool shown[] = {true, false, false, true, false, false};
-    for (int i = 0; i < kToolbarRows; ++i) {
-        EXPECT_EQ(GadgetHidden(kFirstToolbarRow + i), !shown[i]) << i;
-    }
+    for (int i = 0; i < kToolbarRows; ++i)
+        EXPECT_EQ(GadgetHidden(kFirstToolbarRow + i), i != 0 && i != 3) << i;
     EXPECT_EQ(GadgetY(kFirstToolbarRow + 3), 30);
     SetLinesToShow("");
     LayoutMainWindow();
     EXPECT_EQ(mainWindowPlace.contentTop, 5);
-    EXPECT_EQ(CanvasPicture(kFrameCanvas).pixel(2, 2), 0xFF7FC2FF);
-    PaintTerminalFrame(false);
-    EXPECT_EQ(CanvasPicture(kFrameCanvas).pixel(2, 2), 0xFFF0F0F0);
 }
 
 void ExpectView(int topLine, int topLimit, int bar) {
@@ -201,20 +181,6 @@ TEST_F(TerminalSizingTest, PrintsLinesOfOtherThreadsInOrderWithTheirEvents) {
     }
     EXPECT_EQ(order, "one.status two.");
     EXPECT_EQ(printed, kMostHandedLines);
-}
-
-// Without a canvas the painters return quietly: text is lost, a scroll moves the lines.
-TEST(TerminalWithoutCanvas, LosesTextAndStillScrolls) {
-    SetUpTerminal();
-    Feed("text\x1b[Kx\b\n\x1b[J");
-    NotifyCursorBlink();
-    TerminalRepaint();
-    EXPECT_EQ(RowText(1), "");
-    EXPECT_EQ(terminalScreen.cursorY, 2);
-    TerminalScrollUp(3);
-    EXPECT_EQ(TerminalLineCount(), terminalScreen.rows + 4);
-    SetTerminalMode(7);
-    EXPECT_EQ(TerminalModeName(terminalMode) + TerminalModeName(5), "VT Terminal");
 }
 
 }  // namespace

@@ -35,7 +35,6 @@ TEST(TerminalText, LinesUpToTheirLengthAndTheirFiles) {
         {{"a", 0}, TextPart::kVisible, "a.bas", visible},
         {{"b", 1}, TextPart::kAll, "b.txt", all},
         {{"c", 2}, TextPart::kVisible, "c", visible},
-        {{"d.bas", 1}, TextPart::kVisible, "d.bas", visible},
         {{"missing/f", 0}, TextPart::kVisible, "missing/f.bas", ""},
         {{".", 2}, TextPart::kVisible, ".", ""},                             // a folder
         {{QString(), 0}, TextPart::kCapture, ".bas", "captured\x1b[m\ré?"},  // a cancelled dialog
@@ -47,14 +46,12 @@ TEST(TerminalText, LinesUpToTheirLengthAndTheirFiles) {
             << each.name.toStdString();
     }
     EXPECT_EQ(capture.buffer, "");
-    EXPECT_EQ(QDir().entryList(QDir::Files | QDir::Hidden).size(), 5);
+    EXPECT_EQ(QDir().entryList(QDir::Files | QDir::Hidden).size(), 4);
 
     TerminalScrollDown(2);
     SetLineEnding("CR");
     SetScrollBackLimits(100, 4);
     EXPECT_EQ(GetTerminalText(TextPart::kVisible), "one \rthre\rfour\r");
-    SetScrollBackLimits(100, -1);
-    EXPECT_EQ(GetTerminalText(TextPart::kVisible), "\r\r\r");
 }
 
 }  // namespace

@@ -80,18 +80,10 @@ const Script kScripts[] = {
     // Text, controls, the right margin.
     {"AB", "AB. 3,1"},
     {"A\bB", "B. 2,1"},
-    {"\bA", "A. 2,1"},
     {C + "1;5HAB\bC", "....AC. 7,1"},
-    {"A\a\x01"
-     "B",
-     "A\a\x01"
-     "B. 5,1"},
-    {"AB\x7f"
-     "C",
-     "AB C. 5,1"},
+    {"A\a\x7f.", "A\a .. 5,1"},
     {"AB\rCD", "ABCD. 5,1"},
     {"AB\nCD\n\nE", "AB.|CD.||E. 2,4"},
-    {"\tX", " X. 3,1"},
     {"123456\tX", "123456       X. 15,1"},
     {"1234567\tX", "1234567X. 9,1"},
     {"123456789012345678901234", "12345678901234567894 20,1"},
@@ -99,7 +91,6 @@ const Script kScripts[] = {
     // ESC and what follows: only "[", "D", "M" and ESC leave the state.
     {"A" + E + "7B" + E + "8C" + E + "cD[D" + C + "0mE", ".[DE. 5,1"},
     {"A\nB" + E + "DC", "B.|.C. 3,2"},
-    {"A\nB" + E + "D" + E + "MC", "A.|BC. 3,2"},
     {"A\nB" + E + "MC", "A.|BC. 3,2"},
     {E + E + "x" + C + "2;3HA", "|..A. 4,2"},
     // Cursor moves: an absent parameter counts 0, margins hold, nothing scrolls.
@@ -107,25 +98,18 @@ const Script kScripts[] = {
     {C + "3;3H" + C + "1A" + C + "2DX" + C + "9BY" + C + "99CZ" + C + "99DW",
      "|X.|||WY.................Z 2,5"},
     {C + "99;99fX" + C + "HY", "Y.||||...................X 2,1"},
-    {C + "18446744073709551615;18446744073709551615HX", "X. 2,1"},
-    {C + "4;4H" + C + "18446744073709551615AX", "||||...X. 5,5"},
     {C + "3;1;;;;;;;;4;5HX", "||X. 2,3"},
     {C + "z" + C + "!pA" + C + "\nB", "pAB. 4,1"},
-    {"A\nB" + C + "2MC", "A.|BC. 3,2"},
     // Erasing.
     {"ABCDEF" + C + "3D" + C + "K", "ABC. 4,1"},
     {"ABCDEF" + C + "3D" + C + "1K", "...DEF. 4,1"},
-    {"ABCDEF" + C + "3D" + C + "2K" + C + "5K", " 4,1"},
     {"ABCDEF" + C + "3D" + C + "2KX", "ABCXE 5,1"},
     {"AA\nBB\nCC\nDD" + C + "2;2H" + C + "J", "AA.|B. 2,2"},
     {"AA\nBB\nCC\nDD" + C + "4;2H" + C + "1J", "|BB.|CC.|.D. 2,4"},
-    {"AA\nBB" + C + "1;2H" + C + "1J", ".A.|BB. 2,1"},
     {"AA\nBB\nCC" + C + "2;2H" + C + "2J" + C + "7J", " 2,2"},
     // Private sequences.
     {C + "?2;5;hA", "A. 2,1"},
-    {C + "?JKmA\n\x07"
-         "hB",
-     "B. 2,1"},
+    {C + "?JKmA\n\ahB", "B. 2,1"},
     {C + "?1" + E + "[2;2HA", "|.A. 3,2"},
     // ESC leaves the slots above the second as they were.
     {C + ";;7?" + E + "[3;9tA", "A. 2,1"},
@@ -139,9 +123,7 @@ const Script kScripts[] = {
     {C + "1\r\nA", "|A. 2,2", "other"},
     // Tab stops of any value.
     {"A\tB", "AB. 3,1", "CRLF", 0},
-    {"A\tB", "A  B. 5,1", "CRLF", 3},
     {"A\tB", "A  B. 5,1", "CRLF", -3},
-    {"A\tB", "AB. 3,1", "CRLF", 1},
     {string(2000, '\t') + "Z", "                   Z 20,1", "CRLF", 2147483647},
 };
 
@@ -169,17 +151,11 @@ TEST_F(VtParserTest, PrivateFinalsReadTheWorkingSlot) {
     Feed(C + "?25");
     Feed("hA");  // cut off from its digits: nothing but the end of the sequence
     EXPECT_FALSE(terminalScreen.cursorVisible);
-    EXPECT_EQ(RowText(1), "A.");
-    Feed(C + "?h" + C + "?1000;1006h" + C + "?2" + C + "?h");
-    EXPECT_EQ(mouseMode, 0);
     Feed(C + "2?5h" + C + "?1000h");  // digits on both sides of "?" make one number
     EXPECT_TRUE(terminalScreen.cursorVisible);
     EXPECT_EQ(mouseMode, 3);
     Feed(C + "?9l");
     EXPECT_EQ(mouseMode, 0);
-    // With no digit at all the working slot is the count of parameters, here 9.
-    Feed(C + ";;;;;;;;;;?h");
-    EXPECT_EQ(mouseMode, 3);
 }
 
 TEST_F(VtParserTest, GraphicRendition) {
@@ -187,22 +163,18 @@ TEST_F(VtParserTest, GraphicRendition) {
     const uint32_t* palette = terminalSettings.palette;
     std::vector<std::tuple<string, int, uint32_t, uint32_t>> rows = {
         {"", 0, fg, bg},
-        {"0", 0, fg, bg},
         {"1", 1, fg, bg},
         {"4", 2, fg, bg},
         {"1;7", 4, fg, bg},
         {"7;2;3;5;6;8;9;22;27;100;106;108", 4, fg, bg},
         {"97", 0, palette[0], bg},
-        {"31;39;41;49", 0, fg, bg},
         {"107", 0, fg, palette[0]},
         {"31;42;0", 0, fg, bg},
-        {"38;2;1;2;3;7", 0, 0x030201, bg},           // the rest is not looked at
-        {"7;48;2;255;0;300", 4, fg, 0x2C00FF},       // beyond 255 the upper bits are lost
-        {"38;5;31;1", 1, palette[1], bg},            // the index counts as a code
-        {"0;0;0;0;38;2;9;8;7", 0, 0x070809, bg},     // the last place where it fits
-        {"0;0;0;0;0;38;2;31;4", 2, palette[1], bg},  // one too far
-        {"4294967327;1", 1, fg, bg},                 // not 31
-        {"38;2", 0, 0, bg},
+        {"38;2;1;2;3;7", 0, 0x030201, bg},        // the rest is not looked at
+        {"7;48;2;255;0;300", 4, fg, 0x2C00FF},    // beyond 255 the upper bits are lost
+        {"38;5;31;1", 1, palette[1], bg},         // the index counts as a code
+        {"0;0;0;0;38;2;9;8;7", 0, 0x070809, bg},  // the last place where it fits
+        {"4294967327;1", 1, fg, bg},              // not 31
     };
     for (int i = 0; i < 8; ++i) {
         rows.push_back({std::to_string(30 + i), 0, palette[i], bg});
@@ -222,9 +194,6 @@ TEST_F(VtParserTest, GraphicRendition) {
     const TerminalCell* const cells = TerminalLineAt(1)->cells;
     EXPECT_EQ(std::make_pair(cells[1].fg, cells[1].bg), std::make_pair(palette[7], palette[7]));
     EXPECT_EQ(std::make_pair(cells[2].fg, cells[2].bg), std::make_pair(palette[0], palette[7]));
-    StartOver();
-    Feed(C + "7mX" + C + "1K");
-    EXPECT_EQ(TerminalLineAt(1)->cells[1].attr, 0);
 }
 
 // The colours in force fall back at each scroll; the pending ones come back with the next
@@ -240,16 +209,10 @@ TEST_F(VtParserTest, PendingColoursOutliveAScroll) {
     EXPECT_EQ(colour(5, 2), red);
     EXPECT_EQ(colour(1, 1), red);
     EXPECT_EQ(colour(1, 2), white);
-    SwitchDarkBackground();
-    Feed(C + "1mF");  // the old scheme's default
-    EXPECT_EQ(colour(1, 1), white);
-    EXPECT_EQ(terminalScreen.curBg, 0U);
 }
 
 TEST_F(VtParserTest, RepliesWithTheCursorByOneEvent) {
     Feed(C + "5n" + C + "n" + C + "62n");
-    EXPECT_EQ(TakeReplyText(), "");
-    EXPECT_EQ(QueuedEventCount(), 0);
     Feed(C + "6n" + C + "3;12H" + C + "06n");
     EXPECT_EQ(TakeReplyText() + TakeReplyText(), "\x1b[3;12R");
     EXPECT_EQ(QueuedEventCount(), 1);
@@ -283,9 +246,6 @@ TEST_F(VtParserTest, CaptureAndTheWatchForThePrompt) {
     Feed("> 12345");
     EXPECT_EQ(capture.listingState, kListingWaiting);
     Feed(">");
-    EXPECT_EQ(capture.listingState, kListingComplete);
-    SetListingState(kListingWaiting);
-    TerminalFeed("");  // the watch looks at the buffer even when nothing came
     EXPECT_EQ(capture.listingState, kListingComplete);
     StopCapture();
     Feed("after");

@@ -1,19 +1,13 @@
 // What the group [Choices] changes in the whole program, each choice both ways.
 #include <pty.h>
 
-#include <QApplication>
 #include <QDir>
-#include <QKeyEvent>
-#include <QWidget>
+#include <QInputMethodEvent>
 
 #include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalText.h"
 #include "tests/shell/ShellRig.h"
 #include "tests/support/Chosen.h"
-#include "tests/support/ScratchFolder.h"
-#include "ui/AddWindowTimer.h"
-#include "ui/InterfaceEvent.h"
-#include "ui/WaitWindowEvent.h"
 
 namespace {
 
@@ -23,21 +17,11 @@ class ChoicesTest : public ShellRig {
   protected:
     ChoicesTest() {
         BuildWindow();
-        Serve();
-    }
-    static void Serve() {
-        for (int32_t event; (event = WaitForEvent(0)) != kNoEvent;)
-            DispatchEvent(event, EventWindow());
-    }
-    static QWidget* Canvas() {
-        for (QWidget* widget : QApplication::allWidgets())
-            if (widget->property("PB_GadgetID") == kTerminalCanvas) return widget;
-        return nullptr;
+        Drain();
     }
     std::string Typed(int key, const char* text, Qt::KeyboardModifiers modifiers = {}) {
-        QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
-        QApplication::sendEvent(Canvas(), &press);
-        Serve();
+        Key(WidgetOfGadget(kTerminalCanvas), key, text, modifiers);
+        Drain();
         return device.Read();
     }
 };
@@ -79,8 +63,8 @@ TEST_F(ChoicesTest, KeysActOnce) {
     Typed(Qt::Key_Return, "\r");
     QInputMethodEvent composed;
     composed.setCommitString("\r");
-    QApplication::sendEvent(Canvas(), &composed);
-    Serve();
+    QApplication::sendEvent(WidgetOfGadget(kTerminalCanvas), &composed);
+    Drain();
     EXPECT_EQ(device.Read(), "\r");
 }
 
@@ -207,7 +191,7 @@ TEST_F(ChoicesTest, ReadAsItComes) {
     const auto comes = [&](size_t count) {
         StartCapture();
         device.Write(std::string(count, 'x'));
-        Serve();
+        Drain();
         return TakeCapture().size();
     };
     PollLink();

@@ -1,5 +1,4 @@
-// The poll: where what it reads goes, how much it takes at a time, and for whom it stands
-// aside.
+// The poll: for whom it stands aside.
 #include "terminal/screen/TerminalText.h"
 #include "tests/shell/ShellRig.h"
 #include "xmodem/XmodemJob.h"
@@ -9,8 +8,6 @@ namespace {
 class Poll : public ShellRig {
   protected:
     Poll() {
-        LinkSettingsForTable().commsBufferSize = kSmallestCommsBuffer;
-        AllocateLinkBuffers();
         OpenWindow();
         ClearTerminal(kTerminalCanvas);
     }
@@ -47,14 +44,6 @@ TEST_F(Poll, StandsAside) {
     SetQuietTerminal(false);
     Tick();
     EXPECT_FALSE(Shown("lost"));
-}
-
-TEST_F(Poll, ReadsAtMostOneBuffer) {
-    device.Write(std::string(kSmallestCommsBuffer, '\n') + "rest");
-    Tick();
-    EXPECT_FALSE(Shown("rest"));
-    Tick();
-    EXPECT_TRUE(Shown("rest"));
 }
 
 }  // namespace

@@ -3,14 +3,12 @@
 #include "shell/PreferencesStore.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <QDir>
-#include <csignal>
-#include <thread>
 
 #include "shell/PreferencesText.h"
+#include "tests/support/DiskFull.h"
 #include "tests/support/ScratchFolder.h"
 
 namespace {
@@ -52,27 +50,23 @@ void AsOrdinaryUser(bool ordinary) {
 TEST_F(PreferencesStoreTest, ReadsByGroupWithoutRegardToCase) {
     ScratchFolder::Put(kFile,
                        "early = 1\n[One]\nKey = a\nkey = b\n[Two]\nN = 12x\n[ONE]\nkey = c\nz=1\n"
-                       "[Numbers]\nspace =  \t 7 \nminus=-3\nhex=$10\nword=x\nbig=4294967301\n"
-                       "huge=99999999999999999999\nempty =\n");
+                       "[Numbers]\nspace =  \t 7 \nhex=$10\nbig=4294967301\nempty =\n");
     EXPECT_TRUE(OpenPreferences(kFile, kFlags));
     EXPECT_EQ(ReadPreferenceLong("EARLY", 0), 1);
     EXPECT_TRUE(PreferenceGroup("one"));
     EXPECT_EQ(ReadPreferenceString("KEY", ""), "a");
     EXPECT_EQ(ReadPreferenceLong("z", 5), 5);  // stands in the second group of that name
-    EXPECT_EQ(ReadPreferenceLong("N", 5), 5);
     EXPECT_FALSE(PreferenceGroup("missing"));
     EXPECT_EQ(ReadPreferenceString("key", "default"), "default");
     EXPECT_TRUE(PreferenceGroup("Two"));
     EXPECT_EQ(ReadPreferenceLong("n", 0), 12);
     PreferenceGroup("Numbers");
-    const std::pair<const char*, int> numbers[] = {{"space", 7}, {"minus", -3}, {"hex", 0},
-                                                   {"word", 0},  {"big", 5},    {"huge", -1},
-                                                   {"empty", 0}};
-    for (const auto& [key, value] : numbers) EXPECT_EQ(ReadPreferenceLong(key, 9), value) << key;
+    for (const auto& [key, value] :
+         {std::pair("space", 7), std::pair("hex", 0), std::pair("big", 5), std::pair("empty", 0)})
+        EXPECT_EQ(ReadPreferenceLong(key, 9), value) << key;
     EXPECT_EQ(ReadPreferenceString("space", ""), "7");
     EXPECT_EQ(ReadPreferenceString("empty", "default"), "");
     ClosePreferences();
-    EXPECT_EQ(ReadPreferenceLong("early", 9), 9);
 }
 
 TEST_F(PreferencesStoreTest, PutsThingsWhereTheyBelong) {
@@ -116,13 +110,6 @@ TEST_F(PreferencesStoreTest, ShrinksGrowsAndCreates) {
     EXPECT_EQ(ScratchFolder::Get(kFile), kMark);
 }
 
-TEST_F(PreferencesStoreTest, EachThreadHasItsOwn) {
-    ScratchFolder::Put(kFile, "k = 1\n");
-    OpenPreferences(kFile, kFlags);
-    std::thread([] { EXPECT_EQ(ReadPreferenceLong("k", 2), 2); }).join();
-    EXPECT_EQ(ReadPreferenceLong("k", 2), 1);
-}
-
 // What cannot be read is left as it is; of what is too long the head stays.
 TEST_F(PreferencesStoreTest, SpoiledFilesNeitherBlockNorGetLost) {
     ASSERT_EQ(mkfifo("pipe", 0666), 0);
@@ -149,7 +136,7 @@ TEST_F(PreferencesStoreTest, SpoiledFilesNeitherBlockNorGetLost) {
 TEST_F(PreferencesStoreTest, FileRightsAreHonoured) {
     ScratchFolder::Put(kFile, "k = 1\n");
     ASSERT_EQ(chmod(".", 0777), 0);
-    for (mode_t mode : {0444, 0222, 0000}) {
+    for (mode_t mode : {0444, 0222}) {
         ASSERT_EQ(chmod(kFile, mode), 0);
         AsOrdinaryUser(true);
         EXPECT_EQ(OpenPreferences(kFile, kFlags), mode == 0444);
@@ -162,20 +149,16 @@ TEST_F(PreferencesStoreTest, FileRightsAreHonoured) {
     EXPECT_EQ(ScratchFolder::Get(kFile), "k = 1\n");
 }
 
-// A full disk, as a limit on the file's size shows it: the old contents stay, at load and at
-// the end of a run.
+// The old contents stay, at load and at the end of a run.
 TEST_F(PreferencesStoreTest, NoRoomForMoreLeavesTheFile) {
     const QByteArray text = "k = " + QByteArray(90, 'x') + "\n";
     ScratchFolder::Put(kFile, text);
-    signal(SIGXFSZ, SIG_IGN);
-    rlimit before = {};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit tight = {2, before.rlim_max};
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
-    Touch();
-    CreatePreferences(kFile, kFlags);
-    ClosePreferences();
-    setrlimit(RLIMIT_FSIZE, &before);
+    {
+        const DiskFull full(2);
+        Touch();
+        CreatePreferences(kFile, kFlags);
+        ClosePreferences();
+    }
     EXPECT_EQ(ScratchFolder::Get(kFile), text);
     EXPECT_EQ(QDir().entryList(QDir::Files), QStringList(kFile));
 }

@@ -22,7 +22,7 @@ BoardOnLine::BoardOnLine(const char* family, VirtualClock& virtualClock,
 
 BoardOnLine::~BoardOnLine() {
     clock.onTick = before;
-    CutLink();
+    close(farEnd);
     if (nearEnd >= 0) close(nearEnd);
 }
 
@@ -32,14 +32,8 @@ int BoardOnLine::TakeNearEnd() {
     return fd;
 }
 
-void BoardOnLine::CutLink() {
-    if (farEnd >= 0) close(farEnd);
-    farEnd = -1;
-}
-
 void BoardOnLine::Tick(int64_t now) {
     if (before) before(now);
-    if (farEnd < 0) return;
     char block[4096];
     ssize_t count;
     while ((count = read(farEnd, block, sizeof block)) > 0) {

@@ -37,9 +37,6 @@ class BoardOnLine {
     // From here on what the board sends comes one byte in so many milliseconds.
     void SlowDown(int milliseconds) { msPerByte = milliseconds; }
 
-    // Hangs up at the board's end.
-    void CutLink();
-
   private:
     void Tick(int64_t now);
 

@@ -1,7 +1,5 @@
 // A canvas: its events, their data, and what the user types while the program is busy.
 
-#include <QInputMethodEvent>
-
 #include "tests/support/Gestures.h"
 #include "ui/Drawing.h"
 #include "ui/PBCanvasFunctions.h"
@@ -60,45 +58,11 @@ TEST(Canvas, NothingTypedIsLostWhileAHandlerKeepsTheLoop) {
     EXPECT_EQ(typed.modifiers, kModifierShift);
 }
 
-TEST(Canvas, TakesComposedCharacters) {
+TEST(Canvas, AClickEndsInsideAndMovesCollapse) {
     QWidget* const canvas = OpenCanvas();
-    // Characters that are composed come as input, with no key of their own.
-    QInputMethodEvent composed;
-    composed.setCommitString(QString::fromUtf8("é"));
-    QApplication::sendEvent(canvas, &composed);
-    const Typed typed = TakeTyping();
-    EXPECT_EQ(typed.text, QString::fromUtf8("é"));
-    EXPECT_TRUE(typed.keys.empty());
-}
-
-TEST(Canvas, TheLeftButtonClicksInsideAndIsReleasedAnywhere) {
-    QWidget* const canvas = OpenCanvas();
-    Press(canvas, QPoint(10, 20), Qt::LeftButton);
-    Move(canvas, QPoint(30, 20), Qt::LeftButton);
-    Move(canvas, QPoint(40, 20), Qt::LeftButton);
-    Release(canvas, QPoint(50, 20), Qt::LeftButton);
-    // Each move of a held button counts: a selection follows them.
-    Events seen;
-    std::vector<int> places, buttons;
-    while (WaitForEvent(0) != kNoEvent) {
-        seen.push_back({EventNumber(), EventWindow(), EventObject(), EventType()});
-        places.push_back(EventAttribute(kCanvas, kAttributeMouseX));
-        buttons.push_back(EventAttribute(kCanvas, kAttributeButtons));
-        EXPECT_EQ(EventAttribute(kCanvas, kAttributeMouseY), 20);
-    }
-    const Events drag = {GadgetEvent(kCanvas, kTypeMouseMove), GadgetEvent(kCanvas, kTypeMouseMove),
-                         GadgetEvent(kCanvas, kTypeLeftButtonUp),
-                         GadgetEvent(kCanvas, kTypeLeftClick)};
-    EXPECT_EQ(seen, drag);
-    EXPECT_EQ(places, (std::vector<int>{30, 40, 50, 50}));
-    EXPECT_EQ(buttons, (std::vector<int>{kButtonLeft, kButtonLeft, 0, 0}));
-
     Press(canvas, QPoint(10, 20), Qt::LeftButton);
     Release(canvas, QPoint(-10, 20), Qt::LeftButton);
     EXPECT_EQ(TakeEvents(), (Events{GadgetEvent(kCanvas, kTypeLeftButtonUp)}));
-    Press(canvas, QPoint(10, 20), Qt::RightButton);
-    Release(canvas, QPoint(10, 20), Qt::RightButton);
-    EXPECT_EQ(TakeEvents(), (Events{{kEventRightButtonUp, kTestWindow, -1, 0}}));
     // Moves with no button collapse, and the last place stands.
     for (int x = 1; x < 9; ++x) Move(canvas, QPoint(x, 3), Qt::NoButton);
     EXPECT_EQ(WaitForEvent(0), kEventGadget);
@@ -118,24 +82,6 @@ TEST(Canvas, WheelTurnsAddUpToWholeSteps) {
     EXPECT_EQ(TakeEvents(), (Events{GadgetEvent(kCanvas, kTypeMouseWheel)}));
 }
 
-TEST(Canvas, AttributesAreReadOnlyWhileTheirEventIsCurrent) {
-    QWidget* const canvas = OpenCanvas();
-    Key(canvas, Qt::Key_A, "a");
-    WaitForEvent(0);
-    WaitForEvent(0);
-    EXPECT_EQ(EventAttribute(kCanvas, kAttributeInput), 'a');
-    EXPECT_EQ(EventAttribute(kFrameCanvas, kAttributeInput), 0);
-    EXPECT_EQ(EventAttribute(kCanvas, 7), 0);
-    int data = 'b';
-    PostInterfaceEvent(kEventGadget, kTestWindow, kCanvas, kTypeInput, &data);
-    WaitForEvent(0);
-    EXPECT_EQ(EventAttribute(kCanvas, kAttributeInput), 0);  // data of another kind
-    Move(WidgetOfGadget(kFrameCanvas), QPoint(3, 4), Qt::NoButton);
-    WaitForEvent(0);
-    EXPECT_EQ(EventAttribute(kFrameCanvas, kAttributeMouseY), 4);
-    EXPECT_EQ(EventAttribute(kCanvas, kAttributeMouseY), 0);
-}
-
 // A canvas has its size at once: what is drawn before the window shows stays, and what is
 // there stays when the size changes.
 TEST(Canvas, ShowsItsImage) {
@@ -150,7 +96,6 @@ TEST(Canvas, ShowsItsImage) {
     PBCanvasWidget* const canvas = FindCanvas(kCanvas);
     EXPECT_EQ(CanvasPicture(kCanvas).size(), QSize(250, 100));
     EXPECT_EQ(canvas->grab().toImage().pixelColor(199, 99), QColor(255, 0, 0));
-    EXPECT_EQ(FindCanvas(62), nullptr);
     ResizeGadget(kCanvas, 0, 0, 0, 0);
     for (const double scale : {1.0, 1.25, 8.0}) {
         FitPicture(&canvas->record, 2000000000, 2000000000, scale);

@@ -4,7 +4,6 @@
 
 #include "tests/upload/upload_bench.h"
 #include "ui/MenuItem.h"
-#include "upload/DeviceFamily.h"
 #include "upload/OnloadLine.h"
 #include "upload/SpecRebuild.h"
 
@@ -39,20 +38,15 @@ const std::pair<const char*, const char*> specRows[] = {
     {"s\\cmm2 file\\no", "cmm2|* \"p.bas\"|F2|r"}, {"s\\cmm2 file\\A.b\\x", "cmm2|* \"A.b\"|F2|r"},
     {"file\\A.bas s\\cmm2", "cmm2|* \"p.bas\"|F2|r"}, {"A 'target s\\pico", "picomite|*|Z|"},
     {"SetTime setRTC NORUN nonew\\ discon\\x dev\\y zz", "|*|Z|rntcd"}, {"norun\nnonew", "|*|Z|r"},
-    {"port\\COM1 s\\cmm2", "cmm2|* \"p.bas\"|F2|r"}, {"s\\pico 'norun", "picomite|*|Z|"},
-    {"'target s\\picomite 'norun", "picomite|*|Z|"}, {"'target\ts\\pico", "|*|Z|"},
+    {"s\\pico 'norun", "picomite|*|Z|"}, {"'target\ts\\pico", "|*|Z|"},
     {"norun         nonew", "|*|Z|r"}, {"norun        nonew", "|*|Z|rn"},
     {"'onload", "micromite|*|Z|d"}, {"'onload maximite", "maximite|AUTO|C|d"},
     {"'onload settime setrtc norun nonew", "micromite|*|Z|rntcd"},
     {"' onload vgamite", "micromite|*|Z|d"}, {"'onload PI-cromite", "pi-cromite|*|C|d"},
     {"'onload picomite command", "picomite|*|Z|rnd"},
-    {"'onload micromite pi-cromite", "micromite|*|Z|d"},
-    {"'onload command micromite", "command||-|rnd"},
     {"'onload cmm2 maximite", "cmm2|* \"temp.bas\"|F2|rd"},
-    {"'onload cmm2 norun", "cmm2|* \"temp.bas\"|F1|rd"},
     {"'onload norun cmm2", "cmm2|* \"temp.bas\"|F1|rd"},
     {"'onload cmm2 file/*", "cmm2|* \"p.bas\"|F2|rd"},
-    {"'onload file\\b.bas File/C.bas cmm2", "cmm2|* \"c.bas\"|F2|rd"},
     {"'onload file\\b.bas cmm2", "cmm2|* \"b.bas\"|F2|rd"},
     {"'onload norunning\tsettime", "micromite|*|Z|rd"},
 };
@@ -80,14 +74,12 @@ TEST_F(DeviceSpec, LineEndingTicksAndCrunchInOrder) {
     CreatePopupMenu(kPopupMenu);
     for (int i = kItemLineEndingCrLf; i <= kItemLineEndingLf; ++i) MenuItem(i, "x");
     const QStringList names = {"CRLF", "CR", "LF"};
-    for (const QString word :
-         {"le\\CrLf", "LE\\cr", "le\\lf", "le\\CR", "le", "le\\crlf", "le\\x"}) {
+    for (const QString word : {"le\\CrLf", "LE\\cr", "le\\lf", "le", "le\\x"}) {
         ApplyDeviceSpec(word);
         const int known = names.indexOf(word.mid(3).toUpper());
         EXPECT_EQ(lineEnding.name, names[known < 0 ? 2 : known]) << word.toStdString();
-        for (int i = 0; i < 3; ++i) {
+        for (int i = 0; i < 3; ++i)
             EXPECT_EQ(MenuItemTick(kItemLineEndingCrLf + i), names[i] == lineEnding.name);
-        }
     }
     EXPECT_EQ(ApplyDeviceSpec("'target CRUNCH\n A  'x\n\nB"), "A\nB\n");
     EXPECT_EQ(ApplyDeviceSpec("crunch le\\cr\nB"), "crunch le\\cr\nB\n");
@@ -96,9 +88,6 @@ TEST_F(DeviceSpec, LineEndingTicksAndCrunchInOrder) {
     EXPECT_EQ(Serial(), "com3:38");
     ApplyOnloadLine("'onload command com4:9600");  // the family word begins as the port word does
     EXPECT_EQ(Serial(), "command:");
-    SetPortAndSpeed(" x y : 9600 :z");
-    EXPECT_EQ(Serial() + GadgetText(kPortCombo) + ':' + GadgetText(kSpeedCombo),
-              "x y:9600x y:9600");
 }
 
 TEST_F(DeviceSpec, PortAndAddressChooseTheLink) {
@@ -135,20 +124,8 @@ TEST_F(DeviceSpec, RebuiltFromTheGadgets) {
     EXPECT_EQ(build("ip         nonew", ""), ":57600 picomite|*|Z|n");
     EXPECT_EQ(build("", "ttyUSB1"), "ttyUSB1:57600 maximite|AUTO|C|");
     EXPECT_EQ(build("'target port\\C:1 norun syn\\pico", "x"), "x:57600 maximite|AUTO|C|r");
-    EXPECT_EQ(build("port\\C:1 nonew", "not set"), "x:57600 maximite|*|Z|n");
     EXPECT_EQ(build("port\\C:1", "TCPIP"), "x:57600 maximite|*|Z|");
     EXPECT_EQ(Tcp(), "10.0.0.7:4000");
-}
-
-TEST(DeviceFamily, RowsAreReadFoundAndWritten) {
-    AddFamily(ParseFamilyRow(" Pico-X | autosave |\\026|1|2|3| files |4|5"));
-    AddFamily(ParseFamilyRow("pico-x||| 7 |z|12x||99999999999|1|1|1|more"));
-    AddDefaultFamilies();
-    ASSERT_EQ(deviceFamilies.size(), 9u);
-    EXPECT_EQ(FormatFamilyRow(*FindFamily("PICO-X")), "Pico-X|autosave|\\026|1|2|3|files|4|5|0|0");
-    EXPECT_EQ(FormatFamilyRow(deviceFamilies[1]), "pico-x|||7|0|12||1215752191|1|1|1");
-    EXPECT_EQ(FormatFamilyRow(*FindFamily("CMM2")), "cmm2|autosave|\\027[12~|1|1|3|ls|0|1|0|30");
-    EXPECT_EQ(FindFamily("vgamite"), nullptr);
 }
 
 }  // namespace
