@@ -42,7 +42,8 @@ endfunction()
 # kewlink_tests(NAME LIBRARIES...): one test program from all *_test.cpp of the
 # current folder. CTest runs it whole, with its tests in another order each time: each
 # leaves the program as it found it (tests/support/StartState.h). Under ThreadSanitizer
-# those with "Threads" in their names run alone, with the label threads.
+# those with "Threads" in their names run alone, with the label threads; a folder that has
+# none is not built.
 function(kewlink_tests name)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp
     ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
@@ -51,6 +52,15 @@ function(kewlink_tests name)
   target_compile_definitions(${name} PRIVATE
     KWCC_SOURCE_DIR="${PROJECT_SOURCE_DIR}" KWCC_BINARY_DIR="${PROJECT_BINARY_DIR}")
   if(KWCC_SANITIZE MATCHES "thread")
+    set(text)
+    foreach(source IN LISTS sources)
+      file(STRINGS ${source} threaded REGEX "TEST.*Threads,")
+      string(APPEND text "${threaded}")
+    endforeach()
+    if(NOT text)
+      set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL ON)
+      return()
+    endif()
     add_test(NAME ${name} COMMAND ${name} --gtest_filter=*Threads*)
     set_tests_properties(${name} PROPERTIES LABELS threads)
   else()

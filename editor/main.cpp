@@ -1,6 +1,7 @@
 // KWEdit, the console's companion editor. Each argument is the path of a source.
 #include <QApplication>
 #include <QFileInfo>
+#include <QIcon>
 #include <QStandardPaths>
 #include <cstdio>
 
@@ -63,6 +64,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("KWEdit");
     QApplication::setDesktopFileName("kwedit");
+    QApplication::setWindowIcon(QIcon(":/icons/kewlink-console-128.png"));
     const CommandLine line = ReadCommandLine(QApplication::arguments().mid(1), KWEDIT_VERSION);
     if (!line.unknown.isEmpty()) {
         fprintf(stderr, "KWEdit: %s is no option; see --help\n", line.unknown.toUtf8().constData());

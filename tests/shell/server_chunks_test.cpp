@@ -7,6 +7,7 @@
 
 #include "link/Servers.h"
 #include "shell/ServerChunks.h"
+#include "shell/SingleInstance.h"
 #include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalSizing.h"
 #include "terminal/screen/TerminalText.h"
@@ -145,6 +146,19 @@ TEST_F(ServerChunkThreads, Commands) {
     StopServers();
     HandleServerChunk(kDataServerIdentity);
     EXPECT_EQ(TakeCapture(), "");
+}
+
+// A second start gives its command line to the first one's control port, in this form.
+TEST(HandOver, IsALoadCommand) {
+    int port = 0;
+    const int first = ListenLocally(port);
+    HandOver("my file.bas", port);
+    const int session = accept(first, nullptr, nullptr);
+    char bytes[32] = "";
+    EXPECT_EQ(recv(session, bytes, sizeof bytes, MSG_WAITALL), 18);  // closed behind it
+    EXPECT_STREQ(bytes, "/load my file.bas\r");
+    close(session);
+    close(first);
 }
 
 }  // namespace
