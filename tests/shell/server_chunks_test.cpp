@@ -19,6 +19,9 @@
 
 namespace {
 
+// Called in each wait of the interface thread in place of the toolkit's service.
+void (*lookAtWait)() = nullptr;
+
 class ServerChunkThreads : public testing::Test {
   protected:
     void SetUp() override {
@@ -31,10 +34,14 @@ class ServerChunkThreads : public testing::Test {
         CloseGadgetList();
         SetUpTerminal();
         StartCapture();
+        SetWaitService([] { lookAtWait ? lookAtWait() : ServeToolkit(); });
         StartServers();
         ASSERT_TRUE(Until([] { return TakeCapture().startsWith("Control"); }));
     }
-    void TearDown() override { StopServers(); }
+    void TearDown() override {
+        StopServers();
+        StartWaitService();
+    }
 
     template <typename Done>
     static bool Until(Done done) {
@@ -106,12 +113,12 @@ TEST_F(ServerChunkThreads, TheWorkerGoesOnBeforeItsCommandIsCarriedOut) {
     LocalClient client(linkSettings.controlPort);
     ASSERT_TRUE(Known());
     client.Write("/load " + source.fileName().toStdString() + "\n");
-    SetWaitService([] {
+    lookAtWait = [] {
         workerWaits = !FindServer(kControlServerIdentity)->text.isEmpty();
         RequestLeave(true);  // nothing more of the upload
-    });
+    };
     EXPECT_TRUE(Until([] { return capture.buffer.contains("Program upload aborted"); }));
-    StartWaitService();
+    lookAtWait = nullptr;
     RequestLeave(false);
     EXPECT_FALSE(workerWaits);
 }
