@@ -2,7 +2,6 @@
 #include <pty.h>
 
 #include <QDir>
-#include <QInputMethodEvent>
 
 #include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalText.h"
@@ -19,11 +18,6 @@ class ChoicesTest : public ShellRig {
         BuildWindow();
         Drain();
     }
-    std::string Typed(int key, const char* text, Qt::KeyboardModifiers modifiers = {}) {
-        Key(WidgetOfGadget(kTerminalCanvas), key, text, modifiers);
-        Drain();
-        return device.Read();
-    }
 };
 
 // A WebMite's greeting, a line end, a command, a subnegotiation and a 255 that is text.
@@ -32,41 +26,6 @@ const std::string kCoded =
     "\xFF\xFA\x18\xFF\xFFx\xFF\xF0\xFF\xFA\x18\xFF\xFD\x01"
     "B\xFF\xFF>"s;
 const std::string kRefusals = "\xFF\xFE\x03\xFF\xFC\x22\xFF\xFC\x01";
-
-}  // namespace
-
-TEST_F(ChoicesTest, KeysActOnce) {
-    const struct {
-        int key;
-        const char* text;
-        Qt::KeyboardModifiers modifiers;
-        std::string twice, once;
-    } rows[] = {
-        {Qt::Key_Return, "\r", Qt::NoModifier, "\r\r", "\r"},
-        {Qt::Key_Backspace, "\b", Qt::NoModifier, "\b\b", "\b"},
-        {Qt::Key_Delete, "\x7F", Qt::NoModifier, "\x1b[3~\x7F", "\x1b[3~"},
-        {Qt::Key_Escape, "\x1b", Qt::NoModifier, "\x1b\x1b", "\x1b"},
-        {Qt::Key_C, "\x03", Qt::ControlModifier, "\x03\x03", "\x03"},
-        {Qt::Key_A, "a", Qt::ControlModifier, "\x01" + std::string("a"), "\x01"},
-        {Qt::Key_C, "\x03", Qt::ControlModifier | Qt::ShiftModifier, "\x03", "\x03"},
-        {Qt::Key_D, "d", Qt::AltModifier, "d", "d"},
-        {Qt::Key_Enter, "\r", Qt::KeypadModifier, "\r", "\r"},
-        {Qt::Key_Tab, "\t", Qt::NoModifier, "\t", "\t"},
-        {Qt::Key_Up, "", Qt::NoModifier, "\x1b[A", "\x1b[A"},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(Typed(row.key, row.text, row.modifiers), row.twice);
-        const Chosen once(&Choices::keysActOnce);
-        EXPECT_EQ(Typed(row.key, row.text, row.modifiers), row.once);
-    }
-    const Chosen once(&Choices::keysActOnce);
-    Typed(Qt::Key_Return, "\r");
-    QInputMethodEvent composed;
-    composed.setCommitString("\r");
-    QApplication::sendEvent(WidgetOfGadget(kTerminalCanvas), &composed);
-    Drain();
-    EXPECT_EQ(device.Read(), "\r");
-}
 
 TEST_F(ChoicesTest, TelnetLineEndsWhereverTheBlocksAreCut) {
     FarEnd board(true);
@@ -215,3 +174,5 @@ TEST_F(ChoicesTest, ReadAsItComes) {
     device.Close();
     EXPECT_EQ(comes(0), 0);  // and ends
 }
+
+}  // namespace

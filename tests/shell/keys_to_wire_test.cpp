@@ -1,10 +1,12 @@
 // Keys by the window system's road, with the text that X11 gives them, as bytes at the far
 // end.
+#include <QInputMethodEvent>
 #include <QTest>
 #include <QWindow>
 
 #include "terminal/input/TerminalInput.h"
 #include "tests/shell/ShellRig.h"
+#include "tests/support/Chosen.h"
 #include "ui/DragDrop.h"
 
 namespace {
@@ -24,26 +26,30 @@ class KeysToWire : public ShellRig {
 constexpr Qt::KeyboardModifier kCtrl = Qt::ControlModifier, kAlt = Qt::AltModifier,
                                kShift = Qt::ShiftModifier;
 
-// A key with a row in the key table and with a text acts twice.
+// A key with a row in the key table and with a text acts twice, unless it is chosen otherwise.
 TEST_F(KeysToWire, OfTheTableAndWithText) {
     // clang-format off
     const struct {
         int key;
         const char* text;
         Qt::KeyboardModifiers held;
-        const char* sent;
+        const char *sent, *once = sent;
     } keyRows[] = {
-        {Qt::Key_Return, "\r", {}, "\r\r"}, {Qt::Key_Return, "\r", kCtrl, "\r\r"},
-        {Qt::Key_Enter, "\r", Qt::KeypadModifier, "\r"}, {Qt::Key_Escape, "\x1b", {}, "\x1b\x1b"},
-        {Qt::Key_Backspace, "\b", {}, "\b\b"}, {Qt::Key_Delete, "\x7f", {}, "\x1b[3~\x7f"},
+        {Qt::Key_Return, "\r", {}, "\r\r", "\r"}, {Qt::Key_Return, "\r", kCtrl, "\r\r", "\r"},
+        {Qt::Key_Enter, "\r", Qt::KeypadModifier, "\r"},
+        {Qt::Key_Escape, "\x1b", {}, "\x1b\x1b", "\x1b"},
+        {Qt::Key_Backspace, "\b", {}, "\b\b", "\b"},
+        {Qt::Key_Delete, "\x7f", {}, "\x1b[3~\x7f", "\x1b[3~"},
         {Qt::Key_Tab, "\t", {}, "\t"}, {Qt::Key_Backtab, "", kShift, ""},
         {Qt::Key_Up, "", {}, "\x1b[A"}, {Qt::Key_Down, "", {}, "\x1b[B"},
         {Qt::Key_Right, "", {}, "\x1b[C"}, {Qt::Key_Left, "", kShift, "\x1b[D"},
         {Qt::Key_Home, "", {}, "\x1b[1~"}, {Qt::Key_Insert, "", {}, "\x1b[2~"},
         {Qt::Key_End, "", {}, "\x1b[4~"}, {Qt::Key_PageUp, "", {}, "\x1b[5~"},
         {Qt::Key_PageDown, "", kCtrl, "\x1b[6~"}, {Qt::Key_C, "c", {}, "c"},
-        {Qt::Key_C, "C", kShift, "C"}, {Qt::Key_A, "\x01", kCtrl, "\x01\x01"},
-        {Qt::Key_Z, "\x1a", kCtrl, "\x1a\x1a"}, {Qt::Key_C, "\x03", kCtrl | kShift, "\x03"},
+        {Qt::Key_C, "C", kShift, "C"}, {Qt::Key_A, "\x01", kCtrl, "\x01\x01", "\x01"},
+        {Qt::Key_A, "a", kCtrl, "\x01" "a", "\x01"},  // of some layouts
+        {Qt::Key_Z, "\x1a", kCtrl, "\x1a\x1a", "\x1a"},
+        {Qt::Key_C, "\x03", kCtrl | kShift, "\x03"},
         {Qt::Key_X, "x", kAlt, "x"}, {Qt::Key_E, "e", kAlt, "e"}, {Qt::Key_Alt, "", {}, ""},
         {Qt::Key_C, "c", kAlt, ""},  // the window's own
         {Qt::Key_BracketLeft, "\x1b", kCtrl, "\x1b"},
@@ -56,6 +62,17 @@ TEST_F(KeysToWire, OfTheTableAndWithText) {
         const int64_t start = clock.Now();
         EXPECT_EQ(Sent(row.key, row.text, row.held), row.sent) << row.key;
         EXPECT_EQ(clock.Now() - start, row.key == Qt::Key_Escape ? 120 : 0);  // its reply
+        const Chosen once(&Choices::keysActOnce);
+        EXPECT_EQ(Sent(row.key, row.text, row.held), row.once) << row.key;
+    }
+    {
+        const Chosen once(&Choices::keysActOnce);
+        Sent(Qt::Key_Return, "\r");
+        QInputMethodEvent composed;  // belongs to no key
+        composed.setCommitString("\r");
+        QApplication::sendEvent(WidgetOfGadget(kTerminalCanvas), &composed);
+        Drain();
+        EXPECT_EQ(device.Read(), "\r");
     }
     EXPECT_EQ(ClipboardText(), "");
     FocusGadget(kCommandEntry);
