@@ -1,9 +1,14 @@
 // The main window as start-up leaves it: every gadget, menu item, timer and font. And how
 // the program leaves it.
 #include <QMenuBar>
+#include <QProcess>
 #include <QTimer>
 
+#include "filemanager/FileManagerSettings.h"
+#include "filemanager/FileManagerWindow.h"
 #include "shell/Settings.h"
+#include "shell/SingleInstance.h"
+#include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalText.h"
 #include "terminal/screen/WindowLayout.h"
 #include "tests/shell/ShellRig.h"
@@ -128,8 +133,14 @@ TEST_F(Window, HoldsItsGadgets) {
     EXPECT_EQ(ItemsOf(kFamilyCombo).join(' '),
               "maximite micromite pi-cromite cmm2 picomite vgamite command");
     EXPECT_EQ(ItemsOf(kOptionsCombo).join(' '), "settime setRTC norun nonew discon file");
-    EXPECT_EQ(GadgetName(kTerminalCanvas) + GadgetName(kClearCommandButton),
-              "TerminalClear command line");
+    QStringList names;
+    for (int gadget : {kTerminalCanvas, kFrameCanvas, kTerminalScrollBar, kHistoryPreviousButton,
+                       kHistoryNextButton, kCtrlCButton, kCtrlZButton, kTerminalSizeText,
+                       kProgressText, kClearCommandButton, kFirstToolbarRow + 5})
+        names += GadgetName(gadget);
+    EXPECT_EQ(names.join(';'),
+              "Terminal;Terminal frame;Scroll back;Earlier command;Later command;Control C;"
+              "Control Z;Terminal size;Upload progress;Clear command line;Toolbar row 6");
 }
 
 const char menus[] =
@@ -215,7 +226,9 @@ struct Watch : QObject {
 TEST_F(Window, IsLeftInOrder) {
     BuildWindow();
     ConnectDevice();
+    OpenFileManager();
     TakeEvents();  // shows it
+    StartCapture();
     Watch watch;
     WidgetOfGadget(kDisconnectButton)->installEventFilter(&watch);
     for (int timer : {kPollTimer, kBlinkTimer}) Timer(timer)->installEventFilter(&watch);
@@ -228,7 +241,26 @@ TEST_F(Window, IsLeftInOrder) {
     EXPECT_EQ(watch.seen.join(", ").toStdString(),
               "link, saved 1, timer of 400, timer of 50, open 1");
     EXPECT_EQ(clock.Now() - start, 50);
-    EXPECT_FALSE(WindowIsOpen(kMainWindow));
+    EXPECT_FALSE(WindowIsOpen(kMainWindow) || WindowIsOpen(kFileManagerWindow));
+    EXPECT_TRUE(TakeCapture().startsWith("\x1b[7mBye\x1b[0m"));
+    EXPECT_GT(fileManagerSettings.width, 0);  // read when it was closed
+}
+
+// By the first word of the command line, whoever started it; only what is a process counts.
+TEST(OwnProcesses, AreCounted) {
+    const ScratchFolder scratch;
+    const QString program = QDir::currentPath() + "/a program";
+    ASSERT_TRUE(QFile::link("/bin/sleep", program));
+    QProcess processes[3];
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(CountOwnProcesses(program), std::min(i, 2));
+        if (i < 2) processes[i].start(program, {"60"});
+        if (i == 2) processes[i].start("/bin/sh", {"-c", "read line", program});
+        ASSERT_TRUE(processes[i].waitForStarted());
+    }
+    EXPECT_EQ(CountOwnProcesses(program), 2);
+    for (QProcess& process : processes) process.kill();
+    for (QProcess& process : processes) process.waitForFinished();
 }
 
 }  // namespace
