@@ -18,8 +18,8 @@
 #include "terminal/screen/VtFinals.h"
 #include "terminal/screen/VtParser.h"
 #include "tests/screen/ScreenRig.h"
-#include "ui/Drawing.h"
 #include "ui/InterfaceLayer.h"
+#include "ui/drawing/Drawing.h"
 
 namespace {
 

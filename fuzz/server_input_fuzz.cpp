@@ -20,8 +20,10 @@
 #include "tests/screen/ScreenRig.h"
 #include "tests/support/FarEnd.h"
 #include "tests/support/LocalTools.h"
-#include "ui/InterfaceEvent.h"
 #include "ui/InterfaceLayer.h"
+#include "ui/events/CurrentEvent.h"
+#include "ui/events/EventQueue.h"
+#include "ui/events/WaitWindowEvent.h"
 
 namespace {
 

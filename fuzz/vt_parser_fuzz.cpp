@@ -12,8 +12,8 @@
 #include "terminal/screen/VtFinals.h"
 #include "terminal/screen/VtParser.h"
 #include "tests/screen/ScreenRig.h"
-#include "ui/InterfaceEvent.h"
 #include "ui/InterfaceLayer.h"
+#include "ui/events/EventQueue.h"
 
 namespace {
 

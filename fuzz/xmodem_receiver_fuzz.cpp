@@ -11,8 +11,8 @@
 #include "base/Numbers.h"
 #include "base/Pacing.h"
 #include "tests/support/FarEnd.h"
-#include "ui/InterfaceEvent.h"
 #include "ui/InterfaceLayer.h"
+#include "ui/events/EventQueue.h"
 #include "xmodem/Receive.h"
 #include "xmodem/XmodemJob.h"
 

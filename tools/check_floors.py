@@ -4,6 +4,7 @@
 - an include of a project header points down the floors or stays on its floor, and no two
   headers include each other in a circle;
 - no `extern` in a .cpp;
+- a header named `…Internal.h` is included by its own folder alone;
 - toolkit widget headers only in ui/ and in the editor, which is a program of its own;
 - no call names a gadget, window, menu item or timer by a bare number.
 """
@@ -14,15 +15,19 @@ import sys
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 FLOORS = {
     "base": 1,
-    "ui": 2,
-    "terminal/screen": 3,
-    "link": 4,
-    "terminal/input": 5,
-    "upload": 5,
-    "xmodem": 5,
-    "filemanager": 6,
-    "help": 6,
-    "shell": 7,
+    "ui/events": 2,
+    "ui/drawing": 3,
+    "ui/gadgets": 4,
+    "ui/windows": 5,
+    "ui": 6,
+    "terminal/screen": 7,
+    "link": 8,
+    "terminal/input": 9,
+    "upload": 9,
+    "xmodem": 9,
+    "filemanager": 10,
+    "help": 10,
+    "shell": 11,
 }
 # Beside the floors: what each folder may include, itself aside.
 BESIDE = {"encoding": {"base"}, "simulator": {"base"}, "editor": set(), "ports": set()}
@@ -79,12 +84,14 @@ def check_file(full, path, graph):
             graph.setdefault(path, set()).add(target)
             if there and here and not allowed(here, there):
                 faults.append(f"{where}{here} must not include {target}")
+            if target.endswith("Internal.h") and os.path.dirname(target) != os.path.dirname(path):
+                faults.append(f"{where}{target} is of its own folder alone")
         if path.endswith(".cpp") and re.match(r"\s*extern\b(?!\s*\"C\")", line) and "const" not in line:
             faults.append(where + "extern in a source file")
-        if here not in ("ui", "editor") and WIDGET.search(line):
+        if here != "editor" and not here.startswith("ui") and WIDGET.search(line):
             faults.append(where + "widget header outside ui/")
         code = line.split("//")[0]
-        if here not in ("ui", "base", "simulator") and (NUMBERED.search(code) or TIMERS.search(code)):
+        if here not in ("base", "simulator") and not here.startswith("ui") and (NUMBERED.search(code) or TIMERS.search(code)):
             faults.append(where + "bare design number")
     return faults
 

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Writes the file map at the end of docs/ARCHITECTURE.md from the first sentence of each file.
+"""Writes the file map at the end of docs/ARCHITECTURE.md from the first sentence of each file, and
+at the head of each folder's list the one file to read first.
 With --check: writes nothing, and fails when the map is not as it would be written.
 """
 import os
@@ -9,9 +10,21 @@ import sys
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 MAP = os.path.join(ROOT, "docs", "ARCHITECTURE.md")
 MARK = "## Files\n"
-FOLDERS = ["src/base", "src/ui", "src/terminal/screen", "src/link", "src/terminal/input",
+FOLDERS = ["src/base", "src/ui/events", "src/ui/drawing", "src/ui/gadgets",
+           "src/ui/windows", "src/ui", "src/terminal/screen", "src/link", "src/terminal/input",
            "src/encoding", "src/upload", "src/xmodem", "src/filemanager", "src/help", "src/shell",
            "simulator", "simulator/basic", "simulator/files", "simulator/xmodem", "simulator/boardsim", "editor", "ports"]
+
+READ_FIRST = {
+    "src/base": "Numbers", "src/ui/events": "EventQueue", "src/ui/drawing": "PaintRecord",
+    "src/ui/gadgets": "Gadgets", "src/ui/windows": "Windows", "src/ui": "InterfaceLayer",
+    "src/terminal/screen": "TerminalScreen", "src/link": "LinkPrimitives",
+    "src/terminal/input": "TerminalInput", "src/encoding": "EncodedSource",
+    "src/upload": "UploadProgram", "src/xmodem": "XmodemJob", "src/filemanager": "FileManagerWindow",
+    "src/help": "HelpViewer", "src/shell": "StartUp", "simulator": "Board",
+    "simulator/basic": "BasicMachine", "simulator/files": "FileStore", "simulator/xmodem": "XmodemBoard",
+    "simulator/boardsim": "SimOptions", "editor": "Editor", "ports": "PortReport",
+}
 
 
 def first_sentence(path):
@@ -31,11 +44,16 @@ def first_sentence(path):
 
 def table(folder):
     path = os.path.join(ROOT, folder)
-    names = sorted({os.path.splitext(n)[0] for n in os.listdir(path) if n.endswith((".h", ".cpp"))})
-    rows = [f"\n### {folder}/\n", "| file | what it holds |", "|---|---|"]
+    names = sorted({re.sub(r"(Internal)?\.(h|cpp)$", "", n) for n in os.listdir(path)
+                    if n.endswith((".h", ".cpp"))})
+    if READ_FIRST.get(folder) not in names:
+        sys.exit(f"READ_FIRST names no file of {folder}/")
+    rows = [f"\n### {folder}/: read `{READ_FIRST[folder]}` first\n",
+            "| file | what it holds |", "|---|---|"]
     for name in names:
         base = os.path.join(path, name)
-        rows.append(f"| `{name}` | {first_sentence(base + '.h') or first_sentence(base + '.cpp')} |")
+        said = next(filter(None, (first_sentence(base + end) for end in (".h", "Internal.h", ".cpp"))), "")
+        rows.append(f"| `{name}` | {said} |")
     return "\n".join(rows) + "\n"
 
 

@@ -21,6 +21,12 @@ constexpr int kStandardWindowFlags =
     kWindowSizable + kWindowClose + kWindowMaximize + kWindowMinimize;                // 54
 constexpr int kHelpWindowFlags = kWindowSizable + kWindowMaximize + kWindowMinimize;  // 50
 
+// In a resize of a window or gadget, what stays as it is.
+constexpr int kKeep = -65535;
+constexpr int Kept(int wanted, int present) {
+    return wanted == kKeep ? present : wanted;
+}
+
 // Gadgets of the main window.
 constexpr int kTerminalCanvas = 24;
 constexpr int kScratchImage = 25;  // the strip that a scroll moves; an image, not a gadget

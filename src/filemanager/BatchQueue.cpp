@@ -9,7 +9,7 @@
 #include "link/LinkPrimitives.h"
 #include "link/SerialPort.h"
 #include "terminal/screen/TerminalScreen.h"
-#include "ui/Gadgets.h"
+#include "ui/gadgets/Gadgets.h"
 #include "upload/SourceFile.h"
 #include "upload/UploadOptions.h"
 #include "upload/UploadProgram.h"

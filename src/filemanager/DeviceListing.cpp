@@ -9,7 +9,7 @@
 #include "link/Connection.h"
 #include "link/LinkPrimitives.h"
 #include "terminal/screen/TerminalScreen.h"
-#include "ui/Gadgets.h"
+#include "ui/gadgets/Gadgets.h"
 #include "upload/SourcePreparation.h"
 
 namespace {

@@ -8,9 +8,9 @@
 #include "filemanager/DeviceRow.h"
 #include "link/LinkPrimitives.h"
 #include "terminal/screen/TerminalScreen.h"
-#include "ui/Dialogs.h"
-#include "ui/Gadgets.h"
-#include "ui/InterfaceEvent.h"
+#include "ui/events/CurrentEvent.h"
+#include "ui/gadgets/Gadgets.h"
+#include "ui/windows/Dialogs.h"
 #include "upload/FlashSlotUpload.h"
 
 namespace {

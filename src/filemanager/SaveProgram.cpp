@@ -5,8 +5,9 @@
 #include "base/EightBitText.h"
 #include "base/Numbers.h"
 #include "base/TextRules.h"
-#include "ui/Dialogs.h"
-#include "ui/Gadgets.h"
+#include "ui/gadgets/Gadgets.h"
+#include "ui/windows/Dialogs.h"
+#include "ui/windows/FileDialogs.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include "base/AppPaths.h"
 #include "base/TextRules.h"
-#include "ui/Dialogs.h"
+#include "ui/windows/Dialogs.h"
 
 namespace {
 

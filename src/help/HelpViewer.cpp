@@ -5,10 +5,11 @@
 #include "base/AppPaths.h"
 #include "base/Numbers.h"
 #include "help/HelpSettings.h"
-#include "ui/ButtonGadget.h"
-#include "ui/Gadgets.h"
-#include "ui/WebGadget.h"
-#include "ui/Windows.h"
+#include "ui/gadgets/ButtonGadget.h"
+#include "ui/gadgets/GadgetTable.h"
+#include "ui/gadgets/Gadgets.h"
+#include "ui/gadgets/WebGadget.h"
+#include "ui/windows/Windows.h"
 
 namespace {
 

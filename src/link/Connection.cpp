@@ -10,7 +10,7 @@
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/VtParser.h"
-#include "ui/Gadgets.h"
+#include "ui/gadgets/Gadgets.h"
 
 namespace {
 

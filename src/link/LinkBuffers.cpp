@@ -4,7 +4,7 @@
 
 #include "link/LinkPrimitives.h"
 #include "link/LinkSettings.h"
-#include "ui/InterfaceThread.h"
+#include "ui/events/InterfaceThread.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include "base/Numbers.h"
 #include "link/LinkPrimitives.h"
-#include "ui/InputWatch.h"
+#include "ui/events/InputWatch.h"
 
 namespace {
 

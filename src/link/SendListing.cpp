@@ -7,7 +7,7 @@
 #include "link/LinkSettings.h"
 #include "link/LocalCommand.h"
 #include "terminal/screen/Capture.h"
-#include "ui/DragDrop.h"
+#include "ui/windows/Clipboard.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "base/Numbers.h"
-#include "ui/InterfaceEvent.h"
+#include "ui/events/EventQueue.h"
 
 // There is one slot: a line that was not shown yet is lost to the next one, whose event
 // then shows it and the event before an empty line.

@@ -7,7 +7,7 @@
 #include "base/Pacing.h"
 #include "base/TextRules.h"
 #include "link/LinkPrimitives.h"
-#include "ui/Gadgets.h"
+#include "ui/gadgets/Gadgets.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include "base/Numbers.h"
 #include "link/Connection.h"
 #include "link/LinkPrimitives.h"
-#include "ui/Gadgets.h"
+#include "ui/gadgets/Gadgets.h"
 
 namespace {
 

@@ -20,9 +20,10 @@
 #include "terminal/screen/TerminalSettings.h"
 #include "terminal/screen/TerminalSizing.h"
 #include "terminal/screen/TerminalText.h"
-#include "ui/DragDrop.h"
-#include "ui/Gadgets.h"
-#include "ui/MenuItem.h"
+#include "ui/events/BoundHandlers.h"
+#include "ui/gadgets/Gadgets.h"
+#include "ui/windows/Clipboard.h"
+#include "ui/windows/MenuItem.h"
 #include "upload/SpecRebuild.h"
 #include "upload/UploadProgram.h"
 

@@ -5,6 +5,7 @@
 #include "help/HelpViewer.h"
 #include "shell/Dispatch.h"
 #include "shell/Route.h"
+#include "ui/events/BoundHandlers.h"
 
 // The windows beside the main one. Most buttons of the file manager run through handlers
 // bound in the layer and don't pass here.

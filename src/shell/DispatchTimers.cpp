@@ -5,8 +5,9 @@
 #include "shell/Route.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
-#include "ui/AddWindowTimer.h"
-#include "ui/Notice.h"
+#include "ui/events/AddWindowTimer.h"
+#include "ui/events/BoundHandlers.h"
+#include "ui/windows/Notice.h"
 #include "upload/LoadPath.h"
 #include "upload/UploadOptions.h"
 

@@ -3,8 +3,8 @@
 #include "base/Numbers.h"
 #include "filemanager/BatchQueue.h"
 #include "terminal/screen/TerminalScreen.h"
-#include "ui/DragDrop.h"
-#include "ui/InterfaceEvent.h"
+#include "ui/events/CurrentEvent.h"
+#include "ui/windows/DragDrop.h"
 #include "upload/UploadOptions.h"
 #include "upload/UploadProgram.h"
 

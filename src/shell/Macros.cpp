@@ -3,9 +3,9 @@
 #include "base/Numbers.h"
 #include "link/LinkPrimitives.h"
 #include "shell/MacroText.h"
-#include "ui/ButtonGadget.h"
-#include "ui/Dialogs.h"
-#include "ui/Gadgets.h"
+#include "ui/gadgets/ButtonGadget.h"
+#include "ui/gadgets/Gadgets.h"
+#include "ui/windows/Dialogs.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
 #include "terminal/screen/WindowLayout.h"
-#include "ui/Gadgets.h"
-#include "ui/MenuItem.h"
+#include "ui/gadgets/Gadgets.h"
+#include "ui/windows/MenuItem.h"
 #include "upload/UploadOptions.h"
 
 namespace {

@@ -4,9 +4,9 @@
 #include "base/TextRules.h"
 #include "link/Connection.h"
 #include "shell/ShellSettings.h"
-#include "ui/ButtonGadget.h"
-#include "ui/Gadgets.h"
-#include "ui/Notice.h"
+#include "ui/gadgets/ButtonGadget.h"
+#include "ui/gadgets/Gadgets.h"
+#include "ui/windows/Notice.h"
 #include "upload/DeviceSpec.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "ui/InterfaceEvent.h"
+#include "ui/events/BoundHandlers.h"
 
 // Takes the objects from `first` to `last`, and of those the ones of a sub-type, or all with
 // kAny. What the two are is the table's: gadgets and what happened to them, menu items,

@@ -10,7 +10,7 @@
 #include "shell/PreferencesText.h"
 #include "shell/SettingsTable.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "ui/Fonts.h"
+#include "ui/drawing/Fonts.h"
 #include "upload/DeviceFamily.h"
 
 namespace {

@@ -15,7 +15,7 @@
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/TerminalSettings.h"
 #include "terminal/screen/WindowLayout.h"
-#include "ui/Gadgets.h"
+#include "ui/gadgets/Gadgets.h"
 #include "upload/UploadOptions.h"
 
 namespace {

@@ -9,8 +9,8 @@
 #include "shell/Macros.h"
 #include "shell/Presets.h"
 #include "shell/ShellSettings.h"
-#include "ui/ButtonGadget.h"
-#include "ui/Gadgets.h"
+#include "ui/gadgets/ButtonGadget.h"
+#include "ui/gadgets/Gadgets.h"
 #include "upload/DeviceSpec.h"
 
 namespace {

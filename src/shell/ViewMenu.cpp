@@ -6,7 +6,7 @@
 #include "filemanager/FileManagerWindow.h"
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/WindowLayout.h"
-#include "ui/MenuItem.h"
+#include "ui/windows/MenuItem.h"
 
 void ToggleToolbarRow(int item) {
     SetMenuItemTick(item, !MenuItemTick(item));

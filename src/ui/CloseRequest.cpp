@@ -6,8 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "ui/PBQMainWindow.h"
-#include "ui/WindowTable.h"
+#include "ui/events/NumberedWidgets.h"
 
 namespace {
 
@@ -43,7 +42,7 @@ bool LookAtEvent(xcb_generic_event_t* event, void* data) {
 }  // namespace
 
 bool CloseIsPending(int window) {
-    const PBQMainWindow* found = FindWindow(window);
+    const QWidget* found = WindowWidget(window);
     if (!found || !QX11Info::isPlatformX11()) return false;
     CloseLook look = {static_cast<xcb_window_t>(found->internalWinId()), false};
     QX11Info::peekEventQueue(LookAtEvent, &look);

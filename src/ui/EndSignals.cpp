@@ -11,7 +11,7 @@
 
 #include "base/Numbers.h"
 #include "base/Pacing.h"
-#include "ui/NumberedWidgets.h"
+#include "ui/events/NumberedWidgets.h"
 
 namespace {
 

@@ -1,10 +1,11 @@
-// Showing what was painted, without the event loop.
+#include "ui/FlushPainting.h"
+
 #include <QCoreApplication>
 #include <QEvent>
 
-#include "ui/Drawing.h"
-#include "ui/PBCanvasWidget.h"
-#include "ui/WindowTable.h"
+#include "ui/drawing/Drawing.h"
+#include "ui/drawing/PBCanvasWidget.h"
+#include "ui/windows/Windows.h"
 
 namespace {
 

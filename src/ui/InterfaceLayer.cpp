@@ -3,15 +3,14 @@
 #include <QApplication>
 #include <QIcon>
 
-#include "ui/BoundHandlers.h"
 #include "ui/EndSignals.h"
-#include "ui/EventQueue.h"
-#include "ui/InterfaceThread.h"
-#include "ui/MenuItem.h"
-#include "ui/WaitEnd.h"
 #include "ui/WaitService.h"
-#include "ui/WindowTable.h"
-#include "ui/Windows.h"
+#include "ui/events/BoundHandlers.h"
+#include "ui/events/EventQueue.h"
+#include "ui/events/InterfaceThread.h"
+#include "ui/events/WaitWindowEvent.h"
+#include "ui/windows/MenuItem.h"
+#include "ui/windows/Windows.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 #include "base/Numbers.h"
 #include "base/Pacing.h"
 #include "ui/CloseRequest.h"
-#include "ui/Drawing.h"
-#include "ui/EventQueue.h"
-#include "ui/InterfaceEvent.h"
+#include "ui/FlushPainting.h"
+#include "ui/drawing/Drawing.h"
+#include "ui/events/EventQueue.h"
 
 namespace {
 

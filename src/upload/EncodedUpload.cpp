@@ -4,7 +4,7 @@
 #include "base/WholeFile.h"
 #include "encoding/EncodedSource.h"
 #include "terminal/screen/TerminalScreen.h"
-#include "ui/Dialogs.h"
+#include "ui/windows/Dialogs.h"
 #include "upload/SourcePreparation.h"
 #include "upload/SpecText.h"
 #include "upload/UploadOptions.h"

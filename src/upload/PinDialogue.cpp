@@ -4,7 +4,7 @@
 #include "link/LinkPrimitives.h"
 #include "link/LinkSettings.h"
 #include "terminal/screen/TerminalScreen.h"
-#include "ui/Dialogs.h"
+#include "ui/windows/Dialogs.h"
 
 namespace {
 

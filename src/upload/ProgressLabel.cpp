@@ -1,7 +1,7 @@
 #include "upload/ProgressLabel.h"
 
 #include "base/Numbers.h"
-#include "ui/Gadgets.h"
+#include "ui/gadgets/Gadgets.h"
 
 namespace {
 

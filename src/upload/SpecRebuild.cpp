@@ -4,7 +4,7 @@
 
 #include "base/Numbers.h"
 #include "base/TextRules.h"
-#include "ui/Gadgets.h"
+#include "ui/gadgets/Gadgets.h"
 #include "upload/DeviceSpec.h"
 #include "upload/SpecText.h"
 

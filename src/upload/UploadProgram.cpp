@@ -8,7 +8,7 @@
 #include "link/LinkPrimitives.h"
 #include "link/LinkSettings.h"
 #include "terminal/screen/TerminalScreen.h"
-#include "ui/Gadgets.h"
+#include "ui/gadgets/Gadgets.h"
 #include "upload/DeviceSpec.h"
 #include "upload/EncodedUpload.h"
 #include "upload/OnloadLine.h"

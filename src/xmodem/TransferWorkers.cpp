@@ -6,7 +6,7 @@
 #include "base/Numbers.h"
 #include "base/Pacing.h"
 #include "terminal/screen/TerminalScreen.h"
-#include "ui/InterfaceEvent.h"
+#include "ui/events/EventQueue.h"
 #include "xmodem/Receive.h"
 #include "xmodem/Send.h"
 #include "xmodem/XmodemJob.h"

@@ -5,7 +5,7 @@
 #include "base/Numbers.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/VtParser.h"
-#include "ui/InterfaceEvent.h"
+#include "ui/events/EventQueue.h"
 #include "xmodem/WorkerCalls.h"
 #include "xmodem/XmodemSeams.h"
 

@@ -13,12 +13,13 @@
 #include "tests/support/FarEnd.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/VirtualClock.h"
-#include "ui/Dialogs.h"
-#include "ui/ExplorerListGadget.h"
-#include "ui/Gadgets.h"
-#include "ui/ListGadget.h"
-#include "ui/TextEntryGadget.h"
-#include "ui/Windows.h"
+#include "ui/gadgets/ExplorerListGadget.h"
+#include "ui/gadgets/Gadgets.h"
+#include "ui/gadgets/ListGadget.h"
+#include "ui/gadgets/TextEntryGadget.h"
+#include "ui/windows/Dialogs.h"
+#include "ui/windows/FileDialogs.h"
+#include "ui/windows/Windows.h"
 
 namespace {
 

@@ -16,9 +16,7 @@
 #include "help/HelpViewer.h"
 #include "tests/support/LocalTools.h"
 #include "tests/support/StartState.h"
-#include "ui/Gadgets.h"
-#include "ui/WebGadget.h"
-#include "ui/Windows.h"
+#include "ui/gadgets/WebGadget.h"
 
 namespace {
 

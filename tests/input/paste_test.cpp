@@ -7,7 +7,7 @@
 #include "terminal/input/Paste.h"
 #include "tests/support/FarEnd.h"
 #include "tests/support/VirtualClock.h"
-#include "ui/DragDrop.h"
+#include "ui/windows/Clipboard.h"
 
 namespace {
 

@@ -13,12 +13,11 @@
 #include "tests/support/FarEnd.h"
 #include "tests/support/StartState.h"
 #include "tests/support/VirtualClock.h"
-#include "ui/CanvasEventData.h"
-#include "ui/CanvasGadget.h"
-#include "ui/InterfaceEvent.h"
-#include "ui/ScrollBarGadget.h"
-#include "ui/WaitWindowEvent.h"
-#include "ui/Windows.h"
+#include "ui/drawing/CanvasEventData.h"
+#include "ui/drawing/PBCanvasWidget.h"
+#include "ui/gadgets/CanvasGadget.h"
+#include "ui/gadgets/ScrollBarGadget.h"
+#include "ui/windows/Windows.h"
 
 namespace {
 
@@ -40,7 +39,7 @@ struct InputTest : testing::Test {
     }
     std::string Wheel(int steps) {
         data.wheel = steps;
-        RaiseCanvasEvent(kTerminalCanvas, kTypeMouseWheel, 0, data);
+        RaiseCanvasEvent(FindCanvas(kTerminalCanvas), kTypeMouseWheel, 0, data);
         return device.Read();
     }
 };

@@ -14,9 +14,8 @@
 #include "tests/support/FarEnd.h"
 #include "tests/support/StartState.h"
 #include "tests/support/VirtualClock.h"
-#include "ui/ButtonGadget.h"
-#include "ui/Gadgets.h"
-#include "ui/Windows.h"
+#include "ui/gadgets/ButtonGadget.h"
+#include "ui/windows/Windows.h"
 
 namespace {
 

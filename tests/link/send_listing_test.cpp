@@ -8,7 +8,7 @@
 #include "terminal/screen/VtParser.h"
 #include "tests/support/LocalTools.h"
 #include "tests/support/VirtualClock.h"
-#include "ui/DragDrop.h"
+#include "ui/windows/Clipboard.h"
 
 namespace {
 

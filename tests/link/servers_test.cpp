@@ -13,7 +13,7 @@
 #include "terminal/screen/TerminalScreen.h"
 #include "tests/support/Chosen.h"
 #include "tests/support/LocalTools.h"
-#include "ui/InterfaceEvent.h"
+#include "ui/events/CurrentEvent.h"
 
 namespace {
 

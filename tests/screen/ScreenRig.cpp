@@ -3,11 +3,12 @@
 #include "terminal/screen/TerminalSizing.h"
 #include "terminal/screen/VtParser.h"
 #include "terminal/screen/WindowLayout.h"
-#include "ui/CanvasGadget.h"
-#include "ui/ContainerGadget.h"
-#include "ui/ScrollBarGadget.h"
-#include "ui/TextGadget.h"
-#include "ui/Windows.h"
+#include "ui/gadgets/CanvasGadget.h"
+#include "ui/gadgets/ContainerGadget.h"
+#include "ui/gadgets/GadgetTable.h"
+#include "ui/gadgets/ScrollBarGadget.h"
+#include "ui/gadgets/TextGadget.h"
+#include "ui/windows/Windows.h"
 
 void OpenScreenRig() {
     constexpr int kPage = 40;

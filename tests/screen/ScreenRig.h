@@ -12,9 +12,8 @@
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "ui/Drawing.h"
-#include "ui/Gadgets.h"
-#include "ui/InterfaceEvent.h"
+#include "ui/drawing/Drawing.h"
+#include "ui/gadgets/Gadgets.h"
 
 // Opens the window and sets the terminal up from the settings as they stand.
 void OpenScreenRig();

@@ -3,9 +3,9 @@
 
 #include "terminal/screen/WindowLayout.h"
 #include "tests/screen/ScreenRig.h"
-#include "ui/TextEntryGadget.h"
-#include "ui/WaitWindowEvent.h"
-#include "ui/Windows.h"
+#include "ui/events/WaitWindowEvent.h"
+#include "ui/gadgets/TextEntryGadget.h"
+#include "ui/windows/Windows.h"
 
 namespace {
 

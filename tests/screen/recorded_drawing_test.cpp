@@ -10,11 +10,10 @@
 #include <vector>
 
 #include "tests/screen/ScreenRig.h"
-#include "ui/CanvasGadget.h"
-#include "ui/FontTable.h"
-#include "ui/Fonts.h"
-#include "ui/PBCanvasFunctions.h"
-#include "ui/Windows.h"
+#include "ui/drawing/Fonts.h"
+#include "ui/drawing/PBCanvasWidget.h"
+#include "ui/gadgets/CanvasGadget.h"
+#include "ui/windows/Windows.h"
 
 namespace {
 

@@ -5,10 +5,12 @@
 #include "terminal/screen/TerminalFonts.h"
 #include "tests/screen/ScreenRig.h"
 #include "tests/support/StartState.h"
-#include "ui/CanvasEventData.h"
-#include "ui/DragDrop.h"
-#include "ui/WaitWindowEvent.h"
-#include "ui/Windows.h"
+#include "ui/drawing/CanvasEventData.h"
+#include "ui/drawing/PBCanvasWidget.h"
+#include "ui/events/CurrentEvent.h"
+#include "ui/events/WaitWindowEvent.h"
+#include "ui/windows/Clipboard.h"
+#include "ui/windows/Windows.h"
 
 namespace {
 
@@ -31,7 +33,7 @@ class SelectionTest : public testing::Test {
         CanvasEventData data;
         data.x = column * terminalMetrics.charWidth + (column < 0 ? -1 : 1);
         data.y = row * terminalMetrics.charHeight + (row < 0 ? -1 : 1);
-        RaiseCanvasEvent(kTerminalCanvas, kTypeMouseMove, kEventUnmerged, data);
+        RaiseCanvasEvent(FindCanvas(kTerminalCanvas), kTypeMouseMove, kEventUnmerged, data);
         while (WaitForEvent(0) != kNoEvent && EventType() != kTypeMouseMove) {
         }
         ExtendSelection();

@@ -10,9 +10,10 @@
 #include "terminal/screen/TerminalSizing.h"
 #include "terminal/screen/WindowLayout.h"
 #include "tests/screen/ScreenRig.h"
-#include "ui/Dialogs.h"
-#include "ui/WaitWindowEvent.h"
-#include "ui/Windows.h"
+#include "ui/events/EventQueue.h"
+#include "ui/events/WaitWindowEvent.h"
+#include "ui/windows/Dialogs.h"
+#include "ui/windows/Windows.h"
 
 namespace {
 

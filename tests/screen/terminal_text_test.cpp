@@ -6,7 +6,8 @@
 #include "terminal/screen/TerminalText.h"
 #include "tests/screen/ScreenRig.h"
 #include "tests/support/ScratchFolder.h"
-#include "ui/Dialogs.h"
+#include "ui/windows/Dialogs.h"
+#include "ui/windows/FileDialogs.h"
 
 namespace {
 

@@ -10,6 +10,7 @@
 #include "terminal/screen/VtParser.h"
 #include "tests/screen/ScreenRig.h"
 #include "tests/support/Chosen.h"
+#include "ui/events/EventQueue.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 #include "terminal/screen/TerminalText.h"
 #include "terminal/screen/WindowLayout.h"
 #include "tests/support/StartState.h"
-#include "ui/DragDrop.h"
-#include "ui/Drawing.h"
-#include "ui/MenuItem.h"
+#include "ui/drawing/Drawing.h"
+#include "ui/windows/Clipboard.h"
+#include "ui/windows/MenuItem.h"
 
 namespace {
 

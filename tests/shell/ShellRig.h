@@ -22,8 +22,9 @@
 #include "tests/support/Gestures.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/VirtualClock.h"
-#include "ui/AddWindowTimer.h"
-#include "ui/Dialogs.h"
+#include "ui/events/AddWindowTimer.h"
+#include "ui/windows/Dialogs.h"
+#include "ui/windows/FileDialogs.h"
 #include "upload/UploadOptions.h"
 
 class ShellRig : public testing::Test {

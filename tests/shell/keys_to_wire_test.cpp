@@ -7,7 +7,7 @@
 #include "terminal/input/TerminalInput.h"
 #include "tests/shell/ShellRig.h"
 #include "tests/support/Chosen.h"
-#include "ui/DragDrop.h"
+#include "ui/windows/Clipboard.h"
 
 namespace {
 

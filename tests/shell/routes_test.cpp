@@ -9,8 +9,8 @@
 #include "shell/CommandHistory.h"
 #include "terminal/screen/TerminalText.h"
 #include "tests/shell/ShellRig.h"
-#include "ui/DragDrop.h"
-#include "ui/Notice.h"
+#include "ui/windows/Clipboard.h"
+#include "ui/windows/Notice.h"
 #include "upload/DeviceFamily.h"
 
 namespace {

@@ -13,8 +13,6 @@
 #include "terminal/screen/TerminalText.h"
 #include "tests/shell/ShellRig.h"
 #include "tests/support/LocalTools.h"
-#include "ui/CanvasGadget.h"
-#include "ui/InterfaceEvent.h"
 #include "ui/WaitService.h"
 
 namespace {

@@ -14,8 +14,7 @@
 #include "terminal/screen/WindowLayout.h"
 #include "tests/shell/ShellRig.h"
 #include "tests/support/ScratchFolder.h"
-#include "ui/Drawing.h"
-#include "ui/TextEntryGadget.h"
+#include "ui/drawing/Drawing.h"
 #include "upload/DeviceFamily.h"
 
 namespace {

@@ -12,7 +12,8 @@
 #include "terminal/screen/TerminalText.h"
 #include "terminal/screen/WindowLayout.h"
 #include "tests/shell/ShellRig.h"
-#include "ui/MenuItem.h"
+#include "ui/drawing/PBCanvasWidget.h"
+#include "ui/windows/MenuItem.h"
 
 namespace {
 

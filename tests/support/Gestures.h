@@ -11,13 +11,15 @@
 #include <vector>
 
 #include "base/Numbers.h"
-#include "ui/ButtonGadget.h"
-#include "ui/CanvasGadget.h"
-#include "ui/Gadgets.h"
-#include "ui/InterfaceEvent.h"
-#include "ui/TextEntryGadget.h"
-#include "ui/WaitWindowEvent.h"
-#include "ui/Windows.h"
+#include "ui/events/CurrentEvent.h"
+#include "ui/events/EventQueue.h"
+#include "ui/events/WaitWindowEvent.h"
+#include "ui/gadgets/ButtonGadget.h"
+#include "ui/gadgets/CanvasGadget.h"
+#include "ui/gadgets/GadgetTable.h"
+#include "ui/gadgets/Gadgets.h"
+#include "ui/gadgets/TextEntryGadget.h"
+#include "ui/windows/Windows.h"
 
 // A taken event.
 struct Seen {

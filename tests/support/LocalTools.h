@@ -9,7 +9,7 @@
 #include <string>
 
 #include "base/Pacing.h"
-#include "ui/WaitWindowEvent.h"
+#include "ui/events/WaitWindowEvent.h"
 
 constexpr int64_t kToolDeadline = 20000;  // milliseconds; never reached when all is well
 

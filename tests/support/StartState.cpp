@@ -9,13 +9,11 @@
 
 #include "base/AppPaths.h"
 #include "tests/support/VirtualClock.h"
-#include "ui/BoundHandlers.h"
-#include "ui/Dialogs.h"
-#include "ui/DragDrop.h"
-#include "ui/Drawing.h"
-#include "ui/EventQueue.h"
-#include "ui/MenuItem.h"
-#include "ui/Windows.h"
+#include "ui/drawing/Drawing.h"
+#include "ui/windows/Clipboard.h"
+#include "ui/windows/Dialogs.h"
+#include "ui/windows/MenuItem.h"
+#include "ui/windows/Windows.h"
 
 namespace {
 
@@ -49,7 +47,6 @@ void PutBackInterface() {
     DropMenus();
     DropAllHandlers();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    BlockInterfaceEvents(false);
     DropAllEvents();
     SetClipboardText("");
 }

@@ -10,7 +10,7 @@
 #include <functional>
 
 #include "base/Pacing.h"
-#include "ui/InterfaceThread.h"
+#include "ui/events/InterfaceThread.h"
 #include "xmodem/XmodemJob.h"
 
 class TurnsClock : public Clock {

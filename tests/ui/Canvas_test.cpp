@@ -1,8 +1,9 @@
 // A canvas: its events, their data, and what the user types while the program is busy.
 
 #include "tests/support/Gestures.h"
-#include "ui/Drawing.h"
-#include "ui/PBCanvasFunctions.h"
+#include "ui/drawing/CanvasEventData.h"
+#include "ui/drawing/Drawing.h"
+#include "ui/drawing/PBCanvasWidget.h"
 
 namespace {
 

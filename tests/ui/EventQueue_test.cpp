@@ -6,7 +6,6 @@
 
 #include "tests/support/Gestures.h"
 #include "tests/support/StartState.h"
-#include "ui/BoundHandlers.h"
 
 namespace {
 

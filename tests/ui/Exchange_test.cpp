@@ -7,9 +7,9 @@
 #include <QUrl>
 
 #include "tests/support/Gestures.h"
-#include "ui/Dialogs.h"
-#include "ui/DragDrop.h"
-#include "ui/PBDropHandler.h"
+#include "ui/windows/Dialogs.h"
+#include "ui/windows/DragDrop.h"
+#include "ui/windows/FileDialogs.h"
 
 namespace {
 

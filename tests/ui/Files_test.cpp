@@ -6,9 +6,9 @@
 
 #include "tests/support/Gestures.h"
 #include "tests/support/ScratchFolder.h"
-#include "ui/ExplorerListGadget.h"
-#include "ui/FilePatterns.h"
-#include "ui/PathBoxGadget.h"
+#include "ui/gadgets/ExplorerListGadget.h"
+#include "ui/gadgets/PathBoxGadget.h"
+#include "ui/windows/FilePatternsInternal.h"
 
 namespace {
 

@@ -5,12 +5,12 @@
 #include <QListWidget>
 
 #include "tests/support/Gestures.h"
-#include "ui/CheckBoxGadget.h"
-#include "ui/ComboBoxGadget.h"
-#include "ui/ListGadget.h"
-#include "ui/SplitterGadget.h"
-#include "ui/TextGadget.h"
-#include "ui/WebGadget.h"
+#include "ui/gadgets/CheckBoxGadget.h"
+#include "ui/gadgets/ComboBoxGadget.h"
+#include "ui/gadgets/ListGadget.h"
+#include "ui/gadgets/SplitterGadget.h"
+#include "ui/gadgets/TextGadget.h"
+#include "ui/gadgets/WebGadget.h"
 
 namespace {
 

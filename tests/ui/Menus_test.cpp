@@ -8,8 +8,8 @@
 
 #include "tests/support/Chosen.h"
 #include "tests/support/Gestures.h"
-#include "ui/AddWindowTimer.h"
-#include "ui/MenuItem.h"
+#include "ui/events/AddWindowTimer.h"
+#include "ui/windows/MenuItem.h"
 
 namespace {
 

@@ -5,11 +5,12 @@
 #include <functional>
 
 #include "tests/support/Gestures.h"
-#include "ui/AddWindowTimer.h"
-#include "ui/ContainerGadget.h"
-#include "ui/Drawing.h"
-#include "ui/MenuItem.h"
-#include "ui/Notice.h"
+#include "ui/FlushPainting.h"
+#include "ui/drawing/Drawing.h"
+#include "ui/events/AddWindowTimer.h"
+#include "ui/gadgets/ContainerGadget.h"
+#include "ui/windows/MenuItem.h"
+#include "ui/windows/Notice.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <stdlib.h>
 
 #include "tests/upload/upload_bench.h"
-#include "ui/MenuItem.h"
+#include "ui/windows/MenuItem.h"
 #include "upload/OnloadLine.h"
 #include "upload/SpecRebuild.h"
 

@@ -4,7 +4,7 @@
 #include "tests/support/MemoryScan.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/upload/upload_bench.h"
-#include "ui/Dialogs.h"
+#include "ui/windows/Dialogs.h"
 #include "upload/LoadPath.h"
 #include "upload/UploadProgram.h"
 

@@ -5,7 +5,7 @@
 
 #include "link/LinkSeams.h"
 #include "tests/upload/upload_bench.h"
-#include "ui/Dialogs.h"
+#include "ui/windows/Dialogs.h"
 #include "upload/DeviceFamily.h"
 #include "upload/FlashSlotUpload.h"
 

@@ -1,5 +1,5 @@
 #include "tests/upload/upload_bench.h"
-#include "ui/Dialogs.h"
+#include "ui/windows/Dialogs.h"
 #include "upload/UploadProgram.h"
 
 namespace {

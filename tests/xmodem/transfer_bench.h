@@ -14,7 +14,7 @@
 #include "tests/support/FarEnd.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/TurnsClock.h"
-#include "ui/WaitWindowEvent.h"
+#include "ui/events/WaitWindowEvent.h"
 #include "xmodem/Receive.h"
 #include "xmodem/Send.h"
 #include "xmodem/TransferWorkers.h"

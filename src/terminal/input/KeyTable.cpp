@@ -6,7 +6,7 @@
 #include "base/TextRules.h"
 #include "link/LinkPrimitives.h"
 #include "terminal/input/TerminalInput.h"
-#include "ui/InterfaceEvent.h"
+#include "ui/drawing/CanvasEventData.h"
 
 namespace {
 

@@ -10,8 +10,8 @@
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
-#include "ui/Gadgets.h"
-#include "ui/InterfaceEvent.h"
+#include "ui/drawing/CanvasEventData.h"
+#include "ui/gadgets/Gadgets.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include "base/Pacing.h"
 #include "base/TextRules.h"
 #include "link/LinkPrimitives.h"
-#include "ui/DragDrop.h"
+#include "ui/windows/Clipboard.h"
 
 // The trim takes the indentation of pasted source away; that is meant. No reply is
 // awaited: the delay is the only pacing.

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "terminal/screen/TerminalScreen.h"
-#include "ui/Drawing.h"
+#include "ui/drawing/Drawing.h"
 
 constexpr int kCanvasMargin = 2;  // pixels left of the first column, above the writing rows
 

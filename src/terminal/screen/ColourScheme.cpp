@@ -4,7 +4,7 @@
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "ui/MenuItem.h"
+#include "ui/windows/MenuItem.h"
 
 void SetSchemeColours() {
     UseSchemeColours();

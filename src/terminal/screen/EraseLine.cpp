@@ -6,7 +6,7 @@
 #include "terminal/screen/TerminalFonts.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "ui/Drawing.h"
+#include "ui/drawing/Drawing.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 #include "base/Numbers.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/VtParser.h"
-#include "ui/InterfaceEvent.h"
-#include "ui/InterfaceThread.h"
+#include "ui/events/EventQueue.h"
+#include "ui/events/InterfaceThread.h"
 
 namespace {
 

@@ -11,10 +11,10 @@
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "ui/DragDrop.h"
-#include "ui/Drawing.h"
-#include "ui/InterfaceEvent.h"
-#include "ui/Notice.h"
+#include "ui/drawing/CanvasEventData.h"
+#include "ui/drawing/Drawing.h"
+#include "ui/windows/Clipboard.h"
+#include "ui/windows/Notice.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include "terminal/screen/CellPainting.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "ui/Drawing.h"
-#include "ui/Fonts.h"
+#include "ui/drawing/Drawing.h"
+#include "ui/drawing/Fonts.h"
 
 namespace {
 

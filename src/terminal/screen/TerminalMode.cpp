@@ -1,8 +1,8 @@
 #include "terminal/screen/TerminalMode.h"
 
 #include "base/Numbers.h"
-#include "ui/Gadgets.h"
-#include "ui/MenuItem.h"
+#include "ui/gadgets/Gadgets.h"
+#include "ui/windows/MenuItem.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 #include "terminal/screen/TerminalFonts.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "ui/Drawing.h"
-#include "ui/Gadgets.h"
+#include "ui/drawing/Drawing.h"
+#include "ui/gadgets/Gadgets.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 #include "terminal/screen/LineList.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "ui/Drawing.h"
-#include "ui/Gadgets.h"
+#include "ui/drawing/Drawing.h"
+#include "ui/gadgets/Gadgets.h"
 
 namespace {
 

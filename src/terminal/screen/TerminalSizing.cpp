@@ -10,8 +10,8 @@
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
 #include "terminal/screen/WindowLayout.h"
-#include "ui/Dialogs.h"
-#include "ui/Drawing.h"
+#include "ui/drawing/Drawing.h"
+#include "ui/windows/Dialogs.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include "base/TextRules.h"
 #include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalScreen.h"
-#include "ui/Dialogs.h"
+#include "ui/windows/FileDialogs.h"
 
 namespace {
 

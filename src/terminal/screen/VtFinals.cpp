@@ -12,7 +12,7 @@
 #include "terminal/screen/TerminalSizing.h"
 #include "terminal/screen/VtColours.h"
 #include "terminal/screen/VtSequence.h"
-#include "ui/InterfaceEvent.h"
+#include "ui/events/EventQueue.h"
 
 namespace {
 

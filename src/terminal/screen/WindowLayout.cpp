@@ -7,9 +7,9 @@
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
 #include "terminal/screen/TerminalSizing.h"
-#include "ui/Drawing.h"
-#include "ui/Gadgets.h"
-#include "ui/Windows.h"
+#include "ui/drawing/Drawing.h"
+#include "ui/gadgets/Gadgets.h"
+#include "ui/windows/Windows.h"
 
 namespace {
 
