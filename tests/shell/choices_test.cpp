@@ -146,7 +146,7 @@ TEST_F(ChoicesTest, FollowTheCable) {
 }
 
 TEST_F(ChoicesTest, ReadAsItComes) {
-    RemoveWindowTimer(kMainWindow, kPollTimer);
+    for (const int timer : {kPollTimer, kDeferredLoadTimer}) RemoveWindowTimer(kMainWindow, timer);
     const auto comes = [&](size_t count) {
         StartCapture();
         device.Write(std::string(count, 'x'));
