@@ -19,6 +19,7 @@
 #include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalMode.h"
 #include "tests/support/BoardOnLine.h"
+#include "tests/support/Gestures.h"
 #include "tests/support/LocalTools.h"
 #include "tests/support/ScratchFolder.h"
 #include "ui/events/CurrentEventInternal.h"
@@ -33,8 +34,7 @@
 namespace {
 
 QString answer;  // of the text dialog
-int questions;
-bool yes;
+QString asked;   // by dialogs: title and text
 
 class FileManager : public testing::Test {
   protected:
@@ -46,9 +46,14 @@ class FileManager : public testing::Test {
         SetPcFolder(folder.path() + "/");
         SetLineEnding("CR");  // CR LF is Enter twice to these boards
         SetAfterFlashUpload(RefreshDeviceList);
-        answers.message = [](const QString&, const QString&) { return ++questions, yes; };
-        answers.text = [](const QString&, const QString&, const QString&) { return answer; };
+        answers.message = [](const QString& title, const QString& text) {
+            return asked += title + '|' + text, false;
+        };
+        answers.text = [](const QString& title, const QString& text, const QString& preset) {
+            return asked += title + '|' + text + preset, answer;
+        };
         AnswerDialogs(&answers);
+        asked.clear();
         StartCapture();
     }
     ~FileManager() override {
@@ -80,39 +85,41 @@ class FileManager : public testing::Test {
         }
     }
 
-    // What went out in the meantime.
-    std::string Sent() {
-        const std::string sent = line->Received().substr(seen);
-        seen = line->Received().size();
-        return sent;
-    }
-
-    static QStringList Rows() {
+    static std::string Rows() {
         QStringList rows;
-        for (int row = 0; row < GadgetItemCount(kDeviceList); ++row) {
+        for (int row = 0; row < GadgetItemCount(kDeviceList); ++row)
             rows += GadgetItemText(kDeviceList, row);
-        }
-        return rows;
+        return rows.join('|').toStdString();
     }
-    // The first row that ends in a text.
-    static int RowOf(const QString& text) {
-        return Rows().indexOf(QRegularExpression(".*" + text));
-    }
+    std::string RowsToCome() { return Poll(), Rows(); }
     static void Select(int list, const std::vector<int>& rows) {
         SetGadgetState(list, -1);
         for (int row : rows) SetGadgetItemSelected(list, row, true);
     }
-    static void Raise(int64_t type, void (*handler)()) {
+    // Selects rows of the device and acts: the milliseconds that it took, "|", and what went
+    // out, with "^" for the line ending.
+    template <typename Action>
+    std::string Did(const std::vector<int>& rows, Action action) {
+        Select(kDeviceList, rows);
+        const int64_t start = clock.Now();
+        action();
+        const int64_t took = clock.Now() - start;
+        clock.Sleep(1);
+        const QString all = QString::fromStdString(line ? line->Received() : "").replace('\r', '^');
+        return (QString::number(took) + '|' + all.mid(std::exchange(seen, all.size())))
+            .toStdString();
+    }
+    std::string Press(int button, const std::vector<int>& rows = {}) {
+        TakeEvents();
+        return Did(rows, [button] { Click(WidgetOfGadget(button)), TakeEvents(); });
+    }
+    std::string Raise(int64_t type, void (*handler)(), const std::vector<int>& rows = {}) {
         InterfaceEvent event;
         event.type = type;
         const InterfaceEvent* before = MakeEventCurrent(&event);
-        handler();
+        const std::string did = Did(rows, handler);
         MakeEventCurrent(before);
-    }
-    int64_t TimeOf(void (*handler)()) {
-        const int64_t start = clock.Now();
-        handler();
-        return clock.Now() - start;
+        return did;
     }
     QString MakeFile(const QString& name) {
         return ScratchFolder::Put(folder.path() + '/' + name, "PRINT 1\n");
@@ -122,134 +129,102 @@ class FileManager : public testing::Test {
     VirtualClock clock;
     QTemporaryDir folder;
     std::unique_ptr<BoardOnLine> line;
-    size_t seen = 0;
+    int seen = 0;  // characters of what went out
 };
 
 TEST_F(FileManager, FoldersAndFilesComeAndGo) {
     PlugIn("picomite");
-    OpenFileManager();
-    Poll();
+    EXPECT_EQ(Did({}, OpenFileManager), "660|^^\3files^");
+    EXPECT_EQ(RowsToCome(), "..|A:/");
     answer = "new one";
-    Sent();
-    EXPECT_EQ(TimeOf(NewDeviceFolder), 1200 + 120 + 1000 + 660);
-    EXPECT_EQ(Sent(), "mkdir \"new one\"\r\r\r\r\3files\r");
+    EXPECT_EQ(Press(kDeviceNewFolderButton), "2980|mkdir \"new one\"^^^^\3files^");
+    EXPECT_EQ(RowsToCome(), "..|A:/|<DIR>  new one");
+    EXPECT_EQ(Raise(kTypeLeftClick, DeviceListClicked, {2}), "0|");  // a click alone selects
+    EXPECT_EQ(Raise(kTypeLeftDoubleClick, DeviceListClicked, {2}), "400|chdir \"new one\"^files^");
+    EXPECT_EQ(Rows(), "..");
+    EXPECT_EQ(RowsToCome(), "..|A:/new one");
+    EXPECT_EQ(Raise(kTypeLeftDoubleClick, DeviceListClicked, {1}), "0|");
+    EXPECT_EQ(Raise(kTypeLeftDoubleClick, DeviceListClicked, {0}), "400|chdir \"..\"^files^");
     Poll();
-    const QString mark = "<DIR>  new one";
-    Select(kDeviceList, {RowOf(mark)});
-    Raise(kTypeLeftClick, DeviceListClicked);
-    EXPECT_EQ(Sent(), "");  // a click alone selects
-    Raise(kTypeLeftDoubleClick, DeviceListClicked);
-    EXPECT_EQ(Sent(), "chdir \"new one\"\rfiles\r");
-    EXPECT_EQ(Rows().join('|'), "..");
-    Poll();
-    EXPECT_EQ(Rows().join('|').toStdString(), "..|A:/new one");
-    Select(kDeviceList, {0});
-    Raise(kTypeLeftDoubleClick, DeviceListClicked);
-    Poll();
-    line->Board().AddFile("kept/d.bas", "", 0);
-    line->Board().AddFile("a b.bas", "PRINT 1\r\n", 0);
-    line->Board().AddFile("c.bas", "PRINT 1\r\n", 0);
-    RefreshDeviceList();
-    Poll();
-    Sent();
-    Select(kDeviceList, {0, RowOf(mark), RowOf("  a b.bas"), RowOf("  c.bas")});
-    EXPECT_EQ(TimeOf(DeleteOnDevice), 3 * 200 + 200 + 120 + 1000 + 660);
+    for (const char* name : {"kept/d.bas", "a b.bas", "c.bas"})
+        line->Board().AddFile(name, "PRINT 1\r\n", 0);
+    Press(kDeviceRefreshButton);
+    EXPECT_EQ(RowsToCome(),
+              "..|A:/|<DIR>  kept|<DIR>  new one|00:00 00-00-1980          9  a b.bas|00:00 "
+              "00-00-1980          9  c.bas");
     // The row ".." holds no name where names stand.
-    EXPECT_EQ(Sent(), "rmdir \"new one\"\rkill \"a b.bas\"\rkill \"c.bas\"\r\r\r\r\3files\r");
-    Poll();
-    const QString listed = Rows().join('|');
-    EXPECT_FALSE(listed.contains("new one") || listed.contains("b.bas") ||
-                 listed.contains("c.bas"));
-    SetGadgetText(kFamilyCombo, "micromite+");  // its rows have no column for the name
+    EXPECT_EQ(Press(kDeviceDeleteButton, {0, 3, 4, 5}),
+              "2580|rmdir \"new one\"^kill \"a b.bas\"^kill \"c.bas\"^^^^\3files^");
     line->Board().AddFile("e.bas", "", 0);
-    RefreshDeviceList();
-    Poll();
-    Sent();
-    Select(kDeviceList, {RowOf("kept"), RowOf("  e.bas")});
-    DeleteOnDevice();
-    EXPECT_EQ(Sent(), "rmdir \"kept\"\r\r\r\r\3files\r");
+    EXPECT_EQ(RowsToCome(), "..|A:/|<DIR>  kept");
+    SetGadgetText(kFamilyCombo, "micromite+");  // its rows have no column for the name
+    Press(kDeviceRefreshButton);
+    EXPECT_EQ(RowsToCome(), "..|A:/|<DIR>  kept|00:00 00-00-1980          0  e.bas");
+    EXPECT_EQ(Press(kDeviceDeleteButton, {2, 3}), "2180|rmdir \"kept\"^^^^\3files^");
     EXPECT_TRUE(TakeCapture().contains("Error : Dir is not empty"));
-    for (const auto handler : {DeleteOnDevice, CopyToPc}) {
-        Select(kDeviceList, {});
-        EXPECT_EQ(TimeOf(handler), 0);
-    }
     answer.clear();
-    EXPECT_EQ(TimeOf(NewDeviceFolder), 0);
+    for (const int button : {kDeviceDeleteButton, kCopyToPcButton, kDeviceNewFolderButton})
+        EXPECT_EQ(Press(button), "0|");
+    EXPECT_EQ(asked, QString("New folder|Name for new folder?").repeated(2));
     SetGadgetText(kFamilyCombo, "cmm2");
     AddGadgetItem(kDeviceList, "<DIR>  sub");
-    Select(kDeviceList, {GadgetItemCount(kDeviceList) - 1});
-    Sent();
-    Raise(kTypeLeftDoubleClick, DeviceListClicked);
-    EXPECT_EQ(Sent(), "chdir \"sub\"\rls\r");
+    EXPECT_EQ(Raise(kTypeLeftDoubleClick, DeviceListClicked, {GadgetItemCount(kDeviceList) - 1}),
+              "400|chdir \"sub\"^ls^");
 }
 
 TEST_F(FileManager, FlashSlotsAreShownLoadedReadAndErased) {
-    const QString path = MakeFile("a.bas");
+    const std::string free = "current program|Slot 1 available|Slot 2 available|Slot 3 available";
+    MakeFile("a.bas");
     PlugIn("picomite");
     OpenFileManager();
     EXPECT_EQ(GadgetText(kFlashViewButton), "memory");
-    ToggleFlashView();
+    EXPECT_EQ(Press(kFlashViewButton),
+              "660|^^\3files^^^\3"
+              "flash list^");
     EXPECT_EQ(GadgetText(kFlashViewButton), "SDcard");
-    Poll();
-    EXPECT_EQ(Rows().join('|'),
-              "current program|Slot 1 available|Slot 2 available|Slot 3 available");
+    EXPECT_EQ(RowsToCome(), free);
     Select(kPcList, {});
-    CopyToDevice();
-    EXPECT_TRUE(WindowIsOpen(kNoticeWindow));
-    EXPECT_EQ(questions, 0);
+    Press(kCopyToDeviceButton);
+    EXPECT_TRUE(WindowIsOpen(kNoticeWindow) && asked.isEmpty());
     Select(kPcList, {1});
-    CopyToDevice();  // the question comes once, and the answer is No
+    Press(kCopyToDeviceButton);  // the question comes once, and the answer is No
     EXPECT_FALSE(SlotUploadArmed());
-    CopyToDevice();
-    EXPECT_EQ(questions, 1);
+    Press(kCopyToDeviceButton);
+    EXPECT_EQ(
+        asked,
+        "Warning!|Copying to flash slot will also overwrite main memory. Do you want to continue?");
     EXPECT_TRUE(SlotUploadArmed());
-    Select(kDeviceList, {2});
-    Sent();
-    Raise(kTypeLeftClick, DeviceListClicked);
-    EXPECT_TRUE(QString::fromStdString(Sent()).contains("FLASH OVERWRITE 2\r"));
-    Poll();  // while the board wrote its flash the returns piled up, and their prompts end it
-    EXPECT_EQ(Rows().join('|'), "current program");
-    RefreshDeviceList();
-    Poll();
-    EXPECT_EQ(Rows().value(2).toStdString(), "Slot 2 in use: \"Print 1\"");
-    EXPECT_EQ(Rows().value(1), "Slot 1 available");
-
-    Select(kDeviceList, {2, 3});
-    Sent();
-    CopyToPc();
+    EXPECT_EQ(Raise(kTypeLeftClick, DeviceListClicked, {2}),
+              "5840|autosave^PRINT 1^\x1a^FLASH OVERWRITE 2^^^^^\3"
+              "flash list^");
+    EXPECT_EQ(RowsToCome(), "current program");  // the returns that piled up meanwhile end it
+    Press(kDeviceRefreshButton);
+    EXPECT_EQ(RowsToCome(),
+              "current program|Slot 1 available|Slot 2 in use: \"Print 1\"|Slot 3 available");
+    EXPECT_EQ(Press(kCopyToPcButton, {2, 3}), "0|flash list 2^");
     Poll();  // no name is given: nothing is saved
-    EXPECT_EQ(Sent(), "flash list 2\r");
     EXPECT_FALSE(deviceListing.savingProgram);
-    EXPECT_EQ(TimeOf(DeleteOnDevice), 800 + 200 + 120 + 1000 + 660);
-    EXPECT_EQ(Sent().substr(0, 14), "flash erase 2\r");
-    Poll();
-    EXPECT_EQ(Rows().value(2), "Slot 2 available");
-    Select(kDeviceList, {0});
-    DeleteOnDevice();  // main memory stays
-    EXPECT_EQ(Sent(), "\r\r\r\3flash list\r");
+    EXPECT_EQ(Press(kDeviceDeleteButton, {2}), "2780|flash erase 2^^^^\3flash list^");
+    EXPECT_EQ(RowsToCome(), free);
+    EXPECT_EQ(Press(kDeviceDeleteButton, {0}), "1980|^^^\3flash list^");  // main memory stays
 
-    CopyToDevice();  // armed again
-    for (const auto handler : {CopyToPc, DeleteOnDevice, DeviceListClicked}) {
+    Press(kCopyToDeviceButton);  // armed again
+    for (const int button : {kCopyToPcButton, kDeviceDeleteButton, 0}) {
         Poll();
         StartDeviceRows("current program");
         ParseListingChunk("\r\nno row\r\n Slot 1 in use\r\n> ");
-        Select(kDeviceList, {2});
-        Sent();
-        Raise(kTypeLeftClick, handler);
-        EXPECT_EQ(Sent(), "\r\r\3flash list\r");
+        EXPECT_EQ(button == 0 ? Raise(kTypeLeftClick, DeviceListClicked, {2}) : Press(button, {2}),
+                  "660|^^\3flash list^");
         EXPECT_TRUE(
-            TakeCapture().endsWith("Row 2 shows slot 1: nothing was sent, the list is "
-                                   "read anew."));
+            TakeCapture().endsWith("Row 2 shows slot 1: nothing was sent, the list is read anew."));
     }
     EXPECT_TRUE(SlotUploadArmed());
-    ToggleFlashView();
+    Press(kFlashViewButton);
     SetGadgetText(kFamilyCombo, "micromite");
-    clock.Sleep(50);
-    Sent();
-    EXPECT_EQ(TimeOf(RefreshDeviceList), 260);  // no drive: flash view, of main memory alone
-    EXPECT_TRUE(deviceListing.flashView);
-    EXPECT_EQ(Rows().join('|'), "current program");
-    ToggleFlashView();
+    EXPECT_EQ(Press(kDeviceRefreshButton),
+              "260|^^\3");  // no drive: flash view, of main memory alone
+    EXPECT_EQ(Rows(), "current program");
+    Press(kFlashViewButton);
     EXPECT_TRUE(deviceListing.flashView);
 }
 
@@ -260,8 +235,7 @@ TEST_F(FileManager, OnASlowLineTheSlotsKeepTheirRows) {
         PlugIn("picomite", msPerByte);
         ToggleFlashView();
         Poll();
-        EXPECT_EQ(Rows().join('|').toStdString(),
-                  "current program|Slot 1 available|Slot 2 available|Slot 3 available")
+        EXPECT_EQ(Rows(), "current program|Slot 1 available|Slot 2 available|Slot 3 available")
             << msPerByte;
         ToggleFlashView();
         AdoptTcpLink(0);
@@ -273,7 +247,7 @@ TEST_F(FileManager, BothPcGadgetsStandOnOneFolder) {
     MakeFile("b.txt");
     QDir(folder.path()).mkdir("sub");
     OpenFileManager();
-    EXPECT_EQ(Rows().join('|'), "");  // with no link the list is left alone
+    EXPECT_EQ(Rows(), "");  // with no link the list is left alone
     SetGadgetText(kPcPathEntry, folder.path() + "/sub");
     Raise(kTypePathChanged, PathBoxChanged);
     EXPECT_EQ(GadgetText(kPcList), folder.path() + "/sub/");
@@ -284,14 +258,14 @@ TEST_F(FileManager, BothPcGadgetsStandOnOneFolder) {
     Raise(kTypeValueChanged, PcListChanged);
     EXPECT_EQ(GadgetText(kPcPathEntry), folder.path() + "/");
     answer = "made";
-    NewPcFolder();
+    Press(kPcNewFolderButton);
     EXPECT_TRUE(QDir(folder.path() + "/made").exists());
     SetGadgetText(kPcList, folder.path());
     Select(kPcList, {0, 1, 2, 3});  // "..", made, sub and a.bas
-    CopyToDevice();
+    Press(kCopyToDeviceButton);
     EXPECT_TRUE(TakeCapture().startsWith("Processing file: " + folder.path() + "/a.bas"));
     Select(kPcList, {0, 1, 2, 3});
-    DeleteOnPc();
+    Press(kPcDeleteButton);
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).join('|'),
               "b.txt|made|sub");
     EXPECT_EQ(GadgetItemCount(kPcList), 4);
@@ -304,36 +278,75 @@ TEST_F(FileManager, TheEditorOpensTheSelectedFile) {
     QFile::setPermissions(editor, QFile::ReadOwner | QFile::ExeOwner);
     const_cast<AppPaths&>(appPaths).programFolder = folder.path() + "/";
     OpenFileManager();
-    EditSelectedFile();  // none is selected
+    Press(kEditFileButton);  // none is selected
     Select(kPcList, {1});
-    EditSelectedFile();
+    Press(kEditFileButton);
     EXPECT_TRUE(
         ServeUntil([&] { return ScratchFolder::Get(made).endsWith('\n'); }, [](int32_t) {}));
     EXPECT_EQ(ScratchFolder::Get(made), "1" + path.toUtf8() + "\n");
 }
 
-TEST_F(FileManager, PlaceAndDivisionAreKeptAndTheModeGoesBack) {
+QString PlaceOf(int gadget) {
+    return QString(" %1,%2 %3x%4")
+        .arg(GadgetX(gadget))
+        .arg(GadgetY(gadget))
+        .arg(GadgetWidth(gadget))
+        .arg(GadgetHeight(gadget));
+}
+
+// Number, place, text, tip, and a name that is not the tip.
+const char looks[] = R"(Kewlink File Commander
+162 0,0 300x197 /||Files on the PC
+163 304,0 386x197 ||Files on the device
+164 5,80 690x197 ||Panes
+166 5,5 280x40 ||PC toolbar
+167 340,5 360x70 ||Device toolbar
+168 225,2 50x25 >>>|Copy selected files to Maximite|
+169 2,2 50x25 <<<|Copy selected files to PC|
+170 55,2 50x25 Del||Delete selected files on device
+171 105,2 90x25 New folder|Create new folder on Maximite|
+172 5,2 50x25 Del|Delete selected files on Maximite|Delete selected files on PC
+173 60,2 90x25 New folder|Create new folder on PC|
+174 305,2 50x25 memory|switch from SDcard to flash memory|
+178 200,2 60x25 Refresh|Refresh Maximite file list|
+179 285,7 50x25 Abort|Abort current transfer|
+180 5,45 400x30 /||PC folder
+181 75,30 400x30 picomite||picomite
+182 155,2 50x25 Edit|Edit selected file|
+)";
+
+TEST_F(FileManager, HoldsItsGadgetsAndKeepsItsPlace) {
     SetPcFolder("/no/such/folder/");
     ShowTerminalMode(kModeFileManager);
     OpenFileManager();
+    EXPECT_EQ(FocusedGadget(), kDeviceList);
     EXPECT_NE(fileManagerSettings.pcFolder, "/no/such/folder/");
-    EXPECT_EQ(GadgetX(kDeviceToolbar), 340);
-    ResizeNumberedWindow(kFileManagerWindow, kKeep, kKeep, 900, 400);
+    for (const int gadget : {kPcList, kPcPathEntry}) SetGadgetText(gadget, "/");
+    QString look = WidgetOfWindow(kFileManagerWindow)->windowTitle() + '\n';
+    for (int gadget = kPcList; gadget <= kEditFileButton; ++gadget) {
+        if (!GadgetExists(gadget)) continue;
+        const QString tip = GadgetTooltip(gadget), name = GadgetName(gadget);
+        look += QString::number(gadget) + PlaceOf(gadget) + ' ' + GadgetText(gadget) + '|' + tip +
+                '|' + (name == tip ? "" : name) + '\n';
+    }
+    EXPECT_EQ(look.toStdString(), looks);
+    ResizeNumberedWindow(kFileManagerWindow, 30, 40, 900, 400);
     SetGadgetState(kPaneSplitter, 420);
     SetGadgetColumnWidth(kPcList, 1, 77);
     ResizeFileManager();
-    EXPECT_EQ(GadgetX(kDeviceToolbar), 460);
-    EXPECT_EQ(GadgetX(kFlashViewButton), 385);
-    EXPECT_EQ(GadgetHeight(kPaneSplitter), 310);
-    for (int gadget = kPcList; gadget <= kEditFileButton; ++gadget) {
-        EXPECT_TRUE(!GadgetExists(gadget) || !GadgetName(gadget).isEmpty()) << gadget;
-    }
+    look.clear();
+    for (const int gadget : {kPaneSplitter, kPcToolbar, kDeviceToolbar, kCopyToDeviceButton,
+                             kFlashViewButton, kAbortTransferButton})
+        look += PlaceOf(gadget);
+    EXPECT_EQ(look.toStdString(),
+              " 5,80 890x310 5,5 400x40 460,5 440x70 345,2 50x25 385,2 50x25 405,7 50x25");
     CloseFileManager();
-    EXPECT_EQ(fileManagerSettings.width, 900);
-    EXPECT_EQ(fileManagerSettings.splitter, 420);
-    EXPECT_EQ(fileManagerSettings.columns[1], 77);
-    EXPECT_EQ(terminalMode, 0);
+    const FileManagerSettings& kept = fileManagerSettings;
+    EXPECT_EQ(std::vector<int>({kept.x, kept.y, kept.width, kept.height, kept.splitter,
+                                kept.columns[0], kept.columns[1], kept.columns[2]}),
+              std::vector<int>({30, 40, 900, 400, 420, 250, 77, 130}));
     EXPECT_EQ(GadgetText(kModeText), "VT Terminal");
+    EXPECT_EQ(terminalMode, 0);
 }
 
 }  // namespace

@@ -71,9 +71,11 @@ class UploadBench : public testing::Test {
         SetUploadText(text);
         received.clear();
         const int64_t start = clock.Now();
+        FocusGadget(kSpecEntry);
         UploadProgram();
-        EXPECT_TRUE(GadgetHidden(kProgressText) && GadgetText(kProgressText).isEmpty());
-        EXPECT_FALSE(GadgetHidden(kSaveMacroButton));
+        EXPECT_EQ(FocusedGadget(), kTerminalCanvas);
+        EXPECT_TRUE(GadgetHidden(kProgressText) && !GadgetHidden(kSaveMacroButton));
+        EXPECT_EQ(GadgetText(kProgressText), "");
         return QString::number(clock.Now() - start) + '|' + Received() + Printed(printed);
     }
     QString Received() const {

@@ -96,6 +96,24 @@ TEST_F(SendBench, AnswersToABlock) {
     }
 }
 
+// Each frame of files around a block's size, and of one whose block numbers pass 255.
+TEST_F(SendBench, FilesGoInWholeBlocks) {
+    for (const int size : {0, 1, 127, 128, 129, 33000}) {
+        std::string content, frames;
+        for (int i = 0; i < size; ++i) content += char(i * 31 + i / 251);
+        const int blocks = (size + 127) / 128;
+        QString lines = QString("Blocks: %1XMODEM RECEIVE \"d.bin\"\x7F").arg(blocks);
+        for (int n = 10; n <= blocks; n += 10)
+            lines += QString("Sent: %1/%2\x1b[1A").arg(n).arg(blocks);
+        EXPECT_EQ(Store(content), lines + "Transfer completed OK!");
+        content.resize(std::max(blocks, 1) * 128);
+        for (size_t at = 0; at < content.size(); at += 128)
+            frames += FrameOf(at / 128 + 1, content.substr(at, 128));
+        EXPECT_TRUE(out == frames + kEotByte) << size;
+        EXPECT_EQ(took, 1000 + std::max(blocks, 1) * 200 + 500 + 1200);
+    }
+}
+
 TEST_F(SendBench, AFileAboveTheLimitIsNotAnnounced) {
     Write("");
     ASSERT_EQ(truncate("pc.bin", kLargestSentFile + 1), 0);

@@ -1,12 +1,45 @@
+#include <unistd.h>
+
+#include "tests/support/ScratchFolder.h"
+#include "tests/upload/upload_bench.h"
+#include "upload/LoadPath.h"
+#include "upload/SourceFile.h"
 #include "upload/SourcePreparation.h"
 
-#include <gtest/gtest.h>
-
-#include <chrono>
-
-#include "base/LineEnding.h"
-
 namespace {
+
+class SourceFile : public UploadBench {
+  protected:
+    ScratchFolder folder;
+};
+
+TEST_F(SourceFile, IsReadByteByByteAndBounded) {
+    QByteArray all;
+    for (int i = 0; i < 256; ++i) all += static_cast<char>(i);
+    SetPasteSource(true);
+    const QString text = ReadSourceFile(ScratchFolder::Put("all.bas", all));
+    EXPECT_TRUE(text.size() == 256 && text.toLatin1() == all && !uploadSource.pasteSource);
+    EXPECT_EQ(ReadSourceFile("") + ReadSourceFile("new.bas") + Printed(), "");
+    ASSERT_EQ(truncate("new.bas", kLargestSource), 0);  // and so created
+    EXPECT_EQ(ReadSourceFile("new.bas").size(), kLargestSource);
+    ASSERT_EQ(truncate("new.bas", kLargestSource + 1LL), 0);
+    LoadPath("new.bas");
+    EXPECT_EQ(Printed(2), "File is larger than 64 MB and is not uploaded.|Nothing to load.");
+}
+
+// A family whose end code runs the program gets another code; the next load runs it again.
+TEST_F(SourceFile, StorePathLeavesOutRun) {
+    FarEnd line;
+    Serve(line);
+    ScratchFolder::Put("p.bas", "'target s\\cmm2\n");
+    for (const auto& load : {StorePath, LoadPath}) {
+        received.clear();
+        load("p.bas");
+        ASSERT_GE(received.size(), 5u);
+        EXPECT_EQ(received.substr(received.size() - 5),
+                  load == StorePath ? "\x1b[11~" : "\x1b[12~");
+    }
+}
 
 struct TextPair {
     const char *given, *expected;
@@ -41,17 +74,6 @@ TEST(SourcePreparation, ShapesTextByItsRules) {
             EXPECT_EQ(CrunchSource(row.given), expected) << row.given;
         }
     }
-}
-
-// Cutting each line off the front would take minutes here.
-TEST(SourcePreparation, TakesTimeInProportionToTheText) {
-    const int lines = 400'000;
-    const auto start = std::chrono::steady_clock::now();
-    const QString normal = NormaliseLineEndings(QString("'KWEDIT!!!\r\n").repeated(lines));
-    EXPECT_EQ(normal.size(), lines * 11);
-    EXPECT_EQ(StripMarkerLines(normal), "");
-    EXPECT_EQ(CrunchSource(QString("A  B 'c\n").repeated(lines)).size(), lines * 5);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
 }
 
 }  // namespace
