@@ -89,7 +89,7 @@ const struct {
      " Slot 1 in use\r\n Slot 2 available\r\n> \x1b[?7h",
      "..|Slot 1 in use|Slot 2 available"},
     {"cmm2",
-     "A:/\r\n   <DIR>  sub\r\n10:07 21-06-2025       1234  prog.bas\r\n"
+     "A:/\r\n   <DIR>  sub\r\n\x1b[37mno row\r\n10:07 21-06-2025       1234  prog.bas\r\n"
      "1 directory, 1 file\r\n\x1b[?25h\x1b[37m\x1b[m\r\n> ",
      "..|A:/|<DIR>  sub|10:07 21-06-2025       1234  prog.bas"},
     {"micromite+", "A:/\r\n   <DIR>  sub\r\n      1234  prog.bas\r\n1 directory, 1 file\r\n> ",

@@ -94,6 +94,9 @@ TEST_F(Upload, TellsEachStep) {
 TEST_F(Upload, SilenceAndAReconnect) {
     answer = [](char) { return std::string(); };
     EXPECT_EQ(Send("", "A", 1), "4380|\3NEW^***TIMEOUT***");
+    LinkSettingsForTable().lineDelay = 0;  // makes the break wait for a prompt, too
+    EXPECT_EQ(Send("", "A", 1), "4020|\3Upload started");
+    LinkSettingsForTable().lineDelay = 120;
     // Silence in the body: receive mode stays open and nothing more is said or sent.
     answer = [this](char byte) { return received.find('B') < 99 ? std::string() : Echo(byte); };
     EXPECT_EQ(Send("s\\pico nonew", "A\nB\nC", 2), "4420|\3AUTOSAVE^A^B^AUTOSAVE|>");
@@ -119,7 +122,9 @@ TEST_F(Upload, PinDialogue) {
     static QString typed;
     typed = "12";
     DialogAnswers answers;
-    answers.text = [](const QString&, const QString&, const QString&) { return typed; };
+    answers.text = [](const QString& title, const QString& text, const QString&) {
+        return title + text == "PIN required!Enter security PIN" ? typed : QString();
+    };
     AnswerDialogs(&answers);
     for (const auto& [verdict, silence, steps, accepted] : pinRows) {
         int64_t newAt = 0;

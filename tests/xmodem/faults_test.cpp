@@ -1,8 +1,6 @@
-// Transfers over a line with troubles, to and from a device of the tests' own. Whatever is
-// called complete must be right, and what failed leaves no file on the PC.
+// Transfers over a line that spoils messages, to and from a device of the tests' own.
+// Whatever is called complete must be right, and what failed leaves no file on the PC.
 #include <QDir>
-#include <csignal>
-#include <iostream>
 #include <random>
 
 #include "tests/support/Chosen.h"
@@ -13,7 +11,7 @@ namespace {
 std::mt19937 dice;
 
 int Roll(int sides) {
-    return std::uniform_int_distribution<int>(0, sides - 1)(dice);
+    return int(dice() % unsigned(sides));
 }
 
 std::string RandomBytes(int count) {
@@ -34,100 +32,66 @@ std::string Spoiled(std::string message) {
     return message;
 }
 
-// Of a line: none, spoilt messages, silence, CAN or NAK for ever, and a link that is closed
-// here or hung up there. A sender, CAN and a closed link end a transfer by themselves; of
-// the rest the user may have to, as the first byte of the last frame stays in sight.
-enum class Trouble { kNone, kSpoils, kSilence, kCans, kNaks, kClosed, kHungUp };
-
-class FaultBench : public TransferBench {
-  protected:
+struct FaultBench : TransferBench {
     FaultBench() {
         clock.onTick = [tick = clock.onTick](int64_t now) {
             if (now % 5 == 0) tick(now);
         };
     }
-    // The trouble begins `after` ms.
+    // The link is new, and the user gives up after 100 s.
     template <typename Device>
-    void Attach(Device& far, Trouble trouble, int64_t after = 0) {
+    void Attach(Device& far) {
         commanded = false;
         Relink();
-        device = [=, &far, from = clock.Now() + after](int64_t now, const std::string& came) {
-            const bool endless = trouble != Trouble::kCans && trouble != Trouble::kClosed;
-            if (endless && now > from + 2500) JobOf(Direction::kReceive).abort = true;
-            if (trouble == Trouble::kSpoils)
-                return Spoiled(Act(far, now, commanded ? Spoiled(came) : came));
-            const std::string answer = Act(far, now, came);
-            if (now < from || trouble == Trouble::kNone) return answer;
-            if (trouble == Trouble::kClosed) AdoptSerialLink(0);
-            if (trouble == Trouble::kHungUp) line->Close();
-            if (trouble == Trouble::kCans) return std::string(1, kCanByte);
-            return std::string(trouble == Trouble::kNaks, kNakByte);
+        device = [=, &far, end = clock.Now() + 100000](int64_t now, const std::string& came) {
+            JobOf(Direction::kReceive).abort = now > end;
+            return Spoiled(Act(far, now, commanded ? Spoiled(came) : came));
         };
-    }
-    // Whether the file was fetched, and as it is; none may be left when it was not.
-    bool Fetched(SendingDevice far, Trouble trouble, int64_t after) {
-        Attach(far, trouble, after);
-        const QString printed = Fetch();
-        const bool done = printed.endsWith("Completed OK");
-        EXPECT_TRUE(done || printed.endsWith("File transfer failed")) << printed.toStdString();
-        EXPECT_TRUE(Content() == (done ? far.content : "(none)"));
-        return done;
-    }
-    // Whether the file was stored, and as it is.
-    bool Stored(const std::string& content, Trouble trouble, int64_t after) {
-        ReceivingDevice far;
-        Attach(far, trouble, after);
-        const QString printed = Store(content);
-        const bool done = printed.endsWith("Transfer completed OK!");
-        EXPECT_NE(done, printed.contains("Transfer failed")) << printed.toStdString();
-        EXPECT_TRUE(!done || far.content == Padded(content));
-        return done;
     }
 };
 
 TEST_F(FaultBench, WhatIsCompleteIsRight) {
-    const char* given = getenv("KWCC_SEED");
-    const unsigned seed = given ? strtoul(given, nullptr, 10) : std::random_device()();
-    std::cout << "KWCC_SEED=" << seed << std::endl;
-    dice.seed(seed);
     int fetched = 0, stored = 0;
-    for (int i = 0; i < 500 && !HasFailure(); ++i) {
+    for (int i = 0; i < 100 && !HasFailure(); ++i) {
         const size_t block = Roll(2) ? 1024 : 128;
-        const std::string content = Padded(RandomBytes(Roll(1500)), block);
-        fetched += Fetched({content, block}, Trouble::kSpoils, 100000);
-        stored += Stored(RandomBytes(1 + Roll(1500)), Trouble::kSpoils, 100000);
+        SendingDevice sender{Padded(RandomBytes(Roll(1500)), block), block};
+        Attach(sender);
+        QString printed = Fetch();
+        const bool done = printed.endsWith("Completed OK");
+        EXPECT_TRUE(done || printed.endsWith("File transfer failed")) << printed.toStdString();
+        EXPECT_TRUE(Content() == (done ? sender.content : "(none)"));
+        const std::string content = RandomBytes(1 + Roll(1500));
+        ReceivingDevice receiver;
+        Attach(receiver);
+        printed = Store(content);
+        const bool taken = printed.endsWith("Transfer completed OK!");
+        EXPECT_NE(taken, printed.contains("Transfer failed")) << printed.toStdString();
+        EXPECT_TRUE(!taken || receiver.content == Padded(content));
+        fetched += done;
+        stored += taken;
     }
-    std::cout << fetched << " fetched and " << stored << " stored, of 500 each" << std::endl;
-    EXPECT_GT(fetched, 450);
-    EXPECT_GT(stored, 400);
-}
-
-TEST_F(FaultBench, ATroubleThatStaysFromAnyMomentOn) {
-    signal(SIGPIPE, SIG_IGN);
-    const std::string content(384, 'e');
-    for (int i = int(Trouble::kSilence); i <= int(Trouble::kHungUp); ++i) {
-        int good = 0;
-        for (int step = 0; step < 30; ++step) {
-            good += Fetched({content}, Trouble(i), 20 * step);
-            good += Stored(content, Trouble(i), 150 * step);
-        }
-        EXPECT_TRUE(good > 10 && good < 45) << i << ' ' << good;
-    }
+    EXPECT_TRUE(fetched > 90 && stored > 80) << fetched << ' ' << stored;
 }
 
 // The file that was there stands until all of the new one is, and nothing lies beside it.
 TEST_F(FaultBench, FilesThatAreReplacedWhenComplete) {
     const Chosen complete(&Choices::replaceWhenComplete);
     Write("old");
-    for (const auto& [trouble, name, kept] : {std::tuple(Trouble::kCans, "pc.bin", "old"),
-                                              {Trouble::kNone, "none/pc.bin", "old"},
-                                              {Trouble::kNone, "pc.bin", "the new file"}}) {
-        SendingDevice sender{Padded("the new file")};
-        Attach(sender, trouble, 300);
-        const bool done = QString(kept) != "old";
-        EXPECT_TRUE(Transfer(Direction::kReceive, name)
-                        .endsWith(done ? "Completed OK" : "File transfer failed"));
-        EXPECT_EQ(Content(), done ? sender.content : kept);
+    for (const auto& [last, name] :
+         {std::pair(kCanByte, "pc.bin"), {kEotByte, "none/pc.bin"}, {kEotByte, "pc.bin"}}) {
+        Relink();
+        std::deque<std::string> script = {FrameOf(1, Padded("new")), std::string(3, last)};
+        device = [&](int64_t, const std::string& came) {
+            std::string word;
+            if (came.find_first_of({kAckByte, kNakByte}) == came.npos || script.empty())
+                return word;
+            word.swap(script.front());
+            script.pop_front();
+            return word;
+        };
+        const bool done = Transfer(Direction::kReceive, name).endsWith("Completed OK");
+        EXPECT_EQ(Content(), done ? Padded("new") : "old");
+        EXPECT_EQ(done, last == kEotByte && name == std::string("pc.bin"));
         EXPECT_EQ(QDir().entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList("pc.bin"));
     }
 }

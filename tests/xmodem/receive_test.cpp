@@ -24,6 +24,7 @@ class ReceiveBench : public TransferBench {
             if (script.empty() || came.find_first_of(ends) == came.npos) return word;
             word.swap(script.front());
             script.pop_front();
+            if (word == "gone") AdoptSerialLink(0), word.clear();
             if (word[0] == 1 || word[0] == 2) {
                 rest = word.substr(100);
                 restAt = now + kRestLate;
@@ -99,6 +100,7 @@ TEST_F(ReceiveBench, EndsOfATransfer) {
     } rows[] = {
         {{kEcho, kEot}, done, open, "", 50},  // no block at all
         {{kEcho}, silence + failed, naks + "\r" + kGiveUp, gone, 10 * 850 + 120},
+        {{kEcho, first, "gone"}, silence + failed, open, gone, 60 + 10 * 850 + 120},
         {{kEcho, first, cans}, stopped + failed, open + kGiveUp + cans + kAck, gone, 110},
         {{kEcho, "Error"}, early + early + failed, kNak + asking + asking, gone, 3400, 2600},
         // More than the reply to the command can hold: the rest is dropped, and yet the first
@@ -113,6 +115,7 @@ TEST_F(ReceiveBench, EndsOfATransfer) {
         EXPECT_EQ(out, row.answers) << row.lines;
         EXPECT_EQ(Content(), row.content) << row.lines;
         EXPECT_EQ(took, 200 + 100 + row.time) << row.lines;
+        Relink();
     }
 }
 
