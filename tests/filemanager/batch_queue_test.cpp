@@ -1,29 +1,9 @@
-// Lists of files, step by step: on the virtual clock what the queue itself does, and
-// whole batches with the workers' own threads and a simulated board.
-#include "filemanager/BatchQueue.h"
-
-#include <gtest/gtest.h>
-
+// Lists of files, step by step: what the queue itself does, and whole batches with the
+// workers' own threads.
 #include <QDir>
-#include <QTemporaryDir>
 
-#include "base/Numbers.h"
-#include "filemanager/DevicePane.h"
-#include "link/LinkPrimitives.h"
-#include "simulator/SimulatedBoard.h"
-#include "terminal/screen/Capture.h"
-#include "terminal/screen/TerminalScreen.h"
-#include "tests/support/FarEnd.h"
-#include "tests/support/ScratchFolder.h"
-#include "tests/support/StartState.h"
-#include "tests/support/TurnsClock.h"
-#include "tests/support/VirtualClock.h"
-#include "ui/events/WaitWindowEvent.h"
-#include "ui/gadgets/ExplorerListGadget.h"
-#include "ui/gadgets/ListGadget.h"
-#include "ui/gadgets/TextEntryGadget.h"
-#include "ui/windows/Windows.h"
-#include "upload/DeviceFamily.h"
+#include "tests/filemanager/file_manager_rig.h"
+#include "ui/WaitWindowEvent.h"
 #include "upload/UploadOptions.h"
 #include "xmodem/TransferWorkers.h"
 
@@ -31,24 +11,8 @@ namespace {
 
 const bool startState = KeepStartState(PutBackFileManager);
 
-class BatchQueue : public testing::Test {
-  protected:
-    BatchQueue() { StartCapture(); }
-
-    // A new file in the folder; its path.
-    QString MakeFile(const char* name, const std::string& bytes = "PRINT 1\n") {
-        return ScratchFolder::Put(folder.path() + '/' + name, QByteArray::fromStdString(bytes));
-    }
-    static std::string Content(const QString& path) {
-        return ScratchFolder::Get(path).toStdString();
-    }
-
-    QTemporaryDir folder;
-};
-
 // Which way a file goes; the link is down, so no worker starts and nothing else is done.
-TEST_F(BatchQueue, TheRoadOfAFile) {
-    VirtualClock clock;
+TEST_F(FileManager, TheRoadOfAFile) {
     const QString bas = MakeFile("a.Bas"), bin = MakeFile("b.bin", std::string(4000, 'x')),
                   bare = MakeFile("bare");
     const QString large = MakeFile("c.dat", std::string(4001, 'x'));
@@ -70,21 +34,13 @@ TEST_F(BatchQueue, TheRoadOfAFile) {
     EXPECT_FALSE(XmodemSendWorkerRuns());
 }
 
-class BatchQueueThreads : public BatchQueue {
-  protected:
-    BatchQueueThreads() : board(*simulator::FindBoardFacts("picomite")) {
-        OpenNumberedWindow(kFileManagerWindow, 0, 0, 300, 300, "Files", kStandardWindowFlags);
-        ExplorerListGadget(kPcList, 0, 0, 200, 200, folder.path() + "/");
-        board.PowerUp(clock.Now());
-        board.TakeOutput();
-        clock.onTick = [this](int64_t now) {
-            board.Receive(line.Read(), now);
-            board.Advance(now);
-            const std::string output = board.TakeOutput();
-            if (SerialLinkIsOpen()) line.Write(output);
-        };
+struct FileManagerThreads : FileManager {
+    FileManagerThreads() {
+        PlugIn("picomite");
+        OpenFileManager();
+        TakeCapture();
     }
-    ~BatchQueueThreads() override { StopTransferWorkers(); }
+    ~FileManagerThreads() override { StopTransferWorkers(); }
 
     // What the main loop does, until a text was printed.
     void LoopUntil(const QString& text, int64_t limit = 120000) {
@@ -103,13 +59,10 @@ class BatchQueueThreads : public BatchQueue {
         } while (!printed.contains(text) && clock.Now() < end);
     }
 
-    TurnsClock clock;
-    FarEnd line;
-    simulator::SimulatedBoard board;
     QString printed;
 };
 
-TEST_F(BatchQueueThreads, ListsGoThereAndBack) {
+TEST_F(FileManagerThreads, ListsGoThereAndBack) {
     const std::string one(300, 'a'), two(5000, 'b');
     const QString first = MakeFile("one.bin", one), second = MakeFile("two.bin", two);
     UploadSettingsForTable().useXmodemForDrop = 0;
@@ -119,26 +72,28 @@ TEST_F(BatchQueueThreads, ListsGoThereAndBack) {
     LoopUntil("Finished");
     EXPECT_EQ(printed.count("Transfer completed OK!"), 2) << printed.toStdString();
     std::string held;
-    EXPECT_TRUE(board.ReadFile("one.bin", &held));
+    EXPECT_TRUE(line->Board().ReadFile("one.bin", &held));
     EXPECT_EQ(held, one + std::string(84, '\0'));
-    EXPECT_TRUE(board.ReadFile("two.bin", &held));
+    EXPECT_TRUE(line->Board().ReadFile("two.bin", &held));
     EXPECT_EQ(held, two + std::string(120, '\0'));
 
     // On the PC a name with folders in it stays in the folder.
-    board.AddFile("games/up.bin", two, 0);
+    line->Board().AddFile("games/up.bin", two, 0);
     BatchReceive("one.bin\ngames/up.bin\n");
     EXPECT_TRUE(XmodemReceiveWorkerRuns());
     EXPECT_TRUE(linkStatus.quietTerminal);
-    CloseNumberedWindow(kFileManagerWindow);  // the folder stays what it was
+    CloseFileManager();  // the folder stays what it was
     LoopUntil("Finished");
     EXPECT_FALSE(linkStatus.quietTerminal);
-    EXPECT_EQ(Content(first), one + std::string(84, '\0')) << printed.toStdString();
-    EXPECT_TRUE(Content(folder.path() + "/up.bin") == two + std::string(120, 0))
+    EXPECT_EQ(ScratchFolder::Get(first).toStdString(), one + std::string(84, '\0'))
+        << printed.toStdString();
+    EXPECT_TRUE(ScratchFolder::Get(folder.path() + "/up.bin").toStdString() ==
+                two + std::string(120, 0))
         << printed.toStdString();
 }
 
 // Whether the worker still meets its flag or is killed, the next file is not begun.
-TEST_F(BatchQueueThreads, AbortEmptiesTheQueues) {
+TEST_F(FileManagerThreads, AbortEmptiesTheQueues) {
     BatchSend(MakeFile("one.bin", std::string(9000, 'a')) + "\n" + MakeFile("two.bin"));
     LoopUntil("Sent: 20/71");
     EXPECT_TRUE(XmodemSendWorkerRuns());
@@ -152,7 +107,7 @@ TEST_F(BatchQueueThreads, AbortEmptiesTheQueues) {
 }
 
 // What is asked of the device, where it goes on the PC, and what "Abort" leaves.
-TEST_F(BatchQueueThreads, FetchesWhatTheRowsName) {
+TEST_F(FileManagerThreads, FetchesWhatTheRowsName) {
     const struct {
         const char *family, *row, *name;
     } rows[] = {
@@ -160,20 +115,16 @@ TEST_F(BatchQueueThreads, FetchesWhatTheRowsName) {
         {"maximite", "PROG.BAS 1234", "PROG.BAS"},
         {"cmm2", "10:07 21-06-2025       1234  prog.bas", "prog.bas"},
     };
-    TextEntryGadget(kFamilyCombo, 0, 0, 9, 9, "");
-    ListGadget(kDeviceList, 0, 200, 200, 100);
-    AddDefaultFamilies();
     QDir(folder.path()).mkdir("sub");
     for (const auto& row : rows) {
         SetGadgetText(kFamilyCombo, row.family);
         ClearGadgetItems(kDeviceList);
         AddGadgetItem(kDeviceList, row.row);
-        SetGadgetState(kDeviceList, 0);
-        CopyToPc();
+        Press(kCopyToPcButton, {0});
         EXPECT_EQ(JobOf(Direction::kReceive).firstName, row.name);
         EXPECT_EQ(JobOf(Direction::kReceive).secondName, GadgetText(kPcList) + row.name);
         EXPECT_TRUE(XmodemReceiveWorkerRuns());
-        AbortTransfers();
+        Press(kAbortTransferButton);
         EXPECT_FALSE(XmodemReceiveWorkerRuns());
         SetGadgetText(kPcList, folder.path() + "/sub");
     }

@@ -7,17 +7,13 @@
 #include <unistd.h>
 
 #include <atomic>
-#include <functional>
 
-#include "base/Pacing.h"
-#include "ui/events/InterfaceThread.h"
+#include "tests/support/VirtualClock.h"
+#include "ui/InterfaceThread.h"
 #include "xmodem/XmodemJob.h"
 
-class TurnsClock : public Clock {
+class TurnsClock : public VirtualClock {
   public:
-    TurnsClock() { InstallClock(this); }
-    ~TurnsClock() override { InstallClock(nullptr); }
-
     void Sleep(int64_t ms) override {
         if (!OnInterfaceThread()) return WorkerSleeps(ms);
         for (; ms > 0; --ms) {
@@ -27,9 +23,6 @@ class TurnsClock : public Clock {
         }
     }
     int64_t Now() override { return now; }
-    int64_t LocalSeconds() override { return 0; }
-
-    std::function<void(int64_t now)> onTick;  // the far end; on the test's thread
 
   private:
     static constexpr int kPauseUs = 20;
