@@ -28,7 +28,9 @@
 class FileManager : public testing::Test {
   protected:
     static inline QString answer;  // of the text dialog
-    static inline QString asked;   // by dialogs: title and text
+    static inline bool yes;        // to a question
+    static inline FileChoice choice;
+    static inline QString asked;  // by dialogs: title and text
 
     FileManager() {
         OpenNumberedWindow(kMainWindow, 0, 0, 300, 300, "Test", kStandardWindowFlags);
@@ -39,13 +41,17 @@ class FileManager : public testing::Test {
         SetLineEnding("CR");  // CR LF is Enter twice to these boards
         SetAfterFlashUpload(RefreshDeviceList);
         answers.message = [](const QString& title, const QString& text) {
-            return asked += title + '|' + text, false;
+            return asked += title + '|' + text, yes;
         };
         answers.text = [](const QString& title, const QString& text, const QString& preset) {
             return asked += title + '|' + text + preset, answer;
         };
+        answers.file = [](const QString& title, const QString& preset) {
+            return asked += title + preset.right(6), choice;
+        };
         AnswerDialogs(&answers);
         asked.clear();
+        yes = false;
         StartCapture();
     }
     ~FileManager() override {

@@ -1,50 +1,22 @@
 // What boards print in answer to their list command, in every way that a line can be cut
 // into chunks, and what each kind of line does.
-#include <gtest/gtest.h>
-
-#include <QTemporaryDir>
 #include <random>
 
-#include "base/Numbers.h"
-#include "filemanager/DeviceListing.h"
 #include "filemanager/ListingRules.h"
-#include "link/LinkPrimitives.h"
-#include "terminal/screen/Capture.h"
+#include "tests/filemanager/file_manager_rig.h"
 #include "tests/support/FarEnd.h"
-#include "tests/support/ScratchFolder.h"
-#include "tests/support/VirtualClock.h"
-#include "ui/gadgets/ExplorerListGadget.h"
-#include "ui/gadgets/Gadgets.h"
-#include "ui/gadgets/ListGadget.h"
-#include "ui/gadgets/TextEntryGadget.h"
-#include "ui/windows/Dialogs.h"
-#include "ui/windows/FileDialogs.h"
-#include "ui/windows/Windows.h"
 
 namespace {
 
-class ListingParser : public testing::Test {
-  protected:
+struct ListingParser : FileManager {
     ListingParser() {
-        OpenNumberedWindow(kMainWindow, 0, 0, 300, 300, "Test", kStandardWindowFlags);
-        TextEntryGadget(kFamilyCombo, 0, 0, 9, 9, "picomite");
-        ListGadget(kDeviceList, 0, 0, 100, 100);
-        ExplorerListGadget(kPcList, 0, 0, 100, 100, folder.path());
-        AddDefaultFamilies();
-        StartCapture();
-    }
-
-    static QString Shown() {
-        QStringList rows;
-        for (int row = 0; row < GadgetItemCount(kDeviceList); ++row) {
-            rows += GadgetItemText(kDeviceList, row);
-        }
-        return rows.join('|');
+        SetLineEnding("CRLF");
+        OpenFileManager();
     }
 
     // The list that a text gives when it comes in the pieces that end at `cuts`. What the
     // one before left in the buffer is gone at the prompt.
-    static QString ListOf(const QString& text, const std::vector<int>& cuts) {
+    static std::string ListOf(const QString& text, const std::vector<int>& cuts) {
         ParseListingChunk("\n> ");
         StartDeviceRows("..");
         ParseListingChunk("\n");  // the command's own line end
@@ -54,11 +26,8 @@ class ListingParser : public testing::Test {
             from = cut;
         }
         ParseListingChunk(text.mid(from));
-        return Shown();
+        return Rows();
     }
-
-    VirtualClock clock;
-    QTemporaryDir folder;
 };
 
 const struct {
@@ -104,46 +73,33 @@ TEST_F(ListingParser, EveryCutGivesTheSameRows) {
     for (const auto& row : listings) {
         SetGadgetText(kFamilyCombo, row.family);
         const QString text = row.text;
-        EXPECT_EQ(ListOf(text, {}).toStdString(), row.rows);
+        EXPECT_EQ(ListOf(text, {}), row.rows);
         for (int first = 1; first < text.size(); ++first) {
-            ASSERT_EQ(ListOf(text, {first}).toStdString(), row.rows) << "cut at " << first;
+            ASSERT_EQ(ListOf(text, {first}), row.rows) << "cut at " << first;
         }
         for (int time = 0; time < 100; ++time) {
             std::vector<int> cuts;
             for (int at = 0; (at += 1 + int(lot() % 9)) < text.size();) cuts.push_back(at);
-            ASSERT_EQ(ListOf(text, cuts).toStdString(), row.rows) << "seed " << seed;
+            ASSERT_EQ(ListOf(text, cuts), row.rows) << "seed " << seed;
         }
     }
 }
 
 TEST_F(ListingParser, APauseIsAnsweredEachTimeItIsSeenAndErrorsAreShown) {
-    FarEnd line;
+    FarEnd device;
     clock.onTick = [](int64_t) { EXPECT_FALSE(linkStatus.pollingSuspended); };
     ParseListingChunk("PRESS ANY");
-    EXPECT_EQ(line.Read(), "");
+    EXPECT_EQ(device.Read(), "");
     ParseListingChunk(" KEY");
     ParseListingChunk(" ...");
-    EXPECT_EQ(line.Read(), "\r\n\r\n");
-    EXPECT_EQ(clock.Now(), 200);
+    EXPECT_EQ(device.Read(), "\r\n\r\n");
+    EXPECT_EQ(clock.Now(), 260 + 200);  // the opened window's and two pauses'
     EXPECT_FALSE(linkStatus.pollingSuspended);
     ParseListingChunk("\rError : Could not find the path\r\n");
     EXPECT_EQ(TakeCapture(), "Error : Could not find the path");
 }
 
-FileChoice choice;
-bool overwrite;
-QString asked;
-
 TEST_F(ListingParser, AProgramIsSavedLineByLine) {
-    DialogAnswers answers;
-    answers.message = [](const QString& title, const QString& text) {
-        return asked += title + '|' + text, overwrite;
-    };
-    answers.file = [](const QString& title, const QString& preset) {
-        EXPECT_EQ(title + preset.right(6), "Save/*.bas");
-        return choice;
-    };
-    AnswerDialogs(&answers);
     const auto saved = [this](const char* name) {
         return ScratchFolder::Get(folder.path() + '/' + name).toStdString();
     };
@@ -160,13 +116,12 @@ TEST_F(ListingParser, AProgramIsSavedLineByLine) {
     EXPECT_EQ(saved("b.txt"), "Pri\r\nPrint 1\r\n");
     SetGadgetText(kFamilyCombo, "cmm2");
     save("b.txt", {"list all\r\nEnd\r\n> "});
-    EXPECT_EQ(asked, "File exists|Do you wish to overwrite it?");
+    EXPECT_EQ(asked, "Save/*.basSave/*.basSave/*.basFile exists|Do you wish to overwrite it?");
     EXPECT_EQ(saved("b.txt"), "Pri\r\nPrint 1\r\n");  // the answer was No
-    overwrite = true;
+    yes = true;
     save("b.txt", {"list all\r\nEnd\r\n> "});
     EXPECT_EQ(saved("b.txt"), "list all\r\nEnd\r\n");  // without slots the echo is no echo
     save("", {"End\r\n> "});
-    AnswerDialogs(nullptr);
 }
 
 TEST_F(ListingParser, AFloodIsHeldWithinItsBounds) {
