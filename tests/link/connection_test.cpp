@@ -24,8 +24,6 @@ namespace {
 
 const bool startState = KeepStartState(PutBackLink);
 
-using Outcome = std::pair<int64_t, QString>;  // the result, and what was printed
-
 // `master` is the board's side, `path` the device that the program opens. The line has
 // been in other hands before.
 struct Port {
@@ -137,10 +135,6 @@ TEST(Serial, TouchReplacesThePortAndLeavesItOpenAt1200) {
     EXPECT_EQ(second.Line().c_cflag & CBAUD, static_cast<tcflag_t>(B1200));
 }
 
-QString Notice(const QString& text) {
-    return "\x1b[7m" + text + "\x1b[0m";
-}
-
 // A board on a pty and one that listens on the loopback address.
 struct ConnectionTest : testing::Test {
     VirtualClock clock;
@@ -157,45 +151,45 @@ struct ConnectionTest : testing::Test {
         SetPollingSuspended(true);
     }
     ~ConnectionTest() override { close(listener); }
-    Outcome Connect(const QString& name = "", const QString& speed = "9600") {
+    // What was printed and what stands then: the label, and which button cannot be seen.
+    static std::string State() {
+        EXPECT_NE(GadgetHidden(kConnectButton), GadgetHidden(kDisconnectButton));
+        EXPECT_EQ(linkStatus.linkConnected, GadgetHidden(kConnectButton));
+        return (TakeCapture().replace("\x1b[7m", "[").replace("\x1b[0m", "]") + '|' +
+                linkStatus.linkLabel + (linkStatus.linkConnected ? "|up" : "|down"))
+            .toStdString();
+    }
+    std::string Connect(const QString& name = "", const QString& speed = "9600") {
         SetComPort(name);
         SetSerialSpeed(speed);
         StartCapture();
         const int64_t result = ConnectDevice();
-        return {result, TakeCapture()};
+        EXPECT_EQ(result, linkStatus.linkConnected ? -1 : 0);
+        return State();
     }
-    void ExpectUp(bool up, const QString& label) {
-        EXPECT_EQ(linkStatus.linkConnected, up);
-        EXPECT_EQ(linkStatus.linkLabel, label);
-        EXPECT_EQ(GadgetHidden(kConnectButton), up);
-        EXPECT_EQ(GadgetHidden(kDisconnectButton), !up);
-    }
-    void Disconnect() {
+    std::string Disconnect() {
         StartCapture();
         SetMouseMode(1);
         DisconnectDevice();
-        EXPECT_EQ(TakeCapture(), Notice("Disconnected"));
         EXPECT_FALSE(SerialLinkIsOpen() || linkStatus.netLink || mouseMode);
-        ExpectUp(false, "");
+        return State();
     }
 };
 
 TEST_F(ConnectionTest, Serial) {
-    const QString failed = " failed!Check port then try again";
-    Disconnect();  // with nothing open
-    EXPECT_EQ(Connect("NOT SET"), Outcome(0, "Set port number then try again"));
+    const std::string failed = " failed!Check port then try again||down";
+    const std::string up = '|' + port.toStdString() + ":fast|up";
+    EXPECT_EQ(Disconnect(), "[Disconnected]||down");  // with nothing open
+    EXPECT_EQ(Connect("NOT SET"), "Set port number then try again||down");
     EXPECT_FALSE(linkStatus.pollingSuspended);
-    EXPECT_EQ(Connect("not set"), Outcome(0, "not set" + failed));
-    EXPECT_EQ(Connect(port, "100000"), Outcome(0, port + failed));
-    ExpectUp(false, "");
+    EXPECT_EQ(Connect("not set"), "not set" + failed);
+    EXPECT_EQ(Connect(port, "100000"), port.toStdString() + failed);
     EXPECT_EQ(clock.Now(), 0);
     // No number is 0 baud, which opens.
-    EXPECT_EQ(Connect(port, "fast"), Outcome(-1, Notice("Connected to " + port + " at fast")));
+    EXPECT_EQ(Connect(port, "fast"), "[Connected to " + port.toStdString() + " at fast]" + up);
     EXPECT_EQ(clock.Now(), 100);
-    ExpectUp(true, port + ":fast");
-    EXPECT_EQ(Connect(port, "1200"), Outcome(-1, ""));  // up already: the speed stays
-    ExpectUp(true, port + ":fast");
-    Disconnect();
+    EXPECT_EQ(Connect(port, "1200"), up);  // up already: the speed stays
+    EXPECT_EQ(Disconnect(), "[Disconnected]||down");
 }
 
 int modemLines = 0;
@@ -212,7 +206,7 @@ int RecordModemLines(int, unsigned long request, int* bits) {
 TEST_F(ConnectionTest, DtrComesOnAtConnect) {
     InstallModemIoctl(RecordModemLines);
     modemLines = TIOCM_RTS;
-    EXPECT_EQ(Connect(port).first, -1);
+    Connect(port);
     EXPECT_EQ(modemLines, TIOCM_RTS | TIOCM_DTR);
     EXPECT_TRUE(SetSerialDtr(false));
     EXPECT_EQ(modemLines, TIOCM_RTS);
@@ -232,8 +226,8 @@ TEST_F(ConnectionTest, TcpBesideAnOpenPort) {
     SetDeviceOnTcpip(true);
     EXPECT_EQ(linkSettings.deviceOnTcpip, 1);
     EXPECT_EQ(SendText("nowhere"), -1);
-    EXPECT_EQ(Connect(), Outcome(-1, Notice("Connected to localhost port " + service)));
-    ExpectUp(true, "localhost:" + service);
+    const std::string up = "|localhost:" + service.toStdString() + "|up";
+    EXPECT_EQ(Connect(), "[Connected to localhost port " + service.toStdString() + ']' + up);
     EXPECT_TRUE(linkStatus.pollingSuspended);  // the serial road alone clears it
     const int peer = accept(listener, nullptr, nullptr);
     const auto option = [](int level, int name) {
@@ -249,14 +243,14 @@ TEST_F(ConnectionTest, TcpBesideAnOpenPort) {
     SendText("hello");
     EXPECT_EQ(recv(peer, block, sizeof block, 0), 5);
     close(peer);  // nothing tells of a peer that has gone
-    EXPECT_EQ(Connect(), Outcome(-1, ""));
+    EXPECT_EQ(Connect(), up);
     EXPECT_EQ(clock.Now(), 100);  // the port's
-    Disconnect();
+    EXPECT_EQ(Disconnect(), "[Disconnected]||down");
     shutdown(listener, SHUT_RDWR);
     for (const QString& host :
          {QString("127.0.0.1"), QString(), QString("255.255.255.255"), QString(100000, 'a')}) {
         SetTcpEndpoint(host, service);
-        EXPECT_EQ(Connect(), Outcome(0, "")) << host.left(20).toStdString();
+        EXPECT_EQ(Connect(), "||down") << host.left(20).toStdString();
     }
 }
 

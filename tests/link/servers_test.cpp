@@ -56,8 +56,8 @@ class ServerThreads : public testing::Test {
         EXPECT_TRUE(Until([&] { return said.size() == 2; }));
         return std::exchange(said, {});
     }
-    Client Connect(int port) {
-        auto client = std::make_unique<LocalClient>(port);
+    Client Connect() {
+        auto client = std::make_unique<LocalClient>(settings.dataPort);
         EXPECT_TRUE(Until([&] { return said.contains(kGreeted); }));
         said.clear();
         return client;
@@ -81,14 +81,24 @@ class ServerThreads : public testing::Test {
     bool hold = false;
 };
 
-TEST_F(ServerThreads, StartLinesInOrderAndAPortInUse) {
+// 127.0.0.2 stands for an address by which other machines reach this one.
+TEST_F(ServerThreads, StartLinesInOrderAPortInUseAndWhoReachesThem) {
+    const in_addr_t elsewhere = INADDR_LOOPBACK + 1;
     const auto lines = [&](const char* outcome) {
         const QString port = " server on port %1 ";
         return QStringList{"   Data" + port.arg(settings.dataPort) + outcome,
                            "Control" + port.arg(settings.controlPort) + "started"};
     };
-    EXPECT_EQ(Start(), lines("started"));
-    StopServers();
+    for (const int local : {0, 1}) {
+        const Chosen ports(&Choices::localPorts, local);
+        EXPECT_EQ(Start(), lines("started"));
+        for (const int port : {settings.dataPort, settings.controlPort}) {
+            EXPECT_EQ(LocalClient(port, elsewhere).connected, !local);
+            EXPECT_TRUE(LocalClient(port).connected);
+        }
+        TearDown();
+        SetUp();
+    }
     const int holder = ListenLocally(settings.dataPort);
     EXPECT_EQ(Start(), lines("failed"));
     EXPECT_TRUE(LocalClient(settings.controlPort).connected);
@@ -105,26 +115,11 @@ TEST_F(ServerThreads, StartLinesInOrderAndAPortInUse) {
     close(holder);
 }
 
-// 127.0.0.2 stands for an address by which other machines reach this one.
-TEST_F(ServerThreads, AreReachedFromElsewhereUnlessTheUserChoseOtherwise) {
-    const in_addr_t elsewhere = INADDR_LOOPBACK + 1;
-    for (const int local : {0, 1}) {
-        const Chosen ports(&Choices::localPorts, local);
-        Start();
-        for (const int port : {settings.dataPort, settings.controlPort}) {
-            EXPECT_EQ(LocalClient(port, elsewhere).connected, !local);
-            EXPECT_TRUE(LocalClient(port).connected);
-        }
-        TearDown();
-        SetUp();
-    }
-}
-
 // One chunk at a time, of at most 5000 bytes, and nothing of it changes before it is taken.
 TEST_F(ServerThreads, ChunksKeepTheirOrderAndWait) {
     settings.welcomeMessage = "Gruß";
     Start();
-    const Client client = Connect(settings.dataPort);
+    const Client client = Connect();
     EXPECT_TRUE(Has(client, "Gru\xC3\x9F\r\n"));
     std::string bytes, all;
     for (int i = 0; i < 12345; ++i) bytes += static_cast<char>(i * 7);
@@ -154,8 +149,7 @@ TEST_F(ServerThreads, TheClientIsTheLastOneHeardOf) {
     Start(kModeHelper);
     const ServerRecord& server = *FindServer(kDataServerIdentity);
     EXPECT_EQ(fcntl(server.sockets.listener, F_GETFD), FD_CLOEXEC);  // for programs started here
-    const Client first = Connect(settings.dataPort), second = Connect(settings.dataPort),
-                 third = Connect(settings.dataPort);
+    const Client first = Connect(), second = Connect(), third = Connect();
     for (const bool each : {false, true}) {  // bytes go at once, a dead peer is found
         int on = 0;
         socklen_t size = sizeof on;
@@ -190,7 +184,7 @@ TEST_F(ServerThreads, TheClientIsTheLastOneHeardOf) {
 TEST_F(ServerThreads, ClientsThatMisbehave) {
     Start(kModeHelper);
     std::vector<Client> clients;
-    for (int i = 0; i < kMostServerClients; ++i) clients.push_back(Connect(settings.dataPort));
+    for (int i = 0; i < kMostServerClients; ++i) clients.push_back(Connect());
     const std::string block(65536, 'x');
     for (int i = 0; i < 400; ++i) DeviceSends(block);
     const size_t kept = clients.back()->Read().size();
@@ -204,13 +198,13 @@ TEST_F(ServerThreads, ClientsThatMisbehave) {
     clients[0]->Close();
     EXPECT_TRUE(Until([&] { return FindServer(kDataServerIdentity)->client == 0; }));
     EXPECT_TRUE(said.isEmpty());  // a client that goes is told of in debug mode alone
-    EXPECT_TRUE(Takes(Connect(settings.dataPort), "room again"));
+    EXPECT_TRUE(Takes(Connect(), "room again"));
 }
 
 // The loop takes no more events, so the worker never leaves its semaphore by itself.
 TEST_F(ServerThreads, AParkedWorkerIsEndedWhenItsTimeIsUp) {
     Start();
-    const Client client = Connect(settings.dataPort);
+    const Client client = Connect();
     hold = true;
     ASSERT_TRUE(Takes(client, "never taken"));
     const int64_t before = NowMs();
