@@ -246,6 +246,12 @@ TEST_F(ConnectionTest, TcpBesideAnOpenPort) {
     EXPECT_EQ(Connect(), up);
     EXPECT_EQ(clock.Now(), 100);  // the port's
     EXPECT_EQ(Disconnect(), "[Disconnected]||down");
+    listen(listener, 0);
+    const LocalClient first(number);  // a second one finds no room, and waits
+    clock.onTick = [end = clock.Now() + 250](int64_t now) { RequestLeave(now >= end); };
+    EXPECT_EQ(Connect(), "||down");
+    RequestLeave(false);
+    EXPECT_EQ(clock.Now(), 100 + 300);
     shutdown(listener, SHUT_RDWR);
     for (const QString& host :
          {QString("127.0.0.1"), QString(), QString("255.255.255.255"), QString(100000, 'a')}) {

@@ -55,6 +55,11 @@ TEST_F(FlashSlot, TypesTheFileAndOverwritesTheSlot) {
     EXPECT_EQ(Upload("cmm2", "A", 0), "5080|autosave^A^\x1b^\r\r");
     EXPECT_EQ(Upload("maximite", "A", 0), "5080|auto^A^\3^\r\r");
     EXPECT_EQ(Upload("vgamite", "A", 0), "5080|autosave^A^\x1a^\r\r");
+    onTick = [this] { RequestLeave(received.find('B') < 99); };
+    EXPECT_EQ(Upload("picomite", "A\nB\nC\nD", 2), "60|autosave^A^B^");
+    onTick = [] { RequestLeave(false); };
+    clock.Sleep(1);
+    EXPECT_EQ(Received(), "autosave^A^B^\3\r\r");
     // A board that says nothing is typed at to the end all the same.
     answer = [](char) { return std::string(); };
     EXPECT_EQ(Upload("picomite", "A", 1), "53180|autosave^A^\x1a^FLASH OVERWRITE 1^\r\r");

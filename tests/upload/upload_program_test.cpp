@@ -108,6 +108,15 @@ TEST_F(Upload, SilenceAndAReconnect) {
               "Check port then try again");
 }
 
+// The board gets its break and no more of the program.
+TEST_F(Upload, AProgramThatIsToLeaveAborts) {
+    onTick = [this] { RequestLeave(received.find('B') < 99); };
+    const QString sent = Send("s\\pico nonew", "A\nB\nC\nD", 1);
+    onTick = [] { RequestLeave(false); };
+    clock.Sleep(1);
+    EXPECT_EQ(sent + Received().right(2), "420|\3AUTOSAVE^A^B^Program upload aborted^\3");
+}
+
 // What a locked board answers, after how many milliseconds, how many reads of 360 ms that
 // takes, and whether the PIN counts as accepted.
 const std::tuple<const char*, int, int, bool> pinRows[] = {
