@@ -131,6 +131,7 @@ extern "C" int fsync(int fd) {
 
 TEST(EncodedSources, AreWrittenWholeOrNotAtAll) {
     const ScratchFolder folder;
+    synced.clear();
     EXPECT_TRUE(WriteWholeFile("a b.bae", "first"));
     EXPECT_EQ(synced, "d");  // the folder; the toolkit sees to the file by another call
     chmod("a b.bae", 0640);
