@@ -3,7 +3,7 @@
 #include <QDir>
 
 #include "tests/filemanager/file_manager_rig.h"
-#include "ui/WaitWindowEvent.h"
+#include "ui/events/WaitWindowEvent.h"
 #include "upload/UploadOptions.h"
 #include "xmodem/TransferWorkers.h"
 

@@ -23,7 +23,8 @@
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/StartState.h"
 #include "tests/support/TurnsClock.h"
-#include "ui/Dialogs.h"
+#include "ui/windows/Dialogs.h"
+#include "ui/windows/FileDialogs.h"
 
 class FileManager : public testing::Test {
   protected:

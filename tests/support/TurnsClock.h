@@ -9,7 +9,7 @@
 #include <atomic>
 
 #include "tests/support/VirtualClock.h"
-#include "ui/InterfaceThread.h"
+#include "ui/events/InterfaceThread.h"
 #include "xmodem/XmodemJob.h"
 
 class TurnsClock : public VirtualClock {

@@ -2,7 +2,7 @@
 #include "link/LinkSeams.h"
 #include "tests/support/BoardOnLine.h"
 #include "tests/upload/upload_bench.h"
-#include "ui/Dialogs.h"
+#include "ui/windows/Dialogs.h"
 
 namespace {
 
