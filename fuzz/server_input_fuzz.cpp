@@ -1,11 +1,10 @@
-// What local tools may send to the two ports, and a device meanwhile: any bytes in chunks of
-// any size, through real sockets and the real workers, in each terminal mode, on a clock
-// without waits. The device gets what the data port was sent, byte for byte.
+// What the chunks of the two servers may hold, and what a device says between them: any bytes
+// of any count, in each terminal mode, on a clock without waits. The device gets what the
+// data port was sent, byte for byte.
 #include <unistd.h>
 
 #include <QDir>
 #include <algorithm>
-#include <atomic>
 #include <cstdlib>
 #include <string>
 
@@ -15,19 +14,18 @@
 #include "link/Servers.h"
 #include "shell/Dispatch.h"
 #include "shell/Poll.h"
+#include "shell/ServerChunks.h"
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/VtFinals.h"
 #include "tests/screen/ScreenRig.h"
 #include "tests/support/FarEnd.h"
-#include "tests/support/LocalTools.h"
 #include "ui/InterfaceLayer.h"
 #include "ui/events/CurrentEvent.h"
 #include "ui/events/EventQueue.h"
-#include "ui/events/WaitWindowEvent.h"
 
 namespace {
 
-constexpr size_t kSliceStep = 61;  // slices are up to 85 of these: more than a chunk
+constexpr size_t kSliceStep = 58;  // slices are up to 85 of these: a chunk
 
 class NoWaits : public Clock {
   public:
@@ -36,45 +34,23 @@ class NoWaits : public Clock {
     int64_t LocalSeconds() override { return 0; }
 
   private:
-    std::atomic<int64_t> now{0};
+    int64_t now = 0;
 };
 
-struct Tool {
-    int64_t identity;
-    int port;
-    LocalClient client{port};
-    size_t sent = 0, taken = 0;
+FarEnd* device = nullptr;
 
-    // Sends, and serves the loop until all of it was handled. The device reads all the while.
-    void Say(const std::string& bytes, FarEnd& device, std::string& arrived) {
-        client.Write(bytes);
-        for (sent += bytes.size(); taken < sent;) {
-            const int32_t event = WaitForEvent(1000);
-            if (event == kEventServerChunk && EventType() == identity)
-                taken += static_cast<size_t>(FindServer(identity)->length);
-            // What the terminal answers would stand among the bytes that are compared.
-            if (event != kEventTerminalReply) DispatchEvent(event, EventWindow());
-            arrived += device.Read();
-        }
-        client.Read();
-        client.received.clear();
-    }
-};
+// As the server's worker hands it over; the workers themselves have no port and have ended.
+void HandOver(int64_t identity, const std::string& bytes) {
+    auto& record = const_cast<ServerRecord&>(*FindServer(identity));
+    std::copy(bytes.begin(), bytes.end(), record.buffer.begin());
+    record.length = static_cast<int64_t>(bytes.size());
+    HandleServerChunk(identity);
+}
 
-struct Session {
-    FarEnd device;
-    Tool data{kDataServerIdentity, linkSettings.dataPort};
-    Tool control{kControlServerIdentity, linkSettings.controlPort};
-};
-
-Session* session = nullptr;
-
-void WaitForServers() {
-    for (int lines = 0; lines < 2;) {
-        const int32_t event = WaitForEvent(1000);
-        if (event == kEventServerMessage) ++lines;
-        DispatchEvent(event, EventWindow());
-    }
+// What the terminal answers would stand among the bytes that are compared.
+void ServeLoop() {
+    for (int32_t event = 0; (event = WaitForEvent(0)) != kNoEvent;)
+        if (event != kEventTerminalReply) DispatchEvent(event, EventWindow());
 }
 
 // A path of one part, in the present folder: what is missing is created by its name.
@@ -83,24 +59,18 @@ std::string Harmless(std::string command) {
     return command;
 }
 
-void EmptyFolder() {
-    for (const QString& name : QDir().entryList(QDir::Files | QDir::Hidden)) QFile::remove(name);
-}
-
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
+extern "C" int LLVMFuzzerInitialize(int*, char*** argv) {
     static NoWaits clock;
     InstallClock(&clock);
     StartInterfaceLayer(*argv);
     char folder[] = "/tmp/server_input_fuzz.XXXXXX";
     if (!mkdtemp(folder) || chdir(folder) != 0) abort();
     OpenScreenRig();
-    LinkSettingsForTable().dataPort = FreePort();
-    LinkSettingsForTable().controlPort = FreePort();
+    LinkSettingsForTable().dataPort = LinkSettingsForTable().controlPort = -1;
     StartServers();
-    WaitForServers();
-    session = new Session;
+    device = new FarEnd;
     return 0;
 }
 
@@ -114,18 +84,19 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         const std::string slice(reinterpret_cast<const char*>(data + at + 1), length);
         at += 1 + length;
         if (kind == 0) {
-            session->data.Say(slice, session->device, arrived);
+            HandOver(kDataServerIdentity, slice);
             toDevice += slice;
         } else if (kind == 1) {
-            session->control.Say(Harmless(slice), session->device, arrived);
+            HandOver(kControlServerIdentity, Harmless(slice));
         } else {
-            session->device.Write(slice);
+            device->Write(slice);
             PollLink();
         }
+        ServeLoop();
+        arrived += device->Read();
     }
     if (arrived != toDevice) abort();
     TakeReplyText();
-    DropQueuedEvents(kEventTerminalReply, kNone);
-    EmptyFolder();
+    for (const QString& name : QDir().entryList(QDir::Files | QDir::Hidden)) QFile::remove(name);
     return 0;
 }

@@ -4,16 +4,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "base/LineEnding.h"
-#include "base/Numbers.h"
-#include "terminal/screen/TerminalPainters.h"
-#include "terminal/screen/TerminalScreen.h"
-#include "terminal/screen/TerminalSettings.h"
-#include "terminal/screen/VtFinals.h"
-#include "terminal/screen/VtParser.h"
 #include "tests/screen/ScreenRig.h"
 #include "ui/InterfaceLayer.h"
-#include "ui/events/EventQueue.h"
 
 namespace {
 
@@ -30,9 +22,8 @@ bool ModelHolds() {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
+extern "C" int LLVMFuzzerInitialize(int*, char*** argv) {
     setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    static_cast<void>(argc);
     StartInterfaceLayer(*argv);
     TerminalSettingsForTable().scrollBack = kSmallScrollBack;
     OpenScreenRig();

@@ -12,6 +12,7 @@
 #include "base/Pacing.h"
 #include "tests/support/FarEnd.h"
 #include "ui/InterfaceLayer.h"
+#include "ui/events/CurrentEvent.h"
 #include "ui/events/EventQueue.h"
 #include "xmodem/Receive.h"
 #include "xmodem/XmodemJob.h"
@@ -46,15 +47,11 @@ class SlicedInput : public Clock {
     int64_t now = 0;
 };
 
-void Serve() {
-    ServeJobStatus(JobOf(Direction::kReceive));
-}
-
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
+extern "C" int LLVMFuzzerInitialize(int*, char*** argv) {
     StartInterfaceLayer(*argv);
-    SetServeBeforeWait(Serve);
+    SetServeBeforeWait([] { ServeJobStatus(JobOf(Direction::kReceive)); });
     return 0;
 }
 

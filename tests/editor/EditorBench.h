@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QPrinter>
+#include <QRegularExpression>
 #include <QStatusBar>
 #include <QtTest>
 
@@ -69,7 +70,7 @@ class EditorBench : public testing::Test {
         Settle();
     }
     // The editor goes without a word, as in a crash, and another one starts.
-    void CrashAndStartAgain() {
+    void StartAgain() {
         for (EditorWindow* window : editor->Windows()) delete window;
         editor.reset();
         editor = std::make_unique<Editor>(setup);
@@ -91,20 +92,22 @@ class EditorBench : public testing::Test {
     QString Status() const { return Window().statusBar()->currentMessage(); }
     void Open(const QByteArray& source) { editor->OpenAll({Write("a.bas", source)}); }
 
-    // Keys go to the window in front, as from the keyboard: "Ctrl+F", or a text.
-    void Press(const char* keys) const {
-        const QKeySequence sequence(keys);
-        for (int i = 0; i < sequence.count(); ++i) {
-            const auto modifiers = Qt::KeyboardModifiers(sequence[i] & Qt::KeyboardModifierMask);
-            QTest::keyClick(Target(), Qt::Key(sequence[i] & ~Qt::KeyboardModifierMask), modifiers);
-            if (modifiers & Qt::AltModifier) QTest::qWait(150);  // a button goes down and up
+    // Keys go to the window in front, as from the keyboard: a text, and others in brackets,
+    // "one[Ctrl+A, Tab]\n".
+    void Do(const QString& script) const {
+        const QStringList parts = script.split(QRegularExpression("[][]"));
+        for (int i = 0; i < parts.size(); ++i) {
+            for (const QChar& c : i % 2 ? QString() : parts[i])
+                c == '\n' ? Press(Qt::Key_Return) : Press(0, c.toLatin1());
+            const QKeySequence keys(i % 2 ? parts[i] : QString());
+            for (int k = 0; k < keys.count(); ++k) Press(keys[k]);
         }
     }
-    void Type(const char* text) const {
-        for (const QChar& c : QString(text)) {
-            if (c == '\n') Press("Return");
-            if (c != '\n') QTest::keyClick(Target(), c.toLatin1());
-        }
+    void Press(int key, char c = 0) const {
+        const auto modifiers = Qt::KeyboardModifiers(key & Qt::KeyboardModifierMask);
+        if (c) return QTest::keyClick(Target(), c);
+        QTest::keyClick(Target(), Qt::Key(key & ~Qt::KeyboardModifierMask), modifiers);
+        if (modifiers & Qt::AltModifier) QTest::qWait(150);  // a button goes down and up
     }
     // No window manager of this platform chooses the next window when one is closed.
     QWidget* Target() const {

@@ -32,17 +32,16 @@ TEST_F(WithConsole, LoadsStoresAndStops) {
     editor->OpenAll({Write("a b\xc3\xa9.bas", "A")});
     const std::string path = Window().Path().toStdString();
     const int console = Console(setup.ports.control), data = Console(setup.ports.data);
-    Type("B");
-    Press("F5");
+    Do("B[F5]");
     EXPECT_EQ(NextWords(console), "/load " + path + "\r");
     EXPECT_EQ(Contents("a b\xc3\xa9.bas"), "BA");
     EXPECT_TRUE(Status().startsWith("Sent to the console"));
-    Press("Ctrl+F5");
+    Do("[Ctrl+F5]");
     EXPECT_EQ(NextWords(console), "/store " + path + "\r");
-    Press("Ctrl+F2");
+    Do("[Ctrl+F2]");
     EXPECT_EQ(NextWords(data), "\x03");
     chosen = folder.filePath("two\nlines.bas");  // would reach the console as another name
-    Press("Ctrl+Shift+S, F5");
+    Do("[Ctrl+Shift+S, F5]");
     EXPECT_EQ(Status(), "The console cannot take a file of this name.");
     close(console);
     close(data);
@@ -50,26 +49,23 @@ TEST_F(WithConsole, LoadsStoresAndStops) {
 
 TEST_F(WithConsole, StartsOneWhenNoneAnswers) {
     Open("A");
-    const auto asks = [this](int count) { return Until([&] { return told.size() == count; }); };
-    Press("F5");
-    EXPECT_TRUE(asks(1));
+    Do("[F5]");
+    EXPECT_TRUE(Until([&] { return told.size() == 1; }));
     EXPECT_TRUE(told.last().endsWith("Start one."));  // there is no program to start
     setup.consoleProgram = Write("KWCC", "#!/bin/sh\ntouch \"${0%KWCC}started\"\n");
     QFile::setPermissions(setup.consoleProgram, QFile::ReadOwner | QFile::ExeOwner);
-    CloseAll();
-    editor.reset();
-    editor = std::make_unique<Editor>(setup);
+    StartAgain();
     Open("A");
-    Press("F5");
-    EXPECT_TRUE(asks(2));
+    Do("[F5]");
+    EXPECT_TRUE(Until([&] { return told.size() == 2; }));
     EXPECT_FALSE(QFile::exists(folder.filePath("started")));
     answer = "Start";
-    Press("Ctrl+F5");
+    Do("[Ctrl+F5]");
     EXPECT_TRUE(Until([&] { return QFile::exists(folder.filePath("started")); }));
     const int console = Console(setup.ports.control);
     EXPECT_EQ(NextWords(console), "/store " + Window().Path().toStdString() + "\r");
     close(console);
-    Press("Ctrl+F2");
+    Do("[Ctrl+F2]");
     EXPECT_TRUE(Until([&] { return Status().startsWith("No console answers"); }));
 }
 
@@ -104,27 +100,16 @@ TEST_F(WithConsole, OpensWhatItPutOnTheClipboard) {
     Send("/paste\n");
 }
 
-TEST_F(WithConsole, WaitsForAPortThatAnotherEditorHas) {
-    PasteListener second(setup.ports.editor, [] {});
-    EXPECT_FALSE(second.Listens());
-    auto third = std::make_unique<PasteListener>(setup.ports.control, [] {});
-    PasteListener fourth(setup.ports.control, [] {});
-    EXPECT_TRUE(third->Listens() && !fourth.Listens());
-    third.reset();
-    EXPECT_TRUE(Until([&] { return fourth.Listens(); }));
-}
-
 TEST_F(WithConsole, ReadsThePortsOfItsSettings) {
     const auto read = [this](const QByteArray& settings) {
-        const auto ports = ReadConsolePorts(Write("i", settings));
-        return std::make_tuple(int(ports.control), int(ports.data), int(ports.editor));
+        const auto ports = ReadConsolePorts(settings.isEmpty() ? "none" : Write("i", settings));
+        return QString("%1 %2 %3").arg(ports.control).arg(ports.data).arg(ports.editor);
     };
-    const std::tuple<int, int, int> given(5, 7, 6), usual(50899, 50900, 6832);
     EXPECT_EQ(read("\xef\xbb\xbf\n[Network]\nIP control port = 5\nKWedit control port=6\n"
                    "IP Data Port = 7\n"),
-              given);
-    EXPECT_EQ(read("[x]\nIP control port = 5\n[network]\r\nip CONTROL port = 65536\r\n"), usual);
-    EXPECT_EQ(ReadConsolePorts(folder.filePath("none")).control, 50899);
+              "5 7 6");
+    EXPECT_EQ(read("[x]\nIP control port = 5\n[network]\r\nip CONTROL port = 65536\r\n"), read(""));
+    EXPECT_EQ(read(""), "50899 50900 6832");
 }
 
 }  // namespace

@@ -1,13 +1,11 @@
 #include <sys/stat.h>
 
-#include <QFileDialog>
 #include <QLocalSocket>
-#include <QMimeData>
 #include <thread>
 
-#include "editor/CommandLine.h"
 #include "editor/SecondStart.h"
 #include "tests/editor/EditorBench.h"
+#include "tests/support/Gestures.h"
 
 namespace {
 
@@ -17,27 +15,25 @@ TEST_F(Files, AreWrittenBackByteByByte) {
     QByteArray all;
     for (int i = 1; i < 256; ++i) all += static_cast<char>(i);
     const QByteArray some =
-        "|\n\n|A\r\nB\r\n|A\rB\nC\r\n|no end|\xef\xbb\xbf'\xc3\xa9\n|'\xc3\xa9 "
-        "\xe2\x82\xac\xc2\xa0\n|"
-        "\xe2\x80\xa9 \xc3\xa9\n|\xc3";
+        "|\n\n|A\r\nB\r\n|A\rB\nC\r\n|no end|\xef\xbb\xbf'\xc3\xa9\n|"
+        "'\xc3\xa9 \xe2\x82\xac\xc2\xa0\n|\xe2\x80\xa9 \xc3\xa9\n|\xc3";
     const QByteArrayList rows = some.split('|') << all;
     for (const QByteArray& row : rows) {
         Open(row);
         EXPECT_FALSE(Window().isWindowModified());
-        Type("x");
-        Press("Backspace, Ctrl+S");
+        Do("x[Backspace, Ctrl+S]");
         EXPECT_EQ(Contents("a.bas").toHex(), row.toHex());
-        Press("Ctrl+W");
+        Do("[Ctrl+W]");
         Settle();
     }
-    Open("\xe9\r\nB\r\n");
-    Press("Down, Return");
+    Open("\xe9\r\nC\r\n");
+    Do("[Down]\n");
     Text().insert(QChar(0x20AC));  // no byte for it
     EXPECT_TRUE(Window().isWindowModified());
-    Press("Ctrl+S");
+    Do("[Ctrl+S]");
     EXPECT_EQ(Contents("a.bas"),
               "\xc3\xa9\r\n\r\n\xe2\x82\xac"
-              "B\r\n");
+              "C\r\n");
     EXPECT_FALSE(Window().isWindowModified());
 }
 
@@ -50,42 +46,40 @@ TEST_F(Files, BadOnesAreToldAndNothingIsLost) {
                                Write("nul", {"A\0B", 3}), QString("/proc/self/mem")}) {
         told.clear();
         chosen = bad;
-        Press("Ctrl+O");
+        Do("[Ctrl+O]");
         EXPECT_TRUE(told.join('|').startsWith(bad)) << told.join('|').toStdString();
         EXPECT_TRUE(Window().IsPristine());
     }
-    Type("A");
+    Do("A");
     for (const char* place : {"/dev/full/x.bas", "/proc/x.bas"}) {
         chosen = place;
-        Press("Ctrl+S");
+        Do("[Ctrl+S]");
         EXPECT_TRUE(told.last().endsWith("The text is still here.")) << told.last().toStdString();
         EXPECT_TRUE(Window().isWindowModified() && Window().Path().isEmpty());
     }
     chosen = Write("a.bas", "");
-    Press("Ctrl+S");
+    Do("[Ctrl+S]");
     QFile::remove(chosen);
     Window().LookAtFile();
     EXPECT_TRUE(Status().contains("no longer there") && Window().isWindowModified());
-    Press("Ctrl+S");
+    Do("[Ctrl+S]");
     EXPECT_EQ(Contents("a.bas"), "A");
 }
 
 TEST_F(Files, NoChangesGoUnasked) {
     editor->OpenAll({Write("a.bas", "A"), folder.filePath("new.bas")});
-    ASSERT_EQ(editor->Windows().size(), 2u);
     EXPECT_FALSE(QFile::exists(Window(1).Path()));
-    Type("B");
-    Press("Ctrl+W");
+    Do("B[Ctrl+W]");
     EXPECT_EQ(editor->Windows().size(), 2u);
     answer = "Save";
-    Press("Ctrl+Q");  // nothing changed in the first one, nothing asked
+    Do("[Ctrl+Q]");  // nothing changed in the first one, nothing asked
     Settle();
     EXPECT_EQ(editor->Windows().size(), 0u);
     EXPECT_EQ(told.join('|'), "Save the changes of new.bas?|Save the changes of new.bas?");
     EXPECT_EQ(Contents("new.bas"), "B");
     editor->OpenAll({});
     Window().ShowNewText("C");
-    Press("Ctrl+W");  // no name was given
+    Do("[Ctrl+W]");  // no name was given
     EXPECT_EQ(told.mid(2).join('|'), "Save the changes of New text?|save ");
 }
 
@@ -95,15 +89,12 @@ TEST_F(Files, HaveOneWindowEach) {
     editor->OpenAll({path, link, folder.filePath("./a.bas"), Write("b.bas", "B")});
     EXPECT_EQ(editor->Windows().size(), 2u);
     chosen = path;
-    Press("Ctrl+Shift+S");  // the second one under the name of the first
+    Do("[Ctrl+Shift+S]");  // the second one under the name of the first
     EXPECT_TRUE(told.last().endsWith("is open in another window."));
     EXPECT_EQ(Contents("a.bas"), "A");
     QMimeData dropped;
     dropped.setUrls({QUrl::fromLocalFile(path), QUrl::fromLocalFile(Write("c.bas", "C"))});
-    QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(Text(1).viewport(), &enter);
-    QDropEvent drop(QPointF(9, 9), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(Text(1).viewport(), &drop);
+    EXPECT_TRUE(Drop(Text(1).viewport(), dropped));
     EXPECT_EQ(editor->Windows().size(), 3u);
     EXPECT_EQ(Text(1).text() + Text(2).text(), "BC");
 }
@@ -114,7 +105,7 @@ TEST_F(Files, ChangedByAnotherProgramAsk) {
     const char* const saved[] = {"theirs", "mine", "theirs", "theirs"};
     for (int i = 0; i < 4; ++i) {
         Open("");
-        Type("mine");
+        Do("mine");
         Write("a.bas", "theirs");
         told.clear();
         answer = answers[i];
@@ -137,17 +128,16 @@ TEST_F(Files, ChangedByAnotherProgramAsk) {
 TEST_F(Files, UnsavedWorkSurvivesACrash) {
     const auto copies = [this] { return Habits(setup.settingsFile).Copies(); };
     Open("A");
-    Type("B");
+    Do("B");
     editor->OpenAll({Write("z.bas", "Z")});
-    Press("Ctrl+N");
-    Type("new");
+    Do("[Ctrl+N]new");
     EXPECT_TRUE(Until([&] { return copies().size() == 2; }));
     EXPECT_EQ(QFile::permissions(copies().first()) & (QFile::ReadGroup | QFile::ReadOther), 0);
-    CrashAndStartAgain();
+    StartAgain();
     answer = "Later";
     editor->OfferCopies();
     EXPECT_EQ(told.size(), 2);
-    CrashAndStartAgain();
+    StartAgain();
     answer = "Show";
     editor->OfferCopies();
     EXPECT_EQ(Text(0).text() + '|' + Text(1).text(), "BA|new");
@@ -160,39 +150,10 @@ TEST_F(Files, UnsavedWorkSurvivesACrash) {
     EXPECT_EQ(copies().size(), 0);
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).join(' '), "a.bas z.bas");
     // What was undone needs no copy.
-    Press("Ctrl+N");
-    Type("x");
+    Do("[Ctrl+N]x");
     EXPECT_TRUE(Until([&] { return copies().size() == 1; }));
-    Press("Ctrl+Z");
+    Do("[Ctrl+Z]");
     EXPECT_EQ(copies().size(), 0);
-}
-
-// The desktop's own dialog: an ending that was typed stays, else it is ".bas", and then it asks
-// whether the file that has the name may go.
-TEST_F(Files, SaveAsAddsTheEnding) {
-    setup.dialogs = RealDialogs();
-    editor = std::make_unique<Editor>(setup);
-    const std::pair<const char*, const char*> rows[] = {{"one", "one.bas"}, {"two.inc", "two.inc"}};
-    for (const auto& row : rows) {
-        editor->OpenAll({});
-        Type("A");
-        QTimer typist;
-        QObject::connect(&typist, &QTimer::timeout, [&] {
-            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            if (!dialog) return;
-            typist.stop();
-            dialog->setDirectory(folder.path());
-            auto* name = dialog->findChild<QLineEdit*>();
-            name->selectAll();
-            QTest::keyClicks(name, row.first);
-            QTest::keyClick(name, Qt::Key_Return);
-        });
-        typist.start(50);
-        Press("Ctrl+S");
-        EXPECT_EQ(Contents(row.second), "A") << row.second;
-        Press("Ctrl+W");
-        Settle();
-    }
 }
 
 TEST_F(Files, OfLaterStartsGoToTheEditorThatIsOpen) {
@@ -215,11 +176,6 @@ TEST_F(Files, OfLaterStartsGoToTheEditorThatIsOpen) {
     QLocalSocket socket;
     socket.connectToServer(place);
     EXPECT_TRUE(socket.waitForConnected(1000));
-
-    const CommandLine words = ReadCommandLine({"a", "-x", "--", "-b", "--help"}, "1");
-    EXPECT_EQ(words.files.join(' ') + words.unknown + words.answer, "a -b --help-x");
-    EXPECT_EQ(ReadCommandLine({"--version"}, "7").answer, "KWEdit 7\n");
-    EXPECT_TRUE(ReadCommandLine({"x", "-h"}, "7").answer.startsWith("usage: KWEdit"));
 }
 
 }  // namespace

@@ -16,7 +16,9 @@
 #include "help/HelpViewer.h"
 #include "tests/support/LocalTools.h"
 #include "tests/support/StartState.h"
+#include "ui/gadgets/Gadgets.h"
 #include "ui/gadgets/WebGadget.h"
+#include "ui/windows/Windows.h"
 
 namespace {
 
@@ -40,6 +42,32 @@ TEST(Help, AddressesAndAboutText) {
         "Version: 5\nBuild date: 2022/08/12 05:47:37\rProgram folder: " + appPaths.programFolder +
         "\rData folder: " + appPaths.dataFolder + "\r";
     EXPECT_EQ(AboutText().left(about.size()), about);
+}
+
+TEST(Help, TheWindowStandsWhereItWasLeft) {
+    SetHelpPlace(31, 32, 640, 480);
+    ShowHelpViewer();
+    QString told = WindowTitle(kHelpWindow) + " " + GadgetName(kHelpWebView);
+    for (int gadget = kHelpWebView; gadget <= kHelpForwardButton; ++gadget)
+        told += QString("\n%1,%2 %3x%4 ")
+                    .arg(GadgetX(gadget))
+                    .arg(GadgetY(gadget))
+                    .arg(GadgetWidth(gadget))
+                    .arg(GadgetHeight(gadget)) +
+                GadgetText(gadget) + "|" + GadgetTooltip(gadget);
+    EXPECT_EQ(told.toStdString(),
+              "Help Viewer Help page\n10,40 620x430 |\n10,5 80x25 KW Edit|View KWEdit help index\n"
+              "100,5 80x25 MM Basic|View MMBasic syntax index\n200,5 80x25 Back|Previous page\n"
+              "300,5 80x25 Forward|Next page");
+    ResizeNumberedWindow(kHelpWindow, 33, 34, 700, 500);
+    ResizeHelpViewer();
+    EXPECT_EQ(GadgetWidth(kHelpWebView) * 1000 + GadgetHeight(kHelpWebView), 680450);
+    ResizeNumberedWindow(kHelpWindow, 35, 36, 650, 460);
+    CloseHelpViewer();
+    const HelpSettings& place = helpSettings;
+    EXPECT_EQ(QRect(place.x, place.y, place.width, place.height), QRect(35, 36, 650, 460));
+    ResizeHelpViewer();
+    CloseHelpViewer();
 }
 
 TEST(Help, PagesThroughTheirHistory) {

@@ -1,10 +1,12 @@
-// Keys, clicks and the wheel of the terminal canvas, as bytes at the far end of the link.
+// Clicks and the wheel of the terminal canvas, and the clipboard typed into the device, as
+// bytes at the far end of the link.
 #include <gtest/gtest.h>
 
 #include <climits>
 
+#include "base/LineEnding.h"
 #include "base/Numbers.h"
-#include "base/TextRules.h"
+#include "terminal/input/Paste.h"
 #include "terminal/input/TerminalInput.h"
 #include "terminal/screen/TerminalFonts.h"
 #include "terminal/screen/TerminalMode.h"
@@ -15,8 +17,11 @@
 #include "tests/support/VirtualClock.h"
 #include "ui/drawing/CanvasEventData.h"
 #include "ui/drawing/PBCanvasWidget.h"
+#include "ui/events/CurrentEvent.h"
+#include "ui/events/EventQueue.h"
 #include "ui/gadgets/CanvasGadget.h"
 #include "ui/gadgets/ScrollBarGadget.h"
+#include "ui/windows/Clipboard.h"
 #include "ui/windows/Windows.h"
 
 namespace {
@@ -78,6 +83,32 @@ TEST_F(InputTest, Wheel) {
         TerminalScrollUp(from);
         EXPECT_EQ(Wheel(steps), "");
         EXPECT_EQ(terminalScreen.topLine, to) << from << " " << steps;
+    }
+}
+
+// Each line, trimmed, in front of its pause.
+TEST_F(InputTest, PastesLines) {
+    const struct {
+        const char *ending, *text, *slowly;  // "|" for each pause
+    } cases[] = {
+        {"CRLF", "one", "one\r\n|"},
+        {"CR", "  a b  \r\n\tc\n\n", "a b\r|\tc\r|\r|"},
+        {"LF", "x\ry\r\nz é", "x\ry\n|z \xE9\n|"},
+        {"CRLF", "", ""},
+    };
+    QString steps;
+    clock.onTick = [&](int64_t now) {
+        if (now % 50 == 1) steps += QString::fromLatin1(device.Read().c_str());
+        if (now % 50 == 0) steps += '|';
+    };
+    for (const auto& each : cases) {
+        SetLineEnding(each.ending);
+        SetClipboardText(each.text);
+        steps.clear();
+        PasteClipboard(50);
+        EXPECT_EQ(steps, QString::fromLatin1(each.slowly));
+        PasteClipboard(0);
+        EXPECT_EQ(QString::fromLatin1(device.Read().c_str()), steps.remove('|'));
     }
 }
 

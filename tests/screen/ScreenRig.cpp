@@ -1,31 +1,27 @@
 #include "tests/screen/ScreenRig.h"
 
-#include "terminal/screen/TerminalSizing.h"
-#include "terminal/screen/VtParser.h"
-#include "terminal/screen/WindowLayout.h"
+#include <QFontMetrics>
+
 #include "ui/gadgets/CanvasGadget.h"
 #include "ui/gadgets/ContainerGadget.h"
 #include "ui/gadgets/GadgetTable.h"
 #include "ui/gadgets/ScrollBarGadget.h"
 #include "ui/gadgets/TextGadget.h"
-#include "ui/windows/Windows.h"
 
-void OpenScreenRig() {
-    constexpr int kPage = 40;
+void OpenScreenRig(int cols, int rows) {
+    SetAskedSize(cols, rows);
     OpenNumberedWindow(kMainWindow, 10, 10, 900, 700, "Rig", kStandardWindowFlags);
     for (int row = 0; row < kToolbarRows; ++row) {
-        ContainerGadget(kFirstToolbarRow + row, 5, 5, 810, 25);
+        ContainerGadget(kFirstToolbarRow + row, 0, 0, 9, 9);
         if (row + 1 == kToolbarRows) TextGadget(kTerminalSizeText, 5, 1, 250, 20, "");
         CloseGadgetList();
     }
-    const int width = terminalSettings.canvasWidth;
-    const int height = terminalSettings.canvasHeight;
-    CanvasGadget(kFrameCanvas, 5, 25, width + 10, height + 10, kCanvasFrame + kCanvasContainer);
-    CanvasGadget(kTerminalCanvas, 5, 5, width, height, kCanvasKeyboard);
+    CanvasGadget(kFrameCanvas, 0, 0, 9, 9, kCanvasFrame + kCanvasContainer);
+    CanvasGadget(kTerminalCanvas, 0, 0, 9, 9, kCanvasKeyboard);
     CloseGadgetList();
     SetUpTerminal();
-    ScrollBarGadget(kTerminalScrollBar, width + 17, 25, 18, height, 0, terminalScreen.scrollBack,
-                    kPage, ScrollDirection::kVertical);
+    ScrollBarGadget(kTerminalScrollBar, 0, 0, 9, 9, 0, terminalScreen.scrollBack, 40,
+                    ScrollDirection::kVertical);
     LayoutMainWindow();
 }
 
@@ -43,6 +39,25 @@ std::string RowText(int row) {
     return text;
 }
 
+std::string ScreenText() {
+    std::string rows = RowText(1);
+    for (int row = 2; row <= terminalScreen.rows; ++row) rows += "|" + RowText(row);
+    return rows.substr(0, rows.find_last_not_of('|') + 1);
+}
+
+QRect PlaceOf(int gadget) {
+    return {GadgetX(gadget), GadgetY(gadget), GadgetWidth(gadget), GadgetHeight(gadget)};
+}
+
 QImage TerminalPicture() {
     return CanvasPicture(kTerminalCanvas);
+}
+
+void DrawGlyph(QPainter* painter, int x, int y, const QFont& font, QColor ink, QColor paper,
+               QChar c) {
+    const QFontMetrics metrics(font);
+    painter->fillRect(x, y, metrics.horizontalAdvance(c), metrics.height(), paper);
+    painter->setFont(font);
+    painter->setPen(ink);
+    painter->drawText(x, y + metrics.ascent(), QString(c));
 }

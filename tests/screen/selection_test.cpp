@@ -1,16 +1,18 @@
-// Selecting with the mouse: which cells light up on the way, and what is copied.
+// Selecting with the mouse: which cells light up on the way, and what is copied; the
+// terminal's text, and the files that it is saved to.
+#include "terminal/screen/Selection.h"
+
 #include <gtest/gtest.h>
 
-#include "terminal/screen/Selection.h"
-#include "terminal/screen/TerminalFonts.h"
+#include <QDir>
+
+#include "terminal/screen/TerminalText.h"
 #include "tests/screen/ScreenRig.h"
+#include "tests/support/ScratchFolder.h"
 #include "tests/support/StartState.h"
 #include "ui/drawing/CanvasEventData.h"
 #include "ui/drawing/PBCanvasWidget.h"
-#include "ui/events/CurrentEvent.h"
-#include "ui/events/WaitWindowEvent.h"
 #include "ui/windows/Clipboard.h"
-#include "ui/windows/Windows.h"
 
 namespace {
 
@@ -23,10 +25,8 @@ using Places = std::vector<std::pair<int, int>>;  // column and row, from 0
 
 class SelectionTest : public testing::Test {
   protected:
-    void SetUp() override {
-        TerminalSettingsForTable().cols = kCols;
-        TerminalSettingsForTable().rows = kRows;
-        OpenScreenRig();
+    SelectionTest() {
+        OpenScreenRig(kCols, kRows);
         Feed("abcdefghijklmnopqrst\nuvwx\x1b[2;10Hyz\n\n0123");
     }
     static void PointTo(int column, int row) {
@@ -48,16 +48,18 @@ class SelectionTest : public testing::Test {
         for (const auto& [column, row] : places) PointTo(column, row);
         return Finish();
     }
-    // Cells whose picture differs from `before`.
+    // Cells whose picture differs from `before`, at each of their edges.
     static std::vector<int> Lit(const QImage& before) {
         const QImage now = TerminalPicture();
         std::vector<int> cells;
         for (int cell = 0; cell < kCols * kRows; ++cell) {
-            const int x = cell % kCols * terminalMetrics.charWidth + 4;
-            const int y = cell / kCols * terminalMetrics.charHeight + 4;
-            const QRgb changed = now.pixel(x, y) ^ before.pixel(x, y);
+            const QRect box(cell % kCols * terminalMetrics.charWidth + 2,
+                            cell / kCols * terminalMetrics.charHeight + 2,
+                            terminalMetrics.charWidth, terminalMetrics.charHeight);
+            const QRgb changed = now.pixel(box.topLeft()) ^ before.pixel(box.topLeft());
             if (changed) cells.push_back(cell);
             EXPECT_TRUE(changed == 0 || changed == 0x404040u) << cell;
+            EXPECT_EQ(now.pixel(box.bottomRight()) ^ before.pixel(box.bottomRight()), changed);
         }
         return cells;
     }
@@ -84,10 +86,10 @@ TEST_F(SelectionTest, LitCellsAndCopiedTextOfEachPath) {
         EXPECT_EQ(Finish(), each.copied);
         EXPECT_EQ(Lit(before), std::vector<int>());
     }
-    EXPECT_TRUE(WindowIsOpen(kNoticeWindow));
+    EXPECT_EQ(GadgetText(kNoticeText), "Selection copied to clipboard");
 }
 
-TEST_F(SelectionTest, TextOfRows) {
+TEST_F(SelectionTest, CopiesRowsAsTheyAreHeld) {
     EXPECT_EQ(Select({}), "untouched");
     EXPECT_EQ(Select({{5, 3}, {3, 4}}), "untouched");  // line ends alone
     Feed("\x1b[5;1H     ");
@@ -98,24 +100,61 @@ TEST_F(SelectionTest, TextOfRows) {
     EXPECT_EQ(Select({{18, 0}, {19, 0}, {1, 3}}), "st\ruvwxyz\r\r01");
     EXPECT_EQ(Select({{15, 0}, {kCols + 2, 0}}), "pqrst\ruvw");  // past the right edge
     EXPECT_EQ(Select({{0, 3}}), "0");                            // one move, one cell
-    TerminalSettingsForTable().adviseCopied = 0;
-    EXPECT_EQ(Select({{0, 0}, {4, 0}}), "untouched");
-}
-
-TEST_F(SelectionTest, OutsideTheCanvasAndScrolledBack) {
     // In front of the first cell the selection is gone; one begins where it comes back.
     EXPECT_EQ(Select({{5, 1}, {3, 0}, {3, -1}}), "untouched");
     EXPECT_EQ(Select({{-1, 0}, {5, 1}, {3, -1}, {1, 0}, {3, 0}}), "bcd");
     EXPECT_EQ(Select({{0, 0}, {-(1 << 24), -(1 << 24)}}), "untouched");
     // Below the last line held, that line is read again.
     Feed("\x1b[5;1Hlast");
-    EXPECT_EQ(Select({{0, 4}, {1, 6}}), "last\rlast\rla");
-    EXPECT_EQ(Select({{0, 4}, {1 << 24, 1 << 24}}).left(10), "last\rlast\r");
+    EXPECT_EQ(Select({{0, 4}, {1, 6}}), "last \rlast \rla");
+    EXPECT_EQ(Select({{0, 4}, {1 << 24, 1 << 24}}).left(12), "last \rlast \r");
     SetScrollBackLimits(100, 3);  // what bounds a copy does not bound a selection
     Feed("\n\n\n");
     EXPECT_EQ(Select({{0, 0}, {9, 0}}), "0123");
     TerminalScrollDown(100);
     EXPECT_EQ(Select({{0, 0}, {5, 0}}), "abcdef");
+    TerminalSettingsForTable().adviseCopied = 0;
+    EXPECT_EQ(Select({{0, 0}, {4, 0}}), "untouched");
+}
+
+TEST(TerminalText, LinesUpToTheirLengthAndTheirFiles) {
+    OpenScreenRig(10, 3);
+    Feed("one\n\x1b[1;6Htwo\nthree\nfour\xE9\n\n");
+    const QString visible = "fouré \r\n\r\n\r\n", all = "one  two \r\nthree \r\n" + visible;
+    EXPECT_EQ(GetTerminalText(TextPart::kAll), all);
+
+    const ScratchFolder folder;
+    static FileChoice answer;
+    DialogAnswers answers;
+    answers.file = [](const QString&, const QString&) { return answer; };
+    AnswerDialogs(&answers);
+    StartCapture();
+    CaptureText("captured\x1b[m\ré→");
+    const struct {
+        FileChoice chosen;
+        TextPart what;
+        QString name, text;
+    } cases[] = {
+        {{"a", 0}, TextPart::kVisible, "a.bas", visible},
+        {{"b", 1}, TextPart::kAll, "b.txt", all},
+        {{"c", 2}, TextPart::kVisible, "c", visible},
+        {{"missing/f", 0}, TextPart::kVisible, "missing/f.bas", ""},
+        {{".", 2}, TextPart::kVisible, ".", ""},                             // a folder
+        {{QString(), 0}, TextPart::kCapture, ".bas", "captured\x1b[m\ré?"},  // a cancelled dialog
+    };
+    for (const auto& each : cases) {
+        answer = each.chosen;
+        SaveTerminalText(each.what);
+        EXPECT_EQ(QString::fromLatin1(ScratchFolder::Get(each.name)), each.text)
+            << each.name.toStdString();
+    }
+    EXPECT_EQ(capture.buffer, "");
+    EXPECT_EQ(QDir().entryList(QDir::Files | QDir::Hidden).size(), 4);
+
+    TerminalScrollDown(2);
+    SetLineEnding("CR");
+    SetScrollBackLimits(100, 4);
+    EXPECT_EQ(GetTerminalText(TextPart::kVisible), "one \rthre\rfour\r");
 }
 
 }  // namespace

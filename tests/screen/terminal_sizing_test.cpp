@@ -1,27 +1,21 @@
-// Sizes, fonts, the window around the terminal, the scroll bar, and lines of other threads.
+// Sizes, the window around the terminal, the scroll bar, what an emptied terminal keeps,
+// and lines of other threads.
 #include <gtest/gtest.h>
 
 #include <thread>
 #include <tuple>
 
 #include "terminal/screen/ColourScheme.h"
-#include "terminal/screen/TerminalFonts.h"
-#include "terminal/screen/TerminalMode.h"
-#include "terminal/screen/TerminalSizing.h"
-#include "terminal/screen/WindowLayout.h"
 #include "tests/screen/ScreenRig.h"
-#include "ui/events/EventQueue.h"
-#include "ui/events/WaitWindowEvent.h"
-#include "ui/windows/Dialogs.h"
-#include "ui/windows/Windows.h"
+#include "ui/gadgets/TextEntryGadget.h"
 
 namespace {
 
 QString answer, asked;
 
-class TerminalSizingTest : public testing::Test {
+class TerminalSizing : public testing::Test {
   protected:
-    void SetUp() override {
+    TerminalSizing() {
         OpenScreenRig();
         answers.text = [](const QString& title, const QString& prompt, const QString& preset) {
             asked = title + "|" + prompt + "|" + preset;
@@ -29,7 +23,6 @@ class TerminalSizingTest : public testing::Test {
         };
         AnswerDialogs(&answers);
     }
-    void TearDown() override { AnswerDialogs(nullptr); }
     DialogAnswers answers;
 };
 
@@ -43,20 +36,22 @@ void ExpectFitting() {
     const int height = terminalScreen.rows * terminalMetrics.charHeight + 4;
     const int top = mainWindowPlace.contentTop;
     EXPECT_EQ(TerminalPicture().size(), QSize(width, height));
-    EXPECT_EQ(GadgetWidth(kTerminalCanvas), width);
-    EXPECT_EQ(GadgetHeight(kFrameCanvas), height + 10);
-    EXPECT_EQ(GadgetX(kTerminalScrollBar), width + 17);
-    EXPECT_EQ(GadgetY(kTerminalScrollBar), top);
+    EXPECT_EQ(CanvasPicture(kFrameCanvas).size(), QSize(width + 10, height + 10));
+    EXPECT_EQ(PlaceOf(kTerminalCanvas), QRect(5, 5, width, height));
+    EXPECT_EQ(PlaceOf(kFrameCanvas), QRect(5, top, width + 10, height + 10));
+    EXPECT_EQ(PlaceOf(kTerminalScrollBar), QRect(width + 17, top, 18, height));
     EXPECT_EQ(WindowWidth(kMainWindow, WindowMeasure::kInner), width + 40);
     EXPECT_EQ(WindowHeight(kMainWindow, WindowMeasure::kInner), height + top + 35);
+    EXPECT_EQ(mainWindowPlace.width, width + 40);
+    EXPECT_EQ(mainWindowPlace.height, height + top + 35);
     const std::string text = Size().replace(Size().find('x'), 1, " x ") + " char, " +
                              std::to_string(width) + " x " + std::to_string(height) + " pixels";
     EXPECT_EQ(GadgetText(kTerminalSizeText).toStdString(), text);
     EXPECT_EQ(TerminalLineCount(), terminalScreen.rows + 1);
-    EXPECT_EQ(RowText(1), "");
+    EXPECT_EQ(ScreenText(), "");
 }
 
-TEST_F(TerminalSizingTest, AsksForASize) {
+TEST_F(TerminalSizing, AsksForASize) {
     const std::pair<const char*, const char*> rows[] = {
         {"80X24", "80x24"},    {"81 x 25", "81x25"}, {"82 26", "82x26"},
         {"83 X  27", "83x27"}, {"149x79", "149x79"}, {"150x79", "149x79"},
@@ -75,13 +70,13 @@ TEST_F(TerminalSizingTest, AsksForASize) {
     answer = "60 x 20";  // the present size clears all the same
     AskTerminalSize();
     ExpectFitting();
-    Feed("text");
+    TerminalSettingsForTable().defaultCols = 70;
     RestoreDefaultTerminalSize();
-    EXPECT_EQ(Size(), "101x50");
+    EXPECT_EQ(Size(), "70x50");
     ExpectFitting();
 }
 
-TEST_F(TerminalSizingTest, TheDeviceResizesWithinBounds) {
+TEST_F(TerminalSizing, TheDeviceResizesWithinBounds) {
     const std::pair<const char*, const char*> rows[] = {
         {"\x1b[8;24;80t", "80x24"},
         {"\x1b[8;9999999;9999999t", "256x256"},
@@ -102,14 +97,13 @@ TEST_F(TerminalSizingTest, TheDeviceResizesWithinBounds) {
     EXPECT_EQ(TerminalLineAt(1)->cells[1].fg, terminalSettings.palette[1]);
     SetAllowResize(false);
     Feed("\x1b[8;24;80tA");
-    EXPECT_EQ(Size(), "30x10");
-    EXPECT_EQ(RowText(1), "redA.");
+    EXPECT_EQ(Size() + RowText(1), "30x10redA.");
     SwitchDarkBackground();
     ExpectFitting();
     EXPECT_EQ(TerminalPicture().pixel(1, 1), 0xFFFFFFFF);
 }
 
-TEST_F(TerminalSizingTest, StrangeSettingsAreHeld) {
+TEST_F(TerminalSizing, StrangeSettingsAreHeld) {
     TerminalSettings& settings = TerminalSettingsForTable();
     settings.cols = -7;
     settings.rows = 1 << 30;
@@ -119,21 +113,28 @@ TEST_F(TerminalSizingTest, StrangeSettingsAreHeld) {
     SetUpTerminal();
     EXPECT_EQ(Size(), "101x256");
     EXPECT_EQ(terminalMetrics.charHeight, 1);
-    LayoutMainWindow();
     Feed("A\n\nB\x1bM\x1bM");
     EXPECT_FALSE(TerminalPicture().isNull());
 }
 
-TEST_F(TerminalSizingTest, LaysOutTheShownRows) {
+TEST_F(TerminalSizing, LaysOutTheShownRowsAndGivesTheFocus) {
+    TextEntryGadget(kCommandEntry, 0, 0, 9, 9, "");
+    for (int i = 0; i < 1000 && FocusedGadget() != kTerminalCanvas; ++i) WaitForEvent(1);
+    FocusGadget(kCommandEntry);
+    ResizeNumberedWindow(kMainWindow, 31, 32, 903, 704);
+    PaintTerminalFrame(false);
+    EXPECT_EQ(CanvasPicture(kFrameCanvas).pixel(2, 2), 0xFFF0F0F0);
     SetLinesToShow("10a2");
     LayoutMainWindow();
-    EXPECT_EQ(mainWindowPlace.contentTop, 55);
+    const MainWindowPlace& place = mainWindowPlace;
+    EXPECT_EQ(QRect(place.x, place.y, place.width, place.height), QRect(31, 32, 903, 704));
+    EXPECT_EQ(FocusedGadget(), kTerminalCanvas);
+    EXPECT_EQ(CanvasPicture(kFrameCanvas).pixel(2, 2), 0xFF7FC2FF);
+    EXPECT_EQ(place.contentTop, 55);
     for (int i = 0; i < kToolbarRows; ++i)
         EXPECT_EQ(GadgetHidden(kFirstToolbarRow + i), i != 0 && i != 3) << i;
-    EXPECT_EQ(GadgetY(kFirstToolbarRow + 3), 30);
-    SetLinesToShow("");
-    LayoutMainWindow();
-    EXPECT_EQ(mainWindowPlace.contentTop, 5);
+    EXPECT_EQ(PlaceOf(kFirstToolbarRow), QRect(5, 5, 810, 25));
+    EXPECT_EQ(PlaceOf(kFirstToolbarRow + 3), QRect(5, 30, 810, 25));
 }
 
 void ExpectView(int topLine, int topLimit, int bar) {
@@ -147,8 +148,9 @@ void MoveBar(int position) {
     ScrollBarChanged();
 }
 
-// The bar reaches 40 lines less than the scrollback, and nothing holds its lower part.
-TEST_F(TerminalSizingTest, TheScrollBarMovesTheView) {
+// The bar reaches 40 lines less than the scrollback, and nothing holds its lower part. An
+// emptied terminal keeps where it stood, the attribute, the pending colours and the capture.
+TEST_F(TerminalSizing, TheScrollBarMovesTheView) {
     for (int i = 0; i < 100; ++i) TerminalPrintLine(QString::number(i));
     ExpectView(51, 51, 51);
     MoveBar(20);
@@ -160,11 +162,20 @@ TEST_F(TerminalSizingTest, TheScrollBarMovesTheView) {
     Feed(std::string(2000, '\n'));
     ExpectView(1024, 1024, 1024 - 40);
     MoveBar(500);
+    Feed("\x1b[31m\x1b[1mA");
+    StartCapture();
+    ClearTerminal(kTerminalCanvas);
+    ExpectView(0, 0, 500);
+    EXPECT_EQ(TerminalLineCount(), 51);
+    EXPECT_EQ(terminalScreen.textAttr, kAttributeBold);
+    EXPECT_EQ(terminalScreen.pendFg, terminalSettings.palette[1]);
+    EXPECT_EQ(terminalScreen.curFg, 0xFFFFFFu);
+    EXPECT_TRUE(capture.on);
     Feed("\x1b[99;1H\n\x1b[8;24;80t");  // the bar stays where the last scroll put it
-    ExpectView(0, 0, 501);
+    ExpectView(0, 0, 1);
 }
 
-TEST_F(TerminalSizingTest, PrintsLinesOfOtherThreadsInOrderWithTheirEvents) {
+TEST_F(TerminalSizing, PrintsLinesOfOtherThreadsInOrderWithTheirEvents) {
     std::thread worker([] {
         TerminalPrintLine("one");
         PostInterfaceEvent(kEventSendStatus, kMainWindow, kNone, 0);

@@ -42,6 +42,7 @@ bool KeepStartState(void (*putBack)()) {
 
 void PutBackInterface() {
     AnswerDialogs(nullptr);
+    RequestLeave(false);
     for (int i = 0; i < 3; ++i) StopDrawing();
     CloseNumberedWindow(-1);
     DropMenus();

@@ -1,9 +1,6 @@
 // A canvas: its events, their data, and what the user types while the program is busy.
 
-#include "tests/support/Gestures.h"
-#include "ui/drawing/CanvasEventData.h"
-#include "ui/drawing/Drawing.h"
-#include "ui/drawing/PBCanvasWidget.h"
+#include "tests/ui/UiTest.h"
 
 namespace {
 
@@ -19,61 +16,80 @@ QWidget* OpenCanvas() {
     return WidgetOfGadget(kCanvas);
 }
 
-// The characters of all input events that wait, and the codes of all keys.
-struct Typed {
-    QString text;
-    std::vector<int> keys;
-    int modifiers = 0;  // of the last one
-};
-Typed TakeTyping() {
-    Typed typed;
-    while (WaitForEvent(0) != kNoEvent) {
-        typed.modifiers = EventAttribute(kCanvas, kAttributeModifiers);
-        const int key = EventAttribute(kCanvas, kAttributeKey);
-        EXPECT_EQ(key != 0, EventType() == kTypeKeyDown);
-        if (key != 0) typed.keys.push_back(key);
-        if (EventType() == kTypeInput)
-            typed.text += QChar(EventAttribute(kCanvas, kAttributeInput));
+// What the event that waits next carries.
+std::string Data(int gadget = kCanvas) {
+    std::string data = std::to_string(WaitForEvent(0) == kEventGadget ? EventType() : 0);
+    for (int attribute = kAttributeMouseX; attribute <= kAttributeKeyOfText; ++attribute)
+        data += " " + std::to_string(EventAttribute(gadget, attribute));
+    return data;
+}
+
+TEST(Canvas, EventsCarryPlaceButtonsAndModifiers) {
+    QWidget* const canvas = OpenCanvas();
+    const struct {
+        Qt::MouseButton button;
+        Qt::KeyboardModifier modifier;
+        const char* data;
+    } rows[] = {
+        {Qt::LeftButton, Qt::ShiftModifier, "65539 12 34 1 0 1 0 0 0 0"},
+        {Qt::RightButton, Qt::AltModifier, "65539 12 34 2 0 2 0 0 0 0"},
+        {Qt::MiddleButton, Qt::ControlModifier, "65539 12 34 4 0 4 0 0 0 0"},
+    };
+    for (const auto& row : rows) {
+        QMouseEvent move(QEvent::MouseMove, QPoint(12, 34), Qt::NoButton, row.button, row.modifier);
+        QApplication::sendEvent(canvas, &move);
+        EXPECT_EQ(Data(), row.data);
+        EXPECT_EQ(EventAttribute(kFrameCanvas, kAttributeMouseX), 0);
     }
-    return typed;
+    Turn(canvas, -240);
+    EXPECT_EQ(Data(), "65546 5 5 0 0 0 0 -2 0 0");
+    Click(canvas, QPoint(12, 34));
+    EXPECT_EQ(Data(), "65541 12 34 0 0 0 0 0 0 0");
+    EXPECT_EQ(Data(), "0 12 34 0 0 0 0 0 0 0");
+    ClickAgain(canvas, QPoint(12, 34));  // the second press is one like any other
+    EXPECT_EQ(TakeEvents().size(), 2u);
+    Press(canvas, QPoint(10, 20), Qt::LeftButton);
+    Release(canvas, QPoint(-10, 20), Qt::LeftButton);  // no click: it ends outside
+    Press(canvas, QPoint(10, 20), Qt::RightButton);
+    Release(canvas, QPoint(10, 20), Qt::LeftButton);
+    EXPECT_EQ(TakeEvents(kEventGadget), Events(2, GadgetEvent(kCanvas, kTypeLeftButtonUp)));
+    // Moves with no button collapse, and the last place stands.
+    for (int x = 1; x < 9; ++x) Move(canvas, QPoint(x, 3), Qt::NoButton);
+    EXPECT_EQ(Data(), "65539 8 3 0 0 0 0 0 0 0");
+    for (int x = 1; x < 9; ++x) Move(canvas, QPoint(x, 3), Qt::LeftButton);
+    EXPECT_EQ(TakeEvents().size(), 8u);
 }
 
 // Each key gives a key-down, then one input for each unit of its text. Equal events merge,
 // but equal keys in a row are no burst: each was typed.
 TEST(Canvas, NothingTypedIsLostWhileAHandlerKeepsTheLoop) {
     QWidget* const canvas = OpenCanvas();
+    ButtonGadget(62, 300, 5, 80, 20, "Connect");
     Key(canvas, Qt::Key_C, "\x03", Qt::ControlModifier | Qt::AltModifier);
     for (int i = 0; i < 3; ++i) Key(canvas, Qt::Key_Up);
-    const QString text = QString::fromUtf8("aab\tbb\xF0\x9F\x98\x80");
-    for (const QChar c : text.left(6)) Key(canvas, c.unicode(), c);
-    Key(canvas, Qt::Key_A, text.mid(6), Qt::ShiftModifier);
-    WaitForEvent(0);
-    EXPECT_EQ(EventAttribute(kCanvas, kAttributeModifiers), kModifierControl + kModifierAlt);
-    EXPECT_EQ(EventAttribute(kCanvas, kAttributeInput), 0);
-    EXPECT_EQ(EventAttribute(kCanvas, kAttributeKey), Qt::Key_C);
-    const Typed typed = TakeTyping();
-    EXPECT_EQ(typed.text, "\x03" + text);
-    const std::vector<int> keys = {Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, 'a', 'a',
-                                   'b',        '\t',       'b',        'b', Qt::Key_A};
-    EXPECT_EQ(typed.keys, keys);
-    EXPECT_EQ(typed.modifiers, kModifierShift);
-}
-
-TEST(Canvas, AClickEndsInsideAndMovesCollapse) {
-    QWidget* const canvas = OpenCanvas();
-    Press(canvas, QPoint(10, 20), Qt::LeftButton);
-    Release(canvas, QPoint(-10, 20), Qt::LeftButton);
-    EXPECT_EQ(TakeEvents(), (Events{GadgetEvent(kCanvas, kTypeLeftButtonUp)}));
-    // Moves with no button collapse, and the last place stands.
-    for (int x = 1; x < 9; ++x) Move(canvas, QPoint(x, 3), Qt::NoButton);
-    EXPECT_EQ(WaitForEvent(0), kEventGadget);
-    EXPECT_EQ(EventAttribute(kCanvas, kAttributeMouseX), 8);
-    EXPECT_EQ(WaitForEvent(0), kNoEvent);
+    Key(canvas, Qt::Key_A, QString::fromUtf8("b\xF0\x9F\x98\x80"), Qt::ShiftModifier);
+    QInputMethodEvent composed;
+    composed.setCommitString(QString::fromUtf8("\xC3\xA9"));
+    QApplication::sendEvent(canvas, &composed);
+    QTest::keyClick(canvas, Qt::Key_Tab);  // a key of a terminal
+    QString typed;
+    while (WaitForEvent(0) != kNoEvent) {
+        for (const int attribute :
+             {kAttributeKey, kAttributeInput, kAttributeKeyOfText, kAttributeModifiers})
+            typed += QString::number(EventAttribute(kCanvas, attribute), 16) + " ";
+        typed += "| ";
+    }
+    EXPECT_EQ(
+        typed.toStdString(),
+        "43 0 0 6 | 0 3 43 6 | 1000013 0 0 0 | 1000013 0 0 0 | 1000013 0 0 0 | 41 0 0 1 | "
+        "0 62 41 1 | 0 d83d 41 1 | 0 de00 41 1 | 0 e9 0 1 | 1000001 0 0 0 | 0 9 1000001 0 | ");
+    EXPECT_EQ(FocusedGadget(), kCanvas);
 }
 
 TEST(Canvas, WheelTurnsAddUpToWholeSteps) {
     QWidget* const canvas = OpenCanvas();
     static std::vector<int> wheelSteps;
+    wheelSteps.clear();
     const auto note = [] { wheelSteps.push_back(EventAttribute(kCanvas, kAttributeWheel)); };
     BindGadgetHandler(kCanvas, note, kTypeMouseWheel);
     for (const int units : {60, 59, 1, 300, 60, -60, -119, -1, -240, 15, 105}) Turn(canvas, units);
@@ -84,14 +100,17 @@ TEST(Canvas, WheelTurnsAddUpToWholeSteps) {
 }
 
 // A canvas has its size at once: what is drawn before the window shows stays, and what is
-// there stays when the size changes.
+// there stays when the size changes. What changed shows soon, and at once in a wait.
 TEST(Canvas, ShowsItsImage) {
     OpenNumberedWindow(kTestWindow, 0, 0, 300, 200, "Test", kStandardWindowFlags);
     CanvasGadget(kCanvas, 5, 5, 100, 50, kCanvasKeyboard);
     ResizeGadget(kCanvas, kKeep, kKeep, 200, 100);
-    ASSERT_TRUE(StartDrawing(kCanvas));
-    DrawBox(0, 0, 200, 100, 0x0000FF);
-    StopDrawing();
+    const auto fill = [](uint32_t colour) {
+        ASSERT_TRUE(StartDrawing(kCanvas));
+        DrawBox(0, 0, 200, 100, colour);
+        StopDrawing();
+    };
+    fill(0x0000FF);
     TakeEvents();
     ResizeGadget(kCanvas, kKeep, kKeep, 250, kKeep);
     PBCanvasWidget* const canvas = FindCanvas(kCanvas);
@@ -103,7 +122,6 @@ TEST(Canvas, ShowsItsImage) {
         const QSize size = CanvasPicture(kCanvas).size();
         EXPECT_LE(int64_t(size.width()) * size.height(), kMostPicturePixels);
     }
-    canvas->ShowSoon(QRect(-5, -5, 1000000, 1000000));
 }
 
 // On a finer screen the canvas has that screen's pixels, and they go there one for one.
