@@ -2,6 +2,8 @@
 // part's own header; this one only puts them together.
 #pragma once
 
+#include <deque>
+
 #include "simulator/BoardActivity.h"
 #include "simulator/BoardClock.h"
 #include "simulator/BoardFacts.h"
@@ -9,7 +11,6 @@
 #include "simulator/BoardText.h"
 #include "simulator/FlashSlots.h"
 #include "simulator/LineEditor.h"
-#include "simulator/LineReader.h"
 #include "simulator/Pager.h"
 #include "simulator/ProgramMemory.h"
 #include "simulator/ProgramReceive.h"
@@ -42,11 +43,10 @@ struct Board {
     bool stopAsked = false;  // Ctrl-C came while the board was busy
 
     BoardOutput out;
-    BoardInput in;
+    std::deque<unsigned char> ring;  // what waits; at most facts.line.ring bytes
     TelnetCoding telnet;
     PromptState prompt;
     LineEditor editor;
-    LineReader reader;
     ProgramReceive receive;
     ProgramMemory program;
     FlashSlots flash;

@@ -11,12 +11,11 @@ constexpr unsigned char kCtrlC = 3;
 
 // Over USB the host waits; one that doesn't loses what it sends too much.
 void Store(Board& board, unsigned char c) {
-    BoardInput& in = board.in;
-    if (in.ring.size() >= board.facts.line.ring) {
+    if (board.ring.size() >= board.facts.line.ring) {
         if (!board.facts.line.dropsOldest) return;
-        in.ring.pop_front();
+        board.ring.pop_front();
     }
-    in.ring.push_back(c);
+    board.ring.push_back(c);
 }
 
 // A Ctrl-C that came meanwhile stops the program that would go on now.
@@ -47,7 +46,7 @@ void WakeIn(Board& board, int64_t ms) {
 // Work of no time is done at once, so that its follow-up stands behind it in every case.
 void BusyThen(Board& board, int64_t ms, void (*then)(Board& board), bool deaf) {
     if (ms <= 0) return then(board);
-    if (deaf) board.in.ring.clear();
+    if (deaf) board.ring.clear();
     StartActivity(board, deaf ? kDeafBusy : kBusy);
     board.afterBusy = then;
     board.stopAsked = false;
@@ -62,7 +61,7 @@ void AcceptByte(Board& board, unsigned char c) {
     if (board.activity->deaf) return;
     if (board.facts.line.sevenBits && !board.activity->protocol) c &= 0x7f;
     if (c == kCtrlC && board.activity->stop) {
-        board.in.ring.clear();
+        board.ring.clear();
         board.activity->stop(board);
         return;
     }
@@ -71,9 +70,9 @@ void AcceptByte(Board& board, unsigned char c) {
 
 // One byte at a time, because each may hand the console to another activity.
 void PumpInput(Board& board) {
-    while (board.activity->byte && !board.in.ring.empty()) {
-        const unsigned char c = board.in.ring.front();
-        board.in.ring.pop_front();
+    while (board.activity->byte && !board.ring.empty()) {
+        const unsigned char c = board.ring.front();
+        board.ring.pop_front();
         board.activity->byte(board, c);
     }
 }

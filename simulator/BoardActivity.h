@@ -1,10 +1,9 @@
 // What the board is doing: one activity at a time owns the console. It says who takes
-// the bytes that come, what happens when its time has come, and what Ctrl-C does. A ring
-// holds what comes while the board is busy.
+// the bytes that come, what happens when its time has come, and what Ctrl-C does. What comes
+// while the board is busy waits in its ring.
 #pragma once
 
 #include <cstdint>
-#include <deque>
 
 namespace simulator {
 struct Board;
@@ -18,10 +17,6 @@ struct BoardActivity {
     void (*stop)(Board& board);
     bool deaf = false;      // what comes is lost
     bool protocol = false;  // XMODEM's frames: all eight bits count
-};
-
-struct BoardInput {
-    std::deque<unsigned char> ring;  // at most facts.line.ring bytes
 };
 
 // Makes it the current one, with no time set.

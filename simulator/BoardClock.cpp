@@ -1,7 +1,8 @@
 #include "simulator/BoardClock.h"
 
+#include <array>
+#include <cstdio>
 #include <ctime>
-#include <vector>
 
 #include "simulator/Board.h"
 
@@ -10,81 +11,39 @@
 namespace simulator {
 namespace {
 
-// The chip keeps its own time: it is as far ahead as it was, less the step of the board's clock.
-void SetBoardSeconds(Board& board, int64_t seconds) {
-    board.clock.chipAhead += BoardSeconds(board) - seconds;
-    board.clock.seconds = seconds;
-    board.clock.setAt = board.now;
-}
+using Moment = std::array<int, 6>;  // year, month, day, hour, minute, second
 
-std::tm CivilNow(const Board& board) {
-    const time_t now = static_cast<time_t>(BoardSeconds(board));
+std::tm Civil(int64_t seconds) {
+    const time_t moment = static_cast<time_t>(seconds);
     std::tm civil = {};
-    gmtime_r(&now, &civil);
+    gmtime_r(&moment, &civil);
     return civil;
 }
 
-// At most three numbers between any of `separators`; false if one is none.
-bool ReadNumbers(std::string text, std::string_view separators, std::vector<int>* numbers) {
-    for (char& c : text) {
-        if (separators.find(c) != std::string_view::npos) c = ',';
-    }
-    for (const std::string& field : SplitFields(text, ',', 3)) {
-        int64_t number = 0;
-        if (!ReadInteger(field, &number) || number < 0 || number > 9999) return false;
-        numbers->push_back(static_cast<int>(number));
-    }
-    return true;
+Moment MomentOf(int64_t seconds) {
+    const std::tm c = Civil(seconds);
+    return {c.tm_year + 1900, c.tm_mon + 1, c.tm_mday, c.tm_hour, c.tm_min, c.tm_sec};
 }
 
-// Day, month, year; two-digit years are of this century, a large first one is the year.
-bool ReadDate(Board& board, const std::string& text, std::tm* civil) {
-    std::vector<int> parts;
-    if (!ReadNumbers(text, "-/", &parts) || parts.size() != 3) return Fail(board, "Invalid date");
-    if (parts[0] > 31) std::swap(parts[0], parts[2]);
-    if (parts[2] < 100) parts[2] += 2000;
-    if (parts[2] < 1970 || parts[2] > 2999) return Fail(board, "Year is not valid");
-    if (parts[1] < 1 || parts[1] > 12) return Fail(board, "Month is not valid");
-    civil->tm_mday = parts[0];
-    civil->tm_mon = parts[1] - 1;
-    civil->tm_year = parts[2] - 1900;
-    std::tm same = *civil;
-    timegm(&same);  // a day that isn't there becomes another one
-    return same.tm_mday == parts[0] || Fail(board, "Day is invalid");
+// Two-digit years are of this century. A moment that the calendar lacks comes back from there as
+// another one.
+void SetClock(Board& board, Moment typed) {
+    if (typed[0] < 100) typed[0] += 2000;
+    std::tm civil = {};
+    civil.tm_year = typed[0] - 1900;
+    civil.tm_mon = typed[1] - 1;
+    civil.tm_mday = typed[2];
+    civil.tm_hour = typed[3];
+    civil.tm_min = typed[4];
+    civil.tm_sec = typed[5];
+    const int64_t seconds = timegm(&civil);
+    if (MomentOf(seconds) != typed) Fail(board, "Invalid date or time");
+    if (!board.basic.failed) board.clock = {seconds, board.now};
 }
 
-// Minutes and seconds may be left out.
-bool ReadTime(Board& board, const std::string& text, std::tm* civil) {
-    std::vector<int> parts;
-    const bool read = ReadNumbers(text, ":", &parts);
-    parts.resize(3, 0);
-    if (!read || parts[0] > 23 || parts[1] > 59 || parts[2] > 59) {
-        return Fail(board, "Invalid time");
-    }
-    civil->tm_hour = parts[0];
-    civil->tm_min = parts[1];
-    civil->tm_sec = parts[2];
-    return true;
-}
-
-// DATE$ = keeps the time of day, TIME$ = keeps the date.
-void SetClock(Board& board, bool (*read)(Board& board, const std::string& text, std::tm* civil)) {
-    std::tm civil = CivilNow(board);
-    if (!Expect(board, '=')) return;
-    const std::string text = TakeText(board);
-    if (!board.basic.failed && read(board, text, &civil)) SetBoardSeconds(board, timegm(&civil));
-}
-
-// RTC SETTIME's year, month, day, hour, minute and second.
-bool TakeChipTime(Board& board, std::tm* civil) {
-    int n[6] = {};
-    for (int i = 0; i < 6; ++i) {
-        if (i > 0 && !TakeChar(board, ',')) return Fail(board, "Argument count");
-        n[i] = TakeInteger(board, 0, 9999);
-        if (board.basic.failed) return false;
-    }
-    return ReadDate(board, BoardFormat("%d-%d-%d", n[2], n[1], n[0]), civil) &&
-           ReadTime(board, BoardFormat("%d:%d:%d", n[3], n[4], n[5]), civil);
+// The text behind "=".
+std::string TakeSetting(Board& board) {
+    return Expect(board, '=') ? TakeText(board) : std::string();
 }
 
 }  // namespace
@@ -95,37 +54,42 @@ int64_t BoardSeconds(const Board& board) {
 }
 
 std::string FormatSeconds(int64_t seconds, const char* format) {
-    const time_t moment = static_cast<time_t>(seconds);
-    std::tm civil = {};
-    gmtime_r(&moment, &civil);
+    const std::tm civil = Civil(seconds);
     char text[64];
     return std::string(text, std::strftime(text, sizeof text, format, &civil));
 }
 
-std::string BoardDate(const Board& board) {
-    return FormatSeconds(BoardSeconds(board), "%d-%m-%Y");
-}
-
-std::string BoardTime(const Board& board) {
-    return FormatSeconds(BoardSeconds(board), "%H:%M:%S");
-}
-
+// Day, month, year; the time of day stays. Whatever stands behind them is a fault.
 void RunSetDate(Board& board) {
-    SetClock(board, ReadDate);
+    Moment m = MomentOf(BoardSeconds(board));
+    char rest = 0;
+    const std::string text = TakeSetting(board);
+    const int fields =
+        std::sscanf(text.c_str(), "%2d%*1[-/]%2d%*1[-/]%4d%c", &m[2], &m[1], &m[0], &rest);
+    SetClock(board, fields == 3 ? m : Moment());
 }
 
+// Minutes and seconds may be left out; the date stays.
 void RunSetTime(Board& board) {
-    SetClock(board, ReadTime);
+    Moment m = MomentOf(BoardSeconds(board));
+    m[4] = m[5] = 0;
+    char rest = 0;
+    const std::string text = TakeSetting(board);
+    const int fields = std::sscanf(text.c_str(), "%2d:%2d:%2d%c", &m[3], &m[4], &m[5], &rest);
+    SetClock(board, fields >= 1 && fields <= 3 ? m : Moment());
 }
 
-// RTC SETTIME sets the chip alone; RTC GETTIME takes its time over.
+// RTC SETTIME sets the moment by its six numbers. GETTIME has nothing to do, for chip and board
+// show the same time.
 void RunRtc(Board& board) {
-    std::tm civil = {};
-    const bool sets = TakeKeyword(board, "SETTIME");
-    if (!sets && !TakeKeyword(board, "GETTIME")) return Refuse(board, "Syntax");
-    if (!sets) return SetBoardSeconds(board, BoardSeconds(board) + board.clock.chipAhead);
-    if (!TakeChipTime(board, &civil)) return;
-    board.clock.chipAhead = timegm(&civil) - BoardSeconds(board);
+    if (TakeKeyword(board, "GETTIME")) return;
+    if (!TakeKeyword(board, "SETTIME")) return Refuse(board, "Syntax");
+    Moment m = {};
+    for (int& number : m) {
+        if (&number != &m[0] && !TakeChar(board, ',')) Fail(board, "Argument count");
+        number = TakeInteger(board, 0, 9999);
+    }
+    SetClock(board, m);
 }
 
 }  // namespace simulator

@@ -1,4 +1,4 @@
-// The board's own clock, and the clock chip that may stand beside it.
+// The board's own clock. The clock chip beside it shows the same time.
 #pragma once
 
 #include <cstdint>
@@ -13,16 +13,12 @@ constexpr int64_t kPowerUpSeconds = 1704067200;
 struct BoardClock {
     int64_t seconds = kPowerUpSeconds;  // since 1970 in civil time, at setAt
     int64_t setAt = 0;                  // ms
-    int64_t chipAhead = 0;              // seconds that the chip is ahead of the board
 };
 
 int64_t BoardSeconds(const Board& board);
 
 // Seconds since 1970 in civil time, by a format of strftime(3).
 std::string FormatSeconds(int64_t seconds, const char* format);
-
-std::string BoardDate(const Board& board);  // DD-MM-YYYY
-std::string BoardTime(const Board& board);  // HH:MM:SS
 
 // The statements DATE$ = and TIME$ =, and RTC.
 void RunSetDate(Board& board);

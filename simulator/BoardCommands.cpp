@@ -1,12 +1,25 @@
-#include "simulator/BoardCommands.h"
-
+// Commands on the board itself: its program, its options, its clock and the restart.
 #include "simulator/Board.h"
+#include "simulator/Listings.h"
+#include "simulator/basic/BasicCommands.h"
 #include "simulator/files/FileCommands.h"
 
 namespace simulator {
 namespace {
 
-constexpr int kMaximumPin = 99999999;
+// The flash is erased, which takes its time; then the plain prompt follows.
+void RunNew(Board& board) {
+    ClearVariables(board);
+    board.program.lines.clear();
+    BusyThen(board, board.facts.flash.newMs, ReturnToPrompt);
+}
+
+void RunRun(Board& board) {
+    std::string path;
+    if (!AtStatementEnd(board) && (!TakeProgramPath(board, &path) || !LoadProgram(board, path)))
+        return;
+    RunProgram(board);
+}
 
 // The sign-on's first line stands above the list, with its CR in front.
 void ListOptions(Board& board) {
@@ -18,6 +31,7 @@ void ListOptions(Board& board) {
 
 // The PIN is kept for the next start and isn't listed. Who sets it has given it.
 void SetPin(Board& board) {
+    constexpr int kMaximumPin = 99999999;
     const int pin = TakeInteger(board, 0, kMaximumPin);
     if (board.facts.prompt.pinDelayMs < 0) Fail(board, "Syntax");
     if (board.basic.failed) return;
@@ -25,24 +39,10 @@ void SetPin(Board& board) {
     board.prompt.unlocked = true;
 }
 
-}  // namespace
-
-// The flash is erased, which takes its time; then the plain prompt follows.
-void RunNew(Board& board) {
-    ClearVariables(board);
-    ClearProgram(board);
-    BusyThen(board, board.facts.flash.newMs, ReturnToPrompt);
-}
-
-// RUN, RUN "f", RUN "f", "args". The arguments have no reader here.
-void RunRun(Board& board) {
-    if (!AtStatementEnd(board)) {
-        std::string path;
-        if (!TakeProgramPath(board, &path)) return;
-        if (TakeChar(board, ',')) TakeText(board);
-        if (board.basic.failed || !LoadProgram(board, path)) return;
-    }
-    RunProgram(board);
+void RunOption(Board& board) {
+    if (TakeKeyword(board, "LIST")) return ListOptions(board);
+    if (TakeKeyword(board, "PIN")) return SetPin(board);
+    Fail(board, "Only OPTION LIST and OPTION PIN are simulated");
 }
 
 void RunCpu(Board& board) {
@@ -50,10 +50,39 @@ void RunCpu(Board& board) {
     Fail(board, "Syntax");
 }
 
-void RunOption(Board& board) {
-    if (TakeKeyword(board, "LIST")) return ListOptions(board);
-    if (TakeKeyword(board, "PIN")) return SetPin(board);
-    Fail(board, "Only OPTION LIST and OPTION PIN are simulated");
+// Where LS lists, FILES is a file manager on the whole screen.
+void RunFilesCommand(Board& board) {
+    if (!board.facts.cmm2) return RunFiles(board);
+    Fail(board, "Its file manager is not in the simulated board: use LS");
+}
+
+constexpr auto kSlots = [](const BoardFacts& facts) { return facts.flash.slotMs > 0; };
+constexpr auto kCmm2 = [](const BoardFacts& facts) { return facts.cmm2; };
+constexpr auto kOldest = [](const BoardFacts& facts) {
+    return !facts.receive.saysSaved && !facts.cmm2;
+};
+constexpr auto kNewer = [](const BoardFacts& facts) { return !kOldest(facts); };
+
+}  // namespace
+
+const CommandRows& BoardCommands() {
+    static const CommandRows rows = {
+        {"Auto", StartProgramReceive, false, kOldest},
+        {"AutoSave", StartProgramReceive, false, kNewer},
+        {"CPU", RunCpu},
+        {"Date$", RunSetDate},
+        {"Files", RunFilesCommand},
+        {"Flash", RunFlash, false, kSlots},
+        {"List", RunList},
+        {"LS", RunFiles, false, kCmm2},
+        {"New", RunNew},
+        {"Option", RunOption},
+        {"RTC", RunRtc},
+        {"Run", RunRun, true},
+        {"Time$", RunSetTime},
+        {"XModem", RunXmodem},
+    };
+    return rows;
 }
 
 }  // namespace simulator

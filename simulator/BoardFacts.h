@@ -6,11 +6,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 namespace simulator {
-
-// What ends the receiving of a program text.
-enum class BoardReceiveEnd { kCtrlC, kCtrlZ, kCtrlZOrFunctionKey, kFunctionKey };
 
 // Layout of a line of FILES: kNameFirst "name size", kSized "size  name", kDated
 // "HH:MM DD-MM-YYYY size  name".
@@ -31,6 +29,7 @@ struct PromptFacts {
     const char* errorLead;  // before the message
     int errorDelayMs;       // wait before an error is printed
     bool fullEditor;        // knows keys and prints the line again; else "\b \b" alone
+    bool marksWrap;         // adds " \b" to the echo of a full row
     bool inputSkipsLf;      // the INPUT and PIN reader skips an LF behind a CR
     int pinDelayMs;         // silence after each answer to the PIN question; -1: no PIN
     bool softSignOn;        // a restart by software prints the sign-on
@@ -38,35 +37,31 @@ struct PromptFacts {
 };
 
 struct ReceiveFacts {
-    BoardReceiveEnd end;
-    bool holdsEcho;  // echo is flushed at CR, at 64 bytes or after 100 ms
-    bool hasQuiet;   // AUTOSAVE N
-    bool saysSaved;  // "Saved N bytes"
+    const char* endKeys;  // Ctrl-C, Ctrl-Z, or key codes of F1 and F2
+    bool holdsEcho;       // echo is flushed at CR, at 64 bytes or after 100 ms
+    bool saysSaved;       // "Saved N bytes"
 };
 
 struct ListingFacts {
     BoardListing layout;
-    int firstPage;      // lines before the first "PRESS ANY KEY ..."
-    int nextPage;       // lines before each further one
-    bool bytesFree;     // the summary tells the free bytes of drive A:
-    bool newListPager;  // LIST pages back and forth and waits after its last page
-    int listPage;       // lines of a page of LIST
+    int firstPage;   // lines before the first "PRESS ANY KEY ..."
+    int nextPage;    // lines before each further one
+    bool bytesFree;  // the summary tells the free bytes of drive A:
+    int listPage;    // lines of a page of LIST
 };
 
 struct XmodemFacts {
-    bool modern;     // SEND takes "C" for CRC, ends at one CAN, takes a lost EOT for success
+    bool modern;     // SEND ends with no silence, and takes a lost EOT for success
     int startTries;  // SEND: tries and their length before the start
     int startMs;
-    int resendMs;          // SEND: wait for the answer to a block
-    int eotMs;             // SEND: wait for the answer to EOT
-    const char* lastLine;  // what the last line of a program ends with
+    int resendMs;  // SEND: wait for the answer to a block
+    int eotMs;     // SEND: wait for the answer to EOT
 };
 
 struct FlashFacts {
     int newMs;   // NEW
     int saveMs;  // end of AUTOSAVE to "Saved"
-    int slotMs;  // FLASH SAVE, OVERWRITE, ERASE, LOAD
-    int slots;   // 0: the board has no FLASH commands
+    int slotMs;  // work on a slot; 0: no slots, and drive A: is a card with FAT
     size_t programBytes;
 };
 
@@ -76,11 +71,9 @@ struct BoardFacts {
     const char* signOn;   // first line of the sign-on without its line end
     const char* options;  // lines of OPTION LIST
     const char* device;   // MM.DEVICE$
-    double version;       // MM.VER
     int width;            // columns of the console
     int statementsPerMs;  // speed of a running program
     bool basic;           // else a plain command line, which only answers with its prompt
-    bool fat;             // the drive's messages are those of FAT
     // The ways of the CMM2: LS and files in place of FILES and program memory, a line end
     // between the lead and the loud prompt, which LIST and LS bring too, errors in one line.
     bool cmm2;
@@ -95,8 +88,6 @@ struct BoardFacts {
 // The row with that name, compared without regard to case; nullptr if there is none.
 const BoardFacts* FindBoardFacts(std::string_view name);
 
-// All rows in the order of the table.
-size_t BoardFactsCount();
-const BoardFacts& BoardFactsAt(size_t index);
+const std::vector<BoardFacts>& AllBoardFacts();
 
 }  // namespace simulator

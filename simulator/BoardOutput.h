@@ -40,7 +40,8 @@ void PutRaw(Board& board, std::string_view bytes);
 void NewLine(Board& board);
 void FreshLine(Board& board);
 
-// No room until the host has taken something.
+// No room until the host has taken something: who would print looks again a little later.
+constexpr int64_t kFullOutputWaitMs = 5;
 bool OutputIsFull(const Board& board);
 
 // For the driver: what has arrived by board.now, and when the next byte will have.

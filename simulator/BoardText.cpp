@@ -1,5 +1,7 @@
 #include "simulator/BoardText.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cstdarg>
 #include <cstdio>
 
@@ -30,43 +32,21 @@ std::string_view TrimBlanks(std::string_view text) {
 }
 
 bool SameWord(std::string_view a, std::string_view b) {
-    if (a.size() != b.size()) return false;
-    for (size_t i = 0; i < a.size(); ++i) {
-        if (UpperChar(a[i]) != UpperChar(b[i])) return false;
-    }
-    return true;
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return UpperChar(x) == UpperChar(y); });
 }
 
 bool StartsWithWord(std::string_view text, std::string_view start) {
-    return text.size() >= start.size() && SameWord(text.substr(0, start.size()), start);
+    return SameWord(text.substr(0, start.size()), start);
 }
 
-// There is always one field at least, if an empty one.
-std::vector<std::string> SplitFields(std::string_view text, char separator, size_t maximum) {
-    std::vector<std::string> fields;
-    while (fields.size() + 1 < maximum) {
-        const size_t end = text.find(separator);
-        if (end == std::string_view::npos) break;
-        fields.emplace_back(TrimBlanks(text.substr(0, end)));
-        text.remove_prefix(end + 1);
-    }
-    fields.emplace_back(TrimBlanks(text));
-    return fields;
-}
-
-// Fifteen digits can't overflow.
 bool ReadInteger(std::string_view text, int64_t* value) {
-    constexpr size_t kMaximumDigits = 15;
     text = TrimBlanks(text);
-    const bool negative = !text.empty() && text[0] == '-';
-    if (negative) text.remove_prefix(1);
-    if (text.empty() || text.size() > kMaximumDigits) return false;
-    int64_t sum = 0;
-    for (const char c : text) {
-        if (c < '0' || c > '9') return false;
-        sum = sum * 10 + (c - '0');
-    }
-    *value = negative ? -sum : sum;
+    int64_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, number);
+    if (read.ec != std::errc() || read.ptr != end) return false;
+    *value = number;
     return true;
 }
 
@@ -77,28 +57,6 @@ std::string BoardFormat(const char* format, ...) {
     vsnprintf(buffer, sizeof buffer, format, arguments);
     va_end(arguments);
     return buffer;
-}
-
-// Goes back to the last "*" only, which is enough and bounds the time.
-bool FitsPattern(std::string_view name, std::string_view pattern) {
-    size_t n = 0, p = 0;
-    size_t starPattern = std::string_view::npos, starName = 0;
-    while (n < name.size()) {
-        if (p < pattern.size() && pattern[p] == '*') {
-            starPattern = p++;
-            starName = n;
-        } else if (p < pattern.size() &&
-                   (pattern[p] == '?' || UpperChar(pattern[p]) == UpperChar(name[n]))) {
-            ++p, ++n;
-        } else if (starPattern != std::string_view::npos) {
-            p = starPattern + 1;
-            n = ++starName;
-        } else {
-            return false;
-        }
-    }
-    while (p < pattern.size() && pattern[p] == '*') ++p;
-    return p == pattern.size();
 }
 
 }  // namespace simulator

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace simulator {
 
@@ -20,18 +19,10 @@ std::string_view TrimBlanks(std::string_view text);
 bool SameWord(std::string_view a, std::string_view b);
 bool StartsWithWord(std::string_view text, std::string_view start);
 
-// Fields between `separator`, each trimmed. At most `maximum` fields, the last one
-// holding the rest.
-std::vector<std::string> SplitFields(std::string_view text, char separator, size_t maximum);
-
 // A decimal integer and nothing else; false leaves *value alone.
 bool ReadInteger(std::string_view text, int64_t* value);
 
 // printf into a text of at most 1023 bytes.
 std::string BoardFormat(const char* format, ...) __attribute__((format(printf, 1, 2)));
-
-// Does `name` fit `pattern` with * and ?, without regard to case? Takes time in
-// proportion to the product of both lengths at worst.
-bool FitsPattern(std::string_view name, std::string_view pattern);
 
 }  // namespace simulator

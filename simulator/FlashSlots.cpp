@@ -1,7 +1,7 @@
 #include "simulator/FlashSlots.h"
 
 #include "simulator/Board.h"
-#include "simulator/ListCommand.h"
+#include "simulator/Listings.h"
 #include "simulator/basic/BasicCommands.h"
 
 namespace simulator {
@@ -12,9 +12,9 @@ namespace {
 
 // nullptr with the firmware's words for a number that is no slot's.
 FlashSlot* TakeSlot(Board& board) {
-    const int number = TakeInteger(board, 1, kFlashSlots);
+    const int number = TakeInteger(board, 1, static_cast<int>(board.flash.size()));
     if (board.basic.failed) return nullptr;
-    return &board.flash.slots[static_cast<size_t>(number - 1)];
+    return &board.flash[static_cast<size_t>(number - 1)];
 }
 
 // Flash work takes its time; what is typed meanwhile waits.
@@ -23,10 +23,10 @@ void WorkThen(Board& board, void (*then)(Board& board)) {
 }
 
 // The first line is quoted as it stands: quotes inside it are not marked.
-std::string SlotLine(int number, const FlashSlot& slot) {
-    if (!slot.used) return BoardFormat(" Slot %d available", number);
-    if (slot.lines.empty()) return BoardFormat(" Slot %d in use", number);
-    return BoardFormat(" Slot %d in use: \"", number) + RecasedLine(slot.lines[0]) + "\"";
+std::string SlotLine(size_t number, const FlashSlot& slot) {
+    if (!slot.used) return BoardFormat(" Slot %zu available\r\n", number);
+    if (slot.lines.empty()) return BoardFormat(" Slot %zu in use\r\n", number);
+    return BoardFormat(" Slot %zu in use: \"", number) + RecasedLine(slot.lines[0]) + "\"\r\n";
 }
 
 // With a number the program of that slot is listed.
@@ -37,27 +37,16 @@ void ListSlots(Board& board) {
         if (slot) ListLines(board, slot->lines, !all);
         return;
     }
-    for (int i = 0; i < kFlashSlots; ++i) {
-        Put(board, SlotLine(i + 1, board.flash.slots[static_cast<size_t>(i)]));
-        NewLine(board);
-    }
-}
-
-void StoreInSlot(Board& board, FlashSlot* slot) {
-    *slot = {true, board.program.lines};
-    WorkThen(board, ResumeBasic);
+    for (size_t i = 0; i < board.flash.size(); ++i) Put(board, SlotLine(i + 1, board.flash[i]));
 }
 
 // SAVE spares a used slot, OVERWRITE doesn't ask.
-void SaveToSlot(Board& board) {
+void StoreInSlot(Board& board, bool overwrites) {
     FlashSlot* slot = TakeSlot(board);
     if (!slot) return;
-    if (slot->used) return Refuse(board, "Already programmed");
-    StoreInSlot(board, slot);
-}
-
-void OverwriteSlot(Board& board) {
-    if (FlashSlot* slot = TakeSlot(board)) StoreInSlot(board, slot);
+    if (slot->used && !overwrites) return Refuse(board, "Already programmed");
+    *slot = {true, board.program.lines};
+    WorkThen(board, ResumeBasic);
 }
 
 void EraseSlots(Board& board) {
@@ -65,32 +54,17 @@ void EraseSlots(Board& board) {
         board.flash = FlashSlots();
     } else if (FlashSlot* slot = TakeSlot(board)) {
         *slot = FlashSlot();
-    } else {
-        return;
     }
-    WorkThen(board, ResumeBasic);
-}
-
-bool FetchSlot(Board& board) {
-    const FlashSlot* slot = TakeSlot(board);
-    if (!slot) return false;
-    if (!slot->used) return Fail(board, "Flash slot empty");
-    board.program.lines = slot->lines;
-    BuildLabels(board);
-    return true;
+    if (!board.basic.failed) WorkThen(board, ResumeBasic);
 }
 
 // The line that was typed ends here: the program under it has changed.
-void LoadSlot(Board& board) {
-    if (FetchSlot(board)) WorkThen(board, ReturnToPrompt);
-}
-
-void RunSlot(Board& board) {
-    if (FetchSlot(board)) WorkThen(board, RunProgram);
-}
-
-void ChainSlot(Board& board) {
-    if (FetchSlot(board)) WorkThen(board, ChainProgram);
+void FetchSlot(Board& board, void (*then)(Board& board)) {
+    const FlashSlot* slot = TakeSlot(board);
+    if (!slot) return;
+    if (!slot->used) return Refuse(board, "Flash slot empty");
+    board.program.lines = slot->lines;
+    WorkThen(board, then);
 }
 
 struct FlashRow {
@@ -99,19 +73,21 @@ struct FlashRow {
 };
 
 const FlashRow kFlashRows[] = {
-    {"LIST", ListSlots}, {"SAVE", SaveToSlot}, {"OVERWRITE", OverwriteSlot}, {"ERASE", EraseSlots},
-    {"LOAD", LoadSlot},  {"RUN", RunSlot},     {"CHAIN", ChainSlot},
+    {"LIST", ListSlots},
+    {"SAVE", [](Board& board) { StoreInSlot(board, false); }},
+    {"OVERWRITE", [](Board& board) { StoreInSlot(board, true); }},
+    {"ERASE", EraseSlots},
+    {"LOAD", [](Board& board) { FetchSlot(board, ReturnToPrompt); }},
+    {"RUN", [](Board& board) { FetchSlot(board, RunProgram); }},
 };
 
 }  // namespace
 
 void RunFlash(Board& board) {
     for (const FlashRow& row : kFlashRows) {
-        if (!TakeKeyword(board, row.word)) continue;
-        row.run(board);
-        return;
+        if (TakeKeyword(board, row.word)) return row.run(board);
     }
-    Fail(board, "Syntax");
+    if (!RefuseAbsent(board, TakeWord(board))) Fail(board, "Syntax");
 }
 
 }  // namespace simulator

@@ -8,16 +8,12 @@
 namespace simulator {
 struct Board;
 
-constexpr int kFlashSlots = 3;
-
 struct FlashSlot {
     bool used = false;
     std::vector<std::string> lines;
 };
 
-struct FlashSlots {
-    std::array<FlashSlot, kFlashSlots> slots;
-};
+using FlashSlots = std::array<FlashSlot, 3>;
 
 void RunFlash(Board& board);
 

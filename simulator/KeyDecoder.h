@@ -9,16 +9,12 @@ namespace simulator {
 
 // Key codes of the firmware; characters stand for themselves. The same codes count when
 // they come as raw bytes.
-constexpr unsigned char kKeyUp = 0x80;
 constexpr unsigned char kKeyDown = 0x81;
 constexpr unsigned char kKeyF1 = 0x91;
 constexpr unsigned char kKeyF2 = 0x92;
 constexpr unsigned char kKeyF3 = 0x93;
 constexpr unsigned char kKeyF4 = 0x94;
-constexpr unsigned char kKeyF6 = 0x96;
 constexpr unsigned char kKeyF10 = 0x9a;
-constexpr unsigned char kKeyF11 = 0x9b;
-constexpr unsigned char kKeyF12 = 0x9c;
 
 // How long an unfinished sequence is held, ms.
 constexpr int64_t kEscapeHoldMs = 30;
@@ -27,11 +23,11 @@ struct KeyDecoder {
     std::string held;  // an unfinished sequence with its ESC; at most 5 bytes
 };
 
-// Takes one byte and appends the keys that are complete to *keys: none while a sequence
-// is held, several when a held one turned out to be plain characters.
-void DecodeKeyByte(KeyDecoder& decoder, unsigned char c, std::string* keys);
+// Takes one byte and gives the keys that are complete: none while a sequence is held,
+// several when a held one turned out to be plain characters.
+std::string DecodeKeyByte(KeyDecoder& decoder, unsigned char c);
 
 // Time is up for what is held: it was characters.
-void DecodeKeyTimeout(KeyDecoder& decoder, std::string* keys);
+std::string DecodeKeyTimeout(KeyDecoder& decoder);
 
 }  // namespace simulator

@@ -1,28 +1,34 @@
 #include "simulator/LineEditor.h"
 
+#include <utility>
+
 #include "simulator/Board.h"
 
-// One row for each key. What a key changes on the line is shown by printing the line anew
-// from its start, as the firmware does.
+// One row for each key. What a key changes on the line of a command is shown by printing the
+// line anew from its start, as the firmware does.
 
 namespace simulator {
 namespace {
 
 constexpr size_t kTabWidth = 2;
 constexpr size_t kPromptWidth = 2;
-constexpr double kWrapMarkVersion = 6.00;  // first firmware that marks a full row
+
+// The old boards know no key sequences: every byte is a character to them, as it is in answers.
+bool IsPlain(const Board& board) {
+    return board.editor.done || !board.facts.prompt.fullEditor;
+}
 
 // What would be too long is ignored in silence.
 void TypeCharacter(Board& board, char c) {
     std::string& line = board.editor.line;
-    if (line.size() >= kMaximumCommandLine) return;
+    if (line.size() >= kMaximumTyped) return;
     line += c;
     Echo(board, std::string(1, c));
-    // At the last column the firmware pushes the terminal's cursor round.
+    // At the last column newer firmware pushes the terminal's cursor round.
     const size_t width = static_cast<size_t>(board.facts.width);
-    if (board.facts.version >= kWrapMarkVersion && (line.size() + kPromptWidth) % width == 0) {
+    if (board.facts.prompt.marksWrap && !board.editor.done &&
+        (line.size() + kPromptWidth) % width == 0)
         Echo(board, " \b");
-    }
 }
 
 void Tab(Board& board) {
@@ -38,11 +44,10 @@ void Replace(Board& board, const std::string& text) {
     board.editor.line = text;
 }
 
-// Firmware with a full editor answers with the whole line, the older one with "\b \b".
 void RubOut(Board& board) {
     std::string& line = board.editor.line;
     if (line.empty()) return;
-    if (board.facts.prompt.fullEditor) return Replace(board, line.substr(0, line.size() - 1));
+    if (!IsPlain(board)) return Replace(board, line.substr(0, line.size() - 1));
     line.pop_back();
     Echo(board, "\b \b");
 }
@@ -52,19 +57,22 @@ void GoDown(Board& board) {
     Replace(board, "");
 }
 
-// "A:" alone changes the drive, "*name" runs a program.
-std::string ExpandShortForm(const std::string& line) {
-    if (SameWord(line, "A:") || SameWord(line, "B:")) return "DRIVE \"" + line + "\"";
-    if (line[0] == '*') return "RUN \"" + line.substr(1, line.find(' ') - 1) + "\"";
-    return line;
-}
-
 // An empty line just brings the prompt again.
-void Enter(Board& board) {
-    Echo(board, "\r\n");
+void RunTyped(Board& board) {
     const std::string line(TrimBlanks(board.editor.line));
     if (line.empty() || !board.facts.basic) return ReturnToPrompt(board);
-    StartDirectLine(board, ExpandShortForm(line));
+    StartDirectLine(board, line);
+}
+
+void Enter(Board& board) {
+    Echo(board, "\r\n");
+    if (!board.editor.done) return RunTyped(board);
+    board.editor.done(board, std::exchange(board.editor.line, {}));
+}
+
+// The LF of a CR LF is a second answer for older firmware, and skipped by the newer.
+void EnterByLf(Board& board) {
+    if (!board.editor.afterCr || !board.facts.prompt.inputSkipsLf) Enter(board);
 }
 
 struct EditorKey {
@@ -76,7 +84,7 @@ struct EditorKey {
 
 const EditorKey kEditorKeys[] = {
     {'\r', Enter, nullptr, false},
-    {'\n', Enter, nullptr, false},
+    {'\n', EnterByLf, nullptr, false},
     {'\t', Tab, nullptr, false},
     {'\b', RubOut, nullptr, false},
     {0x03, ReturnToPromptLoudly, nullptr, false},  // that waited behind a busy board
@@ -86,14 +94,12 @@ const EditorKey kEditorKeys[] = {
     {kKeyF3, Enter, "LIST", true},
     {kKeyF4, Enter, "EDIT", true},
     {kKeyF10, Enter, "AUTOSAVE", true},
-    {kKeyF11, Enter, "XMODEM RECEIVE", true},
-    {kKeyF12, Enter, "XMODEM SEND", true},
 };
 
 // Keys outside the table and outside printable ASCII are ignored.
 void TakeKey(Board& board, unsigned char key) {
     for (const EditorKey& row : kEditorKeys) {
-        if (row.code != key || (row.fullOnly && !board.facts.prompt.fullEditor)) continue;
+        if (row.code != key || (row.fullOnly && IsPlain(board))) continue;
         if (row.command && !board.editor.line.empty()) Replace(board, "");
         for (const char* c = row.command; c && *c; ++c) TypeCharacter(board, *c);
         row.act(board);
@@ -110,25 +116,20 @@ void TakeKeys(Board& board, const std::string& keys) {
     while (next < keys.size() && board.activity->byte == TakeByte) {
         TakeKey(board, static_cast<unsigned char>(keys[next++]));
     }
-    board.in.ring.insert(board.in.ring.begin(), keys.begin() + static_cast<long>(next), keys.end());
+    board.ring.insert(board.ring.begin(), keys.begin() + static_cast<long>(next), keys.end());
 }
 
-// The old boards know no key sequences: every byte is a character to them.
 void TakeByte(Board& board, unsigned char c) {
-    std::string keys(1, static_cast<char>(c));
-    if (board.facts.prompt.fullEditor) {
-        keys.clear();
-        DecodeKeyByte(board.editor.keys, c, &keys);
-    }
+    const std::string keys =
+        IsPlain(board) ? std::string(1, static_cast<char>(c)) : DecodeKeyByte(board.editor.keys, c);
     WakeIn(board, board.editor.keys.held.empty() ? kNeverMs : kEscapeHoldMs);
     TakeKeys(board, keys);
+    board.editor.afterCr = board.editor.done && c == '\r';
 }
 
 void EscapeIsOver(Board& board) {
-    std::string keys;
     WakeIn(board, kNeverMs);
-    DecodeKeyTimeout(board.editor.keys, &keys);
-    TakeKeys(board, keys);
+    TakeKeys(board, DecodeKeyTimeout(board.editor.keys));
 }
 
 const BoardActivity kEditing = {TakeByte, EscapeIsOver, ReturnToPromptLoudly};
@@ -137,7 +138,11 @@ const BoardActivity kEditing = {TakeByte, EscapeIsOver, ReturnToPromptLoudly};
 
 // Each prompt starts with an empty line and no held key.
 void StartLineEditor(Board& board) {
-    board.editor = LineEditor();
+    ReadLine(board, nullptr);
+}
+
+void ReadLine(Board& board, LineTaker done) {
+    board.editor = {{}, {}, done, done && board.editor.afterCr};
     StartActivity(board, kEditing);
 }
 

@@ -5,8 +5,6 @@
 #include <string_view>
 #include <vector>
 
-#include "simulator/KeyDecoder.h"
-
 namespace simulator {
 struct Board;
 
@@ -17,9 +15,6 @@ struct Pager {
     size_t next = 0;                 // line
     int left = 0;                    // lines that still fit on the page
     int pageLines = 0;               // of all pages but the first; 0: no stops
-    bool walks = false;              // pages back and forth, and waits after the last
-    size_t pageStart = 0;            // line
-    KeyDecoder keys;
 };
 
 // Adds `text` to the lines, broken after each `width` characters.

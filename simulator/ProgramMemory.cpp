@@ -1,5 +1,7 @@
 #include "simulator/ProgramMemory.h"
 
+#include <algorithm>
+
 #include "simulator/Board.h"
 #include "simulator/basic/BasicCommands.h"
 
@@ -15,25 +17,17 @@ const std::string kNoLine;
 std::string CleanLine(std::string_view line) {
     std::string clean;
     for (const char c : line) {
-        if (c == '\t') {
-            clean += ' ';
-        } else if (static_cast<unsigned char>(c) >= ' ') {
-            clean += c;
-        }
+        if (static_cast<unsigned char>(c) >= ' ' || c == '\t') clean += c == '\t' ? ' ' : c;
     }
     return clean;
 }
 
 // Takes the next line off `text`, with its end.
 std::string_view TakeLine(std::string_view* text) {
-    const size_t end = text->find_first_of("\r\n");
+    const size_t end = std::min(text->find_first_of("\r\n"), text->size());
     const std::string_view line = text->substr(0, end);
-    if (end == std::string_view::npos) {
-        *text = {};
-        return line;
-    }
-    const bool both = (*text)[end] == '\r' && end + 1 < text->size() && (*text)[end + 1] == '\n';
-    text->remove_prefix(end + (both ? 2 : 1));
+    const size_t endSize = text->substr(end, 2) == "\r\n" ? 2 : 1;
+    text->remove_prefix(std::min(end + endSize, text->size()));
     return line;
 }
 
@@ -41,26 +35,18 @@ std::string_view TakeLine(std::string_view* text) {
 
 const char* StoreProgram(Board& board, std::string_view text) {
     ProgramMemory& program = board.program;
-    ClearProgram(board);
+    program.lines.clear();
     ChargeWork(board, text.size());
     size_t size = 0;
     while (!text.empty()) {
         std::string line = CleanLine(TakeLine(&text));
         size += line.size() + 2;
-        if (line.size() > kMaximumLine || size > board.facts.flash.programBytes) {
-            BuildLabels(board);
+        if (line.size() > kMaximumLine || size > board.facts.flash.programBytes)
             return "Not enough memory";
-        }
         program.lines.push_back(std::move(line));
     }
     if (!program.lines.empty() && program.lines.back().empty()) program.lines.pop_back();
-    BuildLabels(board);
     return nullptr;
-}
-
-void ClearProgram(Board& board) {
-    board.program.lines.clear();
-    board.basic.labels.clear();
 }
 
 const std::string& ProgramLine(const Board& board, int index) {

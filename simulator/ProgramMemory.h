@@ -20,8 +20,6 @@ struct ProgramMemory {
 // nullptr, or the words of an error; the lines before the fault are stored then.
 const char* StoreProgram(Board& board, std::string_view text);
 
-void ClearProgram(Board& board);
-
 // Line `index`, counted from 0; empty for one that isn't there.
 const std::string& ProgramLine(const Board& board, int index);
 

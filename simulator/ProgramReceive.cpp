@@ -1,6 +1,7 @@
 #include "simulator/ProgramReceive.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 #include "simulator/Board.h"
@@ -12,7 +13,7 @@ namespace simulator {
 
 namespace {
 
-constexpr unsigned char kCtrlZ = 0x1a;
+constexpr unsigned char kCtrlC = 3;
 constexpr size_t kHeldEchoLimit = 64;
 constexpr int64_t kEchoHoldMs = 100;
 
@@ -24,7 +25,6 @@ void FlushEcho(Board& board) {
 
 // Characters of a line that isn't finished are held back, for 100 ms at most.
 void EchoReceived(Board& board, std::string_view text) {
-    if (board.receive.quiet) return;
     if (!board.facts.receive.holdsEcho) return Echo(board, text);
     board.out.held += text;
     if (board.out.held.size() >= kHeldEchoLimit) FlushEcho(board);
@@ -61,7 +61,7 @@ const char* StoreReceived(Board& board) {
         std::string data;
         for (const char c : receive.text) data.append(c == '\n' ? "\r" : "").append(1, c);
         const char* error = WriteFile(board.files, receive.fileName, data, BoardSeconds(board));
-        if (error || !receive.loads) return error;
+        if (error) return error;
     }
     return StoreProgram(board, receive.text);
 }
@@ -77,33 +77,23 @@ void EndReceive(Board& board, bool runs) {
     BusyThen(board, board.facts.flash.saveMs, Saved, true);
 }
 
-void EndByCtrlC(Board& board) {
-    EndReceive(board, false);
+// Is the key an end code of this board?
+bool IsEndKey(const Board& board, unsigned char key) {
+    return key != 0 && std::strchr(board.facts.receive.endKeys, key) != nullptr;
 }
 
-// The text is lost, and so is the old program, which went at the start.
-void AbortReceive(Board& board) {
+// Where Ctrl-C doesn't save, the text is lost, and so is the old program, which went at the start.
+void TakeCtrlC(Board& board) {
+    if (IsEndKey(board, kCtrlC)) return EndReceive(board, false);
     FlushEcho(board);
     board.receive.text.clear();
     ReturnToPromptLoudly(board);
-}
-
-// Is the key an end code of this board? On the CMM2 F6 only saves.
-bool IsEndKey(const Board& board, unsigned char key) {
-    const BoardReceiveEnd end = board.facts.receive.end;
-    const bool takesCtrlZ =
-        end == BoardReceiveEnd::kCtrlZ || end == BoardReceiveEnd::kCtrlZOrFunctionKey;
-    const bool takesKeys =
-        end == BoardReceiveEnd::kFunctionKey || end == BoardReceiveEnd::kCtrlZOrFunctionKey;
-    return (key == kCtrlZ && takesCtrlZ) || ((key == kKeyF1 || key == kKeyF2) && takesKeys) ||
-           (key == kKeyF6 && end == BoardReceiveEnd::kFunctionKey);
 }
 
 // True while the board still receives.
 bool TakeKey(Board& board, unsigned char key) {
     ProgramReceive& receive = board.receive;
     if (IsEndKey(board, key)) {
-        receive.loads = key != kKeyF6;
         EndReceive(board, key == kKeyF2);
         return false;
     }
@@ -129,71 +119,38 @@ void TakeKeys(Board& board, const std::string& keys) {
     for (const char key : keys) {
         if (!TakeKey(board, static_cast<unsigned char>(key))) return;
     }
-    const bool waits = !board.out.held.empty() || board.receive.quiet;
     const int64_t echoMs = board.receive.lastByteAt + kEchoHoldMs - board.now;
     WakeIn(board, !board.receive.keys.held.empty() ? kEscapeHoldMs
-                  : waits                          ? std::max<int64_t>(0, echoMs)
+                  : !board.out.held.empty()        ? std::max<int64_t>(0, echoMs)
                                                    : kNeverMs);
 }
 
 // ESC in a text starts a key sequence here as well.
 void TakeByte(Board& board, unsigned char c) {
     board.receive.lastByteAt = board.now;
-    std::string keys(1, static_cast<char>(c));
-    if (board.facts.prompt.fullEditor) {
-        keys.clear();
-        DecodeKeyByte(board.receive.keys, c, &keys);
-    }
-    TakeKeys(board, keys);
+    const std::string plain(1, static_cast<char>(c));
+    TakeKeys(board, board.facts.prompt.fullEditor ? DecodeKeyByte(board.receive.keys, c) : plain);
 }
 
-const char* ExitHint(const Board& board) {
-    return board.facts.receive.end == BoardReceiveEnd::kFunctionKey
-               ? "Enter F1 ,F2 or F6 to exit\r\n"
-               : "Enter ctrl-Z, F1, or F2 to exit\r\n";
-}
-
-// A pause in the input. AUTOSAVE N takes the first one for a human being: it prints its
-// hint, in the middle of the text, and echoes from then on.
+// A pause in the input.
 void InputPauses(Board& board) {
-    std::string keys;
-    DecodeKeyTimeout(board.receive.keys, &keys);
-    if (board.now - board.receive.lastByteAt >= kEchoHoldMs) {
-        if (std::exchange(board.receive.quiet, false)) Put(board, ExitHint(board));
-        FlushEcho(board);
-    }
-    TakeKeys(board, keys);
+    if (board.now - board.receive.lastByteAt >= kEchoHoldMs) FlushEcho(board);
+    TakeKeys(board, DecodeKeyTimeout(board.receive.keys));
 }
 
-const BoardActivity kReceiving = {TakeByte, InputPauses, AbortReceive};
-const BoardActivity kReceivingToCtrlC = {TakeByte, InputPauses, EndByCtrlC};
-
-// The words behind the command; false with an error set.
-bool ReadOptions(Board& board) {
-    board.receive.quiet = board.facts.receive.hasQuiet && TakeKeyword(board, "N");
-    TakeChar(board, ',');
-    if (TakeKeyword(board, "C") || TakeKeyword(board, "APPEND")) {
-        return Fail(board, "AUTOSAVE C and APPEND are not simulated");
-    }
-    if (board.facts.cmm2) {
-        return AtStatementEnd(board) ? Fail(board, "Syntax")
-                                     : TakeProgramPath(board, &board.receive.fileName);
-    }
-    return AtStatementEnd(board) || Fail(board, "Syntax");
-}
+const BoardActivity kReceiving = {TakeByte, InputPauses, TakeCtrlC};
 
 }  // namespace
 
 // The program in memory is gone from now on, whatever comes.
 void StartProgramReceive(Board& board) {
     board.receive = ProgramReceive();
-    if (!ReadOptions(board)) return;
-    if (!board.facts.cmm2) ClearProgram(board);
+    if (board.facts.cmm2 && !TakeProgramPath(board, &board.receive.fileName)) return;
+    if (!AtStatementEnd(board))
+        return Refuse(board, "AUTOSAVE takes no options in the simulated board");
+    if (!board.facts.cmm2) board.program.lines.clear();
     StopProgram(board);
-    board.receive.lastByteAt = board.now;
-    StartActivity(
-        board, board.facts.receive.end == BoardReceiveEnd::kCtrlC ? kReceivingToCtrlC : kReceiving);
-    if (board.receive.quiet) WakeIn(board, kEchoHoldMs);
+    StartActivity(board, kReceiving);
 }
 
 }  // namespace simulator

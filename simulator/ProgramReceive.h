@@ -11,13 +11,11 @@ struct Board;
 
 struct ProgramReceive {
     std::string text;
-    std::string fileName;  // where the text goes; empty: program memory
+    std::string fileName;  // where the text goes as well; empty: program memory alone
     KeyDecoder keys;
-    bool quiet = false;   // AUTOSAVE N, until the hint was printed
     bool atStart = true;  // nothing has come yet: one LF is skipped
     bool afterCr = false;
     bool runs = false;       // RUN follows the save
-    bool loads = true;       // a text that went to a file becomes the program too
     int64_t lastByteAt = 0;  // ms
 };
 

@@ -52,11 +52,6 @@ void PrintError(Board& board) {
 
 void AskForPin(Board& board);
 
-// Set for good: nothing but a restart leads out.
-constexpr int kLockedForGood = 99999999;
-constexpr char kQuestion[] = "Enter PIN or 0 to restart: ";
-constexpr char kLocked[] = "Console locked, press enter to restart: ";
-
 // After the silence. A wrong PIN is simply asked for again, with no word said.
 void JudgePin(Board& board) {
     int64_t number = 0;
@@ -67,7 +62,6 @@ void JudgePin(Board& board) {
 
 // The silence follows the right answer too, so that it tells nothing.
 void PinTyped(Board& board, const std::string& line) {
-    if (board.prompt.pin == kLockedForGood) return RestartBoard(board);
     if (line.empty()) return AskForPin(board);
     board.prompt.typed = line;
     BusyThen(board, board.facts.prompt.pinDelayMs, JudgePin);
@@ -76,7 +70,7 @@ void PinTyped(Board& board, const std::string& line) {
 // No line end stands behind the question.
 void AskForPin(Board& board) {
     FreshLine(board);
-    Put(board, board.prompt.pin == kLockedForGood ? kLocked : kQuestion);
+    Put(board, "Enter PIN or 0 to restart: ");
     ReadLine(board, PinTyped);
 }
 
@@ -122,7 +116,7 @@ void RestartBoard(Board& board) {
     ClearVariables(board);
     board.prompt.unlocked = false;
     board.prompt.loud = false;
-    board.in.ring.clear();
+    board.ring.clear();
     board.out.column = 1;
     const int away = board.facts.line.restartMs;
     board.awayUntil = board.now + away;

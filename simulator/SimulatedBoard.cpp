@@ -15,11 +15,9 @@ const BoardActivity kOff = {nullptr, nullptr, nullptr, true};
 
 // A storm outlasts whatever the board does, but waits for a host that takes nothing.
 void SendStorm(Board& board) {
-    const BoardStorm& storm = board.setup.faults.storm;
-    if ((!storm.inXmodemOnly || board.activity->protocol) && !OutputIsFull(board)) {
-        PutRaw(board, storm.pattern);
-    }
-    board.nextStorm = board.now + std::max(storm.intervalMs, 1);
+    const BoardFaults& faults = board.setup.faults;
+    if (!OutputIsFull(board)) PutRaw(board, faults.storm);
+    board.nextStorm = board.now + std::max(faults.stormIntervalMs, 1);
 }
 
 // Everything that is due by `now`, in the order of its times.
@@ -42,10 +40,9 @@ void RunUntil(Board& board, int64_t now) {
 
 Board::Board(const BoardFacts& boardFacts, const BoardSetup& boardSetup)
     : facts(boardFacts), setup(boardSetup), activity(&kOff) {
-    random = static_cast<uint64_t>(setup.faults.seed) * 0x9e3779b97f4a7c15u + 1;
-    if (random == 0) random = 1;
+    random = static_cast<uint64_t>(setup.faults.seed) * 0x9e3779b97f4a7c15u | 1;
     prompt.pin = facts.prompt.pinDelayMs < 0 ? 0 : setup.pin;
-    files.fat = facts.fat;
+    files.fat = facts.flash.slotMs == 0;
     files.sdCard = setup.sdCard;
 }
 
@@ -65,10 +62,10 @@ SimulatedBoard::~SimulatedBoard() = default;
 
 // The clock and the storm count from here.
 void SimulatedBoard::PowerUp(int64_t nowMs) {
-    board->now = std::max(board->now, nowMs);
-    board->clock.setAt = board->now;
+    if (board->powered) return;
     board->powered = true;
-    if (!board->setup.faults.storm.pattern.empty()) board->nextStorm = board->now;
+    board->now = board->clock.setAt = nowMs;
+    if (!board->setup.faults.storm.empty()) board->nextStorm = board->now;
     PrintSignOn(*board);
     ReturnToPrompt(*board);
 }
@@ -88,7 +85,7 @@ void SimulatedBoard::Receive(std::string_view bytes, int64_t nowMs) {
 // A board without flow control takes everything, and its ring loses the oldest.
 size_t SimulatedBoard::InputRoom() const {
     if (board->facts.line.dropsOldest) return std::numeric_limits<size_t>::max();
-    const size_t waiting = board->in.ring.size();
+    const size_t waiting = board->ring.size();
     return board->facts.line.ring - std::min(waiting, board->facts.line.ring);
 }
 
@@ -110,7 +107,7 @@ int64_t SimulatedBoard::NextWake() const {
 }
 
 bool SimulatedBoard::LinkIsUp() const {
-    return board->powered && !board->out.cut && board->awayUntil <= board->now;
+    return !board->out.cut && board->awayUntil <= board->now;
 }
 
 void SimulatedBoard::SetListening(bool listening) {

@@ -16,7 +16,6 @@
 #include <string_view>
 
 #include "simulator/BoardFacts.h"
-#include "simulator/BoardFaults.h"
 
 namespace simulator {
 
@@ -25,12 +24,26 @@ constexpr int kMaximumStepsPerAdvance = 20000;
 
 constexpr int64_t kNeverMs = std::numeric_limits<int64_t>::max();
 
+// Troubles that a board can be asked for. All are drawn from the seed, so a run can be
+// repeated. The zero of each field means that the trouble is absent.
+struct BoardFaults {
+    int seed = 1;
+    int lostOutPerMille = 0;   // output bytes that vanish, of 1000
+    int lostInPerMille = 0;    // input bytes that vanish
+    int garbagePerMille = 0;   // output bytes that change
+    int delayMs = 0;           // every output byte comes this much later
+    bool noEcho = false;       // typed characters don't come back
+    bool silent = false;       // nothing is ever sent
+    int cutAfterBytes = 0;     // the link is cut when so many bytes were sent
+    std::string storm;         // comes by itself, whole each time
+    int stormIntervalMs = 10;  // from one to the next, at least 1
+};
+
 // What may be chosen for one board beyond its row of facts.
 struct BoardSetup {
-    int pin = 0;            // 0: none, else the PIN that locks the console
-    bool onUsb = false;     // the host is on USB, also where telnet is usual
-    bool sdCard = false;    // a card stands in drive B:
-    int summaryGapMs = 40;  // silence inside the summary line of FILES
+    int pin = 0;          // 0: none, else the PIN that locks the console
+    bool onUsb = false;   // the host is on USB, also where telnet is usual
+    bool sdCard = false;  // a card stands in drive B:
     BoardFaults faults;
 };
 
@@ -41,7 +54,8 @@ class SimulatedBoard {
     SimulatedBoard(const SimulatedBoard&) = delete;
     SimulatedBoard& operator=(const SimulatedBoard&) = delete;
 
-    // Switches the power on: sign-on and prompt. Until then nothing is read or sent.
+    // Switches the power on: sign-on and prompt. Until then nothing is read or sent; later
+    // calls do nothing.
     void PowerUp(int64_t nowMs);
 
     // Bytes from the host, as one TCP segment to a telnet board. Those that find no room go
@@ -63,7 +77,7 @@ class SimulatedBoard {
     // When Advance is wanted next; kNeverMs while the board only waits for bytes.
     int64_t NextWake() const;
 
-    // Does the board stand on the line? False while it restarts and after a cut.
+    // Does the board stand on the line? Not while it restarts, nor after a cut.
     bool LinkIsUp() const;
 
     // Does a host listen (DTR, or a TCP connection)? What a board prints with nobody listening

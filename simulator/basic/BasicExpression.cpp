@@ -27,15 +27,10 @@ double AsDouble(int64_t value) {
     return static_cast<double>(value);
 }
 
-// The divisor of an integer division; 0 fails, and the 1 in its place is not looked at.
-int64_t Divisor(Board& board, double number) {
-    if (Whole(number) == 0) return Fail(board, "Divide by zero"), 1;
-    return Whole(number);
-}
-
-double Divide(Board& board, double a, double b) {
-    if (b == 0) return Fail(board, "Divide by zero"), 0.0;
-    return a / b;
+// A divisor; 0 fails, and what is reckoned with it is not looked at.
+double NotZero(Board& board, double divisor) {
+    if (divisor == 0) Fail(board, "Divide by zero");
+    return divisor;
 }
 
 using NumberOperator = double (*)(Board& board, double a, double b);
@@ -46,8 +41,7 @@ struct OperatorRow {
     NumberOperator apply;
 };
 
-// A longer sign stands before its own beginning. Operands of integer operators are within
-// 9.2e18, so a division by -1 is defined.
+// A longer sign stands before its own beginning.
 const OperatorRow kOperators[] = {
     {"AND", 1, [](Board&, double a, double b) { return AsDouble(Whole(a) & Whole(b)); }},
     {"OR", 1, [](Board&, double a, double b) { return AsDouble(Whole(a) | Whole(b)); }},
@@ -60,9 +54,15 @@ const OperatorRow kOperators[] = {
     {"+", 3, [](Board&, double a, double b) { return a + b; }},
     {"-", 3, [](Board&, double a, double b) { return a - b; }},
     {"*", 4, [](Board&, double a, double b) { return a * b; }},
-    {"/", 4, Divide},
-    {"\\", 4, [](Board& o, double a, double b) { return AsDouble(Whole(a) / Divisor(o, b)); }},
-    {"MOD", 4, [](Board& o, double a, double b) { return AsDouble(Whole(a) % Divisor(o, b)); }},
+    {"/", 4, [](Board& o, double a, double b) { return a / NotZero(o, b); }},
+    {"\\", 4,
+     [](Board& o, double a, double b) {
+         return std::trunc(std::round(a) / NotZero(o, std::round(b)));
+     }},
+    {"MOD", 4,
+     [](Board& o, double a, double b) {
+         return std::fmod(std::round(a), NotZero(o, std::round(b)));
+     }},
     {"^", 5, [](Board&, double a, double b) { return std::pow(a, b); }},
 };
 constexpr int kHighestLevel = 5;
@@ -142,12 +142,24 @@ BasicValue TakeNamed(Board& board) {
     const BasicPlace before = board.basic.place;
     const std::string word = TakeWord(board);
     if (const BasicFunction* function = FindFunction(word)) return CallFunction(board, *function);
-    if (IsAbsentWord(word)) Fail(board, word + " is not in the simulated board");
+    RefuseAbsent(board, word);
     board.basic.place = before;
     return ReadVariable(board);
 }
 
-BasicValue TakePrimary(Board& board);
+BasicValue TakePlain(Board& board) {
+    const char c = PeekChar(board);
+    if (c == '"') return TakeQuoted(board);
+    if ((c >= '0' && c <= '9') || c == '.') return TakeDecimal(board);
+    if (TakeChar(board, '(')) {
+        const BasicValue value = TakeValue(board);
+        Expect(board, ')');
+        return value;
+    }
+    if (WordLength(CurrentLine(board), board.basic.place.at) > 0) return TakeNamed(board);
+    Fail(board, c == '&' ? "& numbers are not in the simulated board" : "Syntax");
+    return NumberValue(0);
+}
 
 // Each call steps over a character of a line of bounded length, so the depth is bounded.
 // "-x" and "NOT x" bind closer than everything but "^".
@@ -159,36 +171,7 @@ BasicValue TakeUnary(Board& board) {
     }
     if (TakeChar(board, '+')) return TakeUnary(board);
     if (TakeKeyword(board, "NOT")) return NumberValue(TakeUnary(board).number == 0 ? 1 : 0);
-    return TakePrimary(board);
-}
-
-BasicValue TakePlain(Board& board) {
-    const char c = PeekChar(board);
-    if (c == '"') return TakeQuoted(board);
-    if ((c >= '0' && c <= '9') || c == '.') return TakeDecimal(board);
-    if (c == '-' || c == '+') return TakeUnary(board);
-    if (TakeChar(board, '(')) {
-        const BasicValue value = TakeLevel(board, 1);
-        Expect(board, ')');
-        return value;
-    }
-    if (WordLength(CurrentLine(board), board.basic.place.at) > 0) return TakeNamed(board);
-    Fail(board, c == '&' ? "& numbers are not in the simulated board" : "Syntax");
-    return NumberValue(0);
-}
-
-// Runs `take` one level deeper. Brackets, functions and indices all come through here.
-BasicValue Deeper(Board& board, BasicValue (*take)(Board& board)) {
-    if (board.basic.depth >= kMaximumDepth) Fail(board, "Expression is too complex");
-    if (board.basic.failed) return NumberValue(0);
-    ++board.basic.depth;
-    const BasicValue value = take(board);
-    --board.basic.depth;
-    return value;
-}
-
-BasicValue TakePrimary(Board& board) {
-    return Deeper(board, TakePlain);
+    return TakePlain(board);
 }
 
 // Precedence climbing: operators of one level group from the left, and those of the next level
@@ -204,10 +187,6 @@ BasicValue TakeLevel(Board& board, int level) {
     return value;
 }
 
-BasicValue TakeLowest(Board& board) {
-    return TakeLevel(board, 1);
-}
-
 }  // namespace
 
 BasicValue NumberValue(double number) {
@@ -218,9 +197,14 @@ BasicValue TextValue(std::string text) {
     return {true, 0, std::move(text)};
 }
 
-// From a function's argument the depth goes on, from a statement it starts at 0.
+// Brackets, functions and indices all come through here, one level deeper than what holds them.
 BasicValue TakeValue(Board& board) {
-    return Deeper(board, TakeLowest);
+    if (board.basic.depth >= kMaximumDepth) Fail(board, "Expression is too complex");
+    if (board.basic.failed) return NumberValue(0);
+    ++board.basic.depth;
+    const BasicValue value = TakeLevel(board, 1);
+    --board.basic.depth;
+    return value;
 }
 
 double TakeNumber(Board& board) {

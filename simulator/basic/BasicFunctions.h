@@ -5,7 +5,7 @@
 
 namespace simulator {
 
-// One letter of `arguments` for each: n number, t text, * both; from the first capital on they
+// One letter of `arguments` for each: n number, t text; from the first capital on they
 // may be left out. A row with no letters takes no brackets, or empty ones.
 struct BasicFunction {
     const char* word;  // as LIST shows it

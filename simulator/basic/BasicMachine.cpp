@@ -5,8 +5,6 @@
 
 #include "simulator/Board.h"
 #include "simulator/basic/BasicCommands.h"
-#include "simulator/basic/BasicFlow.h"
-#include "simulator/basic/BasicStatements.h"
 
 // A millisecond of board time runs a fixed number of statements. Commands that take time hand
 // the console to an activity of their own and come back by ResumeBasic; the cursor stands behind
@@ -15,44 +13,23 @@
 namespace simulator {
 namespace {
 
-constexpr int64_t kFullOutputWaitMs = 5;
-
 void RunSlice(Board& board);
 const BoardActivity kRunning = {nullptr, RunSlice, ReturnToPromptLoudly};
 
-// Steps over a line number or a label at the start of a program line.
-void SkipLabel(Board& board) {
-    BasicPlace& place = board.basic.place;
-    if (place.direct || place.at != 0) return;
-    PeekChar(board);
-    const std::string& line = CurrentLine(board);
-    const size_t digits = std::min(line.find_first_not_of("0123456789", place.at), line.size());
-    const size_t end = place.at + WordLength(line, place.at);
-    if (digits > place.at) {
-        place.at = digits;
-    } else if (end > place.at && end < line.size() && line[end] == ':' &&
-               !FindCommand(board.facts, line.substr(place.at, end - place.at))) {
-        place.at = end + 1;
-    }
-}
-
 // The cursor to the start of the next statement; false when there is none.
 bool FindStatement(Board& board) {
+    BasicPlace& place = board.basic.place;
     while (true) {
-        SkipLabel(board);
+        if (place.at == 0 && !place.direct) {
+            const std::string_view line = CurrentLine(board), label = LabelOf(board, line);
+            if (!label.empty()) place.at = line.find(label) + label.size();
+        }
         while (TakeChar(board, ':')) {
         }
         const char c = PeekChar(board);
         if (c != '\0' && c != '\'') return true;
         if (!GoToNextLine(board)) return false;
     }
-}
-
-// What stands at the cursor is no statement, or more than one.
-void FailHere(Board& board, std::string_view otherwise) {
-    const std::string word = TakeWord(board);
-    if (IsAbsentWord(word)) return Refuse(board, word + " is not in the simulated board");
-    Fail(board, otherwise);
 }
 
 // "name =" or "name(": an array's element may be assigned to.
@@ -68,18 +45,17 @@ bool IsAssignment(Board& board) {
 // error.
 void RunNamed(Board& board) {
     const BasicPlace before = board.basic.place;
-    const std::string word = TakeWord(board);
-    if (const BasicCommand* command = FindCommand(board.facts, word)) {
-        command->run(board);
-        if (command->openEnd) return;
-    } else {
+    const std::string word = TakeChar(board, '?') ? "PRINT" : TakeWord(board);
+    const BasicCommand* command = FindCommand(board.facts, word);
+    if (!command) {
         board.basic.place = before;
-        if (IsAbsentWord(word) || !IsAssignment(board)) return FailHere(board, "Unknown command");
-        RunLet(board);
+        if (RefuseAbsent(board, word)) return;
+        if (!IsAssignment(board)) return Refuse(board, "Unknown command");
+        command = FindCommand(board.facts, "LET");
     }
-    if (!board.basic.failed && BasicIsRunning(board) && !AtStatementEnd(board)) {
-        FailHere(board, "Syntax");
-    }
+    command->run(board);
+    if (command->openEnd || board.basic.failed || !BasicIsRunning(board)) return;
+    if (!AtStatementEnd(board) && !RefuseAbsent(board, TakeWord(board))) Fail(board, "Syntax");
 }
 
 // One statement; false when the slice is over for another reason than its budget.
@@ -92,11 +68,7 @@ bool RunStatement(Board& board) {
     basic.statement = basic.place;
     basic.depth = 0;
     ++basic.cost;
-    if (TakeChar(board, '?')) {
-        RunPrint(board);
-    } else {
-        RunNamed(board);
-    }
+    RunNamed(board);
     if (!basic.failed) return BasicIsRunning(board);
     const std::string message = basic.error;
     basic.failed = false;
@@ -139,16 +111,9 @@ void StartDirectLine(Board& board, const std::string& line) {
 void RunProgram(Board& board) {
     ClearVariables(board);
     board.basic.timerStart = board.now;
-    ChainProgram(board);
-}
-
-void ChainProgram(Board& board) {
     board.prompt.loud = true;
-    if (board.program.lines.empty() && board.facts.cmm2) {
-        FailWith(board, "Nothing to run");
-    } else {
-        StartRunning(board, BasicPlace{false, 0, 0});
-    }
+    if (board.program.lines.empty() && board.facts.cmm2) return FailWith(board, "Nothing to run");
+    StartRunning(board, BasicPlace{false, 0, 0});
 }
 
 void ResumeBasic(Board& board) {

@@ -8,7 +8,6 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace simulator {
@@ -32,6 +31,7 @@ struct BasicValue {
     bool isText = false;
     double number = 0;
     std::string text;
+    bool isWhole = false;  // a variable with "%" keeps whole numbers only
 };
 
 struct BasicVariable {
@@ -60,17 +60,15 @@ struct BasicMachine {
     std::map<std::string, BasicVariable> variables;
     size_t elements = 0;  // of all arrays
     std::vector<BasicLoop> loops;
-    std::unordered_map<std::string, int> labels;  // label or line number: line
-    int64_t timerStart = 0;                       // ms
-    std::vector<std::string> inputNames;          // of the INPUT that waits
+    int64_t timerStart = 0;  // ms
+    std::string inputName;   // of the INPUT that waits
 };
 
 // Runs one line that was entered at the prompt.
 void StartDirectLine(Board& board, const std::string& line);
 
-// Runs the program from its first line, with no variables; ChainProgram leaves them.
+// Runs the program from its first line, with no variables.
 void RunProgram(Board& board);
-void ChainProgram(Board& board);
 
 // Goes on behind a command that took its time.
 void ResumeBasic(Board& board);

@@ -1,6 +1,9 @@
-#include "simulator/basic/BasicStatements.h"
+// The plain statements: output, input, variables, waiting.
+#include <cmath>
+#include <cstdlib>
 
 #include "simulator/Board.h"
+#include "simulator/basic/BasicCommands.h"
 #include "simulator/basic/BasicVariables.h"
 
 namespace simulator {
@@ -22,23 +25,6 @@ void PrintTab(Board& board) {
     while ((board.out.column - 1) % kTabStop != 0);
 }
 
-// The line that INPUT waited for. Fields that are missing are empty or 0.
-void InputTyped(Board& board, const std::string& line) {
-    const std::vector<std::string>& names = board.basic.inputNames;
-    std::vector<std::string> fields = SplitFields(line, ',', names.size());
-    fields.resize(names.size());
-    for (size_t i = 0; i < names.size(); ++i) {
-        BasicValue* place = PlaceOf(board, names[i]);
-        if (!place) break;
-        const double number = std::strtod(fields[i].c_str(), nullptr);
-        AssignValue(board, place, names[i],
-                    place->isText ? TextValue(fields[i]) : NumberValue(number));
-    }
-    ResumeBasic(board);
-}
-
-}  // namespace
-
 // A line end follows unless the list ends in a separator. Items may touch each other without
 // any.
 void RunPrint(Board& board) {
@@ -58,19 +44,22 @@ void RunPrint(Board& board) {
 
 // The place is found first: an index that is out of bounds fails before the value is read.
 void RunLet(Board& board) {
-    const BasicPlace before = board.basic.place;
-    const std::string name = TakeWord(board);
-    board.basic.place = before;
     BasicValue* place = TakePlace(board);
-    if (!place || !Expect(board, '=')) return;
-    AssignValue(board, place, name, TakeValue(board));
+    if (place && Expect(board, '=')) AssignValue(board, place, TakeValue(board));
 }
 
 void RunDim(Board& board) {
-    const bool text = TakeKeyword(board, "STRING");
-    if (!text && !TakeKeyword(board, "INTEGER")) TakeKeyword(board, "FLOAT");
-    do DimensionOne(board, text);
+    do DimensionOne(board);
     while (!board.basic.failed && TakeChar(board, ','));
+}
+
+// The line that INPUT waited for. What is no number counts as 0.
+void InputTyped(Board& board, const std::string& line) {
+    const std::string text(TrimBlanks(line));
+    const double number = std::strtod(text.c_str(), nullptr);
+    BasicValue* place = PlaceOf(board, board.basic.inputName);
+    if (place) AssignValue(board, place, {place->isText, std::isfinite(number) ? number : 0, text});
+    ResumeBasic(board);
 }
 
 // INPUT "text"; adds a question mark, INPUT "text", does not.
@@ -84,12 +73,10 @@ void RunInput(Board& board) {
             return;
         }
     }
-    board.basic.inputNames.clear();
-    do {
-        board.basic.inputNames.push_back(TakeWord(board));
-        if (board.basic.inputNames.back().empty()) Fail(board, "Syntax");
-    } while (TakeChar(board, ','));
-    if (board.basic.failed) return;
+    board.basic.inputName = TakeWord(board);
+    if (board.basic.inputName.empty()) return Refuse(board, "Syntax");
+    if (!AtStatementEnd(board))
+        return Refuse(board, "INPUT takes one variable in the simulated board");
     Put(board, question);
     ReadLine(board, InputTyped);
 }
@@ -115,9 +102,26 @@ void RunTimer(Board& board) {
     board.basic.timerStart = board.now - static_cast<int64_t>(TakeInteger(board, 0, 2147483647));
 }
 
-// Accepted, and of no effect: the generator's seed belongs to the board.
+// Of no effect: the generator's seed belongs to the board.
 void RunRandomize(Board& board) {
     if (!AtStatementEnd(board)) TakeNumber(board);
+}
+
+}  // namespace
+
+const CommandRows& PlainCommands() {
+    static const CommandRows rows = {
+        {"CLS", RunCls},
+        {"Dim", RunDim},
+        {"Input", RunInput},
+        {"Let", RunLet},
+        {"Pause", RunPause},
+        {"Print", RunPrint},
+        {"Randomize", RunRandomize},
+        {"Rem", SkipLine, true},
+        {"Timer", RunTimer},
+    };
+    return rows;
 }
 
 }  // namespace simulator

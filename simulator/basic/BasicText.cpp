@@ -1,6 +1,7 @@
 #include "simulator/basic/BasicText.h"
 
 #include "simulator/Board.h"
+#include "simulator/basic/BasicCommands.h"
 
 namespace simulator {
 namespace {
@@ -74,13 +75,6 @@ bool TakeKeyword(Board& board, const char* word) {
     return false;
 }
 
-bool TakeKeywords(Board& board, const char* first, const char* second) {
-    const BasicPlace before = board.basic.place;
-    if (TakeKeyword(board, first) && TakeKeyword(board, second)) return true;
-    board.basic.place = before;
-    return false;
-}
-
 bool Expect(Board& board, char c) {
     if (TakeChar(board, c)) return true;
     return Fail(board, c == ')' ? "Expected closing bracket" : "Syntax");
@@ -104,8 +98,26 @@ size_t StatementEnd(std::string_view line, size_t at) {
     return std::min(FindUnquoted(line, at, ":'"), line.size());
 }
 
+// A command with a colon behind it is no label.
+std::string_view LabelOf(const Board& board, std::string_view line) {
+    line = TrimBlanks(line);
+    const size_t digits = std::min(line.find_first_not_of("0123456789"), line.size());
+    const size_t length = WordLength(line, 0);
+    const bool labelled = length > 0 && length < line.size() && line[length] == ':' &&
+                          !FindCommand(board.facts, line.substr(0, length));
+    return line.substr(0, labelled ? length : digits);
+}
+
 void SkipLine(Board& board) {
     board.basic.place.at = CurrentLine(board).size();
+}
+
+bool GoToNextLine(Board& board) {
+    BasicPlace& place = board.basic.place;
+    if (place.direct) return false;
+    ++board.basic.cost;
+    place.at = 0;
+    return static_cast<size_t>(++place.line) < board.program.lines.size();
 }
 
 }  // namespace simulator

@@ -20,9 +20,8 @@ bool TakeChar(Board& board, char c);
 // A name with its dots and type mark, in upper case; empty if none stands here.
 std::string TakeWord(Board& board);
 
-// Steps over the word if it stands here as a whole, or over two.
+// Steps over the word if it stands here as a whole.
 bool TakeKeyword(Board& board, const char* word);
-bool TakeKeywords(Board& board, const char* first, const char* second);
 
 // Steps over `c` or fails with the firmware's words.
 bool Expect(Board& board, char c);
@@ -34,8 +33,14 @@ bool AtStatementEnd(Board& board);
 size_t CommentStart(std::string_view line);
 size_t StatementEnd(std::string_view line, size_t at);
 
+// The number or the label that a line of the program begins with; empty for none.
+std::string_view LabelOf(const Board& board, std::string_view line);
+
 // The cursor to the end of its line.
 void SkipLine(Board& board);
+
+// The cursor to the next line of the program; false at its end and in a typed line.
+bool GoToNextLine(Board& board);
 
 // The length of the name at `at`, with dots and type mark; 0 for none.
 size_t WordLength(std::string_view line, size_t at);

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "simulator/Board.h"
+#include "simulator/basic/BasicCommands.h"
 
 // One store for all variables, by name with type mark. No place in it outlives the statement
 // that asked for it.
@@ -10,12 +11,8 @@
 namespace simulator {
 namespace {
 
-BasicValue EmptyValue(bool isText) {
-    return isText ? TextValue("") : NumberValue(0);
-}
-
-bool IsTextName(const std::string& name) {
-    return !name.empty() && name.back() == '$';
+BasicValue EmptyValue(const std::string& name) {
+    return {name.back() == '$', 0, {}, name.back() == '%'};
 }
 
 BasicVariable* FindVariable(Board& board, const std::string& name) {
@@ -41,13 +38,13 @@ BasicValue* TakeElement(Board& board, BasicVariable& array) {
 }
 
 // Variables come into being when they are first used, up to a bound.
-BasicVariable* MakeVariable(Board& board, const std::string& name, bool isText) {
+BasicVariable* MakeVariable(Board& board, const std::string& name) {
     if (name.size() > kMaximumName) return Fail(board, "Variable name too long"), nullptr;
     if (board.basic.variables.size() >= kMaximumVariables) {
         return Fail(board, "Not enough memory"), nullptr;
     }
     BasicVariable& variable = board.basic.variables[name];
-    variable.value = EmptyValue(isText);
+    variable.value = EmptyValue(name);
     return &variable;
 }
 
@@ -67,7 +64,7 @@ void MakeArray(Board& board, BasicVariable* array) {
 BasicValue ReadVariable(Board& board) {
     const BasicPlace before = board.basic.place;
     const std::string name = TakeWord(board);
-    const BasicValue empty = EmptyValue(IsTextName(name));
+    const BasicValue empty = EmptyValue(name);
     if (PeekChar(board) != '(' && !FindVariable(board, name)) return empty;
     board.basic.place = before;
     const BasicValue* place = TakePlace(board);
@@ -76,7 +73,7 @@ BasicValue ReadVariable(Board& board) {
 
 BasicValue* PlaceOf(Board& board, const std::string& name) {
     BasicVariable* variable = FindVariable(board, name);
-    if (!variable) variable = MakeVariable(board, name, IsTextName(name));
+    if (!variable) variable = MakeVariable(board, name);
     if (!variable) return nullptr;
     if (!variable->elements.empty()) return Fail(board, "Array dimensions"), nullptr;
     return &variable->value;
@@ -92,25 +89,22 @@ BasicValue* TakePlace(Board& board) {
     return Fail(board, name + " is not declared"), nullptr;
 }
 
-// Types don't turn into each other. A name with "%" keeps whole numbers only.
-void AssignValue(Board& board, BasicValue* place, const std::string& name,
-                 const BasicValue& value) {
+// Types don't turn into each other.
+void AssignValue(Board& board, BasicValue* place, const BasicValue& value) {
     if (!place || board.basic.failed) return;
     if (place->isText != value.isText)
         return Refuse(board, place->isText ? "Expected a string" : "Expected a number");
-    *place = value;
-    if (name.back() == '%') place->number = std::round(value.number);
+    place->text = value.text;
+    place->number = place->isWhole ? std::round(value.number) : value.number;
 }
 
-// DIM STRING A and DIM A$ name the same kind; the mark is not added to the name.
-void DimensionOne(Board& board, bool text) {
+void DimensionOne(Board& board) {
     const std::string name = TakeWord(board);
-    if (name.empty() || FindVariable(board, name))
-        return Refuse(board, name.empty() ? "Syntax" : name + " already declared");
-    BasicVariable* variable = MakeVariable(board, name, text || IsTextName(name));
-    if (!variable) return;
-    if (TakeChar(board, '(')) return MakeArray(board, variable);
-    if (TakeChar(board, '=')) AssignValue(board, &variable->value, name, TakeValue(board));
+    if (RefuseAbsent(board, name)) return;
+    if (name.empty()) return Refuse(board, "Syntax");
+    if (FindVariable(board, name)) return Refuse(board, name + " already declared");
+    BasicVariable* variable = MakeVariable(board, name);
+    if (variable && TakeChar(board, '(')) MakeArray(board, variable);
 }
 
 }  // namespace simulator

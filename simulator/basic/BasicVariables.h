@@ -14,10 +14,10 @@ BasicValue* TakePlace(Board& board);
 // The same for a plain name.
 BasicValue* PlaceOf(Board& board, const std::string& name);
 
-// Puts a value into a place; types must agree. `name` tells of the "%" mark.
-void AssignValue(Board& board, BasicValue* place, const std::string& name, const BasicValue& value);
+// Puts a value into a place; types must agree.
+void AssignValue(Board& board, BasicValue* place, const BasicValue& value);
 
-// DIM's one item at the cursor: name, highest index, "= value".
-void DimensionOne(Board& board, bool text);
+// DIM's one item at the cursor: a name, and an array's highest index.
+void DimensionOne(Board& board);
 
 }  // namespace simulator

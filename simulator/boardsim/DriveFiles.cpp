@@ -70,13 +70,12 @@ bool AddFolder(SimulatedBoard& board, const std::string& folder) {
     std::error_code error;
     fs::recursive_directory_iterator walk(folder, error);
     if (error) return false;
-    int added = 0, left = 0;
+    int left = 0;
     for (; walk != fs::recursive_directory_iterator() && !error; walk.increment(error)) {
         if (walk.depth() >= kMaximumPreloadDepth) walk.disable_recursion_pending();
         if (!fs::is_regular_file(walk->symlink_status(error))) continue;
         const std::string name = fs::relative(walk->path(), folder, error).string();
-        const bool fits = added < kMaximumPreload && AddOneFile(board, walk->path(), name);
-        ++(fits ? added : left);
+        left += !AddOneFile(board, walk->path(), name);
     }
     if (left > 0)
         std::fprintf(stderr, "boardsim: %d files of %s don't fit\n", left, folder.c_str());

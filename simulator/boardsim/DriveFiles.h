@@ -7,8 +7,8 @@
 
 namespace simulator {
 
-// More, longer or deeper ones stay on the PC; a note on stderr tells.
-constexpr int kMaximumPreload = 500;
+// Longer or deeper ones stay on the PC, and so do those that the drive has no room for; a note
+// on stderr tells.
 constexpr size_t kMaximumPreloadBytes = 4 * 1024 * 1024;
 constexpr int kMaximumPreloadDepth = 8;
 

@@ -18,12 +18,6 @@ namespace {
 constexpr size_t kReadBlock = 4096;
 constexpr size_t kWaitingLimit = 16384;  // bytes that a slow host leaves behind
 
-volatile std::sig_atomic_t stopAsked = 0;
-
-void AskToStop(int) {
-    stopAsked = 1;
-}
-
 int64_t ClockMs() {
     using namespace std::chrono;
     return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
@@ -34,8 +28,6 @@ struct Session {
     SimulatedBoard& board;
     Endpoint& endpoint;
     std::string waiting = {};  // for the host
-    bool powered = false;
-    bool ended = false;
 };
 
 void Tell(const char* text) {
@@ -44,29 +36,19 @@ void Tell(const char* text) {
 }
 
 // The board comes to life with its first host, so that its sign-on is seen.
-void PowerUpOnce(Session& session) {
-    if (!session.powered) session.board.PowerUp(ClockMs());
-    session.powered = true;
-}
-
 void WelcomeHost(Session& session) {
     if (!AcceptHost(session.endpoint)) return;
     Tell("connected");
     session.board.SetListening(true);
-    PowerUpOnce(session);
+    session.board.PowerUp(ClockMs());
 }
 
 // Output for nobody is dropped by the board from now on, as without DTR.
 void LoseHost(Session& session) {
-    if (session.endpoint.isPty) {
-        session.ended = true;
-        return;
-    }
     DropHost(session.endpoint);
     session.board.SetListening(false);
     session.waiting.clear();
     Tell("disconnected");
-    if (session.options.once) session.ended = true;
 }
 
 void ReadHost(Session& session) {
@@ -110,18 +92,16 @@ int WaitMs(const Session& session) {
     return static_cast<int>(std::clamp<int64_t>(wake - ClockMs(), 0, kLongest));
 }
 
-// Sleeps until a host, a signal or the board's time. Signals only come through here.
-void WaitAndServe(Session& session, const sigset_t& openSignals) {
+// Sleeps until a host or the board's time comes.
+void WaitAndServe(Session& session) {
     Endpoint& endpoint = session.endpoint;
     const bool busy = endpoint.line >= 0;
     // A board that is away takes no host; one that comes waits until it is back.
-    const bool away = session.powered && !session.board.LinkIsUp();
+    const bool away = !session.board.LinkIsUp();
     pollfd watched = {busy ? endpoint.line : away ? -1 : endpoint.listener, POLLIN, 0};
     if (busy && session.board.InputRoom() == 0) watched.events = 0;
     if (!session.waiting.empty()) watched.events |= POLLOUT;
-    const int ms = WaitMs(session);
-    const timespec limit = {ms / 1000, (ms % 1000) * 1000000L};
-    if (ppoll(&watched, 1, ms < 0 ? nullptr : &limit, &openSignals) <= 0) return;
+    if (poll(&watched, 1, WaitMs(session)) <= 0) return;
     if (!busy) return WelcomeHost(session);
     if (watched.revents & POLLOUT) WriteHost(session);
     if (watched.revents & (POLLIN | POLLHUP | POLLERR)) ReadHost(session);
@@ -129,58 +109,37 @@ void WaitAndServe(Session& session, const sigset_t& openSignals) {
 
 // A board that leaves the bus, or a link that is cut, hangs up on a TCP host.
 void HangUpIfGone(Session& session) {
-    if (session.endpoint.isPty || session.endpoint.line < 0 || session.board.LinkIsUp()) return;
+    if (session.options.pty || session.endpoint.line < 0 || session.board.LinkIsUp()) return;
     LoseHost(session);
 }
 
 // One turn for each thing that happens: the board's time, bytes, a host that comes or goes.
-void Serve(Session& session, const sigset_t& openSignals) {
-    while (!stopAsked && !session.ended) {
+[[noreturn]] void Serve(Session& session) {
+    while (true) {
         session.board.Advance(ClockMs());
         CollectOutput(session);
         HangUpIfGone(session);
-        if (!session.ended) WaitAndServe(session, openSignals);
+        WaitAndServe(session);
     }
 }
 
-// SIGINT and SIGTERM wait until the loop sleeps, so none is missed.
-sigset_t CatchSignals() {
-    struct sigaction action = {};
-    action.sa_handler = AskToStop;
-    sigset_t blocked, open;
-    sigemptyset(&blocked);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        sigaddset(&blocked, signal);
-        sigaction(signal, &action, nullptr);
-    }
-    sigprocmask(SIG_BLOCK, &blocked, &open);
-    std::signal(SIGPIPE, SIG_IGN);
-    return open;
-}
-
+// Gives the exit status of a failure; a board that runs ends by a signal.
 int RunBoard(const SimOptions& options) {
-    const sigset_t openSignals = CatchSignals();
+    std::signal(SIGPIPE, SIG_IGN);
     Endpoint endpoint;
-    if (!OpenEndpoint(options, &endpoint)) {
-        CloseEndpoint(endpoint);
-        return 1;
-    }
+    if (!OpenEndpoint(options, &endpoint)) return 1;
     SimulatedBoard board(*options.facts, options.setup);
     if (!options.folder.empty() && !AddFolder(board, options.folder)) {
         std::fprintf(stderr, "boardsim: can't read the folder %s\n", options.folder.c_str());
-        CloseEndpoint(endpoint);
         return 1;
     }
     if (options.folder.empty() && !options.empty) AddSampleFiles(board);
-    std::printf("boardsim: %s\nboardsim: %s%s\n", endpoint.place.c_str(), options.facts->title,
-                endpoint.link.empty() ? "" : (", linked as " + endpoint.link).c_str());
-    std::fflush(stdout);
-    board.SetListening(endpoint.isPty);
+    Tell(endpoint.place.c_str());
+    Tell(options.facts->title);
+    board.SetListening(options.pty);
+    if (options.pty) board.PowerUp(ClockMs());
     Session session{options, board, endpoint};
-    if (endpoint.isPty || options.alreadyOn) PowerUpOnce(session);
-    Serve(session, openSignals);
-    CloseEndpoint(endpoint);
-    return 0;
+    Serve(session);
 }
 
 }  // namespace

@@ -26,32 +26,21 @@ struct OptionRow {
     int high = kMaximumNumber;
 };
 
-// The texts of options that stand for something else.
-struct Words {
-    std::string board = "picomite";
-    std::string storm;
-};
-
 // clang-format off
-std::vector<OptionRow> Rows(SimOptions& o, Words& words) {
+std::vector<OptionRow> Rows(SimOptions& o) {
     BoardFaults& faults = o.setup.faults;
     return {
         {"The board", nullptr, nullptr},
-        {"--board", "NAME", "which board (default picomite)", &words.board},
+        {"--board", "NAME", "which board (default picomite)", &o.boardName},
         {"--list-boards", nullptr, "list the boards and end", &o.listBoards},
         {"--pin", "N", "lock the console with a PIN", &o.setup.pin, 0, 99999999},
         {"--folder", "DIR", "put the files of DIR onto the board's drive", &o.folder},
         {"--empty", nullptr, "start with an empty drive (default: a few samples)", &o.empty},
         {"--sd-card", nullptr, "a card stands in drive B:", &o.setup.sdCard},
-        {"--already-on", nullptr, "power up at once (default: when the first host connects)",
-         &o.alreadyOn},
 
         {"The line", nullptr, nullptr},
         {"--port", "N", "TCP port (default 3001; 0 takes a free one)", &o.port, 0, 65535},
-        {"--listen", "ADDRESS", "IPv4 address to listen on (default 127.0.0.1)", &o.address},
         {"--pty", nullptr, "a pseudo-terminal in place of TCP; its name is printed", &o.pty},
-        {"--link", "PATH", "with --pty: a symbolic link to it, removed at the end", &o.link},
-        {"--once", nullptr, "end when the first connection ends", &o.once},
 
         {"Trouble, for tests (the same seed gives the same trouble)", nullptr, nullptr},
         {"--seed", "N", "of all that is drawn by lot (default 1)", &faults.seed},
@@ -66,9 +55,8 @@ std::vector<OptionRow> Rows(SimOptions& o, Words& words) {
         {"--silent", nullptr, "the board never sends anything", &faults.silent},
         {"--cut-after", "N", "the link is cut for good behind N bytes to the host",
          &faults.cutAfterBytes, 1},
-        {"--storm", "KIND", "can or nak: such bytes in a transfer; flood or any text: at all times",
-         &words.storm},
-        {"--storm-every", "MS", "from one to the next (default 10)", &faults.storm.intervalMs, 1,
+        {"--storm", "TEXT", "comes by itself, again and again", &faults.storm},
+        {"--storm-every", "MS", "from one to the next (default 10)", &faults.stormIntervalMs, 1,
          600000},
 
         {"Other", nullptr, nullptr},
@@ -110,33 +98,18 @@ std::string TakeArgument(const std::vector<OptionRow>& rows, int argc, char** ar
     return Take(*row, value);
 }
 
-// CAN and NAK are meant for transfers; at the prompt they would only change the line.
-void ChooseStorm(BoardStorm& storm, const std::string& kind) {
-    storm.inXmodemOnly = kind == "can" || kind == "nak";
-    storm.pattern = kind == "can"     ? "\x18"
-                    : kind == "nak"   ? "\x15"
-                    : kind == "flood" ? "The quick brown fox jumps over the lazy dog 0123456789\r\n"
-                                      : kind;
-}
-
 }  // namespace
 
 SimOptions ReadSimOptions(int argc, char** argv) {
     SimOptions options;
-    Words words;
-    const std::vector<OptionRow> rows = Rows(options, words);
+    const std::vector<OptionRow> rows = Rows(options);
     for (int i = 1; i < argc && options.error.empty(); ++i) {
         options.error = TakeArgument(rows, argc, argv, &i);
     }
-    options.facts = FindBoardFacts(words.board);
+    options.facts = FindBoardFacts(options.boardName);
     options.setup.onUsb = options.pty;
-    ChooseStorm(options.setup.faults.storm, words.storm);
-    if (!options.error.empty()) return options;
-    if (!options.facts) {
-        options.error = "There is no board \"" + words.board + "\"; --list-boards tells all.";
-    } else if (!options.link.empty() && !options.pty) {
-        options.error = "--link goes with --pty.";
-    }
+    if (options.error.empty() && !options.facts)
+        options.error = "There is no board \"" + options.boardName + "\"; --list-boards tells all.";
     return options;
 }
 
@@ -150,8 +123,7 @@ void PrintSimHelp() {
         "choose TCPIP, address localhost and port 3001 in the console and press Connect.\n"
         "It ends at Ctrl-C.");
     SimOptions options;
-    Words words;
-    for (const OptionRow& row : Rows(options, words)) {
+    for (const OptionRow& row : Rows(options)) {
         const std::string head =
             std::string(row.name) + (row.value ? " " : "") + (row.value ? row.value : "");
         if (row.help) {
@@ -163,10 +135,7 @@ void PrintSimHelp() {
 }
 
 void PrintBoardList() {
-    for (size_t i = 0; i < BoardFactsCount(); ++i) {
-        const BoardFacts& row = BoardFactsAt(i);
-        std::printf("%-14s %s\n", row.name, row.title);
-    }
+    for (const BoardFacts& row : AllBoardFacts()) std::printf("%-14s %s\n", row.name, row.title);
 }
 
 }  // namespace simulator

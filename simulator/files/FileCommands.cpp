@@ -1,37 +1,82 @@
 #include "simulator/files/FileCommands.h"
 
 #include "simulator/Board.h"
+#include "simulator/basic/BasicCommands.h"
 
 // Success prints nothing. The words of a failure depend on the kind of the drive.
 
 namespace simulator {
 namespace {
 
-void Report(Board& board, const char* error) {
-    if (error) Fail(board, error);
-}
-
-// Drive B: is there only with a card.
-bool ResolveTyped(Board& board, const std::string& typed, std::string* path) {
-    if (!ResolvePath(board.files, typed, path)) return Fail(board, "Could not find the path");
-    if ((*path)[0] == 'B' && !board.files.sdCard) return Fail(board, "SD card not present");
-    return true;
-}
+using PathAction = const char* (*)(FileStore& store, const std::string& path);
 
 // A folder command on another drive than the current one is refused.
 bool TakeFolderPath(Board& board, std::string* path) {
-    std::string typed = TakeText(board);
-    if (board.facts.cmm2) typed = UpperText(typed);
-    if (board.basic.failed || !ResolveTyped(board, typed, path)) return false;
-    if ((*path)[0] != board.files.folder[0]) return Fail(board, "Only valid on current drive");
-    return true;
+    if (!TakePath(board, path)) return false;
+    return (*path)[0] == board.files.folder[0] || Fail(board, "Only valid on current drive");
+}
+
+void ChangeFolder(Board& board, PathAction action) {
+    std::string path;
+    if (!TakeFolderPath(board, &path)) return;
+    if (const char* error = action(board.files, path)) Fail(board, error);
+}
+
+// The root has no "..". The name is shown as it was made.
+void RunChdir(Board& board) {
+    std::string path;
+    if (!TakeFolderPath(board, &path)) return;
+    if (!FolderExists(board.files, path)) return Refuse(board, "Could not find the path");
+    const StoredFile* entry = FindFile(board.files, path);
+    board.files.folder = entry ? JoinPath(FolderOf(path), entry->name) : path;
+}
+
+// The firmware asks for each file that fits a pattern.
+void RunKill(Board& board) {
+    std::string path;
+    if (!TakePath(board, &path)) return;
+    if (path.find_first_of("*?") != std::string::npos)
+        return Refuse(board, "KILL takes no pattern in the simulated board");
+    if (const char* error = RemoveFile(board.files, path)) Fail(board, error);
+}
+
+// Each change of drive goes to its root.
+void RunDrive(Board& board) {
+    std::string path;
+    const std::string drive = TakeText(board);
+    if (board.basic.failed) return;
+    if (!ResolvePath(board.files, drive, &path) || drive.size() != 2 || path.size() != 3)
+        return Refuse(board, "Invalid disk");
+    if (!FolderExists(board.files, path)) return Refuse(board, "SD card not present");
+    board.files.folder = path;
+}
+
+// A running program ends with this.
+void RunLoad(Board& board) {
+    std::string path;
+    if (TakeProgramPath(board, &path) && LoadProgram(board, path)) ReturnToPrompt(board);
+}
+
+// Written with CR LF, as the boards do.
+void RunSave(Board& board) {
+    std::string path;
+    if (!TakeProgramPath(board, &path)) return;
+    if (board.program.lines.empty()) return Refuse(board, "Nothing to save");
+    const std::string text = JoinProgram(board, "\r\n");
+    ChargeWork(board, text.size());
+    const char* error = WriteFile(board.files, path, text, BoardSeconds(board));
+    if (error) Fail(board, error);
 }
 
 }  // namespace
 
+// Drive B: is there only with a card.
 bool TakePath(Board& board, std::string* path) {
     const std::string typed = TakeText(board);
-    return !board.basic.failed && ResolveTyped(board, typed, path);
+    if (board.basic.failed) return false;
+    if (!ResolvePath(board.files, typed, path)) return Fail(board, "Could not find the path");
+    if (!AtStatementEnd(board)) return Fail(board, "Only a name is taken in the simulated board");
+    return FolderExists(board.files, path->substr(0, 3)) || Fail(board, "SD card not present");
 }
 
 bool TakeProgramPath(Board& board, std::string* path) {
@@ -56,65 +101,17 @@ bool LoadProgram(Board& board, const std::string& path) {
     return true;
 }
 
-// The root has no "..". The name is shown as it was made, on the CMM2 in upper case.
-void RunChdir(Board& board) {
-    std::string path;
-    if (!TakeFolderPath(board, &path)) return;
-    if (!FolderExists(board.files, path)) return Refuse(board, "Could not find the path");
-    const StoredFile* entry = board.facts.cmm2 ? nullptr : FindFile(board.files, path);
-    board.files.folder = entry ? JoinPath(FolderOf(path), entry->name) : path;
-}
-
-void RunMkdir(Board& board) {
-    std::string path;
-    if (TakeFolderPath(board, &path)) Report(board, MakeFolder(board.files, path));
-}
-
-void RunRmdir(Board& board) {
-    std::string path;
-    if (TakeFolderPath(board, &path)) Report(board, RemoveFolder(board.files, path));
-}
-
-// The firmware asks for each file that fits a pattern.
-void RunKill(Board& board) {
-    std::string path;
-    if (!TakePath(board, &path)) return;
-    if (path.find_first_of("*?") != std::string::npos)
-        return Refuse(board, "KILL takes no pattern in the simulated board");
-    Report(board, RemoveFile(board.files, path));
-}
-
-// Each change of drive goes to its root.
-void RunDrive(Board& board) {
-    const std::string drive = UpperText(TakeText(board));
-    if (board.basic.failed) return;
-    if (drive != "A:" && drive != "B:") {
-        Fail(board, "Invalid disk");
-    } else if (drive == "B:" && !board.files.sdCard) {
-        Fail(board, "SD card not present");
-    } else {
-        board.files.folder = drive + "/";
-    }
-}
-
-// LOAD "f" ends a running program; LOAD "f",R starts the new one.
-void RunLoad(Board& board) {
-    std::string path;
-    if (!TakeProgramPath(board, &path)) return;
-    const bool runs = TakeChar(board, ',') && TakeKeyword(board, "R");
-    if (!LoadProgram(board, path)) return;
-    if (runs) return RunProgram(board);
-    ReturnToPrompt(board);
-}
-
-// Written with CR LF, as the boards do.
-void RunSave(Board& board) {
-    std::string path;
-    if (!TakeProgramPath(board, &path)) return;
-    if (board.program.lines.empty()) return Refuse(board, "Nothing to save");
-    const std::string text = JoinProgram(board, "\r\n");
-    ChargeWork(board, text.size());
-    Report(board, WriteFile(board.files, path, text, BoardSeconds(board)));
+const CommandRows& FileCommands() {
+    static const CommandRows rows = {
+        {"Chdir", RunChdir},
+        {"Drive", RunDrive},
+        {"Kill", RunKill},
+        {"Load", RunLoad, true},
+        {"MkDir", [](Board& board) { ChangeFolder(board, MakeFolder); }},
+        {"RmDir", [](Board& board) { ChangeFolder(board, RemoveFolder); }},
+        {"Save", RunSave},
+    };
+    return rows;
 }
 
 }  // namespace simulator

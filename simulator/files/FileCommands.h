@@ -6,14 +6,6 @@
 namespace simulator {
 struct Board;
 
-void RunChdir(Board& board);
-void RunMkdir(Board& board);
-void RunRmdir(Board& board);
-void RunKill(Board& board);
-void RunDrive(Board& board);
-void RunLoad(Board& board);
-void RunSave(Board& board);
-
 // The name at the cursor as a whole path; false with an error set.
 bool TakePath(Board& board, std::string* path);
 

@@ -32,17 +32,13 @@ size_t Blocks(size_t bytes) {
     return (bytes + kDriveBlock - 1) / kDriveBlock * kDriveBlock;
 }
 
-// The words for a name that is taken, by the kind of the drive.
-const char* TakenWords(const FileStore& store, const std::string& path) {
-    const bool fat = store.fat || path[0] == 'B';
-    return fat ? "Access denied due to prohibited access" : "Entry already exists";
+// The words of an error are those of the drive's kind.
+bool IsFat(const FileStore& store, const std::string& path) {
+    return store.fat || path[0] == 'B';
 }
 
-// Paths are sorted, so the first child would stand right there.
-bool HasChildren(const FileStore& store, const std::string& path) {
-    const std::string start = LowerText(path) + "/";
-    const auto next = store.entries.lower_bound(start);
-    return next != store.entries.end() && next->first.compare(0, start.size(), start) == 0;
+const char* TakenWords(const FileStore& store, const std::string& path) {
+    return IsFat(store, path) ? "Access denied due to prohibited access" : "Entry already exists";
 }
 
 const char* AddEntry(FileStore& store, const std::string& path, StoredFile entry) {
@@ -114,12 +110,10 @@ const char* WriteFile(FileStore& store, const std::string& path, std::string_vie
                       int64_t stamp) {
     if (!FolderExists(store, FolderOf(path))) return kNoPath;
     if (!IsGoodName(NameOf(path))) return kNoFile;
-    const auto found = store.entries.find(LowerText(path));
-    const bool exists = found != store.entries.end();
-    if (exists && found->second.isFolder) return TakenWords(store, path);
-    const size_t before = exists ? Blocks(found->second.data.size()) : 0;
-    if (Blocks(data.size()) > FreeBytes(store) + before) return kFull;
-    const std::string name = exists ? found->second.name : NameOf(path);
+    const StoredFile* old = FindFile(store, path);
+    if (old && old->isFolder) return TakenWords(store, path);
+    if (Blocks(data.size()) > FreeBytes(store) + (old ? Blocks(old->data.size()) : 0)) return kFull;
+    const std::string name = old ? old->name : NameOf(path);
     return AddEntry(store, path, {name, false, std::string(data), stamp});
 }
 
@@ -130,33 +124,29 @@ const char* MakeFolder(FileStore& store, const std::string& path) {
 }
 
 const char* RemoveFile(FileStore& store, const std::string& path) {
-    const auto found = store.entries.find(LowerText(path));
-    if (found == store.entries.end() || found->second.isFolder) return kNoFile;
-    store.entries.erase(found);
+    const StoredFile* file = FindFile(store, path);
+    if (!file || file->isFolder) return kNoFile;
+    store.entries.erase(LowerText(path));
     return nullptr;
 }
 
 const char* RemoveFolder(FileStore& store, const std::string& path) {
-    const auto found = store.entries.find(LowerText(path));
-    if (found == store.entries.end() || !found->second.isFolder) return kNoFile;
-    if (HasChildren(store, path)) {
-        const bool fat = store.fat || path[0] == 'B';
-        return fat ? "FAccess denied due to prohibited access or directory full"
-                   : "Dir is not empty";
-    }
-    store.entries.erase(found);
+    const StoredFile* folder = FindFile(store, path);
+    if (!folder || !folder->isFolder) return kNoFile;
+    if (!ListFolder(store, path).empty())
+        return IsFat(store, path) ? "FAccess denied due to prohibited access or directory full"
+                                  : "Dir is not empty";
+    store.entries.erase(LowerText(path));
     return nullptr;
 }
 
 // All below the folder stand together in the map; deeper ones are passed over.
-std::vector<const StoredFile*> ListFolder(const FileStore& store, const std::string& folder,
-                                          std::string_view pattern) {
+std::vector<const StoredFile*> ListFolder(const FileStore& store, const std::string& folder) {
     std::vector<const StoredFile*> found;
     const std::string start = LowerText(JoinPath(folder, ""));
     for (auto at = store.entries.lower_bound(start); at != store.entries.end(); ++at) {
         if (at->first.compare(0, start.size(), start) != 0) break;
-        if (at->first.find('/', start.size()) != std::string::npos) continue;
-        if (FitsPattern(at->second.name, pattern)) found.push_back(&at->second);
+        if (at->first.find('/', start.size()) == std::string::npos) found.push_back(&at->second);
     }
     return found;
 }

@@ -45,9 +45,8 @@ const char* MakeFolder(FileStore& store, const std::string& path);
 const char* RemoveFile(FileStore& store, const std::string& path);
 const char* RemoveFolder(FileStore& store, const std::string& path);
 
-// What lies in `folder` and fits `pattern`, in the order of the map: by name.
-std::vector<const StoredFile*> ListFolder(const FileStore& store, const std::string& folder,
-                                          std::string_view pattern);
+// What lies in `folder`, by name.
+std::vector<const StoredFile*> ListFolder(const FileStore& store, const std::string& folder);
 
 size_t FreeBytes(const FileStore& store);
 

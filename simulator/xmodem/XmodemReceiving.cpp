@@ -1,4 +1,4 @@
-// The board receives: blocks of 128 bytes with a checksum, never a CRC.
+// The board receives: it asks for blocks, and never for a CRC.
 #include "simulator/Board.h"
 
 namespace simulator {
@@ -22,9 +22,7 @@ const BoardActivity kWriting = {nullptr, Acknowledge, nullptr, false, true};
 
 // A partial file stays after a failure.
 const char* KeepData(Board& board) {
-    const XmodemBoard& xmodem = board.xmodem;
-    if (xmodem.path.empty()) return nullptr;
-    return WriteFile(board.files, xmodem.path, xmodem.data, BoardSeconds(board));
+    return WriteFile(board.files, board.xmodem.path, board.xmodem.data, BoardSeconds(board));
 }
 
 void FailReceive(Board& board, const char* message) {
@@ -32,48 +30,22 @@ void FailReceive(Board& board, const char* message) {
     FailXmodem(board, message);
 }
 
-// The tries start anew for each block.
-void WaitForBlock(Board& board) {
-    board.xmodem.tries = 0;
-    StartActivity(board, kWaiting);
-    NextTry(board);
-}
-
 // After the first block it waits in silence: no NAK asks for the next one.
 void NextTry(Board& board) {
     XmodemBoard& xmodem = board.xmodem;
     if (xmodem.tries == kStartTries) {
         PutCancel(board);
-        FailReceive(board, "Remote did not respond");
-        return;
+        return FailReceive(board, "Remote did not respond");
     }
     ++xmodem.tries;
     if (xmodem.prompts) PutByte(board, kXmodemNak);
     WakeIn(board, kTryMs);
 }
 
-void ProgramSaved(Board& board) {
-    Put(board, BoardFormat("Saved %zu bytes\r\n", TokenisedSize(board)));
-    EndXmodem(board);
-}
-
-// Into program memory the padding goes.
-void StoreReceivedProgram(Board& board) {
-    std::string text;
-    for (const char c : board.xmodem.data) {
-        if (c != '\0' && c != '\x1a') text += c;
-    }
-    const char* error = StoreProgram(board, text);
-    if (error) return FailReceive(board, error);
-    BusyThen(board, board.facts.flash.saveMs, ProgramSaved, true);
-}
-
 // The ACK goes out before the file is written whole: what fails then fails in words.
 void Finish(Board& board) {
     PutByte(board, kXmodemAck);
-    if (board.xmodem.path.empty()) return StoreReceivedProgram(board);
-    const char* error = KeepData(board);
-    if (error) return FailReceive(board, error);
+    if (const char* error = KeepData(board)) return FailXmodem(board, error);
     EndXmodem(board);
 }
 
@@ -84,39 +56,29 @@ void Cancelled(Board& board) {
 
 // STX and 1K blocks are unknown: noise like any other byte.
 void TakeStart(Board& board, unsigned char c) {
-    switch (c) {
-        case kXmodemSoh:
-            board.xmodem.prompts = false;
-            board.xmodem.block.clear();
-            StartActivity(board, kInBlock);
-            WakeIn(board, kByteMs);
-            break;
-        case kXmodemEot:
-            WaitForQuiet(board, Finish);
-            break;
-        case kXmodemCan:
-            WaitForQuiet(board, Cancelled);
-            break;
-        default:
-            NextTry(board);
-            break;
-    }
+    if (c == kXmodemEot) return WaitForQuiet(board, Finish);
+    if (c == kXmodemCan) return WaitForQuiet(board, Cancelled);
+    if (c != kXmodemSoh) return NextTry(board);
+    board.xmodem.prompts = false;
+    board.xmodem.block.clear();
+    StartActivity(board, kInBlock);
+    WakeIn(board, kByteMs);
 }
 
 void Acknowledge(Board& board) {
     PutByte(board, kXmodemAck);
-    WaitForBlock(board);
+    WaitForXmodemBlock(board);
 }
 
-void Refuse(Board& board) {
+void AskAgain(Board& board) {
     PutByte(board, kXmodemNak);
-    WaitForBlock(board);
+    WaitForXmodemBlock(board);
 }
 
 // A bad block is answered when the line has been quiet for 1.5 s; a host that sends the next
 // one meanwhile makes the wait longer.
 void RejectBlock(Board& board) {
-    WaitForQuiet(board, Refuse);
+    WaitForQuiet(board, AskAgain);
 }
 
 void GiveUp(Board& board) {
@@ -124,21 +86,12 @@ void GiveUp(Board& board) {
     FailReceive(board, "Too many errors");
 }
 
-// Flash file or program memory, each with its own limit.
-bool HasRoom(const Board& board) {
-    const XmodemBoard& xmodem = board.xmodem;
-    const size_t limit =
-        xmodem.path.empty() ? board.facts.flash.programBytes : FreeBytes(board.files);
-    return xmodem.data.size() + kXmodemData <= limit;
-}
-
 // The block is written first and acknowledged then.
 void StoreBlock(Board& board) {
     XmodemBoard& xmodem = board.xmodem;
-    if (!HasRoom(board)) {
+    if (xmodem.data.size() + kXmodemData > FreeBytes(board.files)) {
         PutCancel(board);
-        FailReceive(board, xmodem.path.empty() ? "Not enough memory" : "No space left on device");
-        return;
+        return FailReceive(board, "No space left on device");
     }
     xmodem.data.append(xmodem.block, 2, kXmodemData);
     ++xmodem.number;
@@ -173,9 +126,11 @@ void TakeBlockByte(Board& board, unsigned char c) {
 
 }  // namespace
 
-void StartXmodemReceive(Board& board) {
-    board.xmodem.repeatsLeft = kXmodemSends;
-    WaitForBlock(board);
+// The tries start anew for each block.
+void WaitForXmodemBlock(Board& board) {
+    board.xmodem.tries = 0;
+    StartActivity(board, kWaiting);
+    NextTry(board);
 }
 
 }  // namespace simulator

@@ -5,27 +5,24 @@
 namespace simulator {
 namespace {
 
-constexpr char kCrcLetter = 'C';
 constexpr int kEotTries = 10;
-constexpr int64_t kSecondCanMs = 1000;
 
 void TakeStart(Board& board, unsigned char c);
 void StartTimedOut(Board& board);
-void TakeSecondCan(Board& board, unsigned char c);
 void TakeAnswer(Board& board, unsigned char c);
 void SendAgain(Board& board);
 void TakeEotAnswer(Board& board, unsigned char c);
 void SendEot(Board& board);
 
 const BoardActivity kStarting = {TakeStart, StartTimedOut, nullptr, false, true};
-const BoardActivity kSecondCan = {TakeSecondCan, StartTimedOut, nullptr, false, true};
 const BoardActivity kSending = {TakeAnswer, SendAgain, nullptr, false, true};
 const BoardActivity kClosing = {TakeEotAnswer, SendEot, nullptr, false, true};
 
-// Old firmware flushes the line before it says what went wrong, 6.03 just ends.
+// Old firmware waits for a quiet line before it says what went wrong, 6.03 just ends.
 void FailSend(Board& board, const char* message) {
     if (board.facts.xmodem.modern) return FailXmodem(board, message);
-    FailXmodemQuietly(board, message);
+    board.xmodem.failure = message;
+    WaitForQuiet(board, [](Board& quiet) { FailXmodem(quiet, quiet.xmodem.failure); });
 }
 
 // Old firmware acknowledges the CAN.
@@ -34,38 +31,21 @@ void Cancel(Board& board) {
     FailSend(board, "Cancelled by remote");
 }
 
-void WaitForStart(Board& board) {
-    StartActivity(board, kStarting);
-    WakeIn(board, board.facts.xmodem.startMs);
-}
-
 // A second without a start, or a stray byte: both cost a try.
 void StartTimedOut(Board& board) {
-    if (++board.xmodem.tries < board.facts.xmodem.startTries) {
-        WaitForStart(board);
-    } else if (board.facts.xmodem.modern) {
-        FailSend(board, "Receiver did not respond");
-    } else {
-        PutCancel(board);
-        FailSend(board, "Remote did not respond");
-    }
+    if (++board.xmodem.tries < board.facts.xmodem.startTries) return WaitForXmodemStart(board);
+    if (!board.facts.xmodem.modern) PutCancel(board);
+    FailSend(board, "Remote did not respond");
 }
 
-// SOH, number, complement, data, then the sum or the CRC with its high byte first.
+// SOH, number, complement, data, sum.
 void MakeBlock(Board& board) {
     XmodemBoard& xmodem = board.xmodem;
     std::string data = xmodem.data.substr(xmodem.at, kXmodemData);
     data.resize(kXmodemData, '\0');
     xmodem.block = {static_cast<char>(kXmodemSoh), static_cast<char>(xmodem.number),
                     static_cast<char>(~xmodem.number)};
-    xmodem.block += data;
-    if (xmodem.crc) {
-        const uint16_t crc = BoardCrc16(data);
-        xmodem.block += static_cast<char>(crc >> 8);
-        xmodem.block += static_cast<char>(crc & 0xff);
-    } else {
-        xmodem.block += static_cast<char>(BoardSum8(data));
-    }
+    xmodem.block += data + static_cast<char>(BoardSum8(data));
 }
 
 // The next block, or EOT when there is none. An empty file is EOT alone.
@@ -74,8 +54,7 @@ void SendBlock(Board& board) {
     xmodem.tries = 0;
     if (xmodem.at >= xmodem.data.size()) {
         StartActivity(board, kClosing);
-        SendEot(board);
-        return;
+        return SendEot(board);
     }
     MakeBlock(board);
     StartActivity(board, kSending);
@@ -86,81 +65,49 @@ void SendBlock(Board& board) {
 void SendAgain(Board& board) {
     if (board.xmodem.tries == kXmodemSends) {
         PutCancel(board);
-        FailSend(board, "Too many errors");
-        return;
+        return FailSend(board, "Too many errors");
     }
     ++board.xmodem.tries;
     PutRaw(board, board.xmodem.block);
     WakeIn(board, board.facts.xmodem.resendMs);
 }
 
-// "C" asks for a CRC; firmware before 6.03 doesn't know it and counts it as noise.
+// Whatever asks for a CRC counts as noise.
 void TakeStart(Board& board, unsigned char c) {
-    const XmodemFacts& facts = board.facts.xmodem;
-    if (c == kXmodemNak || (c == kCrcLetter && facts.modern)) {
-        board.xmodem.crc = c == kCrcLetter;
-        SendBlock(board);
-    } else if (c != kXmodemCan) {
-        StartTimedOut(board);
-    } else if (facts.modern) {
-        Cancel(board);
-    } else {
-        StartActivity(board, kSecondCan);
-        WakeIn(board, kSecondCanMs);
-    }
-}
-
-// Old firmware wants two CANs before the start.
-void TakeSecondCan(Board& board, unsigned char c) {
+    if (c == kXmodemNak) return SendBlock(board);
     if (c == kXmodemCan) return Cancel(board);
     StartTimedOut(board);
 }
 
 // Any byte but ACK and CAN brings the block again at once.
 void TakeAnswer(Board& board, unsigned char c) {
-    XmodemBoard& xmodem = board.xmodem;
-    if (c == kXmodemAck) {
-        xmodem.at += kXmodemData;
-        ++xmodem.number;
-        SendBlock(board);
-    } else if (c == kXmodemCan) {
-        Cancel(board);
-    } else {
-        SendAgain(board);
-    }
+    if (c == kXmodemCan) return Cancel(board);
+    if (c != kXmodemAck) return SendAgain(board);
+    board.xmodem.at += kXmodemData;
+    ++board.xmodem.number;
+    SendBlock(board);
 }
 
 // With no answer at all firmware 6.03 takes it for a success.
 void SendEot(Board& board) {
-    if (board.xmodem.tries == kEotTries) {
-        if (board.facts.xmodem.modern) {
-            EndXmodem(board);
-        } else {
-            FailSend(board, "Error closing");
-        }
-        return;
-    }
+    if (board.xmodem.tries == kEotTries)
+        return board.facts.xmodem.modern ? EndXmodem(board) : FailSend(board, "Error closing");
     ++board.xmodem.tries;
     PutByte(board, kXmodemEot);
     WakeIn(board, board.facts.xmodem.eotMs);
 }
 
+// The prompt of old firmware comes after a silence.
 void TakeEotAnswer(Board& board, unsigned char c) {
-    if (c == kXmodemAck && board.facts.xmodem.modern) {
-        EndXmodem(board);
-    } else if (c == kXmodemAck) {
-        WaitForQuiet(board, EndXmodem);  // its prompt comes after a silence
-    } else if (c == kXmodemCan && board.facts.xmodem.modern) {
-        Cancel(board);
-    } else {
-        SendEot(board);
-    }
+    if (c != kXmodemAck) return SendEot(board);
+    board.facts.xmodem.modern ? EndXmodem(board) : WaitForQuiet(board, EndXmodem);
 }
 
 }  // namespace
 
-void StartXmodemSend(Board& board) {
-    WaitForStart(board);
+void WaitForXmodemStart(Board& board) {
+    StartActivity(board, kStarting);
+    WakeIn(board, board.facts.xmodem.startMs);
 }
 
 }  // namespace simulator

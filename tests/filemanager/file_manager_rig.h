@@ -66,8 +66,6 @@ class FileManager : public testing::Test {
         line.reset();  // it hands the clock back
         line = std::make_unique<BoardOnLine>(board, clock);
         line->SlowDown(msPerByte);
-        AdoptTcpLink(line->TakeNearEnd());
-        SetDeviceOnTcpip(true);
         ConnectDevice();
         SetTerminalMode(kModeFileManager);
     }

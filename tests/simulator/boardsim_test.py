@@ -1,6 +1,5 @@
 """The program boardsim, started as a user starts it: ports, pseudo-terminals, its end."""
 import os
-import signal
 import socket
 import subprocess
 import tempfile
@@ -19,17 +18,14 @@ def read_until(read, part):
 
 class Boardsim(unittest.TestCase):
     def start(self, *arguments):
+        """The program, and the last word of its first line: its port or its terminal."""
         program = subprocess.Popen([os.environ["BOARDSIM"], *arguments], bufsize=0,
                                    stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
         self.addCleanup(lambda: (program.kill(), program.wait(), program.stdout.close()))
-        return program
-
-    def refusal(self, *arguments):
-        program = self.start(*arguments)
-        return program.stdout.read(), program.wait(10)
+        return program, program.stdout.readline().split()[-1]
 
     def connect(self, port):
-        line = socket.create_connection(("127.0.0.1", port), 10)
+        line = socket.create_connection(("127.0.0.1", int(port)), 10)
         self.addCleanup(line.close)
         return line
 
@@ -38,9 +34,7 @@ class Boardsim(unittest.TestCase):
             os.mkdir(os.path.join(folder, "sub"))
             with open(os.path.join(folder, "sub", "one.bas"), "w", encoding="ascii") as f:
                 f.write('PRINT "from the PC"\n')
-            program = self.start("--port", "0", "--folder=" + folder)
-            port = int(program.stdout.readline().rsplit(b" ", 1)[1])
-            program.stdout.readline()
+            program, port = self.start("--port", "0", "--folder=" + folder)
             line = self.connect(port)
             self.assertTrue(read_until(line.recv, b"\x1b[?7h").startswith(b"\rPicoMite MMBasic"))
             line.sendall(b'RUN "sub/one"\r')
@@ -52,43 +46,33 @@ class Boardsim(unittest.TestCase):
         before = wakes()
         time.sleep(0.3)
         self.assertLessEqual(wakes() - before, 3)  # at the prompt it sleeps
-        self.assertIn(b"is taken", self.refusal("--port", str(port))[0])
         # A restart takes the port away; who comes meanwhile waits.
         line.sendall(b"CPU RESTART\r")
         self.assertEqual(read_until(line.recv, b"never"), b"CPU RESTART\r\n")
         line = self.connect(port)
         line.sendall(b"PRINT 6*7\r")
         self.assertIn(b"42\r", read_until(line.recv, b"42\r"))
-        program.send_signal(signal.SIGTERM)
-        self.assertEqual(program.wait(10), 0)
 
-    def test_a_pseudo_terminal_with_a_link_that_goes_at_the_end(self):
-        with tempfile.TemporaryDirectory() as folder:
-            link = os.path.join(folder, "board")
-            program = self.start("--board", "webmite", "--pty", "--link", link)
-            self.assertTrue(program.stdout.readline().startswith(b"boardsim: /dev/pts/"))
-            self.assertIn(b"linked as", program.stdout.readline())
-            with os.fdopen(os.open(link, os.O_RDWR | os.O_NOCTTY), "r+b", buffering=0) as line:
-                line.write(b"nosuch\r")
-                answer = read_until(line.read, b"command")
-            self.assertIn(b"nosuch\r\nError : Unknown command", answer)  # no telnet here
-            program.send_signal(signal.SIGINT)
-            self.assertEqual(program.wait(10), 0)
-            self.assertFalse(os.path.lexists(link))
-            os.mkdir(link)  # what is no link of its own is left alone
-            self.assertIn(b"can't make the link", self.refusal("--pty", "--link", link)[0])
+    def test_telnet_over_tcp_and_none_on_a_pseudo_terminal(self):
+        _, port = self.start("--port=0", "--board", "webmite")
+        shown = read_until(self.connect(port).recv, b"\x1b[?7h")
+        self.assertEqual(shown[12:18], b"\xff\xfe\x22\0\r\0")
+        _, name = self.start("--board", "webmite", "--pty")
+        with os.fdopen(os.open(name, os.O_RDWR | os.O_NOCTTY), "r+b", buffering=0) as line:
+            line.write(b"nosuch\r")
+            answer = read_until(line.read, b"command")
+        self.assertIn(b"nosuch\r\nError : Unknown command", answer)
 
-    def test_telnet_once_and_other_options(self):
-        program = self.start("--port", "0", "--once", "--board", "webmite")
-        line = self.connect(int(program.stdout.readline().rsplit(b" ", 1)[1]))
-        self.assertEqual(read_until(line.recv, b"\x1b[?7h")[12:18], b"\xff\xfe\x22\0\r\0")
-        line.close()
-        self.assertEqual(program.wait(10), 0)
+    def test_wrong_options(self):
+        _, port = self.start("--port", "0")
         for option, part, ending in [
                 ("--nosuch", b'no option "--nosuch"', 2), ("--port=70000", b"from 0 to 65535", 2),
-                ("--board=nosuch", b"no board", 2), ("--pin", b"needs a value", 2)]:
-            words, code = self.refusal(option)
-            self.assertTrue(part in words and code == ending, (option, words, code))
+                ("--board=nosuch", b"no board", 2), ("--pin", b"needs a value", 2),
+                (f"--port={port.decode()}", b"can't listen on port", 1),
+                ("--folder=/no/such", b"can't read the folder", 1)]:
+            words = subprocess.run([os.environ["BOARDSIM"], option, *["--pty"] * (b"f" in part[:11])],
+                                   stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=10)
+            self.assertTrue(part in words.stdout and words.returncode == ending, (option, words))
 
 
 if __name__ == "__main__":

@@ -5,44 +5,19 @@
 
 namespace {
 
-// 21-06-2025 10:07:30.
-constexpr int64_t kStamp = 1750500450;
-const std::string kAnyKey = "PRESS ANY KEY ...";
+constexpr int64_t kStamp = 1750500450;  // 21-06-2025 10:07:30
 
-auto Lines(const std::string& text) {
-    return std::count(text.begin(), text.end(), '\n');
-}
-
-const std::string kErase = "\r" + std::string(17, ' ') + "\r";
-
-// A board with so many files, and a program of as many lines.
-struct FullBench : BoardBench {
-    explicit FullBench(int count) {
-        Say("AUTOSAVE\r");
-        for (int i = 1; i <= count; ++i) {
-            board.AddFile("f" + std::to_string(100 + i) + ".bas", "x", kStamp);
-            Say("print " + std::to_string(i) + "\r", 0);
-        }
-        Say("\x1a");
-    }
-};
-
-TEST(Listing, FilesOfThePicoMite) {
-    BoardBench bench;
-    bench.board.AddFile("games/sub/deep.bas", "", kStamp);
-    bench.board.AddFile("games/prog.bas", std::string(1234, 'x'), kStamp);
-    bench.board.AddFile("games/Another, one.txt", "abc", 0);
-    bench.ExpectDialogue(
-        "CHDIR \"games\" | x=5 | files -> A:/games#   <DIR>  sub#"
-        "00:00 00-00-1980          3  Another, one.txt#10:07 21-06-2025       1234  prog.bas#"
-        "1 directory, 2 files, 13623296 bytes free\n"
-        "PRINT x ->  0\n"  // FILES at the prompt clears the variables
-        "FILES \"no/*\" -> Error : Could not find the path\n"
-        "FILES \"B:\" -> Error : SD card not present\n");
-}
-
-TEST(Listing, OtherFamiliesLayouts) {
+TEST(Listing, EachFamilysLayout) {
     const std::pair<const char*, const char*> rows[] = {
+        {"picomite",
+         "CHDIR \"dir\" | x=5 | files -> A:/dir#   <DIR>  sub#"
+         "00:00 00-00-1980          3  Another, one.txt#10:07 21-06-2025       1234  prog.bas#"
+         "1 directory, 2 files, 13619200 bytes free\n"
+         "PRINT x ->  0\n"  // FILES at the prompt clears the variables
+         "FILES \"p*.B?s\" -> A:/dir#10:07 21-06-2025       1234  prog.bas#"
+         "0 directories, 1 file, 13619200 bytes free\n"
+         "FILES \"no/*\" -> Error : Could not find the path\n"
+         "FILES \"B:\" -> Error : SD card not present\n"},
         {"cmm2",
          "ls -> A:/#   <DIR>  dir#10:07 21-06-2025          7  b.txt#1 directory, 1 file\n"},
         {"armmite", "FILES \"*\" -> A:/#   <DIR>  dir#         7  b.txt#1 directory, 1 file\n"},
@@ -50,28 +25,43 @@ TEST(Listing, OtherFamiliesLayouts) {
          "files -> dir             <DIR>#b.txt                    7#1 directory, 1 file\n"}};
     for (const auto& [family, script] : rows) {
         BoardBench bench(family);
-        bench.board.AddFile("dir/x", "", 0);
+        bench.board.AddFile("dir/sub/deep.bas", "", 0);
+        bench.board.AddFile("dir/prog.bas", std::string(1234, 'x'), kStamp);
+        bench.board.AddFile("dir/Another, one.txt", "abc", 0);
         bench.board.AddFile("b.txt", std::string(7, 'x'), kStamp);
         bench.ExpectDialogue(script);
     }
 }
 
 TEST(Listing, PagesStopForOneRawByte) {
-    FullBench bench(60);
+    const std::string anyKey = "PRESS ANY KEY ...", erase = "\r" + std::string(17, ' ') + "\r";
+    const auto lines = [](const std::string& text) {
+        return std::count(text.begin(), text.end(), '\n');
+    };
+    BoardBench bench;
+    for (int i = 101; i <= 119; ++i)
+        bench.board.AddFile("f" + std::to_string(i) + ".bas", "x", kStamp);
+    // The stop comes right before the summary.
+    EXPECT_TRUE(Has(bench.Say("FILES\r"), "f119.bas\r\n" + anyKey));
+    EXPECT_EQ(bench.Say("x").substr(0, 44), erase + "0 directories, 19 files, ");
+    for (int i = 120; i <= 160; ++i) bench.board.AddFile("f" + std::to_string(i), "x", kStamp);
     std::string page = bench.Say("FILES\r");
-    EXPECT_EQ(page.substr(page.size() - kAnyKey.size()), kAnyKey);
-    EXPECT_EQ(Lines(page), 1 + 20);  // the command and 20 lines
+    EXPECT_EQ(page.substr(page.size() - anyKey.size()), anyKey);
+    EXPECT_EQ(lines(page), 1 + 20);  // the command and 20 lines
     page = bench.Say(" ");
-    EXPECT_EQ(page.substr(0, 35), kErase + "10:07 21-06-2025");
-    EXPECT_EQ(Lines(page), 21);
+    EXPECT_EQ(page.substr(0, 35), erase + "10:07 21-06-2025");
+    EXPECT_EQ(lines(page), 21);
     // CR LF: the CR goes on to the end, the LF is left for the prompt.
     page = bench.Say("\r\n");
     EXPECT_EQ(page.substr(page.size() - 18), "\r\n" + kQuiet + "\r\n" + kQuiet);
     bench.Say("FILES\r");  // Ctrl-C stops with no summary
     EXPECT_EQ(bench.Say("\x03"), kLead603 + "\r\n" + kQuiet);
-    FullBench full(19);  // the stop comes right before the summary
-    EXPECT_TRUE(Has(full.Say("FILES\r"), "f119.bas\r\n" + kAnyKey));
-    EXPECT_EQ(full.Say("x").substr(0, 44), kErase + "0 directories, 19 files, ");
+    std::string program = "AUTOSAVE\r";
+    for (int i = 1; i < 50; ++i) program += "print\r";
+    bench.Say(program + "\x1a");
+    EXPECT_EQ(lines(bench.Say("LIST\r")), 1 + 20);
+    EXPECT_EQ(lines(bench.Say("xx")), 20 + 9);
+    EXPECT_EQ(lines(bench.Say("\x03LIST ALL\r")), 2 + 49);
 }
 
 TEST(Commands, FilesOnTheFlashDriveAndOnACard) {
@@ -82,13 +72,17 @@ TEST(Commands, FilesOnTheFlashDriveAndOnACard) {
     bench.ExpectDialogue(R"(
 MKDIR "games" | MKDIR "GAMES" -> Error : Entry already exists
 CHDIR "games" | SAVE "one" | CHDIR ".." | CHDIR ".." -> Error : Could not find the path
-*games/one ->  1
-LOAD "games/one",R ->  1
+RUN "games/one" ->  1
+NEW | LOAD "games\one" | RUN ->  1
+LOAD "games/one",R -> Error : Only a name is taken in the simulated board
 RUN "one" -> Error : Could not find the file
-b: | MKDIR "x" | MKDIR "x" -> Error : Access denied due to prohibited access
+DRIVE "b:" | MKDIR "x" | MKDIR "x" -> Error : Access denied due to prohibited access
+CHDIR "A:/games" -> Error : Only valid on current drive
+KILL "a:/games/*" -> Error : KILL takes no pattern in the simulated board
+KILL "a:/games/one.bas" | FILES "A:/games" -> A:/games#0 directories, 0 files, 13631488 bytes free
 )");
     EXPECT_TRUE(bench.board.AddFile("A:/big1", std::string(13 * 1024 * 1024 - 8192, 'x'), 0));
-    EXPECT_FALSE(bench.board.AddFile("A:/big2", std::string(8192, 'x'), 0));
+    EXPECT_FALSE(bench.board.AddFile("A:/big2", std::string(8193, 'x'), 0));
 }
 
 // Saved, shown, run and erased they are in the file manager's tests.
@@ -100,6 +94,7 @@ TEST(Commands, FlashSlots) {
 NEW | FLASH SAVE 1 -> Error : Already programmed
 FLASH LOAD 3 -> Error : Flash slot empty
 FLASH ERASE 4 -> Error : 4 is invalid (valid is 1 to 3)
+FLASH CHAIN 1 -> Error : CHAIN is not in the simulated board
 FLASH RUN 1 -> hello
 FLASH ERASE ALL | FLASH LIST ->  Slot 1 available# Slot 2 available# Slot 3 available
 )");

@@ -12,7 +12,8 @@ namespace {
 const char kPieces[] =
     "AUTOSAVE\r|AUTO\r|NEW\r|RUN\r|LIST\r|FILES\r|LS\r|XMODEM SEND\r|XMODEM RECEIVE \"x\"\r|\x04|"
     "\x01\x01\xfe|\x06|\x15|\x18|C|FOR i=1 TO 9|NEXT|GOTO a|a:|DO|LOOP|IF |THEN|ELSE|ENDIF|PRINT |"
-    "INPUT a$|\"|(|)|-|NOT |LEFT$(|STRING$(255,65)|DIM a(99)|=|a$|+a$|99999999999|1e308|^|\\0|,|:|"
+    "INPUT a$|\"|(|)|-|NOT |LEFT$(|STRING$(255,CHR$(65))|DIM "
+    "a(99)|=|a$|+a$|99999999999|1e308|^|\\0|,|:|"
     "\r|\n|\x1a|\x1b[12~|\x1b[A|\x1b|\x91|\x92|\x03|\b|\t|SAVE \"x\"\r|RUN \"x\"\r|MKDIR \"d\"\r|"
     "CHDIR \"d\"\r|FLASH SAVE 1\r|FLASH RUN 1\r|OPTION LIST\r|PAUSE 9\r|DATE$=\"31-12-2999\"\r";
 
@@ -38,8 +39,7 @@ size_t Feed(BoardBench& bench, std::mt19937& random) {
 
 TEST(Hostile, RandomStreamsLeaveEveryBoardAliveAndBounded) {
     const unsigned seed = std::random_device{}();
-    for (size_t i = 0; i < BoardFactsCount(); ++i) {
-        const BoardFacts& facts = BoardFactsAt(i);
+    for (const BoardFacts& facts : AllBoardFacts()) {
         SCOPED_TRACE(facts.name + (" with seed " + std::to_string(seed)));
         std::mt19937 random(seed);
         BoardBench bench(facts.name);
@@ -53,7 +53,7 @@ TEST(Hostile, RandomStreamsLeaveEveryBoardAliveAndBounded) {
 
 TEST(Hostile, NothingTakenOutMeansNothingGrows) {
     BoardBench bench;
-    bench.Say("AUTOSAVE\rDO:PRINT STRING$(255,65);:LOOP\r\x1a");
+    bench.Say("AUTOSAVE\rDO:PRINT STRING$(255,CHR$(65));:LOOP\r\x1a");
     bench.board.Receive("RUN\r", bench.now);
     for (int i = 0; i < 1000; ++i) bench.board.Advance(bench.now += 100);
     const size_t size = bench.board.TakeOutput().size();
@@ -83,7 +83,9 @@ TEST(Hostile, DeepLinesAndManyFilesAreRefused) {
 TEST(Faults, TheSameSeedGivesTheSameTrouble) {
     BoardSetup setup;
     setup.faults.lostOutPerMille = setup.faults.garbagePerMille = 100;
-    const auto run = [&] { return BoardBench("picomite", setup).Say("PRINT STRING$(255,65)\r"); };
+    const auto run = [&] {
+        return BoardBench("picomite", setup).Say("PRINT STRING$(255,CHR$(65))\r");
+    };
     const std::string first = run();
     EXPECT_EQ(first, run());
     EXPECT_TRUE(first.size() > 200 && first.size() < 275) << first.size();

@@ -1,62 +1,26 @@
 // XMODEM on a stepped clock: the habits of firmware 6.03 and its faults. Those of the older
 // firmware are seen by the file manager's session.
 #include "tests/simulator/board_bench.h"
+#include "tests/support/XmodemFrame.h"
 
 namespace {
 
-const std::string kNak = "\x15", kAck = "\x06", kEot = "\x04", kCan = "\x18",
-                  kCan3 = "\x18\x18\x18";
-const std::string kManyErrors = kCan3 + "Error : Too many errors\r\n" + kLoud603;
-const std::string kCancelled = "Error : Cancelled by remote\r\n";
+const std::string kNak = "\x15", kAck = "\x06", kEot = "\x04", kCan = "\x18";
 const std::string kLoud600 = "\x1b[?25h> ";
 
-std::string Data(size_t number) {
-    return std::string(128, static_cast<char>('A' + number % 26));
+std::string Block(int number) {
+    return FrameOf(number, std::string(128, char('A' + number)));
 }
 
-// A frame of the host, with a checksum.
-std::string Frame(size_t number, const std::string& data) {
-    std::string frame = {'\x01', static_cast<char>(number), static_cast<char>(~number)};
-    unsigned sum = 0;
-    for (const char c : data) sum += static_cast<unsigned char>(c);
-    return frame + data + static_cast<char>(sum);
-}
-
-std::string Block(size_t number) {
-    return Frame(number, Data(number));
-}
-
-// A board that asks for blocks.
-struct Receiving : BoardBench {
-    explicit Receiving(const char* family = "picomite") : BoardBench(family) {
-        EXPECT_EQ(Type("XMODEM RECEIVE \"f.bas\"", 0), kNak);
-    }
-    std::string Stored() const {
-        std::string data;
-        board.ReadFile("f.bas", &data);
-        return data;
-    }
-};
-
-// A board that offers a file of 200 "x".
-struct Sending : BoardBench {
-    explicit Sending(const char* family) : BoardBench(family) {
-        board.AddFile("f.bas", std::string(200, 'x'), 0);
-        EXPECT_EQ(Type("XMODEM SEND \"f.bas\"", 0), "");
-    }
-    const std::string one = Frame(1, std::string(128, 'x'));
-    const std::string two = Frame(2, std::string(72, 'x') + std::string(56, '\0'));
-};
-
-TEST(XmodemReceive, BadBlocksRepeatsAndCancel) {
-    Receiving bench;
-    std::string bad = Block(1);
+TEST(Xmodem, TheBoardReceives) {
+    BoardBench bench;
+    std::string bad = Block(1), held;
     bad[60] ^= 1;
-    bench.Follow({{"", 1999, ""},  // it asks every 2 s, and at each stray byte
-                  {"", 1, kNak},
-                  {"\n", 0, kNak},
-                  {Frame(0, Data(0)), 0, kAck},  // a YMODEM header is ignored
-                  {bad, 1499, ""},               // corrupt: 1.5 s
+    bench.Follow({{"XMODEM RECEIVE \"f.bas\"\r", 1999, "XMODEM RECEIVE \"f.bas\"\r\n" + kNak},
+                  {"", 1, kNak},        // it asks every 2 s
+                  {"\n", 0, kNak},      // and at each stray byte
+                  {Block(0), 0, kAck},  // a YMODEM header is ignored
+                  {bad, 1499, ""},      // corrupt: 1.5 s
                   {"", 1, kNak},
                   {Block(1).substr(0, 50), 2499, ""},  // short: 1 s more
                   {"", 1, kNak},
@@ -67,20 +31,32 @@ TEST(XmodemReceive, BadBlocksRepeatsAndCancel) {
                   {kEot, 1499, ""},        // a host that repeats EOT too early is not answered
                   {kEot, 1499, ""},
                   {"", 1, kAck + kLoud603}});
-    EXPECT_EQ(bench.Stored(), Data(1));
-    Receiving("picomite-6.00").Follow({{kCan, 1499, ""}, {"", 201, kAck + kCancelled + kLoud600}});
+    EXPECT_TRUE(bench.board.ReadFile("f.bas", &held) && held == std::string(128, 'B'));
+    BoardBench old("picomite-6.00");
+    old.Say("XMODEM RECEIVE \"f.bas\"\r", 0);
+    old.Follow({{kCan, 1499, ""}, {"", 201, kAck + "Error : Cancelled by remote\r\n" + kLoud600}});
 }
 
-TEST(XmodemSend, TheHabitsOfFirmware603) {
-    Sending now("picomite"), crc("picomite"), stubborn("picomite");
-    now.Follow({{kNak, 0, now.one}, {kAck, 0, now.two}, {kAck, 0, kEot}, {kAck, 0, kLoud603}});
-    EXPECT_EQ(crc.Say("C", 0), crc.one.substr(0, 131) + "\x81\xd7");  // of 128 times "x"
-    Sending("picomite").Follow({{kCan, 10000, kCancelled + kLoud603}});
-    stubborn.Follow({{kNak + kNak, 0, now.one + now.one},  // nothing is flushed
+TEST(Xmodem, TheBoardSends) {
+    const std::string one = FrameOf(1, std::string(128, 'x'));
+    const std::string two = FrameOf(2, std::string(72, 'x') + std::string(56, '\0'));
+    const std::string failed =
+        "\x18\x18\x18"
+        "Error : Too many errors\r\n" +
+        kLoud603;
+    BoardBench now, cancelled, stubborn;
+    for (BoardBench* bench : {&now, &cancelled, &stubborn}) {
+        bench->board.AddFile("f.bas", std::string(200, 'x'), 0);
+        EXPECT_EQ(bench->Type("XMODEM SEND \"f.bas\"", 0), "");
+    }
+    now.Follow(
+        {{"C", 0, ""}, {kNak, 0, one}, {kAck, 0, two}, {kAck, 0, kEot}, {kAck, 0, kLoud603}});
+    cancelled.Follow({{kCan, 10000, "Error : Cancelled by remote\r\n" + kLoud603}});
+    stubborn.Follow({{kNak + kNak, 0, one + one},  // nothing is flushed
                      {"", 2999, ""},
-                     {"", 1, now.one},
-                     {"?", 0, now.one}});  // at once on any other byte
-    EXPECT_EQ(stubborn.Wait(67000).size(), 21 * 132 + kManyErrors.size());
+                     {"", 1, one},
+                     {"?", 0, one}});  // at once on any other byte
+    EXPECT_EQ(stubborn.Wait(67000).size(), 21 * 132 + failed.size());
 }
 
 }  // namespace

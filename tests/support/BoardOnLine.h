@@ -1,14 +1,9 @@
-// A simulated board at one end of a socket pair, on the virtual clock: whoever holds the
-// other descriptor talks to it as through a serial port or a TCP connection. Each
-// millisecond of the clock the board reads, acts and writes.
+// A simulated board at the far end of the program's link, on the virtual clock: each
+// millisecond it reads, acts and writes.
 #pragma once
 
-#include <cstdint>
-#include <functional>
-#include <memory>
-#include <string>
-
 #include "simulator/SimulatedBoard.h"
+#include "tests/support/FarEnd.h"
 #include "tests/support/VirtualClock.h"
 
 class BoardOnLine {
@@ -16,17 +11,21 @@ class BoardOnLine {
     // `family` is a name of the table of boards ("picomite", "cmm2", ...). The board is
     // powered at once and its sign-on is dropped, as on a port that is opened later. Takes
     // clock.onTick; what stood there is called first from then on.
-    BoardOnLine(const char* family, VirtualClock& clock,
-                const simulator::BoardSetup& setup = simulator::BoardSetup());
-    ~BoardOnLine();
+    BoardOnLine(const char* family, VirtualClock& virtualClock,
+                const simulator::BoardSetup& setup = simulator::BoardSetup(), bool overTcp = true)
+        : board(*simulator::FindBoardFacts(family), setup),
+          line(overTcp),
+          clock(virtualClock),
+          before(virtualClock.onTick) {
+        board.PowerUp(clock.Now());
+        board.TakeOutput();
+        clock.onTick = [this](int64_t now) { Tick(now); };
+    }
+    ~BoardOnLine() { clock.onTick = before; }
     BoardOnLine(const BoardOnLine&) = delete;
     BoardOnLine& operator=(const BoardOnLine&) = delete;
 
-    // The caller's end, non-blocking. The first call hands it over: the caller closes it.
-    // -1 afterwards.
-    int TakeNearEnd();
-
-    simulator::SimulatedBoard& Board() { return *board; }
+    simulator::SimulatedBoard& Board() { return board; }
 
     // All that the board has been sent.
     const std::string& Received() const { return received; }
@@ -38,15 +37,24 @@ class BoardOnLine {
     void SlowDown(int milliseconds) { msPerByte = milliseconds; }
 
   private:
-    void Tick(int64_t now);
+    void Tick(int64_t now) {
+        if (before) before(now);
+        const std::string came = line.Read();
+        received += came;
+        board.Receive(came, now);
+        board.Advance(now);
+        const std::string output = board.TakeOutput();
+        sent += output;
+        waiting += output;
+        if (now % msPerByte != 0) return;
+        waiting.erase(0, line.Write(waiting.substr(0, msPerByte > 1 ? 1 : waiting.size())));
+    }
 
-    std::unique_ptr<simulator::SimulatedBoard> board;
+    simulator::SimulatedBoard board;
+    FarEnd line;
     VirtualClock& clock;
     std::function<void(int64_t now)> before;  // of the clock's earlier owner
     int msPerByte = 1;                        // 1 for all at once
-    int nearEnd = -1;
-    int farEnd = -1;
-    std::string received;
-    std::string sent;
-    std::string waiting;  // that the socket didn't take yet
+    std::string received, sent;
+    std::string waiting;  // that the link didn't take yet
 };

@@ -33,7 +33,11 @@ class FarEnd {
         AdoptTcpLink(0);
     }
 
-    void Write(const std::string& bytes) { (void)!write(fd, bytes.data(), bytes.size()); }
+    // How many bytes the link took.
+    size_t Write(const std::string& bytes) {
+        const ssize_t count = send(fd, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+        return count > 0 ? size_t(count) : 0;
+    }
 
     // All that has come so far.
     std::string Read() {

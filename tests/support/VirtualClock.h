@@ -2,6 +2,7 @@
 // one millisecond and lets the far end act at each.
 #pragma once
 
+#include <atomic>
 #include <functional>
 
 #include "base/Pacing.h"
@@ -14,7 +15,12 @@ class VirtualClock : public Clock {
     VirtualClock() { InstallClock(this); }
     ~VirtualClock() override { InstallClock(nullptr); }
 
-    void Sleep(int64_t ms) override;
+    void Sleep(int64_t ms) override {
+        for (; ms > 0; --ms) {
+            ++now;
+            if (onTick) onTick(now);
+        }
+    }
     int64_t Now() override { return now; }
     int64_t LocalSeconds() override { return kStartSeconds + now / 1000; }
 
@@ -23,5 +29,5 @@ class VirtualClock : public Clock {
     std::function<void(int64_t now)> onTick;
 
   private:
-    int64_t now = 0;
+    std::atomic<int64_t> now{0};
 };

@@ -29,8 +29,6 @@ TEST_F(UploadBench, ArrivesAndRunsOnEachBoard) {
         setup.pin = row.pin;
         setup.faults.delayMs = row.delayMs;
         BoardOnLine board(row.board, clock, setup);
-        AdoptTcpLink(board.TakeNearEnd());
-        SetDeviceOnTcpip(true);
         const QString printed = Send(row.field,
                                      "' A loop\r\nA = 0\r\nFOR I = 1 TO 4\r\n  A = A + I\r\n"
                                      "NEXT I\r\nPRINT \"sum\"; A\r\n",

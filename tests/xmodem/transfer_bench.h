@@ -14,13 +14,12 @@
 #include "tests/support/FarEnd.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/TurnsClock.h"
+#include "tests/support/XmodemFrame.h"
 #include "ui/events/WaitWindowEvent.h"
 #include "xmodem/Receive.h"
 #include "xmodem/Send.h"
 #include "xmodem/TransferWorkers.h"
 #include "xmodem/XmodemSeams.h"
-
-constexpr char kAckByte = 6, kNakByte = 21, kCanByte = 24, kEotByte = 4;
 
 class TransferBench : public testing::Test {
   protected:
@@ -98,14 +97,6 @@ class TransferBench : public testing::Test {
     bool commanded = false;
     static inline int ended = 0;
 };
-
-// What a frame must be, written anew: the tests' own idea of it.
-inline std::string FrameOf(int number, const std::string& data) {
-    std::string frame = {data.size() == 128 ? '\1' : '\2', char(number), char(255 - number % 256)};
-    int sum = 0;
-    for (unsigned char byte : data) sum += byte;
-    return frame + data + char(sum);
-}
 
 inline std::string Padded(std::string data, size_t block = 128) {
     data.resize((data.size() + block - 1) / block * block);

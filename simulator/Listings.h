@@ -1,4 +1,4 @@
-// LIST: the program, or a file, with or without stops.
+// What LIST, FILES and LS show, page by page.
 #pragma once
 
 #include <string>
@@ -7,9 +7,11 @@
 namespace simulator {
 struct Board;
 
-void RunList(Board& board);
-
 // Shows program lines the way LIST does.
 void ListLines(Board& board, const std::vector<std::string>& lines, bool stops);
+
+// The commands; the cursor stands behind the word.
+void RunList(Board& board);
+void RunFiles(Board& board);
 
 }  // namespace simulator

@@ -1,8 +1,11 @@
-#include "simulator/files/FileListing.h"
+#include "simulator/Listings.h"
+
+#include <fnmatch.h>
 
 #include <algorithm>
 
 #include "simulator/Board.h"
+#include "simulator/basic/BasicCommands.h"
 #include "simulator/files/FileCommands.h"
 
 namespace simulator {
@@ -18,12 +21,24 @@ bool TakeRequest(Board& board, std::string* folder, std::string* pattern) {
     if (AtStatementEnd(board)) return true;
     std::string path;
     if (!TakePath(board, &path)) return false;
-    if (PeekChar(board) == ',') return Fail(board, "FILES is only by name in the simulated board");
     *folder = path;
     if (FolderExists(board.files, path)) return true;
     *folder = FolderOf(path);
     *pattern = NameOf(path);
     return FolderExists(board.files, *folder) || Fail(board, "Could not find the path");
+}
+
+// What lies in the folder and fits the pattern, by name, folders first.
+std::vector<const StoredFile*> FindEntries(const Board& board, const std::string& folder,
+                                           const std::string& pattern) {
+    auto found = ListFolder(board.files, folder);
+    const auto isOther = [&](const StoredFile* file) {
+        return fnmatch(pattern.c_str(), file->name.c_str(), FNM_CASEFOLD | FNM_NOESCAPE) != 0;
+    };
+    found.erase(std::remove_if(found.begin(), found.end(), isOther), found.end());
+    std::stable_partition(found.begin(), found.end(),
+                          [](const StoredFile* file) { return file->isFolder; });
+    return found;
 }
 
 // The name's column is 1, 13 or 30. Folders have neither date nor size. A file without a time
@@ -67,16 +82,31 @@ void FillPager(Board& board, const std::string& folder,
 
 }  // namespace
 
-// Folders first. Nothing comes between the path and the first entry while a large folder is
-// read and sorted.
+// The CMM2 lists its file, all others the tokens.
+void ListLines(Board& board, const std::vector<std::string>& lines, bool stops) {
+    board.pager = Pager();
+    for (const std::string& line : lines) {
+        AddPagedLine(board.pager, board.facts.cmm2 ? line : RecasedLine(line), board.facts.width);
+    }
+    if (board.facts.cmm2) board.prompt.loud = true;
+    const int page = stops ? board.facts.listing.listPage : 0;
+    StartPager(board, page, page, 0);
+}
+
+void RunList(Board& board) {
+    const bool all = TakeKeyword(board, "ALL");
+    if (!AtStatementEnd(board))
+        return Refuse(board, "LIST shows only the program in the simulated board");
+    ListLines(board, board.program.lines, !all);
+}
+
+// Nothing comes between the path and the first entry while a large folder is read and sorted.
 void RunFiles(Board& board) {
     std::string folder, pattern = "*";
     if (!TakeRequest(board, &folder, &pattern)) return;
-    auto found = ListFolder(board.files, folder, pattern);
+    const auto found = FindEntries(board, folder, pattern);
     if (found.size() > kMaximumListed)
         return Refuse(board, BoardFormat("Too many files to list, max %zu", kMaximumListed));
-    std::stable_partition(found.begin(), found.end(),
-                          [](const auto* file) { return file->isFolder; });
     FillPager(board, folder, found);
     if (board.basic.place.direct) ClearVariables(board);
     if (board.facts.cmm2) board.prompt.loud = true;
