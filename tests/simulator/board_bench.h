@@ -13,8 +13,8 @@ namespace {
 using namespace simulator;
 
 // ESC sequences of the prompts, as the firmwares send them.
-const std::string kQuiet = "> \x1b[?7h";
-const std::string kLead603 = "\x1b[?25h\x1b[97;40m", kLoud603 = kLead603 + kQuiet;
+const std::string kQuiet = "> \x1b[?7h", kLead603 = "\x1b[?25h\x1b[97;40m";
+const std::string kLoud603 = kLead603 + kQuiet, kLoud600 = "\x1b[?25h> ";
 const std::string kLoudCmm2 = "\x1b[?25h\x1b[37m\x1b[m\r\n> ";
 
 inline bool Has(const std::string& text, const std::string& part) {
@@ -28,8 +28,7 @@ struct Step {
     std::string answer;
 };
 
-class BoardBench {
-  public:
+struct BoardBench {
     explicit BoardBench(const char* family = "picomite", const BoardSetup& setup = BoardSetup())
         : board(*FindBoardFacts(family), setup) {
         board.PowerUp(now);
@@ -39,14 +38,14 @@ class BoardBench {
     // Sends the bytes and gives what came back within `ms`, stepped as NextWake asks.
     std::string Say(const std::string& bytes, int64_t ms = 10000) {
         board.Receive(bytes, now);
-        return Wait(ms);
-    }
-
-    // Types a command: what comes behind its echo.
-    std::string Type(const std::string& command, int64_t ms = 10000) {
-        const std::string out = Say(command + "\r", ms), echo = command + "\r\n";
-        EXPECT_EQ(out.substr(0, echo.size()), echo);
-        return out.substr(std::min(out.size(), echo.size()));
+        const int64_t end = now + ms;
+        std::string all = board.TakeOutput();
+        for (int64_t wake; (wake = std::min(board.NextWake(), end)) < end;) {
+            board.Advance(now = std::max(now, wake));
+            all += board.TakeOutput();
+        }
+        board.Advance(now = end);
+        return all + board.TakeOutput();
     }
 
     void Follow(const std::vector<Step>& steps) {
@@ -54,35 +53,25 @@ class BoardBench {
             EXPECT_EQ(Say(step.say, step.ms), step.answer) << "step " << &step - &steps[0];
     }
 
-    // What comes within `ms`.
-    std::string Wait(int64_t ms) {
-        const int64_t end = now + ms;
-        std::string all = board.TakeOutput();
-        while (board.NextWake() <= end) {
-            now = std::max(now, board.NextWake());
-            board.Advance(now);
-            all += board.TakeOutput();
+    // Behind its echo, what a command says in 2 s up to the prompt, with "#" for line ends.
+    std::string Told(const std::string& command) {
+        std::string answer = Say(command + "\r", 2000).substr(command.size() + 2), told;
+        answer.erase(std::min({answer.rfind("\x1b[?25h"), answer.rfind("> "), answer.size()}));
+        for (const char c : answer) {
+            if (c != '\r') told += c == '\n' ? '#' : c;
         }
-        now = end;
-        board.Advance(now);
-        return all + board.TakeOutput();
+        return told;
     }
 
-    // Lines of commands between " | "; all are silent but a line's last, whose answer, up to
-    // the prompt, stands behind " -> " with "#" for line ends.
+    // Lines of commands, of which only the last says anything: what stands behind " -> ".
     void ExpectDialogue(std::string script) {
         for (size_t end; (end = script.find_first_of("|\n")) != script.npos;) {
             const std::string step = script.substr(0, end);
             script.erase(0, end + 1 + (script[end] == '|'));
             const size_t arrow = std::min(step.find(" -> "), step.size());
             const std::string command = step.substr(0, step.find_last_not_of(' ', arrow - 1) + 1);
-            if (command.empty()) continue;
-            std::string answer = Type(command, 2000), lines;
-            answer.erase(std::min({answer.find('\x1b'), answer.rfind("> "), answer.size()}));
-            for (const char c : answer.substr(0, answer.find_last_not_of("\r\n") + 1)) {
-                if (c != '\r') lines += c == '\n' ? '#' : c;
-            }
-            EXPECT_EQ(lines, arrow < step.size() ? step.substr(arrow + 4) : "") << command;
+            EXPECT_EQ(Told(command), arrow < step.size() ? step.substr(arrow + 4) + '#' : "")
+                << command;
         }
     }
 

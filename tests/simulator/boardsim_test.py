@@ -1,4 +1,4 @@
-"""The program boardsim, started as a user starts it: ports, pseudo-terminals, its end."""
+"""The program boardsim, started as a user starts it: ports, pseudo-terminals, wrong options."""
 import os
 import socket
 import subprocess
@@ -54,25 +54,22 @@ class Boardsim(unittest.TestCase):
         self.assertIn(b"42\r", read_until(line.recv, b"42\r"))
 
     def test_telnet_over_tcp_and_none_on_a_pseudo_terminal(self):
-        _, port = self.start("--port=0", "--board", "webmite")
-        shown = read_until(self.connect(port).recv, b"\x1b[?7h")
+        shown = read_until(self.connect(self.start("--port=0", "--board", "webmite")[1]).recv,
+                           b"\x1b[?7h")
         self.assertEqual(shown[12:18], b"\xff\xfe\x22\0\r\0")
-        _, name = self.start("--board", "webmite", "--pty")
+        name = self.start("--board", "webmite", "--pty")[1]
         with os.fdopen(os.open(name, os.O_RDWR | os.O_NOCTTY), "r+b", buffering=0) as line:
             line.write(b"nosuch\r")
-            answer = read_until(line.read, b"command")
-        self.assertIn(b"nosuch\r\nError : Unknown command", answer)
+            self.assertIn(b"nosuch\r\nError : Unknown", read_until(line.read, b"Unknown"))
 
     def test_wrong_options(self):
-        _, port = self.start("--port", "0")
-        for option, part, ending in [
-                ("--nosuch", b'no option "--nosuch"', 2), ("--port=70000", b"from 0 to 65535", 2),
-                ("--board=nosuch", b"no board", 2), ("--pin", b"needs a value", 2),
-                (f"--port={port.decode()}", b"can't listen on port", 1),
-                ("--folder=/no/such", b"can't read the folder", 1)]:
-            words = subprocess.run([os.environ["BOARDSIM"], option, *["--pty"] * (b"f" in part[:11])],
-                                   stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=10)
-            self.assertTrue(part in words.stdout and words.returncode == ending, (option, words))
+        for options, part, status in [
+                (["--nosuch"], "no option", 2), (["--port=70000"], "from 0 to 65535", 2),
+                (["--board=nosuch"], "no board", 2), (["--pin"], "needs a value", 2),
+                (["--pty", "--folder=/no/such"], "can't read", 1)]:
+            ended = subprocess.run([os.environ["BOARDSIM"], *options], timeout=10, text=True,
+                                   stderr=subprocess.PIPE, check=False)
+            self.assertEqual((part in ended.stderr, ended.returncode), (True, status), ended)
 
 
 if __name__ == "__main__":

@@ -69,8 +69,7 @@ TEST(Commands, FilesOnTheFlashDriveAndOnACard) {
     setup.sdCard = true;
     BoardBench bench("picomite", setup);
     bench.Say("AUTOSAVE\rPRINT 1\r\x1a");
-    bench.ExpectDialogue(R"(
-MKDIR "games" | MKDIR "GAMES" -> Error : Entry already exists
+    bench.ExpectDialogue(R"(MKDIR "games" | MKDIR "GAMES" -> Error : Entry already exists
 CHDIR "games" | SAVE "one" | CHDIR ".." | CHDIR ".." -> Error : Could not find the path
 RUN "games/one" ->  1
 NEW | LOAD "games\one" | RUN ->  1
@@ -90,8 +89,7 @@ TEST(Commands, FlashSlots) {
     BoardBench bench;
     bench.Say("AUTOSAVE\rprint \"hello\"\r\x1a");
     bench.Follow({{"flash save 1\r", 1499, "flash save 1\r\n"}, {"", 1, kQuiet}});
-    bench.ExpectDialogue(R"(
-NEW | FLASH SAVE 1 -> Error : Already programmed
+    bench.ExpectDialogue(R"(NEW | FLASH SAVE 1 -> Error : Already programmed
 FLASH LOAD 3 -> Error : Flash slot empty
 FLASH ERASE 4 -> Error : 4 is invalid (valid is 1 to 3)
 FLASH CHAIN 1 -> Error : CHAIN is not in the simulated board

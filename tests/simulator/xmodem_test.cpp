@@ -6,7 +6,6 @@
 namespace {
 
 const std::string kNak = "\x15", kAck = "\x06", kEot = "\x04", kCan = "\x18";
-const std::string kLoud600 = "\x1b[?25h> ";
 
 std::string Block(int number) {
     return FrameOf(number, std::string(128, char('A' + number)));
@@ -47,7 +46,7 @@ TEST(Xmodem, TheBoardSends) {
     BoardBench now, cancelled, stubborn;
     for (BoardBench* bench : {&now, &cancelled, &stubborn}) {
         bench->board.AddFile("f.bas", std::string(200, 'x'), 0);
-        EXPECT_EQ(bench->Type("XMODEM SEND \"f.bas\"", 0), "");
+        EXPECT_EQ(bench->Say("XMODEM SEND \"f.bas\"\r", 0), "XMODEM SEND \"f.bas\"\r\n");
     }
     now.Follow(
         {{"C", 0, ""}, {kNak, 0, one}, {kAck, 0, two}, {kAck, 0, kEot}, {kAck, 0, kLoud603}});
@@ -56,7 +55,7 @@ TEST(Xmodem, TheBoardSends) {
                      {"", 2999, ""},
                      {"", 1, one},
                      {"?", 0, one}});  // at once on any other byte
-    EXPECT_EQ(stubborn.Wait(67000).size(), 21 * 132 + failed.size());
+    EXPECT_EQ(stubborn.Say("", 67000).size(), 21 * 132 + failed.size());
 }
 
 }  // namespace
