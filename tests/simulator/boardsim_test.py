@@ -2,9 +2,10 @@
 import os
 import socket
 import subprocess
-import tempfile
 import time
 import unittest
+
+EXAMPLES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "examples")
 
 
 def read_until(read, part):
@@ -30,15 +31,11 @@ class Boardsim(unittest.TestCase):
         return line
 
     def test_one_host_after_another_over_tcp(self):
-        with tempfile.TemporaryDirectory() as folder:
-            os.mkdir(os.path.join(folder, "sub"))
-            with open(os.path.join(folder, "sub", "one.bas"), "w", encoding="ascii") as f:
-                f.write('PRINT "from the PC"\n')
-            program, port = self.start("--port", "0", "--folder=" + folder)
-            line = self.connect(port)
-            self.assertTrue(read_until(line.recv, b"\x1b[?7h").startswith(b"\rPicoMite MMBasic"))
-            line.sendall(b'RUN "sub/one"\r')
-            self.assertIn(b"\r\nfrom the PC\r\n", read_until(line.recv, b"\x1b[?7h"))
+        program, port = self.start("--port", "0", "--folder=" + EXAMPLES)
+        line = self.connect(port)
+        self.assertTrue(read_until(line.recv, b"\x1b[?7h").startswith(b"\rPicoMite MMBasic"))
+        line.sendall(b'RUN "hello"\r')
+        self.assertIn(b"Hello from PicoMite!\r\n", read_until(line.recv, b"\x1b[?7h"))
 
         def wakes():
             with open(f"/proc/{program.pid}/status", encoding="ascii") as f:

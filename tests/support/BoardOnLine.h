@@ -12,9 +12,8 @@ class BoardOnLine {
     // powered at once and its sign-on is dropped, as on a port that is opened later. Takes
     // clock.onTick; what stood there is called first from then on.
     BoardOnLine(const char* family, VirtualClock& virtualClock,
-                const simulator::BoardSetup& setup = simulator::BoardSetup(), bool overTcp = true)
+                const simulator::BoardSetup& setup = simulator::BoardSetup())
         : board(*simulator::FindBoardFacts(family), setup),
-          line(overTcp),
           clock(virtualClock),
           before(virtualClock.onTick) {
         board.PowerUp(clock.Now());
@@ -51,7 +50,7 @@ class BoardOnLine {
     }
 
     simulator::SimulatedBoard board;
-    FarEnd line;
+    FarEnd line{true};
     VirtualClock& clock;
     std::function<void(int64_t now)> before;  // of the clock's earlier owner
     int msPerByte = 1;                        // 1 for all at once

@@ -2,7 +2,6 @@
 // one millisecond and lets the far end act at each.
 #pragma once
 
-#include <atomic>
 #include <functional>
 
 #include "base/Pacing.h"
@@ -29,5 +28,5 @@ class VirtualClock : public Clock {
     std::function<void(int64_t now)> onTick;
 
   private:
-    std::atomic<int64_t> now{0};
+    int64_t now = 0;
 };
