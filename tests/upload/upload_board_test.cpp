@@ -1,5 +1,4 @@
 // Uploads to the simulated boards: the program arrives in memory and runs.
-#include "link/LinkSeams.h"
 #include "tests/support/BoardOnLine.h"
 #include "tests/upload/upload_bench.h"
 #include "ui/windows/Dialogs.h"
@@ -37,7 +36,6 @@ TEST_F(UploadBench, ArrivesAndRunsOnEachBoard) {
         std::string kept = board.Board().ProgramText();
         if (kept.empty()) board.Board().ReadFile("sum.bas", &kept);
         EXPECT_NE(kept.find("A = A + I"), std::string::npos) << row.board << ": " << kept;
-        AdoptTcpLink(0);
     }
 }
 
