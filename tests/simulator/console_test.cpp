@@ -121,7 +121,8 @@ TEST(Receive, TheCmm2WantsANameAndAFunctionKey) {
     EXPECT_EQ(bench.Say("\x1b[11~"), "\r\n> Saved to SDcard\r\n" + kLoudCmm2);
     EXPECT_TRUE(bench.board.ReadFile("X.BAS", &data));
     EXPECT_EQ(data, "print 1\r\n\r\nprint 2\r\n");
-    EXPECT_EQ(bench.board.ProgramText(), "print 1\n\nprint 2\n");
+    EXPECT_EQ(bench.Say("LIST\r"), "LIST\r\nprint 1\r\n\r\nprint 2\r\n" + kLoudCmm2);
+    EXPECT_TRUE(Has(bench.Say("LS\r"), "0 directories, 1 file\r\n" + kLoudCmm2));
 }
 
 }  // namespace
