@@ -67,7 +67,8 @@ FLASH LOAD 3 -> Error : Flash slot empty
 FLASH ERASE 4 -> Error : 4 is invalid (valid is 1 to 3)
 MKDIR "games" | MKDIR "GAMES" -> Error : Entry already exists
 CHDIR "games" | SAVE "one" | CHDIR ".." | CHDIR ".." -> Error : Could not find the path
-NEW | FLASH RUN 1 ->  1
+NEW | SAVE "x" -> Error : Nothing to save
+FLASH RUN 1 ->  1
 NEW | LOAD "games\one" | RUN ->  1
 LOAD "games/one",R -> Error : Only a name is taken in the simulated board
 RUN "one" -> Error : Could not find the file
