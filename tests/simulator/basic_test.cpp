@@ -26,6 +26,7 @@ FOR i=1 TO 3|IF i=1 THEN|?1|ELSEIF i=2 THEN|?2|ELSE|IF 0 THEN|?4|ENDIF|?3|END IF
 REM PRINT 1: PRINT 2|' no|PRINT "'" ' yes|PRINT 5'|END:PRINT 6 -> '# 5#
 t=TIMER:PAUSE 150:PRINT TIMER-t>=150 AND TIMER-t<155:TIMER=0:PRINT TIMER<5 ->  1# 1#
 x=1|print 1/0 -> [2] Print 1/0#Error : Divide by zero#
+PRINT LEN -> [1] Print Len#Error : Syntax#
 NEXT -> [1] Next#Error : Cannot find a matching FOR#
 DIM a(5):a(6)=1 -> [1] Dim a(5):a(6)=1#Error : Index out of bounds#
 a$=SPACE$(200)+SPACE$(56) -> [1] a$=Space$(200)+Space$(56)#Error : String too long#

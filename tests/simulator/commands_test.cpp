@@ -72,6 +72,7 @@ FLASH RUN 1 ->  1
 NEW | LOAD "games\one" | RUN ->  1
 LOAD "games/one",R -> Error : Only a name is taken in the simulated board
 RUN "one" -> Error : Could not find the file
+RMDIR "games" -> Error : Dir is not empty
 DRIVE "b:" | MKDIR "x" | MKDIR "x" -> Error : Access denied due to prohibited access
 CHDIR "A:/games" -> Error : Only valid on current drive
 KILL "a:/games/one.bas" | FILES "A:/games" -> A:/games#0 directories, 0 files, 13631488 bytes free

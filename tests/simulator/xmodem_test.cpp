@@ -40,8 +40,8 @@ TEST(Xmodem, TheBoardReceives) {
 TEST(Xmodem, TheBoardSends) {
     const std::string command = "XMODEM SEND \"f.bas\"\r", one = FrameOf(1, std::string(128, 'x'));
     const std::string two = FrameOf(2, std::string(72, 'x') + std::string(56, '\0'));
-    BoardBench now, cancelled;
-    for (BoardBench* bench : {&now, &cancelled}) {
+    BoardBench now, cancelled, ignored;
+    for (BoardBench* bench : {&now, &cancelled, &ignored}) {
         bench->board.AddFile("f.bas", std::string(200, 'x'), 0);
         EXPECT_EQ(bench->Say(command, 0), command + "\n");
     }
@@ -53,6 +53,12 @@ TEST(Xmodem, TheBoardSends) {
                 {kAck, 0, kEot},
                 {kAck, 0, kLoud603}});
     cancelled.Follow({{"C", 0, ""}, {kCan, 200, "Error : Cancelled by remote\r\n" + kLoud603}});
+    const std::string end =
+        "\x18\x18\x18"
+        "Error : Too many errors\r\n" +
+        kLoud603;
+    const std::string tries = ignored.Say(kNak, 80000);
+    EXPECT_EQ(tries.substr(std::min<size_t>(tries.size(), 25 * 132)), end);
 }
 
 }  // namespace
