@@ -16,6 +16,7 @@
 #include "ui/events/EventQueue.h"
 #include "xmodem/Receive.h"
 #include "xmodem/XmodemJob.h"
+#include "xmodem/XmodemSeams.h"
 
 namespace {
 
