@@ -24,7 +24,12 @@ TEST_F(FileManager, TheRoadOfAFile) {
             const bool program = list == bas && !useXmodem, firmware = list.endsWith("UF2");
             const QString road = firmware ? "Firmware updateport not set" : tried;
             const int64_t start = clock.Now();
+            clock.onTick = [&](int64_t) {
+                EXPECT_EQ(linkStatus.quietTerminal, useXmodem || list.contains('\n'));
+                EXPECT_TRUE(linkStatus.queueBusy);
+            };
             BatchSend(list);
+            EXPECT_FALSE(linkStatus.queueBusy || linkStatus.quietTerminal);
             const QString head = "Processing file: " + list.section('\n', 0, 0);
             const QString printed = TakeCapture();
             EXPECT_EQ(printed, head + (program ? "Uploading using:  Upload started" : "") + road);

@@ -104,7 +104,7 @@ TEST_F(DeviceSpec, PortAndAddressChooseTheLink) {
     EXPECT_EQ(Tcp() + GadgetText(kAddressEntry) + uploadSettings.picoPort, endpoint.repeated(2));
     ApplyDeviceSpec("s\\cmm2 port\\COM1");
     EXPECT_FALSE(linkStatus.linkConnected || SerialLinkIsOpen() || linkStatus.deviceOnTcpip);
-    EXPECT_TRUE(WindowIsOpen(kNoticeWindow));
+    EXPECT_EQ(GadgetText(kNoticeText), "Port Changed!\ndisconnecting first.");
     EXPECT_EQ(Serial() + uploadSettings.picoPort, "COM1:");
     close(far);
 }

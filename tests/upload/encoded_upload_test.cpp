@@ -75,6 +75,7 @@ TEST_F(EncodedUpload, WhatGoesWrongTakesOneLineAndSendsNothing) {
     const QByteArray file = Sealed({'A', '\n'}, {'o', 'n', 'e'});
     ScratchFolder::Put("x.bae", file);
     ScratchFolder::Put("cut.bae", file.left(file.size() - 3));
+    ScratchFolder::Put("dear.bae", QByteArray(file).replace("argon2id 1", "argon2id 9"));
     ScratchFolder::Put("plain.BAE", "PRINT KWHEX\n");
     ScratchFolder::Put("later.bas", QByteArray(file).replace("KWHEX 1", "KWHEX 2"));
     // Each line cut off the front would take minutes.
@@ -84,6 +85,8 @@ TEST_F(EncodedUpload, WhatGoesWrongTakesOneLineAndSendsNothing) {
     EXPECT_EQ(Load("cut.bae", {"one"}), "The encoded source is cut or changed.|");
     EXPECT_EQ(Load("later.bas", {"one"}),
               "This is not an encoded source, or one of a form not known here.|");
+    EXPECT_EQ(Load("dear.bae", {"one"}),
+              "The encoded source asks for a key that costs more than is allowed.|");
     EXPECT_EQ(Load("plain.BAE", {}, 0), "|\3NEW^AUTOSAVE^PRINT KWHEX^\x1aRUN^");
     EXPECT_EQ(Load("only.bas", {"one", "one"}), "Nothing to encode.|");
     EXPECT_EQ(Load("none.bae", {"one"}), "Nothing to load.|");

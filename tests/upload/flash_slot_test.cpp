@@ -40,9 +40,14 @@ class FlashSlot : public UploadBench {
 // In milliseconds: 20 for each echo, 3600 for the end code, 200 for each look at "Saved",
 // 100 before the overwriting and 800, 120, 200 and 120 to the new list.
 TEST_F(FlashSlot, TypesTheFileAndOverwritesTheSlot) {
-    onTick = [this] { EXPECT_TRUE(linkStatus.quietTerminal || received.back() == '\r'); };
+    QString notice;
+    onTick = [&] {
+        EXPECT_TRUE(linkStatus.quietTerminal || received.back() == '\r');
+        if (WindowIsOpen(kNoticeWindow)) notice = GadgetText(kNoticeText);
+    };
     EXPECT_EQ(Upload("PicoMite", "'kwedit!!!\r\n  'echo X  \r\n'nap 9\rB", 2),
               "5220|autosave^  'echo X  ^'nap 9^B^\x1a^FLASH OVERWRITE 2^\r\r");
+    EXPECT_EQ(notice, "Transfering now");
     EXPECT_TRUE(Printed().contains("autosave|>|Upload completed 1|Saved 9 bytes"));
     received.clear();
     FlashSlotUpload("", 2);  // what was read went out once
