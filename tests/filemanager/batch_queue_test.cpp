@@ -125,7 +125,9 @@ TEST_F(FileManagerThreads, FetchesWhatTheRowsName) {
         SetGadgetText(kFamilyCombo, row.family);
         ClearGadgetItems(kDeviceList);
         AddGadgetItem(kDeviceList, row.row);
-        Press(kCopyToPcButton, {0});
+        StartCapture();
+        EXPECT_EQ(Press(kCopyToPcButton, {0}).substr(0, 5), "2120|");
+        EXPECT_TRUE(TakeCapture().startsWith(QString("Processing file: ") + row.name));
         EXPECT_EQ(JobOf(Direction::kReceive).firstName, row.name);
         EXPECT_EQ(JobOf(Direction::kReceive).secondName, GadgetText(kPcList) + row.name);
         EXPECT_TRUE(XmodemReceiveWorkerRuns());

@@ -29,6 +29,7 @@ TEST(SendListing, CutsTheEchoAndTellsAnEditorThatRuns) {
         TerminalFeed(captured.left(end));
         FinishSendListing();  // not all has come: nothing is done
         TerminalFeed(captured.mid(end));
+        ASSERT_EQ(capture.listingState, kListingComplete);
         const int64_t before = clock.Now();
         FinishSendListing();
         EXPECT_EQ(clock.Now() - before, 20);

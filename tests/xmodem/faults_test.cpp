@@ -1,9 +1,7 @@
 // Transfers over a line that spoils messages, to and from a device of the tests' own.
 // Whatever is called complete must be right, and what failed leaves no file on the PC.
-#include <QDir>
 #include <random>
 
-#include "tests/support/Chosen.h"
 #include "tests/xmodem/transfer_bench.h"
 
 namespace {
@@ -71,29 +69,6 @@ TEST_F(FaultBench, WhatIsCompleteIsRight) {
         stored += taken;
     }
     EXPECT_TRUE(fetched > 90 && stored > 80) << fetched << ' ' << stored;
-}
-
-// The file that was there stands until all of the new one is, and nothing lies beside it.
-TEST_F(FaultBench, FilesThatAreReplacedWhenComplete) {
-    const Chosen complete(&Choices::replaceWhenComplete);
-    Write("old");
-    for (const auto& [last, name] :
-         {std::pair(kCanByte, "pc.bin"), {kEotByte, "none/pc.bin"}, {kEotByte, "pc.bin"}}) {
-        Relink();
-        std::deque<std::string> script = {FrameOf(1, Padded("new")), std::string(3, last)};
-        device = [&](int64_t, const std::string& came) {
-            std::string word;
-            if (came.find_first_of({kAckByte, kNakByte}) == came.npos || script.empty())
-                return word;
-            word.swap(script.front());
-            script.pop_front();
-            return word;
-        };
-        const bool done = Transfer(Direction::kReceive, name).endsWith("Completed OK");
-        EXPECT_EQ(Content(), done ? Padded("new") : "old");
-        EXPECT_EQ(done, last == kEotByte && name == std::string("pc.bin"));
-        EXPECT_EQ(QDir().entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList("pc.bin"));
-    }
 }
 
 }  // namespace

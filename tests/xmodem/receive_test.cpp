@@ -1,4 +1,7 @@
 // Fetching a file, on the virtual clock, from devices that follow a script.
+#include <QDir>
+
+#include "tests/support/Chosen.h"
 #include "tests/xmodem/transfer_bench.h"
 
 namespace {
@@ -115,6 +118,18 @@ TEST_F(ReceiveBench, EndsOfATransfer) {
         EXPECT_EQ(out, row.answers) << row.lines;
         EXPECT_EQ(Content(), row.content) << row.lines;
         EXPECT_EQ(took, 200 + 100 + row.time) << row.lines;
+        Relink();
+    }
+}
+
+// The file that was there stands until all of the new one is, and nothing lies beside it.
+TEST_F(ReceiveBench, FilesThatAreReplacedWhenComplete) {
+    const Chosen complete(&Choices::replaceWhenComplete);
+    Write("old");
+    for (const std::string& end : {std::string(3, kCanByte), kEot}) {
+        FetchFrom({kEcho, FrameOf(1, Block(1)), end});
+        EXPECT_EQ(Content(), end == kEot ? Block(1) : "old");
+        EXPECT_EQ(QDir().entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList("pc.bin"));
         Relink();
     }
 }
