@@ -2,8 +2,8 @@
 
 #include <Qsci/qsciscintilla.h>
 
+#include "companion/Colours.h"
 #include "editor/BasicLine.h"
-#include "editor/Colours.h"
 
 namespace {
 

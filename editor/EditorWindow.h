@@ -6,8 +6,8 @@
 #include <QTimer>
 #include <functional>
 
+#include "companion/ConsolePorts.h"
 #include "editor/BasicEdit.h"
-#include "editor/ConsolePorts.h"
 #include "editor/EditorDialogs.h"
 #include "editor/FindBar.h"
 #include "editor/Habits.h"

@@ -2,7 +2,7 @@
 
 #include <QKeyEvent>
 
-#include "editor/Colours.h"
+#include "companion/Colours.h"
 
 namespace {
 

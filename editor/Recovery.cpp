@@ -30,11 +30,16 @@ bool Recovery::Write(const QString& path, const QByteArray& bytes) {
     return WriteTo(PlaceOfNewText(habits.Folder()), bytes);
 }
 
+// It is known before it is there: a crash between the two leaves no copy that nobody offers.
 // Nobody else has to read it, whatever may be in it.
 bool Recovery::WriteTo(const QString& place, const QByteArray& bytes) {
-    if (!WriteWhole(place, bytes).isEmpty()) return false;
+    const bool isNew = copy != place;
+    if (isNew) habits.AddCopy(place);
+    if (!WriteWhole(place, bytes).isEmpty()) {
+        if (isNew) habits.RemoveCopy(place);
+        return false;
+    }
     QFile::setPermissions(place, QFile::ReadOwner | QFile::WriteOwner);
-    if (copy != place) habits.AddCopy(place);
     copy = place;
     return true;
 }

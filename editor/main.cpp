@@ -2,35 +2,22 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QIcon>
-#include <QStandardPaths>
 #include <cstdio>
 
+#include "companion/DesktopTheme.h"
+#include "companion/ProgramStart.h"
 #include "editor/CommandLine.h"
-#include "editor/DesktopTheme.h"
 #include "editor/Editor.h"
 #include "editor/SecondStart.h"
 
 namespace {
 
-QStringList WordsOf(int argc, char** argv) {
-    QStringList words;
-    for (int i = 1; i < argc; ++i) words += QString::fromLocal8Bit(argv[i]);
-    return words;
-}
-
-// Beside the console's own settings, or where the desktop has them when that can't be.
-QString SettingsFolder(const QString& dataFolder) {
-    if (QFileInfo(dataFolder).isWritable()) return dataFolder;
-    return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
-}
-
 EditorSetup SetUp() {
-    const QString folder = QApplication::applicationDirPath();
     EditorSetup setup;
-    setup.ports = ReadConsolePorts(folder + "/data/KWCC.inf");
-    setup.consoleProgram = folder + "/KWCC";
-    setup.helpFolder = folder + "/data/html";
-    setup.settingsFile = SettingsFolder(folder + "/data") + "/KWEdit.ini";
+    setup.ports = ReadConsolePorts(DataFolder() + "/KWCC.inf");
+    setup.consoleProgram = QApplication::applicationDirPath() + "/KWCC";
+    setup.helpFolder = DataFolder() + "/html";
+    setup.settingsFile = SettingsFolder() + "/KWEdit.ini";
     setup.dialogs = RealDialogs();
     return setup;
 }
@@ -53,14 +40,7 @@ int main(int argc, char** argv) {
     // Help needs no display.
     const QString answer = ReadCommandLine(WordsOf(argc, argv), KWEDIT_VERSION).answer;
     if (!answer.isEmpty()) return fputs(answer.toUtf8().constData(), stdout) < 0;
-    // Nothing here draws by OpenGL, whose driver takes most of a start's time.
-    if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION")) {
-        qputenv("QT_XCB_GL_INTEGRATION", "none");
-    }
-    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication::setHighDpiScaleFactorRoundingPolicy(
-        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    PrepareApplication();
     QApplication application(argc, argv);
     QApplication::setApplicationName("KWEdit");
     QApplication::setDesktopFileName("kwedit");

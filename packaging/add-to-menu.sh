@@ -1,6 +1,6 @@
 #!/bin/sh
-# Adds the console in this folder to the desktop's menu, for this user alone, and opens BASIC
-# sources in its editor. usage: ./add-to-menu [--remove | --help]
+# Adds the programs in this folder to the desktop's menu, for this user alone, and opens BASIC
+# sources in the editor. usage: ./add-to-menu [--remove | --help]
 # Call it again when the folder has moved.
 set -eu
 
@@ -20,7 +20,7 @@ case ${1:-} in
     '') ;;
     --remove)
         rm -f -- "$applications/kewlink-console.desktop" "$applications/kwedit.desktop" \
-            "$types/kewlink-console.xml"
+            "$applications/kwplot.desktop" "$types/kewlink-console.xml"
         tell_the_desktop
         exit 0
         ;;
@@ -39,10 +39,11 @@ mkdir -p -- "$applications" "$types"
 entry() {
     grep -v -e '^Exec=' -e '^TryExec=' -e '^Icon=' "$folder/share/applications/$1.desktop"
     printf 'Exec=%s %s\n' "$(quoted "$folder/$2")" "$3"
-    printf 'Icon=%s\n' "$(printf %s "$folder" | sed 's/\\/\\\\/g')/share/icons/hicolor/scalable/apps/kewlink-console.svg"
+    printf 'Icon=%s\n' "$(printf %s "$folder" | sed 's/\\/\\\\/g')/share/icons/hicolor/scalable/apps/$4.svg"
 }
-entry kewlink-console KWCC %f > "$applications/kewlink-console.desktop"
-entry kwedit KWEdit %F > "$applications/kwedit.desktop"
+entry kewlink-console KWCC %f kewlink-console > "$applications/kewlink-console.desktop"
+entry kwedit KWEdit %F kewlink-console > "$applications/kwedit.desktop"
+entry kwplot KWPlot %f kwplot > "$applications/kwplot.desktop"
 cp -- "$folder/share/mime/packages/kewlink-console.xml" "$types"
 tell_the_desktop
 echo "Added to $applications"

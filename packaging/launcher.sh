@@ -1,10 +1,11 @@
 #!/bin/bash
-# Starts the console, or the editor when called as kwedit, from a folder of the user's own.
+# Starts the console, or the companion whose name it is called by, from a folder of the user's own.
 # The programs keep their settings in data/ beside themselves, so each user gets copies of
 # them there, renewed when the package is, and links to what nobody changes.
 set -eu
 
 name=${0##*/}
+case $name in kwedit) companion=KWEdit ;; kwplot) companion=KWPlot ;; *) companion= ;; esac
 here=$(dirname -- "$(readlink -f -- "$0")")
 shared=$here/../libexec/kewlink-console
 own=${XDG_DATA_HOME:-$HOME/.local/share}/kewlink-console
@@ -58,7 +59,7 @@ seed() {
 prepare() {
     mkdir -p -- "$own/data"
     # A copy is put in place by a rename: the one before may be running.
-    for program in KWCC KWEdit; do
+    for program in KWCC KWEdit KWPlot; do
         cmp -s -- "$shared/$program" "$own/$program" && continue
         cp -- "$shared/$program" "$own/$program.$$"
         mv -f -- "$own/$program.$$" "$own/$program"
@@ -105,13 +106,13 @@ run() {
 }
 
 case $name:${1:-} in
-    kwedit:--help | kwedit:--version) exec "$shared/KWEdit" "$1" ;;
+    kw*:--help | kw*:--version) exec "$shared/$companion" "$1" ;;
     *:--help) usage && exit ;;
     *:--version) echo "kewlink-console @PROJECT_VERSION@" && exit ;;
 esac
 trouble=$(prepare 2>&1) || { tell "The folder $own cannot be made ready. $trouble" && exit 1; }
 own=$(readlink -f -- "$own") # by this path a second start knows the first
-[ "$name" != kwedit ] || run "$own/KWEdit" "$@"
+[ -z "$companion" ] || run "$own/$companion" "$@"
 running || run "$own/KWCC" "$@"
 [ $# -gt 0 ] || { tell "Kewlink Console is running already." && exit; }
 # A console that has only just been started opens its port a little later.

@@ -5,7 +5,7 @@
   headers include each other in a circle;
 - no `extern` in a .cpp;
 - a header named `…Internal.h` is included by its own folder alone;
-- toolkit widget headers only in ui/ and in the editor, which is a program of its own;
+- toolkit widget headers only in ui/ and in the companions, which are programs of their own;
 - no call names a gadget, window, menu item or timer by a bare number.
 """
 import os
@@ -30,7 +30,9 @@ FLOORS = {
     "shell": 11,
 }
 # Beside the floors: what each folder may include, itself aside.
-BESIDE = {"encoding": {"base"}, "simulator": {"base"}, "editor": set(), "ports": set()}
+BESIDE = {"encoding": {"base"}, "simulator": {"base"}, "companion": set(),
+          "editor": {"companion"}, "plotter": {"companion"}, "ports": set()}
+PROGRAMS = ("companion", "editor", "plotter")  # of the toolkit's own widgets
 USES_ENCODING = {"upload"}
 WIDGET = re.compile(
     r"#include <Q(?:Widget|MainWindow|Dialog|Application|PushButton|ComboBox|LineEdit|CheckBox|Label|"
@@ -52,7 +54,7 @@ def folder_of(path):
 
 
 def sources():
-    for top in ("src", "simulator", "editor", "ports"):
+    for top in ("src", *(folder for folder in BESIDE if folder != "encoding")):
         base = os.path.join(ROOT, "src") if top == "src" else ROOT
         for folder, _, names in os.walk(os.path.join(ROOT, top)):
             for name in names:
@@ -88,7 +90,7 @@ def check_file(full, path, graph):
                 faults.append(f"{where}{target} is of its own folder alone")
         if path.endswith(".cpp") and re.match(r"\s*extern\b(?!\s*\"C\")", line) and "const" not in line:
             faults.append(where + "extern in a source file")
-        if here != "editor" and not here.startswith("ui") and WIDGET.search(line):
+        if here not in PROGRAMS and not here.startswith("ui") and WIDGET.search(line):
             faults.append(where + "widget header outside ui/")
         code = line.split("//")[0]
         if here not in ("base", "simulator") and not here.startswith("ui") and (NUMBERED.search(code) or TIMERS.search(code)):

@@ -13,7 +13,8 @@ MARK = "## Files\n"
 FOLDERS = ["src/base", "src/ui/events", "src/ui/drawing", "src/ui/gadgets",
            "src/ui/windows", "src/ui", "src/terminal/screen", "src/link", "src/terminal/input",
            "src/encoding", "src/upload", "src/xmodem", "src/filemanager", "src/help", "src/shell",
-           "simulator", "simulator/basic", "simulator/files", "simulator/xmodem", "simulator/boardsim", "editor", "ports"]
+           "simulator", "simulator/basic", "simulator/files", "simulator/xmodem", "simulator/boardsim", "companion", "editor",
+           "plotter", "ports"]
 
 READ_FIRST = {
     "src/base": "Numbers", "src/ui/events": "EventQueue", "src/ui/drawing": "PaintRecord",
@@ -23,7 +24,8 @@ READ_FIRST = {
     "src/upload": "UploadProgram", "src/xmodem": "XmodemJob", "src/filemanager": "FileManagerWindow",
     "src/help": "HelpViewer", "src/shell": "StartUp", "simulator": "Board",
     "simulator/basic": "BasicMachine", "simulator/files": "FileStore", "simulator/xmodem": "XmodemBoard",
-    "simulator/boardsim": "SimOptions", "editor": "Editor", "ports": "PortReport",
+    "simulator/boardsim": "SimOptions", "companion": "ConsolePorts",
+    "editor": "Editor", "plotter": "Recording", "ports": "PortReport",
 }
 
 

@@ -4,7 +4,7 @@
 set -euo pipefail
 
 declare -A sets=(
-  [build]="g++ cmake ninja-build pkg-config qtbase5-dev libqt5serialport5-dev libqt5webkit5-dev libqt5x11extras5-dev libxcb1-dev libqscintilla2-qt5-dev libpcre2-dev libsodium-dev fonts-liberation python3"
+  [build]="g++ cmake ninja-build pkg-config qtbase5-dev libqt5serialport5-dev libqt5webkit5-dev libqt5x11extras5-dev libxcb1-dev libqscintilla2-qt5-dev libqcustomplot-dev libpcre2-dev libsodium-dev fonts-liberation python3"
   [demo]="xvfb xauth openbox xdotool wmctrl xclip imagemagick x11-utils"
   [test]="libgtest-dev clang-format-14 git socat netcat-openbsd picocom desktop-file-utils appstream mandoc udev umockdev shared-mime-info"
   [package]="dpkg-dev file lintian"

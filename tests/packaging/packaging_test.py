@@ -64,14 +64,14 @@ class Case(unittest.TestCase):
 
 class Texts(Case):
     def test_desktop_entries_metainfo_types_and_manual_pages_are_valid(self):
-        run("desktop-file-validate", *packaging("kewlink-console.desktop", "kwedit.desktop"))
+        run("desktop-file-validate", *glob.glob(PACKAGING + "/*.desktop"))
         run("appstreamcli", "validate", "--no-net", *packaging("org.kewlink.console.metainfo.xml"))
         run("mandoc", "-T", "lint", "-W", "warning", *glob.glob(PACKAGING + "/man/*.1"))
         for shell, script in (("bash", "launcher.sh"), ("sh", "add-to-menu.sh")):
             run(shell, "-n", *packaging(script))
 
     def test_the_texts_tell_what_the_programs_do(self):
-        for program in ("boardsim", "kwports"):
+        for program in ("boardsim", "kwports", "KWPlot"):
             page = re.sub(r".\x08", "", run("mandoc", "-T", "ascii", *packaging(f"man/{program}.1")))
             told = set(re.findall(r"--[a-z-]+", page))
             help_text = run(os.path.join(BUILD, "bin", program), "--help")
@@ -90,7 +90,7 @@ class Folder(Case):
         for name in ("LICENSE", "THIRD-PARTY.txt", "data/html/index.htm", "data/html2/index.htm",
                      "udev/70-kewlink-console.rules", "examples/hello.bas"):
             self.assertTrue(os.path.isfile(os.path.join(moved, name)), name)
-        for name in ("KWEdit", "libkewlink_web.so", "kwports"):
+        for name in ("KWEdit", "KWPlot", "libkewlink_web.so", "kwports"):
             self.assertNotIn("not found", run("ldd", os.path.join(moved, name)))
         self.assertIn("picomite", run(os.path.join(moved, "boardsim"), "--list-boards"))
         settings = os.path.join(moved, "data", "KWCC.inf")
@@ -135,7 +135,7 @@ class UserFolder(Case):
 
     def run_for_a_while(self, name, *arguments):
         """Starts a program and ends it; gives its own arguments."""
-        program = "KWEdit" if name == "kwedit" else "KWCC"
+        program = {"kwedit": "KWEdit", "kwplot": "KWPlot"}.get(name, "KWCC")
         launcher = self.launch(name, *arguments)
         try:
             number = wait_for(program, lambda: self.programs(program))[0]
@@ -160,7 +160,8 @@ class UserFolder(Case):
         self.assertNotEqual(os.stat(os.path.join(self.own, "KWCC")).st_ino, old)
         run("cmp", os.path.join(self.own, "KWCC"), os.path.join(self.shared, "KWCC"))
         run("grep", "kept = 1", self.settings)
-        self.assertEqual(self.run_for_a_while("kwedit", "x y"), ["x y"])
+        for name in ("kwedit", "kwplot"):
+            self.assertEqual(self.run_for_a_while(name, "x y"), ["x y"])
         self.assertTrue(os.path.isfile(self.prefix + "/lib/udev/rules.d/70-kewlink-console.rules"))
 
     def test_a_running_console_is_given_the_file(self):
@@ -221,7 +222,7 @@ class MenuEntries(Case):
         os.rename(self.prefix, odd)
         run(os.path.join(odd, "add-to-menu"), env=self.environment())
         entries = os.path.join(self.home, ".local/share/applications")
-        for name, program in (("kewlink-console", "KWCC"), ("kwedit", "KWEdit")):
+        for name, program in (("kewlink-console", "KWCC"), ("kwedit", "KWEdit"), ("kwplot", "KWPlot")):
             path = os.path.join(entries, name + ".desktop")
             run("desktop-file-validate", path)
             line = re.search(r'^Exec="(.*)" %[fF]$', text_of(path), re.M).group(1)
@@ -232,7 +233,8 @@ class MenuEntries(Case):
                                 text_of(self.home + "/.local/share/mime/globs2"), re.M))
         self.assertEqual(sorted(kinds.values()), [".bae", ".bas"])
         openers = dict(re.findall("^(.*)=(.*)$", text_of(entries + "/mimeinfo.cache"), re.M))
-        self.assertEqual(openers, dict.fromkeys(kinds, "kwedit.desktop;"))
+        self.assertEqual(openers, {"text/csv": "kwplot.desktop;",
+                                   **dict.fromkeys(kinds, "kwedit.desktop;")})
         run(os.path.join(odd, "add-to-menu"), "--remove", env=self.environment())
         left = [n for n in os.listdir(entries) if n.endswith(".desktop")]
         self.assertEqual(left + os.listdir(self.home + "/.local/share/mime/packages"), [])

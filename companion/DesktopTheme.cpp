@@ -1,4 +1,4 @@
-#include "editor/DesktopTheme.h"
+#include "companion/DesktopTheme.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -8,7 +8,7 @@
 #include <QDBusVariant>
 #include <QStyleFactory>
 
-#include "editor/Colours.h"
+#include "companion/Colours.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "editor/ConsolePorts.h"
+#include "companion/ConsolePorts.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,0 +1,49 @@
+// Whatever a board prints, in pieces of any size: lines, series, and the CSV of them, which
+// gives the same again when it is read.
+#include <QBuffer>
+#include <algorithm>
+#include <cstdlib>
+
+#include "plotter/CsvText.h"
+#include "plotter/LineCutter.h"
+
+namespace {
+
+// Without the line of names: a series called "time" has another one when it is read.
+QByteArray Rows(const QByteArray& csv) {
+    return csv.mid(csv.indexOf('\n'));
+}
+
+QByteArray Csv(const Recording& recording) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    if (!WriteCsv(recording, buffer)) abort();
+    return buffer.data();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    Recording recording;
+    if (size > 0) recording.Restart(data[0] & 1);
+    LineCutter cutter;
+    const auto take = [](Recording& into) {
+        return [&into](const std::string& line) {
+            if (line.size() > kLongestLine) abort();
+            into.TakeLine(line, static_cast<double>(into.LinesRead()));
+        };
+    };
+    for (size_t at = 1; at < size;) {
+        const size_t piece = std::min<size_t>(1 + data[at] % 64, size - at);
+        cutter.Feed(reinterpret_cast<const char*>(data + at), piece, take(recording));
+        at += piece;
+    }
+    cutter.Finish(take(recording));
+    if (recording.All().size() > kMostSeries) abort();
+    const QByteArray csv = Csv(recording);
+    Recording again;
+    again.Restart(true);
+    cutter.Feed(csv.constData(), static_cast<size_t>(csv.size()), take(again));
+    if (recording.LinesPlotted() > 0 && Rows(Csv(again)) != Rows(csv)) abort();
+    return 0;
+}
