@@ -126,9 +126,9 @@ def default_text(kind, value):
 def settings_keys():
     """Group, key and default of each row of the program's table; a list by its prefix and 0."""
     rows = source("shell/SettingsTable.cpp").partition("rows = {")[2]
-    form = r'\b(Group|Number|Text|Colour|List)\(\s*"([^"]+)"(?:,\s*&[^,)]+,\s*("[^"]*"|\w+))?'
+    form = r'\{\s*"([^"]+)",\s*(Group|Number|Text|Colour|List)\{(?:&[^,)]+,\s*("[^"]*"|\w+))?'
     group, keys = "", set()
-    for kind, name, value in re.findall(form, rows):
+    for name, kind, value in re.findall(form, rows):
         if kind == "Group":
             group = f"[{name}]"
         else:

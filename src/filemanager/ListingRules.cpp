@@ -6,7 +6,8 @@
 
 namespace {
 
-struct Case {
+// A line and all that the rules know of it.
+struct LineInContext {
     const QString& text;  // as it came
     QString seen;         // what a person sees of it
     bool complete;
@@ -26,59 +27,59 @@ QString WithoutSequences(QString text) {
     return text.remove(sequence);
 }
 
-bool Pause(const Case& line) {
+bool Pause(const LineInContext& line) {
     return line.Holds("PRESS ANY KEY");
 }
-bool CursorOn(const Case& line) {
+bool CursorOn(const LineInContext& line) {
     return line.HoldsExactly("[?25h");
 }
-bool White(const Case& line) {
+bool White(const LineInContext& line) {
     return line.HoldsExactly("[37m");
 }
-bool FolderEcho(const Case& line) {
+bool FolderEcho(const LineInContext& line) {
     return line.BeginsWith("chdir ");
 }
-bool ChangeEcho(const Case& line) {
+bool ChangeEcho(const LineInContext& line) {
     return line.BeginsWith("kill ") || line.BeginsWith("mkdir ");
 }
-bool Error(const Case& line) {
+bool Error(const LineInContext& line) {
     return line.BeginsWith("error: ") || line.Holds("error : ");
 }
-bool SummaryOfFolders(const Case& line) {
+bool SummaryOfFolders(const LineInContext& line) {
     return line.Holds(" directories") && line.Holds(" file");
 }
-bool SummaryOfFolder(const Case& line) {
+bool SummaryOfFolder(const LineInContext& line) {
     return line.Holds(" directory") && line.Holds(" file");
 }
 // A family without a list command has no such echo.
-bool ListEcho(const Case& line) {
+bool ListEcho(const LineInContext& line) {
     const QString& command = line.family.filesCMD;
     return !command.isEmpty() && line.seen.contains("> " + command);
 }
-bool FlashEcho(const Case& line) {
+bool FlashEcho(const LineInContext& line) {
     return line.family.flash != 0 &&
            (line.Holds("flash list") || line.Holds("flash save") || line.Holds("list all"));
 }
-bool FlashChangeEcho(const Case& line) {
+bool FlashChangeEcho(const LineInContext& line) {
     return line.family.flash != 0 && (line.Holds("flash erase") || line.Holds("flash overwrite"));
 }
-bool Prompt(const Case& line) {
+bool Prompt(const LineInContext& line) {
     return line.text.startsWith('>');
 }
 // Colours alone, or a prompt behind them with whatever was typed there. As a row it would
 // count as one slot too many in flash view.
-bool PromptBehindColours(const Case& line) {
+bool PromptBehindColours(const LineInContext& line) {
     return line.seen.isEmpty() || line.seen.startsWith('>');
 }
-bool Saving(const Case& line) {
+bool Saving(const LineInContext& line) {
     return line.savingProgram;
 }
-bool Complete(const Case& line) {
+bool Complete(const LineInContext& line) {
     return line.complete;
 }
 
 struct Rule {
-    bool (*fits)(const Case& line);
+    bool (*fits)(const LineInContext& line);
     ListingAction action;
 };
 
@@ -108,7 +109,7 @@ ListingAction SortListingLine(const ListingLine& line, const DeviceFamily& famil
                               bool savingProgram) {
     if (line.text.isEmpty()) return ListingAction::kIgnore;
     const QString seen = TrimBlanks(WithoutSequences(line.text));
-    const Case known = {line.text, seen, line.complete, family, savingProgram};
+    const LineInContext known = {line.text, seen, line.complete, family, savingProgram};
     for (const Rule& rule : rules) {
         if (rule.fits(known)) return rule.action;
     }

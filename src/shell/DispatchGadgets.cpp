@@ -6,11 +6,11 @@
 #include "link/LinkSettings.h"
 #include "link/SerialPort.h"
 #include "shell/CommandHistory.h"
+#include "shell/DeviceGadgets.h"
 #include "shell/Dispatch.h"
 #include "shell/Macros.h"
 #include "shell/Presets.h"
 #include "shell/Route.h"
-#include "shell/StoredDevice.h"
 #include "terminal/input/TerminalInput.h"
 #include "terminal/screen/Selection.h"
 #include "terminal/screen/TerminalMode.h"
@@ -82,7 +82,7 @@ void TerminalPointerMoved(int) {
 // clang-format off
 const Route gadgetRoutes[] = {
     {kOverrideCheck,          kOverrideCheck,          kAny,          [](int) { SetOverrideFileSettings(GadgetState(kOverrideCheck) != 0); }},
-    {kFamilyTextUnused,       kFamilyTextUnused,       kAny,          [](int) { SetFamilyName(GadgetText(kFamilyTextUnused)); BuildDeviceSpec(); }},
+    {kFamilyTextUnused,       kFamilyTextUnused,       kAny,          [](int) { EditUploadOptions().familyName = GadgetText(kFamilyTextUnused); BuildDeviceSpec(); }},
     {kUploadButtonUnused,     kUploadButtonUnused,     kAny,          [](int) { UploadProgram(); }},
     {kTouchButtonUnused,      kTouchButtonUnused,      kAny,          [](int) { SetPicoPort(GadgetText(kPortCombo)); SerialTouch1200(); }},
     {kSpeedCombo,             kSpeedCombo,             kAny,          [](int) { SetSerialSpeed(GadgetText(kSpeedCombo)); BuildDeviceSpec(); }},

@@ -24,15 +24,8 @@
 
 namespace {
 
-constexpr int kRowLeft = 5;
-constexpr int kRowWidth = 810;
-constexpr int kRowHeight = 25;
-constexpr int kFirstRowTop = 5;
 constexpr int kGadgetTop = 1;
 constexpr int kGadgetHeight = 20;
-constexpr int kFrameMargin = 5;    // between frame canvas and terminal canvas
-constexpr int kScrollBarGap = 17;  // from the canvas's width to the bar's left edge
-constexpr int kScrollBarWidth = 18;
 constexpr int kLargestStoredSize = 10000;  // of the canvas, in pixels
 constexpr int kScrollBarPage = 40;         // page length, in lines
 
@@ -141,8 +134,9 @@ void CreateGadget(const GadgetRow& row, int gadget, int x) {
     if (row.kind == Kind::kButtonHidden || row.kind == Kind::kTextHidden) HideGadget(gadget, true);
 }
 
-void CreateRowOf(int toolbarRow, int top) {
-    ContainerGadget(kFirstToolbarRow + toolbarRow - 1, kRowLeft, top, kRowWidth, kRowHeight);
+void CreateRowOf(int toolbarRow) {
+    const GadgetPlace at = NextToolbarRow();
+    ContainerGadget(kFirstToolbarRow + toolbarRow - 1, at.x, at.y, at.width, at.height);
     for (const GadgetRow& row : gadgetRows) {
         if (row.row != toolbarRow) continue;
         for (int i = 0; i < row.count; ++i) {
@@ -180,11 +174,8 @@ void OpenMainWindow() {
 }
 
 void CreateToolbarRows() {
-    SetContentTop(kFirstRowTop);
-    for (int row = 1; row <= kToolbarRows; ++row) {
-        CreateRowOf(row, mainWindowPlace.contentTop);
-        SetContentTop(mainWindowPlace.contentTop + kRowHeight);
-    }
+    BeginToolbarRows();
+    for (int row = 1; row <= kToolbarRows; ++row) CreateRowOf(row);
     SetGadgetText(kTerminalSizeText, "Terminal size: " + TerminalSizeText());
 }
 
@@ -193,19 +184,20 @@ void CreateToolbarRows() {
 void CreateTerminal() {
     SetCanvasSize(std::clamp(terminalSettings.canvasWidth, 1, kLargestStoredSize),
                   std::clamp(terminalSettings.canvasHeight, 1, kLargestStoredSize));
-    CanvasGadget(kFrameCanvas, kRowLeft, mainWindowPlace.contentTop,
-                 terminalSettings.canvasWidth + 2 * kFrameMargin,
-                 terminalSettings.canvasHeight + 2 * kFrameMargin, kCanvasFrame + kCanvasContainer);
-    CanvasGadget(kTerminalCanvas, kFrameMargin, kFrameMargin, terminalSettings.canvasWidth,
-                 terminalSettings.canvasHeight, kCanvasKeyboard);
+    const GadgetPlace frame = FramePlace();
+    CanvasGadget(kFrameCanvas, frame.x, frame.y, frame.width, frame.height,
+                 kCanvasFrame + kCanvasContainer);
+    const GadgetPlace terminal = TerminalPlace();
+    CanvasGadget(kTerminalCanvas, terminal.x, terminal.y, terminal.width, terminal.height,
+                 kCanvasKeyboard);
     CloseGadgetList();
     if (GadgetExists(kTerminalCanvas)) SetUpTerminal();
 }
 
 void CreateScrollBar() {
     ShowTerminalSize();
-    ScrollBarGadget(kTerminalScrollBar, terminalSettings.canvasWidth + kScrollBarGap,
-                    mainWindowPlace.contentTop, kScrollBarWidth, terminalSettings.canvasHeight, 0,
+    const GadgetPlace at = ScrollBarPlace();
+    ScrollBarGadget(kTerminalScrollBar, at.x, at.y, at.width, at.height, 0,
                     terminalScreen.scrollBack, kScrollBarPage, ScrollDirection::kVertical);
 }
 

@@ -23,87 +23,74 @@ int ByRule(const NumberRule& rule, int value) {
     return value < rule.least ? rule.instead : std::min(value, rule.most);
 }
 
-int ReadNumber(const SettingRow& row) {
-    return ByRule(row.rule, ReadPreferenceLong(row.name, static_cast<int32_t>(row.fallback)));
+// Reading, in one form for each kind of row.
+
+void Load(const char* name, const GroupSetting& group) {
+    const bool found = PreferenceGroup(name);
+    if (group.found) *group.found = found;
 }
 
-QString ReadText(const SettingRow& row) {
-    const QString text = ReadPreferenceString(row.name, row.fallbackText);
-    return text.isEmpty() && row.ifEmpty ? row.ifEmpty() : text;
+// Reading adds a comment as writing does, so the store counts as changed and the file is
+// written back, or created, by a mere load. That is meant to be.
+void Load(const char* name, const CommentSetting& comment) {
+    if (comment.atLoad) PreferenceComment(name);
+}
+
+void Load(const char* name, const NumberSetting& number) {
+    *number.value = ByRule(number.rule, ReadPreferenceLong(name, number.fallback));
+}
+
+void Load(const char* name, const TextSetting& setting) {
+    const QString text = ReadPreferenceString(name, setting.fallback);
+    *setting.value = text.isEmpty() && setting.ifEmpty ? setting.ifEmpty() : text;
 }
 
 // The digits are hexadecimal also where somebody left out the "$".
-uint32_t ReadColour(const SettingRow& row) {
-    QString text = ReadPreferenceString(row.name, FormatColour(row.fallback));
+void Load(const char* name, const ColourSetting& colour) {
+    QString text = ReadPreferenceString(name, FormatColour(colour.fallback));
     if (!text.startsWith('$')) text.prepend('$');
-    return static_cast<uint32_t>(TextToInteger(text)) & kColourMask;
+    *colour.value = static_cast<uint32_t>(TextToInteger(text)) & kColourMask;
 }
 
-void LoadGroup(const SettingRow& row) {
-    const bool found = PreferenceGroup(row.name);
-    if (row.number) *row.number = found;
+void Load(const char*, const ListSetting& list) {
+    list.load();
+}
+
+// Writing.
+
+void Save(const char* name, const GroupSetting&) {
+    PreferenceGroup(name);
+}
+void Save(const char* name, const CommentSetting&) {
+    PreferenceComment(name);
+}
+void Save(const char* name, const NumberSetting& number) {
+    WritePreferenceLong(name, *number.value);
+}
+void Save(const char* name, const TextSetting& setting) {
+    WritePreferenceString(name, *setting.value);
+}
+void Save(const char* name, const ColourSetting& colour) {
+    WritePreferenceString(name, FormatColour(*colour.value));
+}
+void Save(const char*, const ListSetting& list) {
+    list.save();
 }
 
 void LoadRow(const SettingRow& row) {
-    switch (row.kind) {
-        case SettingKind::kGroup:
-            LoadGroup(row);
-            break;
-        case SettingKind::kComment:
-            break;
-        // Reading adds this comment as writing does, so the store counts as changed and
-        // the file is written back, or created, by a mere load. That is meant to be.
-        case SettingKind::kBothComment:
-            PreferenceComment(row.name);
-            break;
-        case SettingKind::kNumber:
-            *row.number = ReadNumber(row);
-            break;
-        case SettingKind::kText:
-            *row.text = ReadText(row);
-            break;
-        case SettingKind::kColour:
-            *row.colour = ReadColour(row);
-            break;
-        case SettingKind::kList:
-            row.load();
-            break;
-    }
-}
-
-void SaveRow(const SettingRow& row) {
-    switch (row.kind) {
-        case SettingKind::kGroup:
-            PreferenceGroup(row.name);
-            break;
-        case SettingKind::kComment:
-        case SettingKind::kBothComment:
-            PreferenceComment(row.name);
-            break;
-        case SettingKind::kNumber:
-            WritePreferenceLong(row.name, *row.number);
-            break;
-        case SettingKind::kText:
-            WritePreferenceString(row.name, *row.text);
-            break;
-        case SettingKind::kColour:
-            WritePreferenceString(row.name, FormatColour(*row.colour));
-            break;
-        case SettingKind::kList:
-            row.save();
-            break;
-    }
+    std::visit([&row](const auto& what) { Load(row.name, what); }, row.what);
 }
 
 // A group that is written only where the file had it. It is the table's last.
 bool IsLeftOut(const SettingRow& row) {
-    return row.kind == SettingKind::kGroup && row.number && !*row.number;
+    const auto* group = std::get_if<GroupSetting>(&row.what);
+    return group && group->found && !*group->found;
 }
 
 void SaveRows() {
     for (const SettingRow& row : settingsTable) {
         if (IsLeftOut(row)) return;
-        SaveRow(row);
+        std::visit([&row](const auto& what) { Save(row.name, what); }, row.what);
     }
 }
 
@@ -115,7 +102,7 @@ void LoadRows() {
         late.clear();
     };
     for (const SettingRow& row : settingsTable) {
-        if (row.kind == SettingKind::kGroup) loadLate();
+        if (std::holds_alternative<GroupSetting>(row.what)) loadLate();
         if (row.turn == ReadTurn::kEndOfGroup) {
             late.push_back(&row);
         } else {

@@ -33,192 +33,143 @@ InputSettings& input = InputSettingsForTable();
 Choices& chosen = ChoicesForTable();
 QString lineEndingName;  // on its way between the file and base/LineEnding.h
 
-constexpr NumberRule kFree = {};
 constexpr NumberRule kNotNegative = {0, 0, INT_MAX};
 constexpr NumberRule kMainLeft = {-200, 0, INT_MAX};  // a window half off the left edge stays
 constexpr NumberRule kLineDelay = {kShortestLineDelay, kShortestLineDelay, INT_MAX};
 constexpr NumberRule kPolling = {kShortestPolling, kShortestPolling, kLongestPolling};
 constexpr NumberRule kBuffer = {kSmallestCommsBuffer, kSmallestCommsBuffer, kLargestCommsBuffer};
 
-SettingRow Row(SettingKind kind, const char* name) {
-    SettingRow row;
-    row.kind = kind;
-    row.name = name;
-    return row;
-}
+using Group = GroupSetting;
+using Comment = CommentSetting;
+using Number = NumberSetting;
+using Text = TextSetting;
+using Colour = ColourSetting;
+using List = ListSetting;
 
-SettingRow Group(const char* name, int* found = nullptr) {
-    SettingRow row = Row(SettingKind::kGroup, name);
-    row.number = found;
-    return row;
-}
-
-SettingRow Comment(const char* text) {
-    return Row(SettingKind::kComment, text);
-}
-
-SettingRow BothComment(const char* text) {
-    return Row(SettingKind::kBothComment, text);
-}
-
-SettingRow Number(const char* key, int* number, int fallback, NumberRule rule = kFree) {
-    SettingRow row = Row(SettingKind::kNumber, key);
-    row.number = number;
-    row.fallback = fallback;
-    row.rule = rule;
-    return row;
-}
-
-SettingRow Text(const char* key, QString* text, const char* fallback,
-                QString (*ifEmpty)() = nullptr) {
-    SettingRow row = Row(SettingKind::kText, key);
-    row.text = text;
-    row.fallbackText = fallback;
-    row.ifEmpty = ifEmpty;
-    return row;
-}
-
-SettingRow Colour(const char* key, uint32_t* colour, uint32_t fallback) {
-    SettingRow row = Row(SettingKind::kColour, key);
-    row.colour = colour;
-    row.fallback = fallback;
-    return row;
-}
-
-SettingRow List(const char* prefix, void (*load)(), void (*save)()) {
-    SettingRow row = Row(SettingKind::kList, prefix);
-    row.load = load;
-    row.save = save;
-    return row;
-}
-
-SettingRow ReadLate(SettingRow row) {
-    row.turn = ReadTurn::kEndOfGroup;
-    return row;
-}
+constexpr CommentSetting kAtLoadToo = {true};
+constexpr ReadTurn kLate = ReadTurn::kEndOfGroup;
 
 // clang-format off
 const std::vector<SettingRow> rows = {
-    Group("Windows"),
-    Number("MainX",  &place.x,      200, kMainLeft),
-    Number("MainY",  &place.y,      200, kNotNegative),
-    Number("MainW",  &place.width,  900),
-    Number("MainH",  &place.height, 700),
-    ReadLate(Text("Lines to show", &place.linesToShow, "111111")),
-    ReadLate(Number("Preset group",  &shell.presetGroup, 0)),
-    ReadLate(Number("Button height", &place.contentTop, 25)),
+    {"Windows", Group{}},
+    {"MainX",  Number{&place.x,      200, kMainLeft}},
+    {"MainY",  Number{&place.y,      200, kNotNegative}},
+    {"MainW",  Number{&place.width,  900}},
+    {"MainH",  Number{&place.height, 700}},
+    {"Lines to show", Text{&place.linesToShow, "111111"}, kLate},
+    {"Preset group",  Number{&shell.presetGroup, 0}, kLate},
+    {"Button height", Number{&place.contentTop, 25}, kLate},
 
-    BothComment("Help Window"),
-    Number("HelpX",    &help.x,        200, kNotNegative),
-    Number("HelpY",    &help.y,        200, kNotNegative),
-    Number("HelpW",    &help.width,    700),
-    Number("HelpH",    &help.height,   287),
-    Number("FontSize", &help.fontSize, 10),
+    {"Help Window", kAtLoadToo},
+    {"HelpX",    Number{&help.x,        200, kNotNegative}},
+    {"HelpY",    Number{&help.y,        200, kNotNegative}},
+    {"HelpW",    Number{&help.width,    700}},
+    {"HelpH",    Number{&help.height,   287}},
+    {"FontSize", Number{&help.fontSize, 10}},
 
-    BothComment("File Window"),
-    Number("FileX",    &files.x,          200, kNotNegative),
-    Number("FileY",    &files.y,          200, kNotNegative),
-    Number("FileW",    &files.width,      700),
-    Number("FileH",    &files.height,     287),
-    Number("Splitter", &files.splitter,   300),
-    Number("Column1",  &files.columns[0], 250),
-    Number("Column2",  &files.columns[1], 90),
-    Number("Column3",  &files.columns[2], 130),
-    Text("PC start folder", &files.pcFolder, "", DocumentsFolder),
+    {"File Window", kAtLoadToo},
+    {"FileX",    Number{&files.x,          200, kNotNegative}},
+    {"FileY",    Number{&files.y,          200, kNotNegative}},
+    {"FileW",    Number{&files.width,      700}},
+    {"FileH",    Number{&files.height,     287}},
+    {"Splitter", Number{&files.splitter,   300}},
+    {"Column1",  Number{&files.columns[0], 250}},
+    {"Column2",  Number{&files.columns[1], 90}},
+    {"Column3",  Number{&files.columns[2], 130}},
+    {"PC start folder", Text{&files.pcFolder, "", DocumentsFolder}},
 
-    Group("Device"),
-    Text("Comport",         &link.comPort,       "not set"),
-    Text("SerialSpeed",     &link.serialSpeed,   "38400"),
-    Text("TCPIP address",   &link.tcpAddress,    "localhost"),
-    Text("TCPIP port",      &link.tcpPort,       "3001"),
-    Number("Device on TCPIP", &link.deviceOnTcpip, 0),
-    Text("Device",          &shell.device,       "micromite"),
-    Text("PicoPort",        &upload.picoPort,    "not set"),
-    Number("LineDelay",               &link.lineDelay,       120, kLineDelay),
-    Number("Maximum com port",        &link.maximumComPort,  32),
-    Number("Maximum IP length",       &link.maximumIpLength, 25),
-    Text("Line ending",               &lineEndingName,       "CRLF"),
-    Number("Serial polling interval", &link.pollingInterval, 50,    kPolling),
-    Number("Comms buffer size",       &link.commsBufferSize, 16384, kBuffer),
-    Number("Override file settings",  &upload.overrideFileSettings, 0),
+    {"Device", Group{}},
+    {"Comport",         Text{&link.comPort,       "not set"}},
+    {"SerialSpeed",     Text{&link.serialSpeed,   "38400"}},
+    {"TCPIP address",   Text{&link.tcpAddress,    "localhost"}},
+    {"TCPIP port",      Text{&link.tcpPort,       "3001"}},
+    {"Device on TCPIP", Number{&link.deviceOnTcpip, 0}},
+    {"Device",          Text{&shell.device,       "micromite"}},
+    {"PicoPort",        Text{&upload.picoPort,    "not set"}},
+    {"LineDelay",               Number{&link.lineDelay,       120, kLineDelay}},
+    {"Maximum com port",        Number{&link.maximumComPort,  32}},
+    {"Maximum IP length",       Number{&link.maximumIpLength, 25}},
+    {"Line ending",               Text{&lineEndingName,       "CRLF"}},
+    {"Serial polling interval", Number{&link.pollingInterval, 50,    kPolling}},
+    {"Comms buffer size",       Number{&link.commsBufferSize, 16384, kBuffer}},
+    {"Override file settings",  Number{&upload.overrideFileSettings, 0}},
 
-    Group("Network"),
-    Number("IP control port",     &link.controlPort, 50899),
-    Number("IP data port",        &link.dataPort,    50900),
-    Number("KWedit control port", &link.editorPort,  6832),
-    Text("Welcome message",       &link.welcomeMessage, "Welcome to KWCC"),
+    {"Network", Group{}},
+    {"IP control port",     Number{&link.controlPort, 50899}},
+    {"IP data port",        Number{&link.dataPort,    50900}},
+    {"KWedit control port", Number{&link.editorPort,  6832}},
+    {"Welcome message",       Text{&link.welcomeMessage, "Welcome to KWCC"}},
 
-    Group("General"),
-    Text("TextTypes",                         &upload.textTypes, "bas txt inc"),
-    Number("Use XMODEM for Drag&Drop",        &upload.useXmodemForDrop, 1),
-    Number("Debug mode",                      &link.debugMode, 0),
-    Number("Warn when copying to flash",      &upload.warnFlashCopy, 1),
-    Number("Advise when copied to clipboard", &terminal.adviseCopied, 1),
+    {"General", Group{}},
+    {"TextTypes",                         Text{&upload.textTypes, "bas txt inc"}},
+    {"Use XMODEM for Drag&Drop",        Number{&upload.useXmodemForDrop, 1}},
+    {"Debug mode",                      Number{&link.debugMode, 0}},
+    {"Warn when copying to flash",      Number{&upload.warnFlashCopy, 1}},
+    {"Advise when copied to clipboard", Number{&terminal.adviseCopied, 1}},
 
-    Group("VTterminal"),
-    Text("Font Name",                     &terminal.fontName, "Liberation Mono"),
-    Number("Font size",                   &terminal.fontSize, 9),
-    Number("Extra Char Pixels",           &terminal.extraCharPixels, 1),
-    Number("Extra Line Pixels",           &terminal.extraLinePixels, 1),
-    Number("VT Terminal dark background", &terminal.darkBackground, 1),
-    Number("Characters per line",         &terminal.cols, 101),
-    Number("Number of rows",              &terminal.rows, 50),
-    Number("Default Characters per line", &terminal.defaultCols, 101),
-    Number("Default Number of rows",      &terminal.defaultRows, 50),
-    Number("Tab stops",                   &terminal.tabStops, 8),
-    Number("Auto resize window",          &terminal.allowResize, 1),
-    Number("Scroll back buffer",          &terminal.scrollBack, 1024),
-    Number("Maximum line length",         &terminal.maxLineLength, 256),
-    Number("Wordwrap",                    &terminal.wordWrap, 0),
-    Number("VT Mode",                     &terminal.terminalMode, 0),
-    Number("Autosave end delay",          &upload.autosaveEndDelay, 1500),
-    Comment("Don't change these two values:"),
-    Number("VT width",             &terminal.canvasWidth, 913),
-    Number("VT height",            &terminal.canvasHeight, 654),
-    Number("VT100 Function keys",  &input.vt100FunctionKeys, 0),
-    Number("XTERM Function keys",  &input.xtermFunctionKeys, 0),
-    Number("XTERM mouse",          &terminal.xtermMouse, 1),
-    Number("Mouse scroll rate",    &input.mouseScrollRate, 1),
-    Number("Click X shift",        &input.clickXShift, 5),
-    Number("Click Y shift",        &input.clickYShift, 5),
+    {"VTterminal", Group{}},
+    {"Font Name",                     Text{&terminal.fontName, "Liberation Mono"}},
+    {"Font size",                   Number{&terminal.fontSize, 9}},
+    {"Extra Char Pixels",           Number{&terminal.extraCharPixels, 1}},
+    {"Extra Line Pixels",           Number{&terminal.extraLinePixels, 1}},
+    {"VT Terminal dark background", Number{&terminal.darkBackground, 1}},
+    {"Characters per line",         Number{&terminal.cols, 101}},
+    {"Number of rows",              Number{&terminal.rows, 50}},
+    {"Default Characters per line", Number{&terminal.defaultCols, 101}},
+    {"Default Number of rows",      Number{&terminal.defaultRows, 50}},
+    {"Tab stops",                   Number{&terminal.tabStops, 8}},
+    {"Auto resize window",          Number{&terminal.allowResize, 1}},
+    {"Scroll back buffer",          Number{&terminal.scrollBack, 1024}},
+    {"Maximum line length",         Number{&terminal.maxLineLength, 256}},
+    {"Wordwrap",                    Number{&terminal.wordWrap, 0}},
+    {"VT Mode",                     Number{&terminal.terminalMode, 0}},
+    {"Autosave end delay",          Number{&upload.autosaveEndDelay, 1500}},
+    {"Don't change these two values:", Comment{}},
+    {"VT width",             Number{&terminal.canvasWidth, 913}},
+    {"VT height",            Number{&terminal.canvasHeight, 654}},
+    {"VT100 Function keys",  Number{&input.vt100FunctionKeys, 0}},
+    {"XTERM Function keys",  Number{&input.xtermFunctionKeys, 0}},
+    {"XTERM mouse",          Number{&terminal.xtermMouse, 1}},
+    {"Mouse scroll rate",    Number{&input.mouseScrollRate, 1}},
+    {"Click X shift",        Number{&input.clickXShift, 5}},
+    {"Click Y shift",        Number{&input.clickYShift, 5}},
 
-    Group("Colours"),
-    Comment("The Terminal colours. Format is 24bit HEX in BBGGRR order."),
-    Colour("VT Black",   &terminal.palette[0], 0x000000),
-    Colour("VT Red",     &terminal.palette[1], 0x0000CD),
-    Colour("VT Green",   &terminal.palette[2], 0x00CD00),
-    Colour("VT Yellow",  &terminal.palette[3], 0x00E1E1),
-    Colour("VT Blue",    &terminal.palette[4], 0xE10000),
-    Colour("VT Magenta", &terminal.palette[5], 0xCD00CD),
-    Colour("VT Cyan",    &terminal.palette[6], 0xCDCD00),
-    Colour("VT White",   &terminal.palette[7], 0xFFFFFF),
+    {"Colours", Group{}},
+    {"The Terminal colours. Format is 24bit HEX in BBGGRR order.", Comment{}},
+    {"VT Black",   Colour{&terminal.palette[0], 0x000000}},
+    {"VT Red",     Colour{&terminal.palette[1], 0x0000CD}},
+    {"VT Green",   Colour{&terminal.palette[2], 0x00CD00}},
+    {"VT Yellow",  Colour{&terminal.palette[3], 0x00E1E1}},
+    {"VT Blue",    Colour{&terminal.palette[4], 0xE10000}},
+    {"VT Magenta", Colour{&terminal.palette[5], 0xCD00CD}},
+    {"VT Cyan",    Colour{&terminal.palette[6], 0xCDCD00}},
+    {"VT White",   Colour{&terminal.palette[7], 0xFFFFFF}},
 
     // The comment names ten columns, a row has eleven: the ninth has no name.
-    Group("Device types"),
-    Comment("FamilyList\\ Fname|autostart|autoend|autoName|drives|xmName|filesCMD|filesAll|"
-            "flash|fnstart"),
-    List("Type", LoadFamilies, SaveFamilies),
+    {"Device types", Group{}},
+    {"FamilyList\\ Fname|autostart|autoend|autoName|drives|xmName|filesCMD|filesAll|flash|fnstart", Comment{}},
+    {"Type", List{LoadFamilies, SaveFamilies}},
 
-    Group("myDeviceList"),
-    Number("LastUsed", &shell.lastUsedPreset, 0),
-    Text("Device",     &shell.activeDevice, ""),
-    List("Device", LoadPresets, SavePresets),
+    {"myDeviceList", Group{}},
+    {"LastUsed", Number{&shell.lastUsedPreset, 0}},
+    {"Device",     Text{&shell.activeDevice, ""}},
+    {"Device", List{LoadPresets, SavePresets}},
 
-    Group("Command History"),
-    List("Cmd", LoadHistory, SaveHistory),
+    {"Command History", Group{}},
+    {"Cmd", List{LoadHistory, SaveHistory}},
 
-    Group("Macros"),
-    List("Macro", LoadMacros, SaveMacros),
+    {"Macros", Group{}},
+    {"Macro", List{LoadMacros, SaveMacros}},
 
-    Group("Choices", &chosen.inFile),
-    Number("Keys act once",                     &chosen.keysActOnce,         0),
-    Number("Bright white",                      &chosen.brightWhite,         0),
-    Number("Local ports for this machine only", &chosen.localPorts,          0),
-    Number("Telnet line ends",                  &chosen.telnetLineEnds,      0),
-    Number("Follow the cable",                  &chosen.followCable,         0),
-    Number("Read as it comes",                  &chosen.readAsItComes,       0),
-    Number("Alt opens menus",                   &chosen.altOpensMenus,       0),
-    Number("Replace files when complete",       &chosen.replaceWhenComplete, 0),
+    {"Choices", Group{&chosen.inFile}},
+    {"Keys act once",                     Number{&chosen.keysActOnce,         0}},
+    {"Bright white",                      Number{&chosen.brightWhite,         0}},
+    {"Local ports for this machine only", Number{&chosen.localPorts,          0}},
+    {"Telnet line ends",                  Number{&chosen.telnetLineEnds,      0}},
+    {"Follow the cable",                  Number{&chosen.followCable,         0}},
+    {"Read as it comes",                  Number{&chosen.readAsItComes,       0}},
+    {"Alt opens menus",                   Number{&chosen.altOpensMenus,       0}},
+    {"Replace files when complete",       Number{&chosen.replaceWhenComplete, 0}},
 };
 // clang-format on
 

@@ -6,41 +6,50 @@
 #include <QString>
 #include <climits>
 #include <cstdint>
+#include <variant>
 #include <vector>
 
-enum class SettingKind {
-    kGroup,
-    kComment,      // written by SaveSettings
-    kBothComment,  // added by LoadSettings as well
-    kNumber,
-    kText,
-    kColour,  // "$" and hexadecimal digits in BBGGRR order
-    kList,    // numbered keys, see SettingsLists.h
+// What a row is, with the variable in its owner's record.
+struct GroupSetting {
+    int* found = nullptr;  // set to whether the file has the group; such a one is the last
 };
-
-// When a row is read. Rows are always written in their turn.
-enum class ReadTurn { kInTurn, kEndOfGroup };
-
+struct CommentSetting {
+    bool atLoad = false;  // added by LoadSettings as well
+};
 // A value below `least` becomes `instead`, one above `most` becomes `most`.
 struct NumberRule {
     int least = INT_MIN;
     int instead = 0;
     int most = INT_MAX;
 };
+struct NumberSetting {
+    int* value;
+    int fallback;
+    NumberRule rule = {};
+};
+struct TextSetting {
+    QString* value;
+    const char* fallback;
+    QString (*ifEmpty)() = nullptr;  // gives the text that stands for an empty one
+};
+struct ColourSetting {  // "$" and hexadecimal digits in BBGGRR order
+    uint32_t* value;
+    uint32_t fallback;
+};
+struct ListSetting {  // numbered keys, see SettingsLists.h
+    void (*load)();
+    void (*save)();
+};
+
+// When a row is read. Rows are always written in their turn.
+enum class ReadTurn { kInTurn, kEndOfGroup };
 
 struct SettingRow {
-    SettingKind kind;
-    const char* name;  // of the group or key; a comment's text
+    const char* name;  // of the group or key; a list's prefix; a comment's text
+    std::variant<GroupSetting, CommentSetting, NumberSetting, TextSetting, ColourSetting,
+                 ListSetting>
+        what;
     ReadTurn turn = ReadTurn::kInTurn;
-    int* number = nullptr;  // of a group: set to whether the file has it
-    QString* text = nullptr;
-    uint32_t* colour = nullptr;
-    int64_t fallback = 0;            // default of a number or colour
-    const char* fallbackText = "";   // default of a text
-    NumberRule rule = {};            // of a number
-    QString (*ifEmpty)() = nullptr;  // gives the text that stands for an empty one
-    void (*load)() = nullptr;        // of a list
-    void (*save)() = nullptr;
 };
 
 extern const std::vector<SettingRow>& settingsTable;

@@ -60,17 +60,6 @@ std::vector<OptionWord> ReadOptionWords(const QString& specification) {
     return words;
 }
 
-// The family, the line ending and the link outlive a specification; these do not.
-void ClearForSpecification() {
-    SetDefaultMethod();
-    UploadOptions& options = EditUploadOptions();
-    options.setTime = false;
-    options.setRtc = false;
-    options.noRun = false;
-    options.noNew = false;
-    options.disconnectAfter = false;
-}
-
 void TakeFamilyWord(const QString& value, SpecRun& run) {
     TakeFamily(value.toLower(), run.deviceFile);
     SetGadgetText(kFamilyCombo, uploadOptions.familyName);
@@ -161,7 +150,9 @@ QString ApplyDeviceSpec(const QString& text) {
     run.text = text + '\n';
     run.deviceFile = DeviceFileName();
     const std::vector<OptionWord> optionList = ReadOptionWords(SpecificationOf(run.text));
-    ClearForSpecification();
+    // The family, the line ending and the link outlive a specification; these do not.
+    ResetMethod();
+    EditUploadOptions().disconnectAfter = false;
     for (const OptionWord& word : optionList) ApplyOption(word, run);
     if (uploadOptions.familyName == "picomite") SetPicoPort(run.portName);
     return run.text;

@@ -58,7 +58,7 @@ void ReadPort(const QString& line) {
 }  // namespace
 
 QString ApplyOnloadLine(const QString& text) {
-    SetFamilyName("micromite");
+    EditUploadOptions().familyName = "micromite";
     const QString line = OnloadLineOf(text);
     const QString source = line.contains(" crunch") ? CrunchSource(text) : text;
     ReadFlags(line);

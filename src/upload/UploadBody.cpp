@@ -28,10 +28,6 @@ int NapSeconds(const QString& line) {
     return static_cast<int>(std::clamp<int64_t>(asked, 0, kLongestNap));
 }
 
-bool TakeNothing(const QString&) {
-    return true;
-}
-
 bool EchoLine(const QString& line) {
     TerminalPrintLine(line.mid(kEchoTextStart));
     return true;
@@ -64,35 +60,18 @@ bool SendLine(const QString& line) {
     return SendAndWait(line + lineEnding.bytes, kWaitForLine) != kTimeout;
 }
 
-struct LineDirective {
-    const char* mark;  // what the line begins with, lower-cased
-    int length;        // characters compared
-    bool wholeWord;    // a blank or the line's end follows
-    bool forCommands;  // on a device of family "command" alone; other boards get the line
-    bool (*take)(const QString& line);
-};
-
-// The first that fits is taken.
-const LineDirective lineDirectives[] = {
-    {"'echo", 5, false, false, EchoLine},
-    {"'onload", 7, false, false, TakeNothing},
-    {"' onload", 8, false, false, TakeNothing},
-    {"'reconnect ", 11, true, true, Reconnect},
-    {"'nap ", 5, true, true, Nap},
-};
-
-// A line that ends with the word has no blank behind it, so one is lent to it.
-bool Fits(const LineDirective& directive, const QString& line) {
-    if (directive.forCommands && uploadOptions.familyName != "command") return false;
-    QString start = line.left(directive.length);
-    if (directive.wholeWord) start = (start + ' ').left(directive.length);
-    return start.toLower() == directive.mark;
+bool Begins(const QString& line, const char* mark) {
+    return line.startsWith(QLatin1String(mark), Qt::CaseInsensitive);
 }
 
+// The last two are for a device of family "command" alone; other boards get the line.
 bool TakeLine(const QString& line) {
-    for (const LineDirective& directive : lineDirectives) {
-        if (Fits(directive, line)) return directive.take(line);
-    }
+    if (Begins(line, "'echo")) return EchoLine(line);
+    if (Begins(line, "'onload") || Begins(line, "' onload")) return true;
+    const bool commands = uploadOptions.familyName == "command";
+    const QString word = FieldOf(line, 1, ' ').toLower();
+    if (commands && word == "'reconnect") return Reconnect(line);
+    if (commands && word == "'nap") return Nap(line);
     return SendLine(line);
 }
 

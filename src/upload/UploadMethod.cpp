@@ -32,9 +32,11 @@ const FamilyMethod familyMethods[] = {
 
 }  // namespace
 
-void SetDefaultMethod() {
-    EditUploadOptions().autosaveStart = "AUTOSAVE";
-    EditUploadOptions().autosaveEnd = kEndOfTextCode;
+void ResetMethod() {
+    UploadOptions fresh;
+    fresh.familyName = uploadOptions.familyName;
+    fresh.disconnectAfter = uploadOptions.disconnectAfter;
+    EditUploadOptions() = fresh;
 }
 
 void TakeFamily(const QString& word, const QString& deviceFile) {

@@ -12,8 +12,9 @@ constexpr char kEndOfTextCode[] = "\x1a";       // Ctrl-Z
 constexpr char kSaveCode[] = "\x1b[11~";        // F1: save alone
 constexpr char kSaveAndRunCode[] = "\x1b[12~";  // F2: save and run
 
-// AUTOSAVE, closed by Ctrl-Z: what every family gets that asks for nothing else.
-void SetDefaultMethod();
+// AUTOSAVE, closed by Ctrl-Z, with everything done around it that can be left out and nothing
+// that must be asked for. The family and whether to disconnect stay.
+void ResetMethod();
 
 // Takes the method that a family word names into the live options, with the family's own
 // name. `deviceFile` is the name on the device for a family that needs one. A word that

@@ -30,9 +30,6 @@ void SetPicoPort(const QString& name) {
 void SetWarnFlashCopy(bool on) {
     settings.warnFlashCopy = on ? 1 : 0;
 }
-void SetFamilyName(const QString& name) {
-    options.familyName = name;
-}
 void SetUploadText(const QString& text) {
     ReplaceText(source.text, text);
 }

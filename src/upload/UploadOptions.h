@@ -35,12 +35,11 @@ extern const UploadSettings& uploadSettings;
 extern const UploadSource& uploadSource;
 
 UploadSettings& UploadSettingsForTable();  // for the settings table alone
-UploadOptions& EditUploadOptions();        // for this folder alone
+UploadOptions& EditUploadOptions();        // the one way to write them
 
 void SetOverrideFileSettings(bool on);
 void SetPicoPort(const QString& name);
 void SetWarnFlashCopy(bool on);
-void SetFamilyName(const QString& name);
 void SetUploadText(const QString& text);  // the text of before is overwritten
 void SetCurrentFile(const QString& path);
 void SetPasteSource(bool pasted);

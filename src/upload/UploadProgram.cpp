@@ -51,17 +51,6 @@ void LeaveWithoutUpload() {
     FocusGadget(kTerminalCanvas);
 }
 
-// The older directive form adds to what stands here; the newer one starts afresh by
-// itself. Whether to disconnect is left to both.
-void ResetOptions() {
-    UploadOptions& options = EditUploadOptions();
-    options.noRun = false;
-    options.setTime = false;
-    options.setRtc = false;
-    options.noNew = false;
-    SetDefaultMethod();
-}
-
 // The first line in the one shape that the tests for a directive know.
 QString DirectiveLine() {
     QString line = FirstLineOf(uploadSource.text);
@@ -170,7 +159,7 @@ void UploadSourceText() {
         WriteEncodedSource();
         return LeaveWithoutUpload();
     }
-    ResetOptions();
+    ResetMethod();  // the older directive form adds to what stands here
     ChooseOptions();
     TerminalPrintLine("Upload started");
     if (ConnectDevice() != 0) TypeProgram();

@@ -45,10 +45,10 @@ struct CellRange {
     int first = 0, last = 0;
 };
 
-// The cells to flip when the pointer goes from the head to cell p, by the first rule that
-// fits. The anchor cell is never lit by a drag that stays on one side of it, and a pointer
-// that comes back exactly onto the anchor from below flips cell 0: both are meant.
-CellRange FlipRange(int p) {
+// Brings the head to cell p and gives the cells to flip, by the first rule that fits. The anchor
+// cell is never lit by a drag that stays on one side of it, and a pointer that comes back exactly
+// onto the anchor from below flips cell 0: both are meant.
+CellRange MoveHead(int p) {
     const int h = selection.head;
     const int a = selection.anchor;
     CellRange range;
@@ -107,10 +107,10 @@ void BeginSelection(int column, int row) {
 
 // A pointer that goes in front of the first cell makes the start negative, which ends the
 // selection; its highlight stays lit until the next repaint.
-void MoveHead(int p) {
+void FollowPointer(int p) {
     if (p == selection.last) return;
     selection.last = p;
-    CellRange range = FlipRange(p);
+    CellRange range = MoveHead(p);
     if (range.first > range.last) std::swap(range.first, range.last);
     SetEnds();
     FlipCells(range);
@@ -149,7 +149,7 @@ void ExtendSelection() {
         EventAttribute(kTerminalCanvas, kAttributeMouseX) / terminalMetrics.charWidth;
     const int row = EventAttribute(kTerminalCanvas, kAttributeMouseY) / terminalMetrics.charHeight;
     if (!UnderWay()) return BeginSelection(column, row);
-    MoveHead(CellIndex(column, row));
+    FollowPointer(CellIndex(column, row));
 }
 
 void FinishSelection() {

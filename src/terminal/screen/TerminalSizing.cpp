@@ -10,7 +10,6 @@
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
 #include "terminal/screen/WindowLayout.h"
-#include "ui/drawing/Drawing.h"
 #include "ui/windows/Dialogs.h"
 
 namespace {
@@ -21,7 +20,7 @@ constexpr int kMostTypedCols = 149;
 constexpr int kFewestTypedRows = 6;
 constexpr int kMostTypedRows = 79;
 
-bool fitAtEndOfFeed = false;
+bool windowIsToFit = false;
 
 int HeldSide(int asked, int present, int most) {
     return asked <= 0 ? present : std::min(asked, most);
@@ -62,28 +61,14 @@ int SetTerminalSize(int cols, int rows) {
 
 void ApplyTerminalSize() {
     ClearTerminal(kTerminalCanvas);
-    FitMainWindow();
     RepaintAtFullSize();
+    windowIsToFit = true;
+    if (!FeedUnderWay()) FinishResize();
 }
 
-void RemoteResize(int cols, int rows) {
-    SetTerminalSize(cols, rows);
-    if (!FeedUnderWay()) return ApplyTerminalSize();
-    ClearTerminal(kTerminalCanvas);
-    RepaintAtFullSize();
-    fitAtEndOfFeed = true;
-}
-
-void FinishRemoteResize() {
-    if (!fitAtEndOfFeed) return;
-    fitAtEndOfFeed = false;
-    FitMainWindow();
-}
-
-void RepaintAtFullSize() {
-    ResetCanvasPicture(kTerminalCanvas, terminalSettings.canvasWidth,
-                       terminalSettings.canvasHeight);
-    TerminalRepaint();
+void FinishResize() {
+    if (windowIsToFit) FitMainWindow();
+    windowIsToFit = false;
 }
 
 void AskTerminalSize() {

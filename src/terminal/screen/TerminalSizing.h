@@ -7,15 +7,11 @@ void SetUpTerminal();
 // 1 if the size changed, 0 if not. A value of 0 or less leaves its side as it is; one
 // beyond the bounds of TerminalScreen.h is cut to them.
 int SetTerminalSize(int cols, int rows);
-// ClearTerminal, ShowTerminalSize, resize of the window, LayoutMainWindow.
+// What follows a size, wherever it comes from: the terminal is cleared and the window fitted
+// to it. During a feed, when the device asks for a size, the window follows at the feed's
+// end, by FinishResize, so that a flood of such requests lays it out once.
 void ApplyTerminalSize();
-// SetTerminalSize and ApplyTerminalSize for a size that the device asks for. During a feed
-// the window itself follows at the feed's end, by FinishRemoteResize, so that a flood of
-// such requests lays it out once.
-void RemoteResize(int cols, int rows);
-void FinishRemoteResize();
-// TerminalRepaint, on a picture that has the terminal's size from then on.
-void RepaintAtFullSize();
+void FinishResize();
 void AskTerminalSize();
 void RestoreDefaultTerminalSize();
 // The font dialog and what follows on acceptance.

@@ -35,40 +35,36 @@ int Moved(int from, uint64_t by, int most) {
     return Held(static_cast<int64_t>(static_cast<uint64_t>(from) + by), 1, most);
 }
 
-void MoveTo(int x, int y) {
-    MoveTerminalCursor(x, y);
-}
-
 void PlaceCursor(VtSequence* sequence) {
-    MoveTo(Held(Parameter(*sequence, 2), 1, terminalScreen.cols),
-           Held(Parameter(*sequence, 1), 1, terminalScreen.rows));
+    MoveTerminalCursor(Held(Parameter(*sequence, 2), 1, terminalScreen.cols),
+                       Held(Parameter(*sequence, 1), 1, terminalScreen.rows));
     // The colours in force stay; the next SGR of any kind brings these.
     SetPendingColours(terminalScreen.defaultFg, terminalScreen.defaultBg);
 }
 
 // An absent parameter counts as 0 and moves by nothing.
 void CursorUp(VtSequence* sequence) {
-    MoveTo(terminalScreen.cursorX,
-           Moved(terminalScreen.cursorY, 0 - sequence->slots[1], terminalScreen.rows));
+    MoveTerminalCursor(terminalScreen.cursorX,
+                       Moved(terminalScreen.cursorY, 0 - sequence->slots[1], terminalScreen.rows));
 }
 
 void CursorDown(VtSequence* sequence) {
-    MoveTo(terminalScreen.cursorX,
-           Moved(terminalScreen.cursorY, sequence->slots[1], terminalScreen.rows));
+    MoveTerminalCursor(terminalScreen.cursorX,
+                       Moved(terminalScreen.cursorY, sequence->slots[1], terminalScreen.rows));
 }
 
 void CursorForward(VtSequence* sequence) {
-    MoveTo(Moved(terminalScreen.cursorX, sequence->slots[1], terminalScreen.cols),
-           terminalScreen.cursorY);
+    MoveTerminalCursor(Moved(terminalScreen.cursorX, sequence->slots[1], terminalScreen.cols),
+                       terminalScreen.cursorY);
 }
 
 void CursorBackward(VtSequence* sequence) {
-    MoveTo(Moved(terminalScreen.cursorX, 0 - sequence->slots[1], terminalScreen.cols),
-           terminalScreen.cursorY);
+    MoveTerminalCursor(Moved(terminalScreen.cursorX, 0 - sequence->slots[1], terminalScreen.cols),
+                       terminalScreen.cursorY);
 }
 
 void EraseRow(int row, int mode) {
-    MoveTo(terminalScreen.cursorX, row);
+    MoveTerminalCursor(terminalScreen.cursorX, row);
     TerminalEraseLine(mode);
 }
 
@@ -94,7 +90,7 @@ void EraseDisplay(VtSequence* sequence) {
         default:
             break;
     }
-    MoveTo(terminalScreen.cursorX, row);
+    MoveTerminalCursor(terminalScreen.cursorX, row);
 }
 
 void EraseInLine(VtSequence* sequence) {
@@ -115,7 +111,8 @@ void ReportStatus(VtSequence* sequence) {
 // Whatever the first parameter asks for, the others are taken as a size.
 void ResizeFromDevice(VtSequence* sequence) {
     if (!terminalSettings.allowResize) return;
-    RemoteResize(AsInt(Parameter(*sequence, 3)), AsInt(Parameter(*sequence, 2)));
+    SetTerminalSize(AsInt(Parameter(*sequence, 3)), AsInt(Parameter(*sequence, 2)));
+    ApplyTerminalSize();
 }
 
 // Deletes no lines: only the parameters are cleared.

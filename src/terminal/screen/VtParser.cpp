@@ -253,5 +253,5 @@ void TerminalFeed(const QString& text) {
     SetFeedUnderWay(true);
     RunParser({units, units + text.size(), ReceivedLineEnds()});
     SetFeedUnderWay(false);
-    FinishRemoteResize();
+    FinishResize();
 }

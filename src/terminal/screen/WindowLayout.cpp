@@ -6,7 +6,6 @@
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
-#include "terminal/screen/TerminalSizing.h"
 #include "ui/drawing/Drawing.h"
 #include "ui/gadgets/Gadgets.h"
 #include "ui/windows/Windows.h"
@@ -32,36 +31,27 @@ void TakeWindowPlace() {
     place.height = WindowHeight(kMainWindow, WindowMeasure::kInner);
 }
 
+void PlaceGadget(int gadget, const GadgetPlace& at) {
+    ResizeGadget(gadget, at.x, at.y, at.width, at.height);
+}
+
 void PlaceToolbarRows() {
-    place.contentTop = kTop;
+    BeginToolbarRows();
     for (int i = 0; i < kToolbarRows; ++i) {
-        const int row = kFirstToolbarRow + i;
         const bool shown = TextToInteger(place.linesToShow.mid(i, 1)) != 0;
-        if (shown) {
-            ResizeGadget(row, kLeft, place.contentTop, kRowWidth, kRowHeight);
-            place.contentTop += kRowHeight;
-        }
-        HideGadget(row, !shown);
+        if (shown) PlaceGadget(kFirstToolbarRow + i, NextToolbarRow());
+        HideGadget(kFirstToolbarRow + i, !shown);
     }
 }
 
-void PlaceTerminal() {
-    const int width = terminalSettings.canvasWidth;
-    const int height = terminalSettings.canvasHeight;
-    ResizeGadget(kFrameCanvas, kLeft, place.contentTop, width + 2 * kTerminalFrameWidth,
-                 height + 2 * kTerminalFrameWidth);
-    ResizeGadget(kTerminalCanvas, kTerminalFrameWidth, kTerminalFrameWidth, width, height);
-    ResizeGadget(kTerminalScrollBar, width + kScrollBarLeft, place.contentTop, kScrollBarWidth,
-                 height);
-}
-
+// Where the window stands is taken over, all that lies in it is placed, and the terminal gets
+// the focus.
 void PlaceAll() {
     TakeWindowPlace();
     PlaceToolbarRows();
-    PlaceTerminal();
-}
-
-void GiveTerminalFocus() {
+    PlaceGadget(kFrameCanvas, FramePlace());
+    PlaceGadget(kTerminalCanvas, TerminalPlace());
+    PlaceGadget(kTerminalScrollBar, ScrollBarPlace());
     FocusGadget(kTerminalCanvas);
     PaintTerminalFrame(true);
 }
@@ -78,8 +68,29 @@ void SetLinesToShow(const QString& marks) {
     place.linesToShow = marks;
 }
 
-void SetContentTop(int y) {
-    place.contentTop = y;
+void BeginToolbarRows() {
+    place.contentTop = kTop;
+}
+
+GadgetPlace NextToolbarRow() {
+    const int top = place.contentTop;
+    place.contentTop += kRowHeight;
+    return {kLeft, top, kRowWidth, kRowHeight};
+}
+
+GadgetPlace FramePlace() {
+    return {kLeft, place.contentTop, terminalSettings.canvasWidth + 2 * kTerminalFrameWidth,
+            terminalSettings.canvasHeight + 2 * kTerminalFrameWidth};
+}
+
+GadgetPlace TerminalPlace() {
+    return {kTerminalFrameWidth, kTerminalFrameWidth, terminalSettings.canvasWidth,
+            terminalSettings.canvasHeight};
+}
+
+GadgetPlace ScrollBarPlace() {
+    return {terminalSettings.canvasWidth + kScrollBarLeft, place.contentTop, kScrollBarWidth,
+            terminalSettings.canvasHeight};
 }
 
 QString TerminalSizeText() {
@@ -94,10 +105,15 @@ void ShowTerminalSize() {
     SetGadgetText(kTerminalSizeText, TerminalSizeText());
 }
 
+void RepaintAtFullSize() {
+    ResetCanvasPicture(kTerminalCanvas, terminalSettings.canvasWidth,
+                       terminalSettings.canvasHeight);
+    TerminalRepaint();
+}
+
 void LayoutMainWindow() {
     PlaceAll();
     RepaintAtFullSize();
-    GiveTerminalFocus();
 }
 
 void FitMainWindow() {
@@ -106,5 +122,4 @@ void FitMainWindow() {
                          terminalSettings.canvasWidth + kWindowBeyondCanvas,
                          terminalSettings.canvasHeight + place.contentTop + kWindowBelowCanvas);
     PlaceAll();
-    GiveTerminalFocus();
 }

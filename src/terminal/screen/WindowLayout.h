@@ -14,12 +14,25 @@ struct MainWindowPlace {
 extern const MainWindowPlace& mainWindowPlace;
 MainWindowPlace& MainWindowPlaceForTable();  // for the settings table alone
 void SetLinesToShow(const QString& marks);
-void SetContentTop(int y);
+
+// Where things stand, in pixels: the toolbar rows from the top, each call for the next one,
+// and below them, at the canvas's present size, the frame, the terminal in it and the scroll
+// bar.
+struct GadgetPlace {
+    int x, y, width, height;
+};
+void BeginToolbarRows();
+GadgetPlace NextToolbarRow();
+GadgetPlace FramePlace();
+GadgetPlace TerminalPlace();
+GadgetPlace ScrollBarPlace();
 
 // The window's part of a resize: the size text, the window's own size, and the places of
 // all that lies in it. Paints nothing in the terminal.
 void FitMainWindow();
 void ShowTerminalSize();
 QString TerminalSizeText();
-// Places rows, canvases and scroll bar, repaints, gives the terminal the focus.
+// TerminalRepaint, on a picture that has the terminal's size from then on.
+void RepaintAtFullSize();
+// Places rows, canvases and scroll bar, gives the terminal the focus, repaints.
 void LayoutMainWindow();

@@ -62,16 +62,17 @@ CanvasEventData DataWithoutPlace(const QWidget* canvas, Qt::KeyboardModifiers mo
 
 }  // namespace
 
-// Drawing on a gadget of another kind is refused like drawing on none.
+// A canvas that was freed, and waits to be deleted, lies in no window. Asked for by each
+// drawing, so the number is not read from the widget's properties.
 PBCanvasWidget* FindCanvas(int gadget) {
-    const auto found = std::find_if(canvases.begin(), canvases.end(), [=](const QWidget* canvas) {
-        return GadgetOf(canvas) == gadget;
+    const auto found = std::find_if(canvases.begin(), canvases.end(), [=](PBCanvasWidget* canvas) {
+        return canvas->number == gadget && canvas->parentWidget();
     });
-    return gadget < 0 || found == canvases.end() ? nullptr : *found;
+    return found == canvases.end() ? nullptr : *found;
 }
 
-PBCanvasWidget::PBCanvasWidget(QWidget* parent, bool keyboard)
-    : QFrame(parent), takesKeyboard(keyboard) {
+PBCanvasWidget::PBCanvasWidget(QWidget* parent, int gadget, bool keyboard)
+    : QFrame(parent), number(gadget), takesKeyboard(keyboard) {
     FitPicture(&record, 1, 1, devicePixelRatioF());
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);

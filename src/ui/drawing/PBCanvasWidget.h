@@ -13,7 +13,7 @@ struct CanvasEventData;
 class PBCanvasWidget : public QFrame {
     Q_OBJECT
   public:
-    PBCanvasWidget(QWidget* parent, bool takesKeyboard);
+    PBCanvasWidget(QWidget* parent, int number, bool takesKeyboard);
     ~PBCanvasWidget() override;
 
     PaintRecord record;  // of the picture that it shows
@@ -43,8 +43,10 @@ class PBCanvasWidget : public QFrame {
     bool focusNextPrevChild(bool next) override;
 
   private:
+    friend PBCanvasWidget* FindCanvas(int gadget);
     void RaiseInput(const QString& text, CanvasEventData carried);
 
+    const int number;
     const bool takesKeyboard;
     bool pressed = false;  // the left button went down on this canvas
     int wheelRest = 0;     // what is not a whole wheel step yet, -119 to 119

@@ -27,7 +27,7 @@ class PBCanvasFunctions : public PBGadgetFunctions {
 void CanvasGadget(int gadget, int x, int y, int width, int height, int flags) {
     QWidget* const parent = BeginGadget(gadget);
     if (!parent) return;
-    auto* canvas = new PBCanvasWidget(parent, flags & kCanvasKeyboard);
+    auto* canvas = new PBCanvasWidget(parent, gadget, flags & kCanvasKeyboard);
     if (flags & kCanvasFrame) canvas->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     EnterGadget(new PBCanvasFunctions(gadget, canvas), QRect(x, y, width, height));
     if (flags & kCanvasContainer) OpenGadgetList(canvas);

@@ -1,4 +1,4 @@
-#include "shell/StoredDevice.h"
+#include "shell/DeviceGadgets.h"
 
 #include <QString>
 

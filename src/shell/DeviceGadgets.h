@@ -1,5 +1,5 @@
-// What the settings remember of the device, shown in the window at start. Interface
-// thread.
+// The gadgets of presets, macros, device and link, filled from what the settings remember.
+// Interface thread.
 #pragma once
 
 // Labels the preset and macro buttons from their lists; the last used preset, or the
