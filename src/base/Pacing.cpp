@@ -5,8 +5,12 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <climits>
 #include <ctime>
+#include <iterator>
 #include <thread>
+
+#include "base/WorkerThread.h"
 
 namespace {
 
@@ -15,15 +19,17 @@ constexpr short kGone = POLLHUP | POLLRDHUP | POLLERR | POLLNVAL;
 constexpr int64_t kServiceStep = 20;  // milliseconds
 
 short Poll(int fd, short events, int64_t ms) {
-    pollfd ready = {fd > 0 ? fd : -1, events, 0};
-    poll(&ready, 1, static_cast<int>(ms));
-    return ready.revents;
+    pollfd watched[] = {{fd > 0 ? fd : -1, events, 0}, {StopDescriptor(), POLLIN, 0}};
+    poll(watched, std::size(watched), static_cast<int>(ms));
+    return watched[0].revents;
 }
 
 class KernelClock : public Clock {
   public:
     void Sleep(int64_t ms) override {
-        if (ms > 0) std::this_thread::sleep_for(std::chrono::milliseconds(ms));
+        const int64_t end = Now() + ms;
+        for (int64_t left = ms; left > 0 && !WorkerIsStopped(); left = end - Now())
+            Poll(0, 0, std::min<int64_t>(left, INT_MAX));
     }
     int64_t Now() override {
         const auto now = std::chrono::steady_clock::now().time_since_epoch();
@@ -75,7 +81,7 @@ bool AwaitReady(int fd, short events, int64_t ms) {
         left = std::max<int64_t>(left, 0);
         if (currentClock->Await(fd, events, served ? std::min(left, kServiceStep) : left))
             return true;
-        if (NowMs() >= end) return false;
+        if (NowMs() >= end || WorkerIsStopped()) return false;
     }
 }
 

@@ -7,6 +7,7 @@
 #include "base/Choices.h"
 #include "base/LineEnding.h"
 #include "base/Pacing.h"
+#include "base/WorkerThread.h"
 #include "link/Connection.h"
 #include "link/LinkSettings.h"
 #include "link/SerialPort.h"
@@ -38,8 +39,10 @@ struct TelnetPlace {
 
 thread_local TelnetPlace telnetPlace;
 
-// One read, as text: a character for each byte, up to the first 0 byte.
+// One read, as text: a character for each byte, up to the first 0 byte. A worker that was
+// stopped leaves what comes to others.
 QString ReadReply() {
+    if (WorkerIsStopped()) return QString();
     uint8_t* const block = RxBuffer();
     const int64_t read = ReceiveBytes(block, std::min(kReplyRead, LinkBufferSize()));
     const int64_t count = TakeOffTelnet(block, read);

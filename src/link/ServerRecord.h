@@ -33,7 +33,6 @@ struct ServerRecord {
     int64_t length = 0;                      // bytes in `buffer`; -1 for a failed recv(2)
     QString text;                            // the same bytes decoded
     std::vector<uint8_t> buffer;             // kServerBuffer bytes, zeros between chunks
-    std::atomic<bool> quit{false};           // ends the worker
     int64_t identity = 0;                    // of base/Numbers.h
     bool running = false;                    // between start and stop; interface thread
     ServerSockets sockets;                   // the worker's while it lives

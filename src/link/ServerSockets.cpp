@@ -3,18 +3,17 @@
 #include <arpa/inet.h>
 #include <netinet/tcp.h>
 #include <poll.h>
-#include <sys/eventfd.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include "base/Choices.h"
+#include "base/WorkerThread.h"
 
 namespace {
 
 constexpr int kBacklog = 100;
 constexpr int kPeekedBytes = 8;
 constexpr int kHighestPort = 65535;
-constexpr int kLongestWait = 1000;  // milliseconds; only matters without a wake descriptor
 
 bool ListenOn(int fd, int64_t port) {
     sockaddr_in address = {};
@@ -72,15 +71,11 @@ bool OpenServer(ServerSockets& sockets, int64_t port) {
 void WaitForServerEvent(const ServerSockets& sockets) {
     std::vector<pollfd> watched;
     watched.push_back({sockets.listener, POLLIN, 0});
-    if (sockets.wake > 0) watched.push_back({sockets.wake, POLLIN, 0});
+    watched.push_back({StopDescriptor(), POLLIN, 0});
     for (const HeldDescriptor& client : sockets.clients) {
         watched.push_back({client->fd, POLLIN, 0});
     }
-    poll(watched.data(), watched.size(), kLongestWait);
-}
-
-void WakeServer(const ServerSockets& sockets) {
-    if (sockets.wake > 0) eventfd_write(sockets.wake, 1);
+    poll(watched.data(), watched.size(), -1);
 }
 
 ServerEvent TakeServerEvent(ServerSockets& sockets, bool data) {

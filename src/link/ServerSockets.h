@@ -19,7 +19,6 @@ constexpr int kClientSendBuffer = 256 * 1024;
 
 struct ServerSockets {
     int listener = 0;                     // 0 for none
-    int wake = 0;                         // eventfd(2) that ends a wait; 0 for none
     std::vector<HeldDescriptor> clients;  // in the order in which they came
 };
 
@@ -34,11 +33,8 @@ struct ServerEvent {
 // the port can not be had: a port that another program holds, or that this one closed a moment ago.
 bool OpenServer(ServerSockets& sockets, int64_t port);
 
-// Sleeps until a client comes, sends or goes, or WakeServer was called.
+// Sleeps until a client comes, sends or goes, or the worker is stopped.
 void WaitForServerEvent(const ServerSockets& sockets);
-
-// Ends the wait, now or the next time. Any thread.
-void WakeServer(const ServerSockets& sockets);
 
 // One event at the most, without waiting: a new client goes before all others, then the
 // first in the list that has sent something or has gone. A client that has gone is off

@@ -88,9 +88,9 @@ void TakeTurn(ServerRecord& record) {
 void ServerWorker(void* argument) {
     ServerRecord& record = *static_cast<ServerRecord*>(argument);
     if (!StartListening(record)) return;
-    while (!record.quit) {
+    while (!WorkerIsStopped()) {
         WaitForServerEvent(record.sockets);
-        if (record.quit) break;
+        if (WorkerIsStopped()) break;
         TakeTurn(record);
         SleepMs(kServerPace);
     }

@@ -9,6 +9,6 @@
 // nothing comes, the worker sleeps in poll(2).
 constexpr int64_t kServerPace = 10;
 
-// Thread body; the argument is the ServerRecord. Returns once `quit` is set, or at once
+// Thread body; the argument is the ServerRecord. Returns once it is stopped, or at once
 // when the port can not be had: nothing retries.
 void ServerWorker(void* record);

@@ -1,8 +1,6 @@
 #include "link/Servers.h"
 
-#include <sys/eventfd.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
 
@@ -28,26 +26,19 @@ void StartServer(ServerRecord& record, int64_t identity, int port, const char* t
     sem_init(&record.chunkSemaphore, 0, 0);
     sem_init(&record.spareSemaphore, 0, 0);
     record.port = port;
-    record.quit = false;
     record.identity = identity;
     record.buffer.assign(kServerBuffer, 0);
-    record.sockets.wake = std::max(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK), 0);
     record.running = true;
     StartWorker(record.thread, ServerWorker, &record, threadName);
 }
 
 // The kill. The one place where a worker can still be is its semaphore: the loop that
-// would have taken its chunk has ended. So it is let go from there and finds its flag
-// set. The thread is never torn down from outside, where it could hold what the process
+// would have taken its chunk has ended. So it is let go from there and finds itself
+// stopped. The thread is never torn down from outside, where it could hold what the process
 // still needs, and it closes its own sockets as ever.
 bool KillServer(ServerRecord& record) {
     sem_post(&record.chunkSemaphore);
     return WaitForWorker(record.thread, kServerKillWait);
-}
-
-void AskToEnd(ServerRecord& record) {
-    record.quit = true;
-    WakeServer(record.sockets);
 }
 
 void StopServer(ServerRecord& record, int64_t deadline) {
@@ -58,8 +49,6 @@ void StopServer(ServerRecord& record, int64_t deadline) {
     if (!WaitForWorker(record.thread, wait) && !KillServer(record)) return;
     sem_destroy(&record.chunkSemaphore);
     sem_destroy(&record.spareSemaphore);
-    if (record.sockets.wake > 0) close(record.sockets.wake);
-    record.sockets.wake = 0;
     delete record.message.exchange(nullptr);
 }
 
@@ -73,7 +62,7 @@ void StartServers() {
 // Both are asked first, so that two that stand on their semaphores cost one wait.
 void StopServers() {
     const int64_t deadline = NowMs() + kServerEndWait;
-    for (ServerRecord* record : {&dataServer, &controlServer}) AskToEnd(*record);
+    for (ServerRecord* record : {&dataServer, &controlServer}) StopWorker(record->thread);
     for (ServerRecord* record : {&dataServer, &controlServer}) StopServer(*record, deadline);
 }
 

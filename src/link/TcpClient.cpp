@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include "base/Pacing.h"
+#include "base/WorkerThread.h"
 #include "link/Descriptor.h"
 #include "link/HostLookup.h"
 
@@ -19,9 +20,9 @@ constexpr int kReceiveQueue = 512 * 1024;
 
 constexpr int64_t kWaitStep = 100;  // milliseconds between two looks whether to leave
 
-// Waits as long as the kernel would, or until the program is to leave.
+// Waits as long as the kernel would, or until the program is to leave or the worker to end.
 bool AwaitWritable(int fd) {
-    while (!LeaveRequested()) {
+    while (!LeaveRequested() && !WorkerIsStopped()) {
         if (AwaitReady(fd, POLLOUT, kWaitStep)) return true;
     }
     return false;

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "base/Pacing.h"
+#include "base/WorkerThread.h"
 #include "xmodem/Frame.h"
 #include "xmodem/PcFile.h"
 #include "xmodem/WorkerCalls.h"
@@ -144,7 +145,7 @@ bool Collect(Receiver& r) {
         r.have += std::max(r.count, 0);
         if (r.have < expected) WorkerAwait(std::clamp(TimeLeft(r), 0, kLongestAwait));
         Read(r);
-    } while (r.have < expected && TimeLeft(r) > 0);
+    } while (r.have < expected && TimeLeft(r) > 0 && !WorkerIsStopped());
     return true;
 }
 
@@ -180,7 +181,9 @@ bool ReceiveBlock(Receiver& r) {
     return result < kGiveUp && !r.job.abort;
 }
 
+// A worker that was killed leaves its file as it stands.
 void Finish(Receiver& r) {
+    if (WorkerIsStopped()) return;
     if (r.first == kEot && r.file.Keep()) {
         WorkerPrint("Completed OK");
     } else {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/Pacing.h"
+#include "base/WorkerThread.h"
 #include "xmodem/Frame.h"
 #include "xmodem/PcFile.h"
 #include "xmodem/WorkerCalls.h"
@@ -143,7 +144,7 @@ void CloseTransfer(Sender& s) {
         while (NowMs() < deadline) {
             WorkerSleep(kCloseStep);
             Read(s);
-            if (s.reply[0] == kAck) return;
+            if (s.reply[0] == kAck || WorkerIsStopped()) return;
         }
     }
 }

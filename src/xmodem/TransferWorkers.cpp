@@ -1,7 +1,5 @@
 #include "xmodem/TransferWorkers.h"
 
-#include <pthread.h>
-
 #include "base/LineEnding.h"
 #include "base/Numbers.h"
 #include "base/Pacing.h"
@@ -28,18 +26,8 @@ const WorkerRow& RowOf(const XmodemJob& job) {
     return job.direction == Direction::kSend ? kSendRow : kReceiveRow;
 }
 
-// Marks a worker that was killed as ended, too: it never comes back from its body.
-struct EndMark {
-    explicit EndMark(WorkerThread& marked) : thread(marked) {}
-    ~EndMark() { thread.ended = true; }
-    WorkerThread& thread;
-};
-
-// Cancellation is off but where the worker's calls turn it on.
 void RunJob(void* argument) {
-    pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, nullptr);
     XmodemJob& job = *static_cast<XmodemJob*>(argument);
-    const EndMark mark(job.thread);
     RowOf(job).body(job);
 }
 
@@ -61,10 +49,12 @@ bool EndsByItself(XmodemJob& job) {
     return WaitForWorker(job.thread, 0);
 }
 
+// The kill: the worker's waits end, the one on its semaphore as well.
 bool EndsWhenKilled(XmodemJob& job) {
-    if (!job.killed) pthread_cancel(job.thread.handle);
+    if (!job.killed) StopWorker(job.thread);
     job.killed = true;
-    return WaitForWorker(job.thread, kTimeToUnwind);
+    sem_post(&job.semaphore);
+    return WaitForWorker(job.thread, kTimeToRunOut);
 }
 
 // False when the worker is still there.

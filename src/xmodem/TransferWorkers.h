@@ -6,11 +6,11 @@
 
 // Milliseconds that a worker may take to end once its abort flag is set.
 constexpr int64_t kTimeToEnd = 3000;
-// Milliseconds that it may take to unwind once it was killed. What takes longer stands in
+// Milliseconds that it may take to run out once it was killed. What takes longer stands in
 // a call of the kernel that nothing can end, such as on a dead network drive. It counts
-// as ended, dies as soon as it comes out, and no other worker of its direction is started
+// as ended, ends as soon as it comes out, and no other worker of its direction is started
 // until then.
-constexpr int64_t kTimeToUnwind = 1000;
+constexpr int64_t kTimeToRunOut = 1000;
 
 // Starts a worker. A worker of the same direction that is still alive is stopped first,
 // and what it has posted of its end is dropped: it belongs to an earlier file.

@@ -6,7 +6,6 @@
 #include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/VtParser.h"
 #include "ui/events/EventQueue.h"
-#include "xmodem/WorkerCalls.h"
 #include "xmodem/XmodemSeams.h"
 
 namespace {
@@ -41,14 +40,11 @@ XmodemJob& JobOf(Direction direction) {
 }
 
 void ShowJobStatus(XmodemJob& job, const QString& text) {
-    const Killable here;
+    if (WorkerIsStopped()) return;
     job.status = text;
     job.statusWaits = true;
-    {
-        const Unkillable posting;
-        Post(EventsOf(job.direction).status);
-        if (serveBeforeWait) serveBeforeWait();
-    }
+    Post(EventsOf(job.direction).status);
+    if (serveBeforeWait) serveBeforeWait();
     while (sem_wait(&job.semaphore) != 0 && errno == EINTR) {
     }
 }
@@ -66,8 +62,7 @@ void ServeJobStatus(XmodemJob& job) {
 }
 
 void PostJobEnd(const XmodemJob& job) {
-    MeetKill();
-    Post(EventsOf(job.direction).done);
+    if (!WorkerIsStopped()) Post(EventsOf(job.direction).done);
 }
 
 void SetServeBeforeWait(void (*procedure)()) {

@@ -30,12 +30,13 @@ class TurnsClock : public VirtualClock {
 
     void WorkerSleeps(int64_t ms) {
         hangs = false;
-        for (wake = now + ms; now < wake;) usleep(kPauseUs);
+        for (wake = now + ms; now < wake && !WorkerIsStopped();) usleep(kPauseUs);
     }
     bool WorkerIsReady() const {
         bool runs = false;
         for (const Direction direction : {Direction::kSend, Direction::kReceive}) {
             const XmodemJob& job = JobOf(direction);
+            if (WorkerRuns(job.thread) && job.thread.stopped) return true;
             runs = runs || (WorkerRuns(job.thread) && !job.statusWaits);
         }
         return runs && now >= wake;
