@@ -63,7 +63,8 @@ class Boardsim(unittest.TestCase):
         for options, part, status in [
                 (["--nosuch"], "no option", 2), (["--port=70000"], "from 0 to 65535", 2),
                 (["--board=nosuch"], "no board", 2), (["--pin"], "needs a value", 2),
-                (["--pty", "--folder=/no/such"], "can't read", 1)]:
+                (["--pty", "--folder=/no/such"], "can't read", 1),
+                (["--port", self.start("--port", "0")[1].decode()], "can't listen", 1)]:
             ended = subprocess.run([os.environ["BOARDSIM"], *options], timeout=10, text=True,
                                    stderr=subprocess.PIPE, check=False)
             self.assertEqual((part in ended.stderr, ended.returncode), (True, status), ended)
