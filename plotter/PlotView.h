@@ -77,9 +77,8 @@ class PlotView : public QCustomPlot {
     QTimer frame;
     Mode mode = Mode::kFollow;
     bool paused = false, byCount = false, oneScaleEach = false;
-    bool fitsValues = true;   // each frame puts the values into sight
-    uint64_t pausedRows = 0;  // rows there were when it was paused
-    double pausedNewest = 0;
+    bool fitsValues = true;      // each frame puts the values into sight
+    uint64_t pausedRows = 0;     // rows there were when it was paused
     double span[2];              // of time in seconds, of lines, when it follows
     std::vector<bool> shown;     // by series
     std::vector<size_t> counts;  // of the points of each series, those that are looked at
