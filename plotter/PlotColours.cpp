@@ -44,6 +44,6 @@ void DressPlot(QCustomPlot& plot, const QPalette& palette) {
         axis->grid()->setZeroLinePen(QPen(Between(ground, text, 2 * kGridStrength), 0));
     }
     plot.legend->setBrush(ground);
-    plot.legend->setBorderPen(faint);
+    plot.legend->setBorderPen(Qt::NoPen);
     plot.legend->setTextColor(text);
 }

@@ -16,6 +16,7 @@ bool PlotView::SavePicture(const QString& path) {
     readout.Leave();
     DrawFrame();
     note->setVisible(false);
+    setNotAntialiasedElement(QCP::aePlottables, false);  // which no frame has the time for
     if (paper) Dress(QPalette(Qt::white));
     legend->setVisible(true);
     auto* column = new QCPLayoutGrid;
