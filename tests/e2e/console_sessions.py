@@ -1,4 +1,5 @@
 """Sessions with the real console window: real display, keys, mouse, processes, pty, sockets."""
+import contextlib
 import os
 import re
 import shutil
@@ -193,7 +194,8 @@ class SlowBoard(threading.Thread):
         while self.reads and (block := line.recv(65536)):
             self.received += block
             time.sleep(0.13)
-            line.sendall(block + b"\n> ")
+            with contextlib.suppress(OSError):  # who has gone gets no answer
+                line.sendall(block + b"\n> ")
 
 
 class Leaving(Session):
@@ -231,7 +233,7 @@ class Leaving(Session):
         width = wait_for("frame", console.measure, 5) and console.geometry()["WIDTH"]
         self.assertGreater(width, 900)
         self.leaves(console, lambda: self.close(console))
-        self.assertTrue(board.received.endswith(b"\x03"), board.received[-20:])
+        wait_for("byte 3", lambda: board.received.endswith(b"\x03"), 5)  # it reads at its own pace
         self.assertLess(board.received.count(b"PRINT 1"), 200)
 
     def test_a_send_that_is_not_taken_and_a_signal(self):

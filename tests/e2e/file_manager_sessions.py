@@ -7,10 +7,9 @@ import unittest
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
-from console_sessions import CONNECT, Session, free_port  # noqa: E402
+from console_sessions import CONNECT, MODE_MENU, Session, free_port  # noqa: E402
 from desktop import CONTENT_TOP, Console, wait_for  # noqa: E402
 
-MODE_MENU = ("218", "10")  # of the menu bar
 PROMPT = (300, CONTENT_TOP + 200)
 
 # Places of the file manager's gadgets at its default size and division.
@@ -29,9 +28,7 @@ class FileManager:
 
     def __init__(self, console):
         self.desktop = console.desktop
-        self.desktop.run("xdotool", "mousemove", "--window", console.window, *MODE_MENU, "click", "1")
-        time.sleep(0.3)
-        console.key(*["Down"] * 5, "Return")
+        console.menu(MODE_MENU, 5)
         self.window = wait_for("file manager", lambda: self.desktop.output(
             ["xdotool", "search", "--onlyvisible", "--name", "^Kewlink File Commander$"]).strip())
         time.sleep(1.5)  # it asks the device for its list
