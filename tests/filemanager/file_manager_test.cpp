@@ -193,7 +193,9 @@ const char looks[] = R"(Kewlink File Commander
 TEST_F(FileManager, HoldsItsGadgetsAndKeepsItsPlace) {
     SetPcFolder("/no/such/folder/");
     ShowTerminalMode(kModeFileManager);
+    for (const int column : {0, 1, 2}) SetPcColumnWidth(column, 100 + column);
     OpenFileManager();
+    EXPECT_EQ(GadgetColumnWidth(kPcList, 0) + GadgetColumnWidth(kPcList, 2), 202);
     EXPECT_EQ(FocusedGadget(), kDeviceList);
     EXPECT_NE(fileManagerSettings.pcFolder, "/no/such/folder/");
     for (const int gadget : {kPcList, kPcPathEntry}) SetGadgetText(gadget, "/");
@@ -207,7 +209,7 @@ TEST_F(FileManager, HoldsItsGadgetsAndKeepsItsPlace) {
     EXPECT_EQ(look.toStdString(), looks);
     ResizeNumberedWindow(kFileManagerWindow, 30, 40, 900, 400);
     SetGadgetState(kPaneSplitter, 420);
-    SetGadgetColumnWidth(kPcList, 1, 77);
+    for (const int column : {0, 1}) SetGadgetColumnWidth(kPcList, column, 77 + column);
     ResizeFileManager();
     look.clear();
     for (const int gadget : {kPaneSplitter, kPcToolbar, kDeviceToolbar, kCopyToDeviceButton,
@@ -219,7 +221,7 @@ TEST_F(FileManager, HoldsItsGadgetsAndKeepsItsPlace) {
     const FileManagerSettings& kept = fileManagerSettings;
     EXPECT_EQ(std::vector<int>({kept.x, kept.y, kept.width, kept.height, kept.splitter,
                                 kept.columns[0], kept.columns[1], kept.columns[2]}),
-              std::vector<int>({30, 40, 900, 400, 420, 250, 77, 130}));
+              std::vector<int>({30, 40, 900, 400, 420, 77, 78, 102}));
     EXPECT_EQ(GadgetText(kModeText), "VT Terminal");
     EXPECT_EQ(terminalMode, 0);
 }

@@ -19,10 +19,13 @@ TEST_F(SourceFile, IsReadByteByByteAndBounded) {
     SetPasteSource(true);
     const QString text = ReadSourceFile(ScratchFolder::Put("all.bas", all));
     EXPECT_TRUE(text.size() == 256 && text.toLatin1() == all && !uploadSource.pasteSource);
-    EXPECT_EQ(ReadSourceFile("") + ReadSourceFile("new.bas") + Printed(), "");
+    EXPECT_EQ(ReadSourceFile("") + ReadSourceFile("new.bas"), "");
+    EXPECT_EQ(Printed(), "");
     ASSERT_EQ(truncate("new.bas", kLargestSource), 0);  // and so created
     EXPECT_EQ(ReadSourceFile("new.bas").size(), kLargestSource);
     ASSERT_EQ(truncate("new.bas", kLargestSource + 1LL), 0);
+    EXPECT_EQ(ReadSourceFile(QString("new.bas") + QChar(0)), "");
+    EXPECT_EQ(Printed(1), "File read failed!!");
     LoadPath("new.bas");
     EXPECT_EQ(Printed(2), "File is larger than 64 MB and is not uploaded.|Nothing to load.");
 }
