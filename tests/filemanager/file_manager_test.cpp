@@ -193,9 +193,9 @@ const char looks[] = R"(Kewlink File Commander
 TEST_F(FileManager, HoldsItsGadgetsAndKeepsItsPlace) {
     SetPcFolder("/no/such/folder/");
     ShowTerminalMode(kModeFileManager);
-    for (const int column : {0, 1, 2}) SetPcColumnWidth(column, 100 + column);
+    for (const int column : {0, 1, 2}) SetPcColumnWidth(column, 110 + column);
     OpenFileManager();
-    EXPECT_EQ(GadgetColumnWidth(kPcList, 0) + GadgetColumnWidth(kPcList, 2), 202);
+    EXPECT_EQ(GadgetColumnWidth(kPcList, 0) + GadgetColumnWidth(kPcList, 2), 222);
     EXPECT_EQ(FocusedGadget(), kDeviceList);
     EXPECT_NE(fileManagerSettings.pcFolder, "/no/such/folder/");
     for (const int gadget : {kPcList, kPcPathEntry}) SetGadgetText(gadget, "/");
@@ -221,7 +221,7 @@ TEST_F(FileManager, HoldsItsGadgetsAndKeepsItsPlace) {
     const FileManagerSettings& kept = fileManagerSettings;
     EXPECT_EQ(std::vector<int>({kept.x, kept.y, kept.width, kept.height, kept.splitter,
                                 kept.columns[0], kept.columns[1], kept.columns[2]}),
-              std::vector<int>({30, 40, 900, 400, 420, 77, 78, 102}));
+              std::vector<int>({30, 40, 900, 400, 420, 77, 78, 112}));
     EXPECT_EQ(GadgetText(kModeText), "VT Terminal");
     EXPECT_EQ(terminalMode, 0);
 }
