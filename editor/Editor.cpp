@@ -89,7 +89,10 @@ void Editor::OpenPath(const QString& path) {
 }
 
 // The same listing twice shows the window that has it.
+// The wish overtakes the window system's word that the clipboard has a new owner, and without
+// that word the owner refuses to answer: what waits from there is taken first.
 void Editor::OpenClipboard() {
+    QGuiApplication::sync();
     const QString text =
         QApplication::clipboard()->text().replace("\r\n", "\n").replace('\r', '\n');
     for (EditorWindow* window : Windows()) {

@@ -3,6 +3,7 @@ import contextlib
 import os
 import re
 import shutil
+import signal
 import socket
 import subprocess
 import sys
@@ -13,7 +14,6 @@ import unittest
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 sys.path.insert(0, os.path.join(ROOT, "tools"))
-
 from desktop import CONTENT_TOP, Console, Desktop, wait_for  # noqa: E402
 
 CONNECT = (652, 66)       # middle of the button, client area coordinates
@@ -65,6 +65,22 @@ class Session(unittest.TestCase):
         return wait_for(title, lambda: self.desktop.output(
             ["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"]).split())
 
+    def front(self, window):
+        self.desktop.run("xdotool", "windowactivate", "--sync", window)
+
+    def keys(self, *keys):
+        self.desktop.run("xdotool", "key", "--delay", "30", *keys)
+
+    def typed(self, text):
+        self.desktop.run("xdotool", "type", "--delay", "10", text)
+
+    def start_beside(self, name, *arguments):
+        """Starts a copy of a program, named by a variable, in the console's folder."""
+        program = os.path.join(self.folder, os.path.basename(os.environ[name]))
+        if not os.path.exists(program):
+            shutil.copy(os.environ[name], program)
+        return self.desktop.start([program, *arguments])
+
     def saved(self, key):
         with open(self.settings, encoding="utf-8") as f:
             found = re.search(rf"^{re.escape(key)} = (.*)$", f.read(), re.M)
@@ -114,7 +130,7 @@ class TcpSession(Session):
 
 
 class SerialSession(Session):
-    def test_connect_upload_from_the_command_line_and_disconnect(self):
+    def test_connect_upload_from_the_command_line_second_start_and_disconnect(self):
         board = self.start_board("--board", "micromite+", "--pty")
         name = re.search(r"/dev/(pts/\d+)", board.stdout.readline()).group(1)
         self.write_settings(f"Comport = {name}\nSerialSpeed = 115200\n",
@@ -123,6 +139,9 @@ class SerialSession(Session):
         text = console.wait_text("Upload completed", 60)
         self.assertIn(f"Connected to {name} at 115200", text)
         self.assertLess(text.index("started"), text.index("Upload started"))
+        # A second start opens no window and ends.
+        second = subprocess.run([self.program, "x.bas"], env=self.desktop.env, timeout=30, check=False)
+        self.assertEqual((second.returncode, self.windows("Kewlink Console")), (0, [console.window]))
         console.click(*CONNECT)  # the same place is Disconnect now
         console.wait_text("Disconnected")
         self.assertEqual(console.close(), 0)
@@ -164,16 +183,6 @@ class LocalTools(Session):
         self.assertEqual(self.nc(data, "", "-w", "1"), "Welcome to KWCC\r\n")
         self.nc(control, f"/load {os.path.join(ROOT, 'examples', 'hello.bas')}\r\n", "-N")
         console.wait_text("on the board's clock. Bye.", 60)
-        self.assertEqual(console.close(), 0)
-
-
-class SecondInstance(Session):
-    def test_a_second_start_opens_no_window_and_ends(self):
-        self.write_settings("Comport = not set\nSerialSpeed = 9600\n")
-        console = Console(self.desktop, self.program)
-        second = subprocess.run([self.program, "x.bas"], env=self.desktop.env, timeout=30, check=False)
-        self.assertEqual(second.returncode, 0)
-        self.assertEqual(self.windows("Kewlink Console"), [console.window])
         self.assertEqual(console.close(), 0)
 
 
@@ -263,27 +272,32 @@ class Leaving(Session):
 class EditorSession(Session):
     def setUp(self):
         super().setUp()
-        self.port, self.control, self.paste = free_port(), free_port(), free_port()
-        self.start_board("--board", "picomite-6.00", "--port", str(self.port))
-        self.write_tcp_settings(self.port, f"[Network]\nIP control port = {self.control}\n"
-                                f"IP data port = {free_port()}\nKWedit control port = {self.paste}\n")
+        port = free_port()
+        self.start_board("--board", "picomite-6.00", "--port", str(port))
+        self.write_tcp_settings(port, f"[Network]\nIP control port = {free_port()}\n"
+                                f"IP data port = {free_port()}\nKWedit control port = {free_port()}\n")
         self.source = os.path.join(self.folder, "my game.bas")
-        shutil.copy(os.environ["KWEDIT"], self.folder)
 
     def test_edit_load_run_and_the_listing_back(self):
         console = Console(self.desktop, self.program)
         editor = self.start_editor(self.source)
-        self.bring_forward(self.editor_window("my game.bas"))
+        self.front(self.editor_window())
         console.type('PRINT "It is";6*7\n')
-        console.key("F5")
+        self.keys("F5")
         self.assertRegex(console.wait_text("It is 42", 60), r"Control\s.*my game.bas\s")
         self.assertEqual(self.saved_source(), 'PRINT "It is";6*7\n')
-        self.bring_forward(self.editor_window("my game.bas"))
+        self.front(self.editor_window())
         console.type("PRINT 99-1\n")
-        console.key("ctrl+F5")
+        self.keys("ctrl+F5")
         wait_for("second upload", lambda: console.text().count("Upload completed") == 2, 60, 0.5)
-        self.bring_forward(self.listing_in_editor(console))
-        console.key("ctrl+a", "ctrl+c")
+        # A busy editor hears of the listing before it hears that the clipboard has changed.
+        editor.send_signal(signal.SIGSTOP)
+        self.front(console.window)
+        console.menu(ACTION_MENU, 11)  # Send Listing to Editor
+        time.sleep(2)
+        editor.send_signal(signal.SIGCONT)
+        self.front(self.editor_window("New text"))
+        self.keys("ctrl+a", "ctrl+c")
         time.sleep(0.3)
         text = self.desktop.output(["xclip", "-selection", "clipboard", "-o"])
         self.assertEqual(text.split("\n")[:2], ['Print "It is";6*7', "Print 99-1"])
@@ -293,47 +307,33 @@ class EditorSession(Session):
 
     def test_unsaved_work_survives_and_a_later_start_is_the_same_editor(self):
         editor = self.start_editor(self.source)
-        self.bring_forward(self.editor_window("my game.bas"))
-        self.desktop.run("xdotool", "type", "PRINT 1")
+        self.front(self.editor_window())
+        self.typed("PRINT 1")
         copy = os.path.join(self.folder, ".my game.bas.kwedit")
         wait_for("copy", lambda: os.path.exists(copy))
         editor.kill()
         editor.wait()
         self.start_editor()
-        self.bring_forward(self.windows("KWEdit")[0])  # the question
-        self.desktop.run("xdotool", "key", "Return")
-        self.bring_forward(self.editor_window("my game.bas"))
-        self.desktop.run("xdotool", "key", "ctrl+s")
+        self.front(self.windows("KWEdit")[0])  # the question
+        self.keys("Return")
+        self.front(self.editor_window())
+        self.keys("ctrl+s")
         wait_for("saved", lambda: os.path.exists(self.source) and self.saved_source() == "PRINT 1")
         self.assertEqual(self.start_editor(self.source).wait(20), 0)
         self.assertFalse(os.path.exists(copy))
         for wish, start in (("--help", "usage: KWEdit"), ("--version", "KWEdit ")):
-            shown = subprocess.run([os.path.join(self.folder, "KWEdit"), wish], text=True,
+            shown = subprocess.run([os.environ["KWEDIT"], wish], text=True, check=False,
                                    env={**os.environ, "DISPLAY": ""}, stdout=subprocess.PIPE)
             self.assertEqual((shown.returncode, shown.stdout[:len(start)]), (0, start))
 
-    def listing_in_editor(self, console):
-        """The window with the listing. On a busy machine the first wish can fall into the last
-        waits of the upload: it is made again, as a user would."""
-        for _ in range(3):
-            self.bring_forward(console.window)
-            console.menu(ACTION_MENU, 11)  # Send Listing to Editor
-            with contextlib.suppress(TimeoutError):
-                return wait_for("listing", lambda: self.desktop.output(
-                    ["xdotool", "search", "--onlyvisible", "--name", "^New text.* - KWEdit$"]).split(), 8)[0]
-        raise TimeoutError("no listing in the editor")
-
     def start_editor(self, *files):
-        return self.desktop.start([os.path.join(self.folder, "KWEdit"), *files])
+        return self.start_beside("KWEDIT", *files)
 
     def saved_source(self):
         with open(self.source, encoding="ascii") as f:
             return f.read()
 
-    def bring_forward(self, window):
-        self.desktop.run("xdotool", "windowactivate", "--sync", window)
-
-    def editor_window(self, name):
+    def editor_window(self, name="my game.bas"):
         return self.windows(f"{name}.* - KWEdit")[0]
 
 

@@ -1,7 +1,6 @@
 """KWPlot beside the console: what a board prints becomes lines on a real display."""
 import csv
 import os
-import shutil
 import subprocess
 import time
 import unittest
@@ -19,8 +18,7 @@ class PlotSession(Session):
         self.start_board("--board", "picomite", "--port", str(port))
         self.write_tcp_settings(port, f"[Network]\nIP control port = {free_port()}\n"
                                 f"IP data port = {data}\n[VTterminal]\nVT Mode = 2\n")
-        shutil.copy(os.environ["KWPLOT"], self.folder)
-        plotter = self.desktop.start([os.path.join(self.folder, "KWPlot")], stderr=None)
+        plotter = self.start_beside("KWPLOT")
         self.plot = self.windows("localhost:.* - KWPlot")[0]  # nobody answers yet
         console = Console(self.desktop, self.program)
         console.click(*CONNECT)
@@ -31,21 +29,21 @@ class PlotSession(Session):
 
         self.front(self.plot)
         wait_for("three series", lambda: self.coloured() > 60)
-        self.key("space")
+        self.keys("space")
         wait_for("a picture that stands", lambda: self.picture() == self.picture(0.5))
         stood = self.picture()
         self.front(console.window)
         console.wait_text("End")
         self.front(self.plot)
         self.assertEqual(self.picture(), stood)
-        self.key("space")
+        self.keys("space")
         wait_for("what came meanwhile", lambda: self.picture() != stood)
 
         saved = os.path.join(self.folder, "run.csv")
-        self.key("ctrl+s")
+        self.keys("ctrl+s")
         self.front(self.windows("Save as CSV")[0])
-        self.desktop.run("xdotool", "type", saved)
-        self.key("Return")
+        self.typed(saved)
+        self.keys("Return")
         wait_for("CSV", lambda: os.path.exists(saved))
         self.expect_lines(saved)
         self.desktop.run("wmctrl", "-i", "-c", hex(int(self.plot)))
@@ -62,12 +60,6 @@ class PlotSession(Session):
         times = [row[0] for row in numbers]
         self.assertEqual(times, sorted(times))
         self.assertGreater(times[-1], 0.2 * (LINES - 2))
-
-    def front(self, window):
-        self.desktop.run("xdotool", "windowactivate", "--sync", window)
-
-    def key(self, *keys):
-        self.desktop.run("xdotool", "key", "--delay", "30", *keys)
 
     def picture(self, after=0.0):
         """Pixels of the plot, without legend and status line."""
