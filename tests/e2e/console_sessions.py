@@ -74,6 +74,12 @@ class Session(unittest.TestCase):
     def typed(self, text):
         self.desktop.run("xdotool", "type", "--delay", "10", text)
 
+    def click(self, window, x, y):
+        self.desktop.run("xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1")
+
+    def close(self, window):
+        self.desktop.run("wmctrl", "-i", "-c", hex(int(window)))
+
     def start_beside(self, name, *arguments):
         """Starts a copy of a program, named by a variable, in the console's folder."""
         program = os.path.join(self.folder, os.path.basename(os.environ[name]))
@@ -224,9 +230,6 @@ class Leaving(Session):
         self.assertLess(time.monotonic() - start, seconds)
         self.assertEqual(self.saved("Welcome message"), "Welcome to KWCC")
 
-    def close(self, console):
-        self.desktop.run("wmctrl", "-i", "-c", hex(int(console.window)))
-
     def test_an_upload_is_aborted_and_the_window_painted_meanwhile(self):
         board = SlowBoard()
         console = self.start_console(board.port)
@@ -241,7 +244,7 @@ class Leaving(Session):
         cover.wait()
         width = wait_for("frame", console.measure, 5) and console.geometry()["WIDTH"]
         self.assertGreater(width, 900)
-        self.leaves(console, lambda: self.close(console))
+        self.leaves(console, lambda: self.close(console.window))
         wait_for("byte 3", lambda: board.received.endswith(b"\x03"), 5)  # it reads at its own pace
         self.assertLess(board.received.count(b"PRINT 1"), 200)
 
@@ -266,7 +269,7 @@ class Leaving(Session):
         console = self.start_console(full.getsockname()[1])
         console.click(*CONNECT)
         time.sleep(1)
-        self.leaves(console, lambda: self.close(console))
+        self.leaves(console, lambda: self.close(console.window))
 
 
 class EditorSession(Session):

@@ -17,6 +17,7 @@ TO_DEVICE, ABORT = (255, 19), (310, 19)
 TO_PC, DELETE, NEW_FOLDER, REFRESH, FLASH = (367, 19), (420, 19), (490, 19), (570, 19), (670, 19)
 PATH_BOX = (200, 60)
 PC_FIRST, DEVICE_FIRST = (100, 106), (640, 88)  # first rows of the two lists, beside notices
+DIALOGS = ("Kewlink File Commander", "New folder", "Warning!", "Notice")
 
 
 def padded(data):
@@ -26,27 +27,21 @@ def padded(data):
 class FileManager:
     """The file manager's window, opened by the menu."""
 
-    def __init__(self, console):
-        self.desktop = console.desktop
+    def __init__(self, session, console):
+        self.session = session
         console.menu(MODE_MENU, 5)
-        self.window = wait_for("file manager", lambda: self.desktop.output(
-            ["xdotool", "search", "--onlyvisible", "--name", "^Kewlink File Commander$"]).strip())
+        self.window = session.windows("Kewlink File Commander")[0]
         time.sleep(1.5)  # it asks the device for its list
 
     def click(self, place):
-        self.desktop.run("xdotool", "mousemove", "--window", self.window, str(place[0]),
-                         str(place[1]), "click", "1")
+        self.session.click(self.window, *place)
         # Keys sent before the window is the active one would go to the board.
-        wait_for("active file manager", lambda: self.desktop.output(
-            ["xdotool", "getactivewindow"]).strip() == self.window or self.dialog())
+        wait_for("active file manager", lambda: self.session.desktop.output(
+            ["xdotool", "getactivewindow", "getwindowname"]).strip() in DIALOGS)
         time.sleep(0.3)
 
-    def dialog(self):
-        return self.desktop.output(["xdotool", "search", "--onlyvisible", "--name",
-                                    "^(New folder|Warning!|Notice)$"]).strip()
-
     def keys(self, *keys):
-        self.desktop.run("xdotool", "key", "--delay", "40", *keys)
+        self.session.keys(*keys)
         time.sleep(0.2)
 
     def select(self, first_row, row, count=1):
@@ -57,20 +52,15 @@ class FileManager:
     def open_pc_folder(self, path):
         self.click(PATH_BOX)
         self.keys("ctrl+a")
-        self.desktop.run("xdotool", "type", "--delay", "10", path + "/")
+        self.session.typed(path + "/")
         self.keys("Return")
 
     def answer(self, title, text, *keys):
-        wait_for(title, lambda: self.desktop.output(
-            ["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"]))
+        self.session.windows(title)
         time.sleep(0.3)
         if text:
-            self.desktop.run("xdotool", "type", "--delay", "20", text)
+            self.session.typed(text)
         self.keys(*keys)
-
-    def close(self):
-        self.desktop.run("wmctrl", "-i", "-c", hex(int(self.window)))
-        time.sleep(0.5)
 
 
 class FileSession(Session):
@@ -116,7 +106,7 @@ class FilesSession(FileSession):
         self.make("prog.bas", b'PRINT "from a slot"\n')
         self.make("zz-big.bin", bytes(60000))
         console = self.connect()
-        files_window = FileManager(console)
+        files_window = FileManager(self, console)
 
         files_window.open_pc_folder(os.path.join(self.pc, "up"))
         files_window.select(PC_FIRST, 1, 3)
@@ -164,7 +154,8 @@ class FilesSession(FileSession):
             r"Transfer failed!|Sent: [23]0/469\s+>", console.text()), 60, 1)
         files_window.click(REFRESH)
         time.sleep(2)
-        files_window.close()
+        self.close(files_window.window)
+        time.sleep(0.5)
 
         listed = self.board_says(console, "FILES", "bytes free")
         self.assertNotIn("a1.bin", listed)

@@ -40,14 +40,9 @@ class HelpSession(Session):
         return self.windows("Help Viewer")[0]
 
     def help_menu(self):
-        self.desktop.run("xdotool", "mousemove", "--window", self.console.window, "20", "10",
-                         "click", "1")
+        self.click(self.console.window, 20, 10)
         time.sleep(0.3)
-        self.console.key("Left", "Down", "Return")  # to the last menu, its first item
-
-    def click(self, x, y):
-        self.desktop.run("xdotool", "mousemove", "--window", self.viewer, str(x), str(y),
-                         "click", "1")
+        self.keys("Left", "Down", "Return")  # to the last menu, its first item
 
     def expect(self, pixel):
         """Waits until the page has this colour, at a place clear of the scroll bars."""
@@ -66,11 +61,11 @@ class HelpSession(Session):
                              ((240, 17), lime), ((240, 17), red),   # Back, twice
                              ((340, 17), lime),                     # Forward
                              ((50, 17), red), ((140, 17), blue)]:   # KW Edit, MM Basic
-            self.click(*place)
+            self.click(self.viewer, *place)
             self.expect(pixel)
         self.help_menu()  # the same window again, with the first index
         self.expect(red)
-        self.desktop.run("wmctrl", "-i", "-c", hex(int(self.viewer)))
+        self.close(self.viewer)
         wait_for("end of help", lambda: self.viewer not in self.console.windows())
         self.assertEqual(self.console.close(), 0)
 
@@ -85,7 +80,7 @@ class HelpSession(Session):
         self.desktop.env["PATH"] = tools + ":" + os.environ["PATH"]
         self.viewer = self.open_help()
         for y in range(56, 100, 4):  # the line of the link depends on the font
-            self.click(30, y)
+            self.click(self.viewer, 30, y)
         wait_for("browser", lambda: os.path.exists(browser + ".asked"))
         with open(browser + ".asked", encoding="utf-8") as f:
             self.assertRegex(f.read(), r"^file:///.*/%2520%C3%A9/data/html2/index\.htm$")

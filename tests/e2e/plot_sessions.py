@@ -46,7 +46,7 @@ class PlotSession(Session):
         self.keys("Return")
         wait_for("CSV", lambda: os.path.exists(saved))
         self.expect_lines(saved)
-        self.desktop.run("wmctrl", "-i", "-c", hex(int(self.plot)))
+        self.close(self.plot)
         self.assertEqual(plotter.wait(20), 0)
         self.assertEqual(console.close(), 0)
 
