@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <QStringList>
-#include <algorithm>
 
 #include "base/Numbers.h"
 #include "terminal/screen/TerminalScreen.h"
@@ -26,8 +25,7 @@ namespace {
 
 constexpr int kGadgetTop = 1;
 constexpr int kGadgetHeight = 20;
-constexpr int kLargestStoredSize = 10000;  // of the canvas, in pixels
-constexpr int kScrollBarPage = 40;         // page length, in lines
+constexpr int kScrollBarPage = 40;  // page length, in lines
 
 enum class Kind {
     kButton,
@@ -179,11 +177,10 @@ void CreateToolbarRows() {
     SetGadgetText(kTerminalSizeText, "Terminal size: " + TerminalSizeText());
 }
 
-// The stored size serves the canvases' creation alone; whatever a file says, it is held to
-// what an image can be.
+// The canvases take their size when the fonts are measured; the stored one, whatever a file
+// says, is not asked.
 void CreateTerminal() {
-    SetCanvasSize(std::clamp(terminalSettings.canvasWidth, 1, kLargestStoredSize),
-                  std::clamp(terminalSettings.canvasHeight, 1, kLargestStoredSize));
+    SetCanvasSize(1, 1);
     const GadgetPlace frame = FramePlace();
     CanvasGadget(kFrameCanvas, frame.x, frame.y, frame.width, frame.height,
                  kCanvasFrame + kCanvasContainer);

@@ -1,31 +1,23 @@
 // The main window as start-up builds it, on the virtual clock, with the device's side of
-// the line, and what an event changes.
+// the line.
 #pragma once
 
-#include <gtest/gtest.h>
+#include <QtTest>
+#include <QtWidgets>
 
-#include "base/LineEnding.h"
-#include "base/Numbers.h"
-#include "link/Connection.h"
-#include "link/LinkPrimitives.h"
-#include "link/LinkSettings.h"
-#include "shell/Dispatch.h"
-#include "shell/Macros.h"
 #include "shell/Poll.h"
-#include "shell/Presets.h"
-#include "shell/ShellSettings.h"
+#include "shell/Settings.h"
 #include "shell/StartUp.h"
-#include "terminal/screen/TerminalMode.h"
-#include "terminal/screen/TerminalScreen.h"
-#include "terminal/screen/TerminalSettings.h"
+#include "terminal/screen/TerminalText.h"
+#include "tests/support/Chosen.h"
 #include "tests/support/FarEnd.h"
 #include "tests/support/Gestures.h"
 #include "tests/support/ScratchFolder.h"
-#include "tests/support/VirtualClock.h"
+#include "tests/support/StartState.h"
 #include "ui/events/AddWindowTimer.h"
-#include "ui/windows/Dialogs.h"
 #include "ui/windows/FileDialogs.h"
-#include "upload/UploadOptions.h"
+
+inline const bool startState = KeepStartState(PutBackShell);
 
 class ShellRig : public testing::Test {
   protected:
@@ -42,8 +34,7 @@ class ShellRig : public testing::Test {
         answers.font = [](const QString&, int) { return FontChoice{true, "Liberation Mono", 14}; };
         answers.file = [](const QString&, const QString&) { return FileChoice{"saved.txt", 1}; };
         AnswerDialogs(&answers);
-        asked.clear();
-        answer.clear();
+        asked = answer = "";
     }
 
     // The window once it is active, with no timer at work.
@@ -59,9 +50,11 @@ class ShellRig : public testing::Test {
         for (int32_t event; (event = WaitForEvent(0)) != kNoEvent;)
             DispatchEvent(event, EventWindow());
     }
-    // Dispatches an event while the nickname's entry has the focus. The bytes sent, the
-    // gadget with the focus afterwards, and all that changed.
-    std::string After(int32_t event, int64_t object, int64_t type = 0, int window = kMainWindow);
+    static void Raise(int32_t event, int64_t object, int64_t type = 0, int window = kMainWindow) {
+        PostInterfaceEvent(event, window, object, type);
+        Drain();
+    }
+    static QString Visible() { return GetTerminalText(TextPart::kVisible); }
 
     ScratchFolder scratch;
     VirtualClock clock;

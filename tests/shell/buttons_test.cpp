@@ -1,6 +1,5 @@
-// Presets, macros, the command history and the function-key row in the real window, with
-// the device's side of the line.
-#include "shell/CommandHistory.h"
+// Presets, macros and the command history, up to their limits; and the texts of macros.
+#include "shell/MacroText.h"
 #include "tests/shell/ShellRig.h"
 
 namespace {
@@ -9,95 +8,97 @@ class ButtonsTest : public ShellRig {
   protected:
     ButtonsTest() { BuildWindow(); }
 
-    static void SavePreset(const QString& nickname, const QString& spec) {
+    // All presets when one more was saved.
+    static QString Saved(const QString& nickname, const QString& spec) {
         SetGadgetText(kNicknameEntry, nickname);
         SetGadgetText(kSpecEntry, spec);
         SaveDevicePreset();
+        QString all;
+        for (const PresetEntry& preset : presetList) all += preset.nickname + preset.spec + '|';
+        return all;
     }
-    void Submit(const QString& text, bool cr = false) {
-        SetGadgetText(kCommandEntry, text);
-        SubmitCommandBar(cr);
-        EXPECT_EQ(GadgetText(kCommandEntry), "");
-    }
-    static void NameMacro(const QString& label) {
+    // All macros when one more was named.
+    static QString Named(const QString& label) {
         answer = label;
         SaveMacro();
+        QString all;
+        for (const MacroEntry& macro : macroList) all += macro.label + macro.text + '|';
+        return all;
     }
-    static QString Bar() { return GadgetText(kCommandEntry); }
+    // What went out, stands in the bar and is remembered.
+    std::string Submitted(const QString& text, bool cr = false) {
+        SetGadgetText(kCommandEntry, text);
+        SubmitCommandBar(cr);
+        QString all = GadgetText(kCommandEntry) + ':';
+        for (const QString& command : historyList) all += command + '|';
+        return device.Read() + all.toStdString();
+    }
+    static QString Bar(void (*step)()) { return step(), GadgetText(kCommandEntry); }
 };
 
 TEST_F(ButtonsTest, PresetsAreSavedUpToTheirLimit) {
-    SavePreset("  ", "s\\cmm2");
-    EXPECT_TRUE(presetList.empty());
-    const char* const specs[][2] = {{" port\\tty0:9600 ", "'target port\\tty0:9600"},
-                                    {"", ""},
-                                    {"'TARGET x", "'TARGET x"},
-                                    {"' onload", "' onload"}};
-    for (const auto& [spec, stored] : specs) {
-        SavePreset(" Desk ", spec);
-        EXPECT_EQ(presetList.at(0).nickname + presetList[0].spec, "Desk" + QString(stored));
-    }
+    EXPECT_EQ(Saved("  ", "s\\cmm2"), "");
+    EXPECT_EQ(Saved(" Desk ", " port\\tty0:9600 "), "Desk'target port\\tty0:9600|");
+    for (const QString spec : {"", "'TARGET x", "' onload", "'Onload y"})
+        EXPECT_EQ(Saved("Desk", spec), "Desk" + spec + '|');
     AddPreset({"Desk", "twin"});
-    SavePreset("Desk", "'target both");
-    EXPECT_EQ(presetList[1].spec, "'target both");
-    SavePreset("desk", "");  // another name
-    for (int i = 3; i < 14; ++i) SavePreset(QString("p%1").arg(i), "x");
-    ASSERT_EQ(presetList.size(), 12u);
+    Saved("Desk", "'target both");
+    Saved("desk", "");  // another name
+    for (int i = 3; i < 12; ++i) Saved(QString("p%1").arg(i), "");
     EXPECT_EQ(GadgetText(kLastPresetButton), "p11");
-    SavePreset("p11", "y");  // a name that is there still takes a new specification
-    EXPECT_EQ(presetList[11].spec, "'target y");
-}
-
-TEST_F(ButtonsTest, ANoticeTellsThatAPresetDoesNotMoveTheLink) {
-    AddPreset({"One", "'target s\\cmm2"});
-    AddPreset({"Two", "'target s\\picomite"});
-    PresetButtonClicked(kFirstPresetButton + 1);
-    PresetButtonClicked(kFirstPresetButton + 2);  // there is none
-    EXPECT_EQ(shellSettings.lastUsedPreset, 1);
-    EXPECT_FALSE(WindowIsOpen(kNoticeWindow));
-    ConnectDevice();
-    PresetButtonClicked(kFirstPresetButton + 1);  // the same one: no notice
-    EXPECT_FALSE(WindowIsOpen(kNoticeWindow));
-    PresetButtonClicked(kFirstPresetButton);
-    EXPECT_TRUE(WindowIsOpen(kNoticeWindow));
-    EXPECT_TRUE(linkStatus.linkConnected);
+    Saved("p12", "");
+    EXPECT_EQ(Saved("p11", "y"),  // a name that is there still takes a new specification
+              "Desk'target both|Desk'target both|desk|p3|p4|p5|p6|p7|p8|p9|p10|p11'target y|");
 }
 
 TEST_F(ButtonsTest, MacrosAreNamedUpToTheirLimit) {
     AddMacro({"Go", "RUN\\013"});
     SetGadgetText(kCommandEntry, "not stored");
-    NameMacro("");
-    for (int i = 1; i < 12; ++i) NameMacro(QString("m%1").arg(i));
-    ASSERT_EQ(macroList.size(), 10u);
-    EXPECT_EQ(macroList[9].label + "," + macroList[9].text, "m9,");
+    EXPECT_EQ(Named(""), "GoRUN\\013|");
+    EXPECT_EQ(Named("Go"), "Go|");  // empties it
+    for (int i = 1; i < 10; ++i) Named(QString("m%1").arg(i));
+    EXPECT_EQ(Named("go"), "Go|m1|m2|m3|m4|m5|m6|m7|m8|m9|");
     EXPECT_EQ(GadgetText(kLastMacroButton), "m9");
-    NameMacro("go");
-    EXPECT_EQ(macroList[0].text, "RUN\\013");
-    NameMacro("Go");  // empties it, with the list full
-    EXPECT_EQ(macroList[0].text, "");
 }
 
 TEST_F(ButtonsTest, HistoryKeepsEachCommandOnce) {
-    HistoryPrevious();
-    HistoryNext();
-    EXPECT_EQ(Bar(), "");
-    Submit("a", true);
-    Submit("b");
-    Submit("");
-    EXPECT_EQ(device.Read(), "a\rb");
-    Submit("a");
-    EXPECT_EQ(historyList, (std::vector<QString>{"b", "a"}));
-    HistoryPrevious();
-    EXPECT_EQ(Bar(), "a");
-    HistoryPrevious();
-    HistoryPrevious();  // stays at the oldest
-    EXPECT_EQ(Bar(), "b");
-    for (int i = 0; i < 3; ++i) HistoryNext();
-    EXPECT_EQ(Bar(), "");
+    EXPECT_EQ(Bar(HistoryPrevious) + Bar(HistoryNext), "");
+    EXPECT_EQ(Submitted("a", true), "a\r:a|");
+    EXPECT_EQ(Submitted("b"), "b:a|b|");
+    EXPECT_EQ(Submitted(""), ":a|b|");
+    EXPECT_EQ(Submitted("a"), "a:b|a|");
+    for (const char* shown : {"a", "b", "b"}) EXPECT_EQ(Bar(HistoryPrevious), shown);
+    for (const char* shown : {"a", "", ""}) EXPECT_EQ(Bar(HistoryNext), shown);
     AdoptSerialLink(0);  // no link, and remembered all the same
-    for (int i = 0; i < 30; ++i) Submit(QString::number(i));
-    EXPECT_EQ(historyList.size(), 30u);
-    EXPECT_EQ(historyList.front(), "0");
+    std::string all = ":";
+    for (int i = 0; i < 31; ++i) {
+        if (i > 0) all += std::to_string(i) + '|';
+        if (i < 30) Submitted(QString::number(i));
+    }
+    EXPECT_EQ(Submitted("30"), all);
+}
+
+TEST(MacroText, Expands) {
+    VirtualClock clock;
+    const std::pair<const char*, QString> rows[] = {
+        {"", ""},
+        {"abc", "ab"},  // a plain last character is dropped
+        {"\\", ""},
+        {"a\\r", "a"},  // and so is a code of one letter
+        {"\\r.", "\r"},
+        {"\\c\\C\\b\\B\\t\\T\\n\\N\\v\\V\\f\\F\\r\\R\\e\\E.",
+         "\3\3\b\b\t\t\n\n\v\v\f\f\r\r\x1b\x1b"},
+        {"\\q\\Q\\\\\\z\\|.", "\"\"\\z|"},
+        {"\\027[12~.", "\x1b[12~"},
+        {"\\300", QString(QChar(44))},  // one byte: 300 less 256
+        {"\\1a2z.", "\1z"},             // three characters are taken, the number ends earlier
+        {"\\7", ""},
+        {"\\XfFz", QString(QChar(255))},
+        {"\\x4", "\4"},
+        {"\\d \\h.", "04/03/2026 05:06:07"},
+        {"\u00E4\\\u00F6\u20AC.", "\u00E4\u00F6\u20AC"},
+    };
+    for (const auto& [text, expanded] : rows) EXPECT_EQ(ExpandMacroText(text), expanded) << text;
 }
 
 }  // namespace

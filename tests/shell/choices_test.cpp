@@ -1,12 +1,7 @@
 // What the group [Choices] changes in the whole program, each choice both ways.
 #include <pty.h>
 
-#include <QDir>
-
-#include "terminal/screen/Capture.h"
-#include "terminal/screen/TerminalText.h"
 #include "tests/shell/ShellRig.h"
-#include "tests/support/Chosen.h"
 
 namespace {
 

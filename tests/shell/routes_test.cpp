@@ -1,19 +1,71 @@
 // Every route of the dispatch tables: an event goes in by the queue, and out come the bytes
 // at the far end, the focus, and all that changed besides.
-#include <QDir>
-#include <QMimeData>
-#include <QUrl>
-
-#include "filemanager/FileManagerSettings.h"
-#include "help/HelpSettings.h"
-#include "shell/CommandHistory.h"
-#include "terminal/screen/TerminalText.h"
 #include "tests/shell/ShellRig.h"
-#include "ui/windows/Clipboard.h"
 #include "ui/windows/Notice.h"
-#include "upload/DeviceFamily.h"
 
 namespace {
+
+// The beginning of a text, its line ends as "^".
+QString Head(QString text) {
+    return text.replace("\r\n", "^").replace('\n', '^').replace(" ^", "^").left(12);
+}
+
+QString Lines() {
+    const QString all = GetTerminalText(TextPart::kAll).replace(lineEnding.bytes, "|");
+    return QString(all).replace(" |", "|").remove(QRegExp("[| ]+$"));
+}
+
+QString OpenWindows() {
+    QString open;
+    for (int window : {kHelpWindow, kFileManagerWindow, kNoticeWindow}) {
+        if (WindowIsOpen(window)) open += QString::number(window) + '.';
+    }
+    return open;
+}
+
+using Facts = std::map<QString, QString>;
+
+// Whatever the routes of the main window can change. A frame that does not tell of the
+// terminal's focus is a fact as well.
+Facts State(const QString& asked) {
+    const auto number = [](int64_t value) { return QString::number(value); };
+    const bool lit = CanvasPicture(kFrameCanvas).pixel(2, 2) == 0xFF7FC2FF;
+    QString macros, presets;
+    for (const MacroEntry& macro : macroList) macros += macro.label + ';';
+    for (const PresetEntry& preset : presetList) presets += preset.nickname + ';';
+    // clang-format off
+    Facts facts = {
+        {"address", linkSettings.tcpAddress + ':' + linkSettings.tcpPort}, {"asked", asked},
+        {"bar", GadgetText(kCommandEntry)},
+        {"capture", number(capture.on) + number(capture.listingState) + Head(capture.buffer)},
+        {"clip", Head(ClipboardText())}, {"connected", number(linkStatus.linkConnected)},
+        {"dark", number(terminalSettings.darkBackground)}, {"ending", lineEnding.name},
+        {"exit", number(exitRequested)}, {"family", uploadOptions.familyName},
+        {"file", Head(ScratchFolder::Get("saved.txt"))},
+        {"font", number(terminalSettings.fontSize)},
+        {"frame", lit == (FocusedGadget() == kTerminalCanvas) ? "" : "wrong"}, 
+        {"ground", CanvasPicture(kTerminalCanvas).pixelColor(500, 500).name()}, {"line", Lines()},
+        {"macros", macros},
+        {"mode", number(terminalMode) + GadgetText(kModeText)},
+        {"mouse", number(mouseMode) + number(GadgetState(kMouseButton))},
+        {"nick", GadgetText(kNicknameEntry)}, {"open", OpenWindows()},
+        {"override", number(uploadSettings.overrideFileSettings)},
+        {"pico", uploadSettings.picoPort}, {"port", linkSettings.comPort},
+        {"presets", presets},
+        {"quiet", number(linkStatus.quietTerminal)},
+        {"resize", number(terminalSettings.allowResize)}, {"rows", mainWindowPlace.linesToShow},
+        {"size", number(terminalScreen.cols) + "x" + number(terminalScreen.rows)},
+        {"source", uploadSource.text}, {"spec", GadgetText(kSpecEntry)},
+        {"speed", linkSettings.serialSpeed},
+        {"tcp", number(linkStatus.deviceOnTcpip) + number(GadgetHidden(kSpeedCombo)) +
+            number(!GadgetHidden(kAddressEntry))},
+        {"used", number(shellSettings.lastUsedPreset)}, {"wrap", number(terminalSettings.wordWrap)},
+    };
+    // clang-format on
+    for (int item = 1; item <= kLastModeItem; ++item)
+        facts["tick" + number(item)] = number(MenuItemTick(item));
+    return facts;
+}
 
 class Routes : public ShellRig {
   protected:
@@ -28,6 +80,32 @@ class Routes : public ShellRig {
         ConnectDevice();
         ClearTerminal(kTerminalCanvas);
         for (int i = 1; i <= 60; ++i) TerminalPrintLine("n" + QString::number(i));
+    }
+
+    // Acts while a gadget has the focus. The bytes sent, the gadget with the focus
+    // afterwards, and all that changed; of the terminal's lines those that are new.
+    template <typename Action>
+    std::string Effect(Action action, int focus = kNicknameEntry) {
+        FocusGadget(focus);
+        SetClipboardText("old");
+        Drain();
+        device.Read();
+        const Facts before = State(asked);
+        const int64_t start = clock.Now();
+        action();
+        Drain();
+        QString outcome = QString::fromStdString(device.Read());
+        outcome += '@' + QString::number(FocusedGadget());
+        for (const auto& [name, value] : State(asked)) {
+            const QString& old = before.at(name);
+            const bool more = name == "line" && value.startsWith(old);
+            if (value != old) outcome += ' ' + name + '=' + (more ? value.mid(old.size()) : value);
+        }
+        if (clock.Now() != start) outcome += " ms=" + QString::number(clock.Now() - start);
+        return outcome.remove(scratch.folder.path()).toStdString();
+    }
+    std::string After(int32_t event, int64_t object, int64_t type = 0, int window = kMainWindow) {
+        return Effect([=] { Raise(event, object, type, window); });
     }
 };
 
@@ -52,17 +130,17 @@ TEST_F(Routes, OfGadgets) {
         {kLastMacroButton, "", "@45"}, {kEscButton, "", "\x1b@24 ms=120"},
         {kFirstControlButton, "", "\1@24 ms=120"}, {kCtrlCButton, "", "\3@24 ms=120"},
         {kCtrlZButton, "", "\xf@24 ms=120"}, {kRunButton, "", "RUN\r\n@24 ms=120"},
-        {kClsButton, "", "@24 line=(none)"}, {kIdleButton, "", "@45"},
+        {kClsButton, "", "@24 line="}, {kIdleButton, "", "@45"},
         {kFirstFunctionKeyButton, "", "\x1b[11~@24 ms=120"},
         {kFirstFunctionKeyButton + 4, "", "\x1b[15~@24 ms=120"},
         {kFirstFunctionKeyButton + 9, "", "\x1b[21~@24 ms=120"},
         {kLastFunctionKeyButton, "", "\x1b[24~@24 ms=120"},
-        {kSaveMacroButton, "", "@45 asked=Macro,Nickname for macro?, macros=3"},
+        {kSaveMacroButton, "", "@45 asked=Macro,Nickname for macro?, macros=Go;Other;third;"},
         {kSavePresetButton, "", "@45"}, {kNicknameEntry, "Three", "@45"},
-        {kSavePresetButton, "", "@45 presets=3"},
-        {kTouchButtonUnused, "", "@45 line=port TTYUSB1 pico=ttyUSB1"},
-        {kUploadButtonUnused, "", "@45 line=Nothing to load."},
-        {kDisconnectButton, "", "@45 connected=0 line=Disconnected"},
+        {kSavePresetButton, "", "@45 presets=One;Two;Three;"},
+        {kTouchButtonUnused, "", "@45 line=||||port TTYUSB1 pico=ttyUSB1"},
+        {kUploadButtonUnused, "", "@45 line=|Nothing to load."},
+        {kDisconnectButton, "", "@45 connected=0 line=||Disconnected"},
         {kFirstPresetButton, "", "@45 family=maximite nick=One spec='target s\\maximite"},
         {kLastPresetRoute, "", "@45"},
     };
@@ -95,20 +173,20 @@ TEST_F(Routes, OfMenuItemsAndShortcuts) {
         {kItemFiles, "FILES\r\n@24"}, {kItemRun, "RUN\r\n@24"},
         {kItemSetTime, "Date$ = \"04/03/2026\"\r\nTime$ = \"05:06:07\"\r\n@24"},
         {kItemSetRtc, "RTC SETTIME 26,03,04,05,06,07\r\n@24"},
-        {kItemAutosaveCode, "\3NEW\r\n@24 line=***TIMEOUT*** source=old ms=4380"},
+        {kItemAutosaveCode, "\3NEW\r\n@24 line=|Uploading using:  |Upload started|***TIMEOUT*** source=old ms=4380"},
         {kItemSendListing, "LIST ALL\r\n@45 capture=11"}, {kShortcutLineEnding, "\r\n@45"},
         {kShortcutAddressReturn, "@45 address=ab:3001"}, {kShortcutHistoryPrevious, "@45 bar=b"},
         {kShortcutHistoryNext, "@45 bar="}, {kShortcutCommandReturn, "\r@45"},
         {kShortcutCtrlC, "@45"}, {kShortcutCtrlZ, "@45"}, {kShortcutF10, "\x1b[21~@45"},
         {kShortcutShiftF10, "\x1b[34~@45"}, {kShortcutAltC, "@45 clip="},
-        {kItemClearScreen, "@24 line=(none)"}, {kFirstViewItem + 1, "@24 rows=101111 tick186=0"},
+        {kItemClearScreen, "@24 line="}, {kFirstViewItem + 1, "@24 rows=101111 tick186=0"},
         {kFirstViewItem + 5, "@24 rows=101110 tick190=0"},
         {kFirstViewItem + 1, "@24 rows=111110 tick186=1"},
         {kFirstModeItem + 1, "@45 mode=1External VT helper tick191=0 tick192=1"},
         {kFirstModeItem + 2, "@45 mode=2Monitor tick192=0 tick193=1"},
         {kFirstModeItem + 3, "@45 mode=3HEX monitor tick193=0 tick194=1"},
         {kFirstModeItem, "@45 mode=0VT Terminal tick191=1 tick194=0"},
-        {kItemDarkBackground, "@45 dark=0 tick9=0"}, {kItemDarkBackground, "@45 dark=1 tick9=1"},
+        {kItemDarkBackground, "@45 dark=0 ground=#ffffff tick9=0"}, {kItemDarkBackground, "@45 dark=1 ground=#000000 tick9=1"},
         {kItemTerminalFont, "@24 font=14"},
         {kItemTerminalSize, "@24 asked=New size,Enter new terminal size W x H,101 x 50 size=90x30"},
         {kItemDefaultTerminalSize, "@24 size=101x50"}, {kItemAbout, "@45 asked=KewLink Console"},
@@ -146,17 +224,17 @@ TEST_F(Routes, OfEventsAndTimers) {
     // Each step of a queue without a file leaves the terminal as its direction does.
     EXPECT_EQ(step(kEventSendDone), "\r@45 quiet=0 ms=120");
     EXPECT_EQ(step(kEventReceiveDone), "\r@45 ms=120");
-    EXPECT_EQ(step(kEventLoadRequest, "a.UF2"), "@45 line=port not set");
+    EXPECT_EQ(step(kEventLoadRequest, "a.UF2"), "@45 line=|||a.UF2|Firmware update|port not set");
     EXPECT_EQ(step(kEventCanvasInput), "@45");
     EXPECT_EQ(step(kEventSendStatus), "@45");
     EXPECT_EQ(step(kEventSizeWindow), "@24");
     AddWindowTimer(kMainWindow, kDeferredLoadTimer, 200);
-    EXPECT_EQ(step(kEventTimer), "@45 line=started");
+    EXPECT_EQ(step(kEventTimer), "@45 line=|started");
     EXPECT_EQ(WaitForEvent(300), kNoEvent);  // once
-    EXPECT_EQ(step(kEventTimer, "b.UF2"), "@45 line=port not set");
+    EXPECT_EQ(step(kEventTimer, "b.UF2"), "@45 line=|started|b.UF2|port not set");
     SetQuietTerminal(false);
     device.Write("polled");
-    EXPECT_EQ(After(kEventTimer, kPollTimer), "@45 line=polled");
+    EXPECT_EQ(After(kEventTimer, kPollTimer), "@45 line=|polled");
     device.Write("\x1b[2;3H\x1b[6n\x1b[7;5H\x1b[6n");
     EXPECT_EQ(After(kEventTimer, kPollTimer), "\x1b[7;5R@45");  // of the block, the last
     EXPECT_EQ(After(kEventCloseWindow, 0, 0, kHelpWindow), "@45");
@@ -176,7 +254,7 @@ TEST_F(Routes, OfTheFileManager) {
         {kDeviceNewFolderButton, "mkdir \"x\"\r\r\r\r\3" "files\r@163 asked=New folder,Name for new folder?, ms=2920 a.uf2"},
         {kDeviceDeleteButton, "rmdir \"old\"\r\r\r\r\3" "files\r@163 ms=2120 a.uf2"},
         {kPcNewFolderButton, "@163 a.uf2"},
-        {kCopyToDeviceButton, "\r\r@163 line=port not set ms=2200 a.uf2"}, {kPcDeleteButton, "@163 x"},
+        {kCopyToDeviceButton, "\r\r@163 line=||Processing file: /a.uf2|Firmware update|port not set ms=2200 a.uf2"}, {kPcDeleteButton, "@163 x"},
         {kAbortTransferButton, "\r\r@163 quiet=1 ms=200 x"},
         {kFlashViewButton, "\r\r\3@163 ms=220 x"}, {kCopyToPcButton, "list all\r@163 x"},
     };

@@ -2,17 +2,11 @@
 // and the loader; and what the device sends, back to them.
 #include <sys/stat.h>
 
-#include <QFile>
-#include <QTemporaryDir>
-
 #include "link/Servers.h"
 #include "shell/ServerChunks.h"
 #include "shell/SingleInstance.h"
-#include "terminal/screen/Capture.h"
 #include "terminal/screen/TerminalSizing.h"
-#include "terminal/screen/TerminalText.h"
 #include "tests/shell/ShellRig.h"
-#include "tests/support/LocalTools.h"
 #include "ui/WaitService.h"
 
 namespace {
@@ -56,14 +50,13 @@ class ServerChunkThreads : public testing::Test {
 TEST_F(ServerChunkThreads, EachModeShowsAndForwardsItsDirections) {
     const struct {
         int mode;
-        const char *clientPrefix, *deviceCapture, *firstRow;
-        bool forwards;
+        const char *clientPrefix, *deviceCapture, *firstRow, *forwarded;
     } rows[] = {
-        {kModeTerminal, "", "dd", "dd \r\n", false},
-        {kModeHelper, "", "", "\r\n", true},
-        {kModeMonitor, "\x1b[7m", "\x1b[0m", "ccdd \r\n", true},
-        {kModeHexMonitor, "\x1b[7m", "\x1b[0m", " 63 63 64 64 ", true},
-        {kModeFileManager, "", "", "\r\n", false},
+        {kModeTerminal, "", "dd", "dd \r\n", ""},
+        {kModeHelper, "", "", "\r\n", "dd"},
+        {kModeMonitor, "\x1b[7m", "\x1b[0m", "ccdd \r\n", "dd"},
+        {kModeHexMonitor, "\x1b[7m", "\x1b[0m", " 63 63 64 64 ", "dd"},
+        {kModeFileManager, "", "", "\r\n", ""},
     };
     for (const auto& row : rows) {
         SetTerminalMode(kModeHelper);  // without a welcome
@@ -78,8 +71,7 @@ TEST_F(ServerChunkThreads, EachModeShowsAndForwardsItsDirections) {
         PollLink();
         EXPECT_EQ(TakeCapture(), row.deviceCapture) << row.mode;
         EXPECT_TRUE(GetTerminalText(TextPart::kVisible).startsWith(row.firstRow)) << row.mode;
-        const std::string forwarded = row.forwards ? "dd" : "";
-        EXPECT_TRUE(Until([&] { return client.Read() == forwarded; })) << row.mode;
+        EXPECT_TRUE(Until([&] { return client.Read() == row.forwarded; })) << row.mode;
     }
 }
 
@@ -103,14 +95,12 @@ TEST_F(ServerChunkThreads, EveryByteReachesASlowDevice) {
 // A command can take as long as an upload; other tools talk to the console meanwhile.
 TEST_F(ServerChunkThreads, TheWorkerGoesOnBeforeItsCommandIsCarriedOut) {
     static bool workerWaits = true;
-    const QTemporaryDir folder;
-    QFile source(folder.filePath("a.bas"));
-    ASSERT_TRUE(source.open(QIODevice::WriteOnly) && source.write("PRINT 1\n"));
-    source.close();
+    const ScratchFolder folder;
+    ScratchFolder::Put("a.bas", "PRINT 1\n");
     SetTerminalMode(kModeHelper);
     LocalClient client(linkSettings.controlPort);
     ASSERT_TRUE(Known());
-    client.Write("/load " + source.fileName().toStdString() + "\n");
+    client.Write("/load a.bas\n");
     lookAtWait = [] {
         workerWaits = !FindServer(kControlServerIdentity)->text.isEmpty();
         RequestLeave(true);  // nothing more of the upload
@@ -122,9 +112,9 @@ TEST_F(ServerChunkThreads, TheWorkerGoesOnBeforeItsCommandIsCarriedOut) {
 }
 
 TEST_F(ServerChunkThreads, Commands) {
-    const QTemporaryDir folder;
-    const QString fifo = folder.path() + "/fifo", longName = "/" + QString(4900, 'x');
-    mkfifo(fifo.toLocal8Bit().constData(), 0600);
+    const ScratchFolder folder;
+    const QString longName = "/" + QString(4900, 'x');
+    mkfifo("fifo", 0600);
     const QString refused = "File read failed!!Nothing to load.";
     const std::pair<QString, QString> cases[] = {
         {"/load \r", ""},
@@ -132,8 +122,8 @@ TEST_F(ServerChunkThreads, Commands) {
         {"/load a\r\n/load é.uf2\n", "a/load é.uf2port not set"},
         {"/Store x.uf2", "x.uf2port not set"},
         {" /load x.uf2", ""},
-        {"/load " + folder.path(), folder.path() + refused},
-        {"/load " + fifo, fifo + refused},
+        {"/load .", "." + refused},
+        {"/load fifo", "fifo" + refused},
         {"/load" + longName, longName + refused},
     };
     SetTerminalMode(kModeHelper);
@@ -156,14 +146,12 @@ TEST_F(ServerChunkThreads, Commands) {
 // A second start gives its command line to the first one's control port, in this form.
 TEST(HandOver, IsALoadCommand) {
     int port = 0;
-    const int first = ListenLocally(port);
+    SocketEnd first, session;
+    first.fd = ListenLocally(port);
     HandOver("my file.bas", port);
-    const int session = accept(first, nullptr, nullptr);
-    char bytes[32] = "";
-    EXPECT_EQ(recv(session, bytes, sizeof bytes, MSG_WAITALL), 18);  // closed behind it
-    EXPECT_STREQ(bytes, "/load my file.bas\r");
-    close(session);
-    close(first);
+    session.fd = accept(first.fd, nullptr, nullptr);
+    EXPECT_EQ(session.Read(), "/load my file.bas\r");
+    EXPECT_TRUE(session.closed);
 }
 
 }  // namespace

@@ -1,21 +1,5 @@
 // LoadSettings and SaveSettings on files that were written by hand.
-#include "shell/Settings.h"
-
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-
-#include "base/Choices.h"
-#include "filemanager/FileManagerSettings.h"
-#include "help/HelpSettings.h"
-#include "shell/CommandHistory.h"
-#include "shell/SettingsTable.h"
-#include "terminal/input/TerminalInput.h"
-#include "terminal/screen/WindowLayout.h"
 #include "tests/shell/ShellRig.h"
-#include "tests/support/ScratchFolder.h"
-#include "ui/drawing/Drawing.h"
-#include "upload/DeviceFamily.h"
 
 namespace {
 
@@ -26,7 +10,7 @@ using Numbers = std::vector<int>;
 
 class SettingsTest : public testing::Test {
   protected:
-    SettingsTest() { setenv("HOME", "/home/nobody", 1); }
+    SettingsTest() { qputenv("HOME", "/home/nobody"); }
 
     static void Load(const QByteArray& text) {
         ScratchFolder::Put(kFile, text);
@@ -36,19 +20,17 @@ class SettingsTest : public testing::Test {
     static QByteArray Defaults() {
         return ScratchFolder::Get(KWCC_SOURCE_DIR "/tests/shell/default_settings.inf");
     }
-    static std::string Saved() {
+    // With what the two entries of the device hold.
+    static std::string Saved(const char* nickname = "", const char* spec = "") {
+        OpenNumberedWindow(kMainWindow, 0, 0, 200, 100, "Test", kStandardWindowFlags);
+        TextEntryGadget(kNicknameEntry, 0, 0, 9, 9, nickname);
+        TextEntryGadget(kSpecEntry, 0, 0, 9, 9, spec);
         SaveSettings();
         return ScratchFolder::Get(kFile).toStdString();
     }
 
     ScratchFolder scratch;
 };
-
-void OpenDeviceEntries(const char* nickname, const char* spec) {
-    OpenNumberedWindow(kMainWindow, 0, 0, 200, 100, "Test", kStandardWindowFlags);
-    TextEntryGadget(kNicknameEntry, 0, 0, 9, 9, nickname);
-    TextEntryGadget(kSpecEntry, 0, 0, 9, 9, spec);
-}
 
 // The defaults with another value behind each key, and with lists. A number grows by its
 // line, so that neighbours differ.
@@ -81,13 +63,12 @@ TEST_F(SettingsTest, EachKeyHasItsVariableAndTheFileItsBytes) {
     // One of each pair that could stand for each other both ways.
     const TerminalSettings& vt = terminalSettings;
     const FileManagerSettings& files = fileManagerSettings;
-    // clang-format off
-    const Numbers held = {
-        mainWindowPlace.y, mainWindowPlace.height, helpSettings.y, helpSettings.width, files.y,
-        files.width, files.columns[1], linkSettings.dataPort, vt.rows, vt.extraLinePixels,
-        vt.defaultRows, vt.canvasWidth, inputSettings.clickYShift, inputSettings.xtermFunctionKeys};
-    // clang-format on
-    EXPECT_EQ(held, (Numbers{203, 705, 211, 712, 217, 718, 112, 50944, 112, 60, 114, 986, 85, 76}));
+    const InputSettings& input = inputSettings;
+    EXPECT_EQ((Numbers{mainWindowPlace.y, mainWindowPlace.height, helpSettings.y,
+                       helpSettings.width, files.y, files.width, files.columns[1],
+                       linkSettings.dataPort, vt.rows, vt.extraLinePixels, vt.defaultRows,
+                       vt.canvasWidth, input.clickYShift, input.xtermFunctionKeys}),
+              (Numbers{203, 705, 211, 712, 217, 718, 112, 50944, 112, 60, 114, 986, 85, 76}));
     EXPECT_EQ(terminalMode, kModeMonitor);
     EXPECT_TRUE(linkStatus.deviceOnTcpip);
     EXPECT_EQ(lineEnding.name, "CRLF\u00E4");
@@ -97,8 +78,7 @@ TEST_F(SettingsTest, EachKeyHasItsVariableAndTheFileItsBytes) {
     EXPECT_EQ(presetList.at(1).spec, "x|y");
     EXPECT_EQ(macroList.at(0).text, "PRINT 2\\r");
     EXPECT_EQ(historyIndex, 2);
-    OpenDeviceEntries("Desk", "'target s\\pico");
-    EXPECT_EQ(Saved(), file.toStdString());
+    EXPECT_EQ(Saved("Desk", "'target s\\pico"), file.toStdString());
 }
 
 // The group is written where it was read, and then whole; elsewhere there is no trace of it.
@@ -108,7 +88,6 @@ TEST_F(SettingsTest, ChoicesAreKeptWhereTheFileHasThem) {
         return Numbers{c.keysActOnce, c.brightWhite,   c.localPorts,    c.telnetLineEnds,
                        c.followCable, c.readAsItComes, c.altOpensMenus, c.replaceWhenComplete};
     };
-    OpenDeviceEntries("", "");
     const QByteArray group =
         "\n[Choices]\nKeys act once = 1\nBright white = 2\n"
         "Local ports for this machine only = 3\nTelnet line ends = 4\nFollow the cable = 5\n"
@@ -141,12 +120,10 @@ TEST_F(SettingsTest, NumbersObeyTheirRules) {
         "[windows]\nMainX = -201\nMAINW = -5\nHelpY = -1\nFileX = -1\n"
         "[Device]\nLineDelay = 99\nComms buffer size = 1\n"
         "Serial polling interval = 5\n[VTterminal]\nFont size = twelve\n");
-    // clang-format off
-    const Numbers low = {
-        mainWindowPlace.x, mainWindowPlace.width, helpSettings.y, fileManagerSettings.x,
-        link.lineDelay, link.commsBufferSize, link.pollingInterval, terminalSettings.fontSize};
-    // clang-format on
-    EXPECT_EQ(low, (Numbers{0, -5, 0, 0, 100, 2048, 10, 0}));
+    EXPECT_EQ((Numbers{mainWindowPlace.x, mainWindowPlace.width, helpSettings.y,
+                       fileManagerSettings.x, link.lineDelay, link.commsBufferSize,
+                       link.pollingInterval, terminalSettings.fontSize}),
+              (Numbers{0, -5, 0, 0, 100, 2048, 10, 0}));
     EXPECT_GT(TextWidthOf(kTerminalEntryFont, "W"), 0);  // of size 0, and usable all the same
     Load(
         "[Colours]\nVT Green = $12345678\nVT Blue = blue\n[VTterminal]\nVT Mode=9\n"
@@ -165,10 +142,8 @@ TEST_F(SettingsTest, ListsSkipGapsAndKeepTheirLimits) {
         "[Macros]\nMacro1= l | t|cut\nMacro10=no|no\n[Command History]\n";
     for (int i = 2; i < 40; ++i) text += "Cmd" + QByteArray::number(i) + "=c\n";
     Load(text);
-    ASSERT_EQ(deviceFamilies.size(), 3u);
-    EXPECT_EQ(deviceFamilies[2].autostart, "AUTOSTART");
-    ASSERT_EQ(presetList.size(), 2u);
-    EXPECT_EQ(presetList[1].nickname + "," + presetList[1].spec, "bare,");
+    EXPECT_EQ(deviceFamilies.size(), 3u);
+    EXPECT_EQ(presetList.at(1).nickname + "," + presetList[1].spec, "bare,");
     const QByteArray saved = QByteArray::fromStdString(Saved());
     EXPECT_TRUE(
         saved.contains("flash|fnstart\nType0 = a|autosave|e|1|2|3|f|4|5|0|0\n"

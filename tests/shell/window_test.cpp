@@ -1,19 +1,8 @@
 // The main window as start-up leaves it: every gadget, menu item, timer and font. And how
 // the program leaves it.
-#include <QMenuBar>
-#include <QProcess>
-#include <QTimer>
-
-#include "filemanager/FileManagerSettings.h"
 #include "filemanager/FileManagerWindow.h"
-#include "shell/Settings.h"
-#include "shell/SingleInstance.h"
-#include "terminal/screen/Capture.h"
-#include "terminal/screen/TerminalText.h"
-#include "terminal/screen/WindowLayout.h"
 #include "tests/shell/ShellRig.h"
 #include "ui/drawing/PBCanvasWidget.h"
-#include "ui/windows/MenuItem.h"
 
 namespace {
 
@@ -27,29 +16,24 @@ class Window : public ShellRig {
     }
 };
 
-// Number, kind, what it stands in, place, size of the font, text, tip, and whether it can be
-// pressed and seen.
+// Number, kind, what it stands in, place, size of the font, text and tip, whether it can be
+// pressed and seen, the name if it is neither text nor tip, and the items.
 QString LookOf(int gadget) {
     const QWidget* widget = WidgetOfGadget(gadget);
-    const QRect place = widget->geometry();
+    const QRect at = widget->geometry();
+    const QString text = GadgetText(gadget), tip = GadgetTooltip(gadget), name = GadgetName(gadget);
     EXPECT_EQ(widget->font().family(), "Liberation Mono") << gadget;
-    return QString("%1 %2 %3 %4,%5 %6x%7 %8 '%9")
-               .arg(gadget)
-               .arg(widget->metaObject()->className())
-               .arg(widget->parentWidget()->property("PB_GadgetID").toInt())
-               .arg(place.x())
-               .arg(place.y())
-               .arg(place.width())
-               .arg(place.height())
-               .arg(widget->font().pointSize())
-               .arg(GadgetText(gadget) + "|" + GadgetTooltip(gadget) + "'") +
-           (GadgetDisabled(gadget) ? " disabled" : "") + (GadgetHidden(gadget) ? " hidden" : "");
-}
-
-QStringList ItemsOf(int combo) {
-    QStringList items;
-    for (int i = 0; i < GadgetItemCount(combo); ++i) items += GadgetItemText(combo, i);
-    return items;
+    EXPECT_FALSE(name.isEmpty()) << gadget;
+    QString look;
+    QTextStream out(&look);
+    out << gadget << ' ' << widget->metaObject()->className() << ' '
+        << widget->parentWidget()->property("PB_GadgetID").toInt() << ' ' << at.x() << ',' << at.y()
+        << ' ' << at.width() << 'x' << at.height() << ' ' << widget->font().pointSize() << " '"
+        << text << '|' << tip << '\'' << (GadgetDisabled(gadget) ? " disabled" : "")
+        << (GadgetHidden(gadget) ? " hidden" : "");
+    if (name != text && name != tip) out << " = " << name;
+    for (int i = 0; i < GadgetItemCount(gadget); ++i) out << ' ' << GadgetItemText(gadget, i);
+    return look;
 }
 
 // A line for each title: the numbers and texts of its items.
@@ -65,16 +49,19 @@ QString TitlesAndItems(const QList<QAction*>& actions) {
 }
 
 const char gadgetLooks[] =
-    "24 PBCanvasWidget 26 5,5 812x754 10 '|';26 PBCanvasWidget 0 5,155 822x764 8 '|';"
-    "27 QScrollBar 0 829,155 18x754 8 '|';37 QLabel 206 530,1 60x20 8 '|' hidden;"
-    "39 QComboBox 202 95,1 65x20 8 'ttyACM1|Serial port';"
-    "41 QLineEdit 202 175,1 275x20 10 '|IPaddress : Port' hidden;"
-    "42 QComboBox 202 165,1 70x20 8 '38400|Serial baud rate';"
-    "43 QComboBox 202 5,1 85x20 8 '|Connected device';"
-    "45 QLineEdit 203 5,1 80x20 8 '|Device nickname';"
+    "24 PBCanvasWidget 26 5,5 812x754 10 '|' = Terminal;"
+    "26 PBCanvasWidget 0 5,155 822x764 8 '|' = Terminal frame;"
+    "27 QScrollBar 0 829,155 18x754 8 '|' = Scroll back;"
+    "37 QLabel 206 530,1 60x20 8 '|' hidden = Upload progress;"
+    "39 QComboBox 202 95,1 65x20 8 'ttyACM1|Serial port' ttyUSB0 ttyUSB1 ttyUSB2 ttyUSB3 ttyACM0 "
+    "ttyACM1 ttyACM2 ttyACM3 TCPIP;41 QLineEdit 202 175,1 275x20 10 '|IPaddress : Port' hidden;"
+    "42 QComboBox 202 165,1 70x20 8 '38400|Serial baud rate' 1200 4800 9600 19200 38400 57600 "
+    "115200 230400 460800 576000 921600;"
+    "43 QComboBox 202 5,1 85x20 8 '|Connected device' maximite micromite pi-cromite cmm2 "
+    "picomite vgamite command;45 QLineEdit 203 5,1 80x20 8 '|Device nickname';"
     "46 QLineEdit 203 95,1 500x20 8 '|Device specifications';"
     "47 QPushButton 202 700,1 100x20 8 'Save settings|Save setup as preset';"
-    "48 QComboBox 202 455,1 70x20 8 '|Additional options';"
+    "48 QComboBox 202 455,1 70x20 8 '|Additional options' settime setRTC norun nonew discon file;"
     "49 QPushButton 202 600,1 50x20 8 'Mouse|';"
     "50 QCheckBox 203 700,1 100x20 8 'Override|These setting override any in file';"
     "53 QLineEdit 205 5,1 370x20 10 '|Commands to send to device';"
@@ -85,17 +72,20 @@ const char gadgetLooks[] =
     "63 QPushButton 203 600,1 95x20 8 'Disconnect|Disconnect device' hidden;"
     "74 QPushButton 205 590,1 60x20 8 'Save|Save commandline as Macro';"
     "75 QPushButton 204 5,1 57x20 8 'Macro|' disabled;"
-    "92 QPushButton 201 0,1 65x20 8 'Device|' disabled;"
-    "130 QPushButton 204 610,1 30x20 8 'Esc|';133 QPushButton 204 645,1 30x20 8 '^C|';"
-    "145 QPushButton 204 680,1 30x20 8 '^Z|';"
+    "92 QPushButton 201 0,1 65x20 8 'Device|' disabled;130 QPushButton 204 610,1 30x20 8 'Esc|';"
+    "133 QPushButton 204 645,1 30x20 8 '^C|' = Control C;"
+    "145 QPushButton 204 680,1 30x20 8 '^Z|' = Control Z;"
     "146 QPushButton 204 715,1 30x20 8 'Cls|Clear local screen';"
     "147 QPushButton 204 750,1 50x20 8 'Run|';"
-    "152 QPushButton 205 410,1 25x20 8 '<|Cycle through recent commands';"
-    "153 QPushButton 205 440,1 25x20 8 '>|Cycle through recent commands';"
-    "201 QWidget 0 5,5 810x25 8 '|';202 QWidget 0 5,30 810x25 8 '|';"
-    "203 QWidget 0 5,55 810x25 8 '|';204 QWidget 0 5,80 810x25 8 '|';"
-    "205 QWidget 0 5,105 810x25 8 '|';206 QWidget 0 5,130 810x25 8 '|';"
-    "208 QLabel 206 5,1 250x20 8 '101 x 50 char, 812 x 754 pixels|';"
+    "152 QPushButton 205 410,1 25x20 8 '<|Cycle through recent commands' = Earlier command;"
+    "153 QPushButton 205 440,1 25x20 8 '>|Cycle through recent commands' = Later command;"
+    "201 QWidget 0 5,5 810x25 8 '|' = Toolbar row 1;"
+    "202 QWidget 0 5,30 810x25 8 '|' = Toolbar row 2;"
+    "203 QWidget 0 5,55 810x25 8 '|' = Toolbar row 3;"
+    "204 QWidget 0 5,80 810x25 8 '|' = Toolbar row 4;"
+    "205 QWidget 0 5,105 810x25 8 '|' = Toolbar row 5;"
+    "206 QWidget 0 5,130 810x25 8 '|' = Toolbar row 6;"
+    "208 QLabel 206 5,1 250x20 8 '101 x 50 char, 812 x 754 pixels|' = Terminal size;"
     "210 QLabel 206 420,1 100x20 8 'VT Terminal|';";
 
 TEST_F(Window, HoldsItsGadgets) {
@@ -110,13 +100,12 @@ TEST_F(Window, HoldsItsGadgets) {
     OpenWindow();
     QStringList expected = QString(gadgetLooks).split(';', Qt::SkipEmptyParts);
     const auto alike = [&](int first, int count, int pitch) {
-        QString look = expected.filter(QRegExp(QString("^%1 ").arg(first)))[0];
-        const int x = look.section(' ', 3, 3).section(',', 0, 0).toInt();
+        const QString look = LookOf(first).section(' ', 1);
+        const int x = WidgetOfGadget(first)->x();
         for (int i = 1; i < count; ++i) {
-            const QString number = QString::number(first + i);
-            expected += QString(look)
-                            .replace(QRegExp("^\\d+"), number)
-                            .replace(QString(" %1,").arg(x), QString(" %1,").arg(x + i * pitch));
+            expected +=
+                QString::number(first + i) + ' ' +
+                QString(look).replace(QString(" %1,").arg(x), QString(" %1,").arg(x + i * pitch));
         }
     };
     alike(kFirstPresetButton, 12, 66);
@@ -124,24 +113,8 @@ TEST_F(Window, HoldsItsGadgets) {
     for (int gadget = 0; gadget <= kModeText; ++gadget) {
         if (!GadgetExists(gadget)) continue;
         EXPECT_EQ(expected.removeAll(LookOf(gadget)), 1) << LookOf(gadget).toStdString();
-        EXPECT_FALSE(GadgetName(gadget).isEmpty()) << gadget;
     }
     EXPECT_EQ(expected, QStringList());
-    EXPECT_EQ(ItemsOf(kPortCombo).join(' '),
-              "ttyUSB0 ttyUSB1 ttyUSB2 ttyUSB3 ttyACM0 ttyACM1 ttyACM2 ttyACM3 TCPIP");
-    EXPECT_EQ(ItemsOf(kSpeedCombo).join(' '),
-              "1200 4800 9600 19200 38400 57600 115200 230400 460800 576000 921600");
-    EXPECT_EQ(ItemsOf(kFamilyCombo).join(' '),
-              "maximite micromite pi-cromite cmm2 picomite vgamite command");
-    EXPECT_EQ(ItemsOf(kOptionsCombo).join(' '), "settime setRTC norun nonew discon file");
-    QStringList names;
-    for (int gadget : {kTerminalCanvas, kFrameCanvas, kTerminalScrollBar, kHistoryPreviousButton,
-                       kHistoryNextButton, kCtrlCButton, kCtrlZButton, kTerminalSizeText,
-                       kProgressText, kClearCommandButton, kFirstToolbarRow + 5})
-        names += GadgetName(gadget);
-    EXPECT_EQ(names.join(';'),
-              "Terminal;Terminal frame;Scroll back;Earlier command;Later command;Control C;"
-              "Control Z;Terminal size;Upload progress;Clear command line;Toolbar row 6");
 }
 
 const char menus[] =
@@ -190,15 +163,18 @@ TEST_F(Window, ShowsWhatIsStored) {
     AddMacro({"Go", "RUN\\013"});
     BuildWindow();
     EXPECT_TRUE(linkStatus.deviceOnTcpip);
-    EXPECT_EQ(GadgetText(kAddressEntry) + GadgetText(kPortCombo), "board.local:3001TCPIP");
-    EXPECT_TRUE(GadgetHidden(kSpeedCombo) && !GadgetHidden(kAddressEntry));
-    EXPECT_EQ(uploadOptions.familyName + GadgetText(kSpecEntry), "cmm2'target s\\cmm2");
-    EXPECT_EQ(GadgetText(kFirstPresetButton + 1) + GadgetText(kFirstMacroButton), "mineGo");
-    EXPECT_FALSE(GadgetDisabled(kFirstPresetButton + 1) || GadgetDisabled(kFirstMacroButton));
-    EXPECT_TRUE(GadgetDisabled(kFirstPresetButton + 2) && GadgetDisabled(kFirstMacroButton + 1));
+    QStringList shown;
+    for (int gadget : {kPortCombo, kAddressEntry, kSpeedCombo, kNicknameEntry, kSpecEntry,
+                       kFirstPresetButton + 1, kFirstPresetButton + 2, kFirstMacroButton,
+                       kFirstMacroButton + 1, kModeText})
+        shown += GadgetText(gadget) + (GadgetDisabled(gadget) ? " off" : "") +
+                 (GadgetHidden(gadget) ? " hidden" : "");
+    EXPECT_EQ(shown.join('|'),
+              "TCPIP|board.local:3001|38400 hidden|mine|'target s\\cmm2|mine|Device off|Go|"
+              "Macro off|Monitor");
+    EXPECT_EQ(uploadOptions.familyName, "cmm2");
     EXPECT_EQ(shellSettings.presetGroup, 1);  // of a preset beyond the tenth
     EXPECT_EQ(GadgetState(kOverrideCheck), 1);
-    EXPECT_EQ(GadgetText(kModeText), "Monitor");
     std::string ticked;  // that of word wrap stays off, whatever is stored
     for (int item = 1; item <= kLastModeItem; ++item) {
         if (MenuItemTick(item)) ticked += ' ' + std::to_string(item);
@@ -208,7 +184,7 @@ TEST_F(Window, ShowsWhatIsStored) {
     EXPECT_EQ(Timer(kPollTimer)->interval(), 20);
     EXPECT_EQ(Timer(kBlinkTimer)->interval(), 400);
     EXPECT_EQ(Timer(kDeferredLoadTimer)->interval(), 300);
-    EXPECT_TRUE(GetTerminalText(TextPart::kVisible).startsWith("Kewlink Console \rBuild date: 20"));
+    EXPECT_TRUE(Visible().startsWith("Kewlink Console \rBuild date: 20"));
 }
 
 // Notes when the link goes and when a timer does.
@@ -247,21 +223,39 @@ TEST_F(Window, IsLeftInOrder) {
     EXPECT_GT(fileManagerSettings.width, 0);  // read when it was closed
 }
 
-// By the first word of the command line, whoever started it; only what is a process counts.
-TEST(OwnProcesses, AreCounted) {
+// The program itself. A start counts the processes whose command line begins with its own
+// path; beside another one it hands its words over and ends.
+TEST(Program, RunsFromItsFirstLineToItsLast) {
     const ScratchFolder scratch;
-    const QString program = QDir::currentPath() + "/a program";
-    ASSERT_TRUE(QFile::link("/bin/sleep", program));
-    QProcess processes[3];
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(CountOwnProcesses(program), std::min(i, 2));
-        if (i < 2) processes[i].start(program, {"60"});
-        if (i == 2) processes[i].start("/bin/sh", {"-c", "read line", program});
-        ASSERT_TRUE(processes[i].waitForStarted());
-    }
-    EXPECT_EQ(CountOwnProcesses(program), 2);
-    for (QProcess& process : processes) process.kill();
-    for (QProcess& process : processes) process.waitForFinished();
+    const QString program = QDir::currentPath() + "/KWCC";
+    ASSERT_TRUE(QFile::copy(KWCC_BINARY_DIR "/bin/KWCC", program) && QDir().mkdir("data"));
+    SocketEnd board, line;
+    int boardPort = 0;
+    board.fd = ListenLocally(boardPort);
+    fcntl(board.fd, F_SETFL, O_NONBLOCK);
+    const QString control = QString::number(FreePort()),
+                  settings = "[Network]\nIP control port=" + control +
+                             "\nIP data port=0\nKWedit control port=0\n";
+    ScratchFolder::Put("data/KWCC.inf", settings.toUtf8());
+    const QString field = QString("'target ip\\127.0.0.1:%1 le\\cr\n").arg(boardPort);
+    ScratchFolder::Put("my file.bas", field.toUtf8() + "PRINT 1\n");
+    QProcess other, first, second;
+    other.start("/bin/sh", {"-c", "read line", program});
+    first.start(program, {"my", "file.bas"});
+    const auto greeted = [&] {  // by the upload's first byte
+        if (line.fd < 0) line.fd = accept(board.fd, nullptr, nullptr);
+        return line.Read() == "\3";
+    };
+    ASSERT_TRUE(ServeUntil(greeted, [](int32_t) {}));
+    EXPECT_TRUE(LocalClient(control.toInt()).connected);
+    second.start(program, {"x"});
+    EXPECT_TRUE(second.waitForFinished() && second.exitCode() == 0);
+    first.terminate();
+    EXPECT_TRUE(first.waitForFinished() && first.exitCode() == 0);
+    EXPECT_TRUE(ScratchFolder::Get("data/KWCC.inf").endsWith("\nLastUsed = 0\nDevice = |\n"));
+    EXPECT_TRUE((line.Read(), line.closed));
+    other.closeWriteChannel();
+    other.waitForFinished();
 }
 
 }  // namespace

@@ -3,12 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QMimeData>
-#include <QTimer>
-#include <QWidget>
-#include <ostream>
-#include <vector>
+#include <QtWidgets>
 
 #include "base/Numbers.h"
 #include "ui/events/CurrentEvent.h"
@@ -24,9 +19,7 @@
 // A taken event.
 struct Seen {
     int32_t number;
-    int64_t window;
-    int64_t object;
-    int64_t type;
+    int64_t window, object, type;
     bool operator==(const Seen& o) const {
         return number == o.number && window == o.window && object == o.object && type == o.type;
     }
@@ -45,28 +38,83 @@ inline Seen GadgetEvent(int gadget, int64_t type) {
     return {kEventGadget, kTestWindow, gadget, type};
 }
 
+// Serves the toolkit once and takes all events that wait; keeps those of one number, if given.
+inline Events TakeEvents(int32_t number = kNoEvent) {
+    Events seen;
+    while (WaitForEvent(0) != kNoEvent) {
+        if (number == kNoEvent || number == EventNumber())
+            seen.push_back({EventNumber(), EventWindow(), EventObject(), EventType()});
+    }
+    return seen;
+}
+
 // Opens a sizable window of 400 by 300 with a gadget list, and takes its first events.
-void OpenTestWindow();
+inline void OpenTestWindow() {
+    OpenNumberedWindow(kTestWindow, 50, 60, 400, 300, "Test", kStandardWindowFlags);
+    TakeEvents();
+}
 
 struct WithWindow : testing::Test {
     WithWindow() { OpenTestWindow(); }
 };
 
-QWidget* WidgetOfGadget(int gadget);
-QWidget* WidgetOfWindow(int window);
+inline QWidget* WidgetWith(const char* property, int number) {
+    for (QWidget* widget : QApplication::allWidgets()) {
+        if (widget->property(property) == number) return widget;
+    }
+    return nullptr;
+}
+inline QWidget* WidgetOfGadget(int gadget) {
+    return WidgetWith("PB_GadgetID", gadget);
+}
+inline QWidget* WidgetOfWindow(int window) {
+    return WidgetWith("PB_WindowID", window);
+}
 
-// Serves the toolkit once and takes all events that wait; keeps those of one number, if given.
-Events TakeEvents(int32_t number = kNoEvent);
-
-void Press(QWidget* widget, QPoint at, Qt::MouseButton button);
-void Release(QWidget* widget, QPoint at, Qt::MouseButton button);
-void Click(QWidget* widget, QPoint at = QPoint(5, 5));
+inline void SendMouse(QWidget* widget, QEvent::Type type, QPoint at, Qt::MouseButton button,
+                      Qt::MouseButtons held) {
+    QMouseEvent event(type, at, widget->mapToGlobal(at), button, held, Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+}
+inline void Press(QWidget* widget, QPoint at, Qt::MouseButton button) {
+    SendMouse(widget, QEvent::MouseButtonPress, at, button, button);
+}
+inline void Release(QWidget* widget, QPoint at, Qt::MouseButton button) {
+    SendMouse(widget, QEvent::MouseButtonRelease, at, button, Qt::NoButton);
+}
+inline void Click(QWidget* widget, QPoint at = QPoint(5, 5)) {
+    Press(widget, at, Qt::LeftButton);
+    Release(widget, at, Qt::LeftButton);
+}
 // The second press and release, behind a Click.
-void ClickAgain(QWidget* widget, QPoint at);
-void Move(QWidget* widget, QPoint to, Qt::MouseButtons held);
-void Turn(QWidget* widget, int wheelUnits);
-void Key(QWidget* widget, int key, const QString& text = QString(),
-         Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+inline void ClickAgain(QWidget* widget, QPoint at) {
+    SendMouse(widget, QEvent::MouseButtonDblClick, at, Qt::LeftButton, Qt::LeftButton);
+    Release(widget, at, Qt::LeftButton);
+}
+inline void Move(QWidget* widget, QPoint to, Qt::MouseButtons held) {
+    SendMouse(widget, QEvent::MouseMove, to, Qt::NoButton, held);
+}
+inline void Turn(QWidget* widget, int wheelUnits) {
+    const QPoint at(5, 5);
+    QWheelEvent event(at, widget->mapToGlobal(at), QPoint(), QPoint(0, wheelUnits), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(widget, &event);
+}
+inline void Key(QWidget* widget, int key, const QString& text = QString(),
+                Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
+    QApplication::sendEvent(widget, &event);
+}
 
 // Drags something over a widget and drops it there; true when it was taken as a copy.
-bool Drop(QWidget* target, const QMimeData& data);
+inline bool Drop(QWidget* target, const QMimeData& data) {
+    constexpr auto kOffered = Qt::MoveAction | Qt::CopyAction;
+    QDragEnterEvent enter({5, 5}, kOffered, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop({5, 5}, kOffered, &data, Qt::LeftButton, Qt::NoModifier);
+    for (QDropEvent* event : {static_cast<QDropEvent*>(&enter), &drop}) {
+        event->setDropAction(Qt::MoveAction);
+        QApplication::sendEvent(target, event);
+        if (!event->isAccepted()) return false;
+    }
+    return drop.dropAction() == Qt::CopyAction;
+}

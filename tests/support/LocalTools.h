@@ -22,22 +22,47 @@ bool ServeUntil(Done done, Serve serve) {
     return true;
 }
 
-inline sockaddr_in LocalAddress(int port, in_addr_t host = INADDR_LOOPBACK) {
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(host);
-    address.sin_port = htons(static_cast<uint16_t>(port));
-    return address;
-}
+// One end of a connection, which never waits.
+struct SocketEnd {
+    ~SocketEnd() { Close(); }
+
+    // How many bytes were taken.
+    size_t Write(const std::string& bytes) const {
+        const ssize_t n = send(fd, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
+        return n > 0 ? size_t(n) : 0;
+    }
+    // All that has come since the last call; `closed` when the other end has closed.
+    std::string Read() {
+        std::string all;
+        char block[65536];
+        ssize_t n = 0;
+        while ((n = recv(fd, block, sizeof block, MSG_DONTWAIT)) > 0) all.append(block, n);
+        closed = n == 0 || errno == ECONNRESET;
+        return all;
+    }
+    void Close() {
+        if (fd >= 0) close(fd);
+        fd = -1;
+    }
+
+    int fd = -1;
+    bool closed = false;
+};
+
+struct LoopbackAddress : sockaddr_in {
+    explicit LoopbackAddress(int port, in_addr_t host = INADDR_LOOPBACK)
+        : sockaddr_in{AF_INET, htons(static_cast<uint16_t>(port)), {htonl(host)}, {}} {}
+    sockaddr* Generic() { return reinterpret_cast<sockaddr*>(this); }
+};
 
 // Listens on a port, 0 for any free one, which `port` then is.
 inline int ListenLocally(int& port) {
     const int fd = socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address = LocalAddress(port);
+    LoopbackAddress address(port);
     socklen_t length = sizeof address;
-    (void)!bind(fd, reinterpret_cast<sockaddr*>(&address), length);
+    (void)!bind(fd, address.Generic(), length);
     listen(fd, 4);
-    getsockname(fd, reinterpret_cast<sockaddr*>(&address), &length);
+    getsockname(fd, address.Generic(), &length);
     port = ntohs(address.sin_port);
     return fd;
 }
@@ -49,27 +74,13 @@ inline int FreePort() {
     return port;
 }
 
-struct LocalClient {
+struct LocalClient : SocketEnd {
     explicit LocalClient(int port, in_addr_t host = INADDR_LOOPBACK) {
-        const sockaddr_in address = LocalAddress(port, host);
-        connected = connect(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
-        fcntl(fd, F_SETFL, O_NONBLOCK);
+        fd = socket(AF_INET, SOCK_STREAM, 0);
+        connected = connect(fd, LoopbackAddress(port, host).Generic(), sizeof(sockaddr_in)) == 0;
     }
-    ~LocalClient() { Close(); }
-
-    void Write(const std::string& bytes) { (void)!send(fd, bytes.data(), bytes.size(), 0); }
-    // All that has come since the start; `closed` when the server has closed.
-    const std::string& Read() {
-        char block[65536];
-        ssize_t count = 0;
-        while ((count = recv(fd, block, sizeof block, 0)) > 0) received.append(block, count);
-        closed = count == 0 || errno == ECONNRESET;
-        return received;
-    }
-    void Close() {
-        if (fd >= 0) close(fd);
-        fd = -1;
-    }
+    // All that has come since the start.
+    const std::string& Read() { return received += SocketEnd::Read(); }
     // Goes without a farewell: the server's next call fails.
     void Reset() {
         const linger none = {1, 0};
@@ -77,7 +88,6 @@ struct LocalClient {
         Close();
     }
 
-    int fd = socket(AF_INET, SOCK_STREAM, 0);
-    bool connected = false, closed = false;
+    bool connected = false;
     std::string received;
 };

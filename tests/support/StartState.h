@@ -5,9 +5,14 @@
 //   const bool startState = KeepStartState(PutBackLink);
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QEvent>
+
+#include "base/AppPaths.h"
 #include "base/Choices.h"
 #include "base/LineEnding.h"
-#include "base/Numbers.h"
 #include "filemanager/BatchQueue.h"
 #include "filemanager/DeviceListing.h"
 #include "filemanager/FileManagerSettings.h"
@@ -29,32 +34,60 @@
 #include "terminal/screen/TerminalFonts.h"
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/TerminalPainters.h"
-#include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
 #include "terminal/screen/VtFinals.h"
 #include "terminal/screen/VtParser.h"
 #include "terminal/screen/WindowLayout.h"
+#include "tests/support/VirtualClock.h"
+#include "ui/drawing/Drawing.h"
 #include "ui/drawing/Fonts.h"
 #include "ui/events/CurrentEventInternal.h"
 #include "ui/events/EventQueue.h"
 #include "ui/gadgets/Gadgets.h"
-#include "upload/DeviceFamily.h"
+#include "ui/windows/Clipboard.h"
+#include "ui/windows/Dialogs.h"
+#include "ui/windows/MenuItem.h"
+#include "ui/windows/Windows.h"
 #include "upload/FlashSlotUpload.h"
 #include "upload/UploadOptions.h"
 #include "xmodem/TransferWorkers.h"
 #include "xmodem/XmodemSeams.h"
 
-// Has the procedure run behind each test. The path of the program and the home folder are
-// put back as well. True.
-bool KeepStartState(void (*putBack)());
-
 // A record's owner alone writes it; a test may put it back.
-template <typename Record>
-void PutBack(const Record& record) {
-    const_cast<Record&>(record) = Record();
+template <typename... Records>
+void PutBack(const Records&... records) {
+    ((const_cast<Records&>(records) = Records()), ...);
 }
 
-void PutBackInterface();
+// Has the procedure run behind each test. The path of the program and the home folder are
+// put back as well. True.
+inline bool KeepStartState(void (*putBack)()) {
+    struct Listener : testing::EmptyTestEventListener {
+        explicit Listener(void (*afterTest)()) : procedure(afterTest) {}
+        void OnTestEnd(const testing::TestInfo&) override {
+            const VirtualClock clock;  // no pause of the program takes time here
+            procedure();
+            PutBack(appPaths);
+            qputenv("HOME", home);
+        }
+        void (*const procedure)();
+        const QByteArray home = qgetenv("HOME");
+    };
+    testing::UnitTest::GetInstance()->listeners().Append(new Listener(putBack));
+    return true;
+}
+
+inline void PutBackInterface() {
+    AnswerDialogs(nullptr);
+    RequestLeave(false);
+    for (int i = 0; i < 3; ++i) StopDrawing();
+    CloseNumberedWindow(-1);
+    DropMenus();
+    DropAllHandlers();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    DropAllEvents();
+    SetClipboardText("");
+}
 
 inline void PutBackScreen() {
     PrintAllHandedLines();
@@ -64,14 +97,10 @@ inline void PutBackScreen() {
     TakeReplyText();
     do TerminalHexDump("", 1);
     while (terminalScreen.cursorX < 72);  // behind the sixteenth byte of a row
-    for (int font :
-         {terminalMetrics.normalFont, terminalMetrics.boldFont, terminalMetrics.thirdFont})
+    const TerminalMetrics& metrics = terminalMetrics;
+    for (int font : {metrics.normalFont, metrics.boldFont, metrics.thirdFont})
         FreeNumberedFont(font);
-    PutBack(terminalMetrics);
-    PutBack(terminalSettings);
-    PutBack(terminalScreen);
-    PutBack(mainWindowPlace);
-    PutBack(capture);
+    PutBack(terminalMetrics, terminalSettings, terminalScreen, mainWindowPlace, capture);
     SetTerminalMode(kModeTerminal);
     SetMouseMode(0);
     ResetLines(0);
@@ -104,10 +133,7 @@ inline void PutBackUpload() {
     SetAfterFlashUpload(nullptr);
     FlashSlotUpload("/no/such/file", -1);  // forgets what was read before
     PutBackLink();
-    PutBack(uploadOptions);
-    PutBack(uploadSettings);
-    PutBack(uploadSource);
-    PutBack(deviceFamilies);
+    PutBack(uploadOptions, uploadSettings, uploadSource, deviceFamilies);
 }
 
 inline void PutBackHelp() {
@@ -125,18 +151,13 @@ inline void PutBackFileManager() {
     PathBoxChanged();  // takes an echo that is awaited
     MakeEventCurrent(nullptr);
     PutBackUpload();
-    PutBack(deviceListing);
-    PutBack(fileManagerSettings);
+    PutBack(deviceListing, fileManagerSettings);
 }
 
 inline void PutBackShell() {
     PutBackFileManager();
     PutBackHelp();
-    PutBack(inputSettings);
-    PutBack(shellSettings);
-    PutBack(choices);
-    PutBack(presetList);
-    PutBack(macroList);
+    PutBack(inputSettings, shellSettings, choices, presetList, macroList);
     SetHistory({});
     PutBack(exitRequested);
 }

@@ -6,8 +6,6 @@
 
 #include <unistd.h>
 
-#include <atomic>
-
 #include "tests/support/VirtualClock.h"
 #include "ui/events/InterfaceThread.h"
 #include "xmodem/XmodemJob.h"
@@ -17,12 +15,10 @@ class TurnsClock : public VirtualClock {
     void Sleep(int64_t ms) override {
         if (!OnInterfaceThread()) return WorkerSleeps(ms);
         for (; ms > 0; --ms) {
-            ++now;
-            if (onTick) onTick(now);
+            VirtualClock::Sleep(1);
             GiveTurn();
         }
     }
-    int64_t Now() override { return now; }
 
   private:
     static constexpr int kPauseUs = 20;
@@ -49,6 +45,6 @@ class TurnsClock : public VirtualClock {
         if (hangs) usleep(10 * kPauseUs);  // for the kernel to end it
     }
 
-    std::atomic<int64_t> now{0}, wake{0};
+    std::atomic<int64_t> wake{0};
     std::atomic<bool> hangs{false};
 };
