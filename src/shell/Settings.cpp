@@ -52,8 +52,8 @@ void Load(const char* name, const ColourSetting& colour) {
     *colour.value = static_cast<uint32_t>(TextToInteger(text)) & kColourMask;
 }
 
-void Load(const char*, const ListSetting& list) {
-    list.load();
+void Load(const char* prefix, const ListSetting& list) {
+    list.load(prefix);
 }
 
 // Writing.
@@ -73,8 +73,8 @@ void Save(const char* name, const TextSetting& setting) {
 void Save(const char* name, const ColourSetting& colour) {
     WritePreferenceString(name, FormatColour(*colour.value));
 }
-void Save(const char*, const ListSetting& list) {
-    list.save();
+void Save(const char* prefix, const ListSetting& list) {
+    list.save(prefix);
 }
 
 void LoadRow(const SettingRow& row) {

@@ -31,59 +31,59 @@ void WriteNumbered(const char* prefix, const QStringList& values) {
 
 // A row of the file that says "autostart" is from the time when the column's name had
 // been taken for the command.
-void LoadFamilies() {
+void LoadFamilies(const char* prefix) {
     ClearFamilies();
-    for (const QString& row : ReadNumbered("Type", kFamilyKeys)) {
+    for (const QString& row : ReadNumbered(prefix, kFamilyKeys)) {
         DeviceFamily family = ParseFamilyRow(row);
         if (family.autostart == "autostart") family.autostart = "autosave";
         AddFamily(family);
     }
 }
 
-void SaveFamilies() {
+void SaveFamilies(const char* prefix) {
     QStringList rows;
     for (const DeviceFamily& family : deviceFamilies) {
         if (!family.Fname.isEmpty()) rows += FormatFamilyRow(family);
     }
-    WriteNumbered("Type", rows);
+    WriteNumbered(prefix, rows);
 }
 
 // The device specification is all that stands behind the first "|".
-void LoadPresets() {
+void LoadPresets(const char* prefix) {
     ClearPresets();
-    for (const QString& value : ReadNumbered("Device", kMostPresets)) {
+    for (const QString& value : ReadNumbered(prefix, kMostPresets)) {
         const QString nickname = FieldOf(value, 1, '|');
         AddPreset({nickname, value.mid(nickname.size() + 1)});
     }
 }
 
-void SavePresets() {
+void SavePresets(const char* prefix) {
     QStringList values;
     for (const PresetEntry& preset : presetList) {
         if (!preset.spec.isEmpty()) values += preset.nickname + "|" + preset.spec;
     }
-    WriteNumbered("Device", values);
+    WriteNumbered(prefix, values);
 }
 
-void LoadHistory() {
-    QStringList commands = ReadNumbered("Cmd", kHistoryKeys);
+void LoadHistory(const char* prefix) {
+    QStringList commands = ReadNumbered(prefix, kHistoryKeys);
     SetHistory({commands.begin(), commands.end()});
 }
 
-void SaveHistory() {
-    WriteNumbered("Cmd", {historyList.begin(), historyList.end()});
+void SaveHistory(const char* prefix) {
+    WriteNumbered(prefix, {historyList.begin(), historyList.end()});
 }
 
 // Two fields alone: a macro text is cut at its first "|".
-void LoadMacros() {
+void LoadMacros(const char* prefix) {
     ClearMacros();
-    for (const QString& value : ReadNumbered("Macro", kMostMacros)) {
+    for (const QString& value : ReadNumbered(prefix, kMostMacros)) {
         AddMacro({FieldOf(value, 1, '|'), FieldOf(value, 2, '|')});
     }
 }
 
-void SaveMacros() {
+void SaveMacros(const char* prefix) {
     QStringList values;
     for (const MacroEntry& macro : macroList) values += macro.label + "|" + macro.text;
-    WriteNumbered("Macro", values);
+    WriteNumbered(prefix, values);
 }

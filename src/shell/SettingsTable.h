@@ -37,8 +37,8 @@ struct ColourSetting {  // "$" and hexadecimal digits in BBGGRR order
     uint32_t fallback;
 };
 struct ListSetting {  // numbered keys, see SettingsLists.h
-    void (*load)();
-    void (*save)();
+    void (*load)(const char* prefix);
+    void (*save)(const char* prefix);
 };
 
 // When a row is read. Rows are always written in their turn.

@@ -45,6 +45,9 @@ TEST(PreferencesText, LinesBecomeEntries) {
     };
     for (const auto& [text, entries] : rows)
         EXPECT_EQ(Read(QByteArray::fromStdString(text)), entries);
+    std::vector<PreferenceEntry> most;
+    EXPECT_FALSE(ParsePreferences(QString(";\n").repeated(kMostPreferenceEntries + 1), &most));
+    EXPECT_EQ(most.size(), size_t(kMostPreferenceEntries));
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     EXPECT_EQ(Read("k=\xE4z"), "<k=\u00E4z>");
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-15"));

@@ -2,6 +2,7 @@
 // at the far end, the focus, and all that changed besides.
 #include "tests/shell/ShellRig.h"
 #include "ui/windows/Notice.h"
+#include "xmodem/XmodemJob.h"
 
 namespace {
 
@@ -140,9 +141,11 @@ TEST_F(Routes, OfGadgets) {
         {kSavePresetButton, "", "@45 presets=One;Two;Three;"},
         {kTouchButtonUnused, "", "@45 line=||||port TTYUSB1 pico=ttyUSB1"},
         {kUploadButtonUnused, "", "@45 line=|Nothing to load."},
-        {kDisconnectButton, "", "@45 connected=0 line=||Disconnected"},
         {kFirstPresetButton, "", "@45 family=maximite nick=One spec='target s\\maximite"},
-        {kLastPresetRoute, "", "@45"},
+        {kFirstPresetButton + 1, "", "@-1 family=cmm2 nick=Two open=183. spec='target s\\cmm2 used=1"},
+        {kDisconnectButton, "", "@-1 connected=0 line=||Disconnected"},
+        {kFirstPresetButton, "", "@-1 family=maximite nick=One spec='target s\\maximite used=0"},
+        {kLastPresetRoute, "", "@-1"},
     };
     // clang-format on
     answer = "third";
@@ -166,14 +169,14 @@ TEST_F(Routes, OfMenuItemsAndShortcuts) {
         {kItemLineEndingLf, "@45 ending=LF tick11=0 tick12=1"},
         {kItemLineEndingCrLf, "@45 ending=CRLF tick10=1 tick12=0"}, {kItemPasteText, "old\r\n@45"},
         {kItemPasteSlowly, "old\r\n@45 ms=120"}, {kItemCopyAll, "@45 clip=n1^n2^n3^n4^"},
-        {kItemCopyVisible, "@45 clip=n12^n13^n14^"}, {kItemSaveVisible, "@45 file=n12^n13^n14^"},
+        {kItemCopyVisible, "@45 clip=n14^n15^n16^"}, {kItemSaveVisible, "@45 file=n14^n15^n16^"},
         {kItemSaveAll, "@45 file=n1^n2^n3^n4^"}, {kItemStartCapture, "@24 capture=10"},
         {kItemEndCapture, "@45 capture=00 file="}, {kItemNew, "NEW\r\n@24"},
         {kItemListAll, "LIST ALL\r\n@45"}, {kItemOptionList, "OPTION LIST\r\n@24"},
         {kItemFiles, "FILES\r\n@24"}, {kItemRun, "RUN\r\n@24"},
         {kItemSetTime, "Date$ = \"04/03/2026\"\r\nTime$ = \"05:06:07\"\r\n@24"},
         {kItemSetRtc, "RTC SETTIME 26,03,04,05,06,07\r\n@24"},
-        {kItemAutosaveCode, "\3NEW\r\n@24 line=|Uploading using:  |Upload started|***TIMEOUT*** source=old ms=4380"},
+        {kItemAutosaveCode, "\3NEW\r\n@24 line=|||Uploading using:  |Upload started|***TIMEOUT*** source=old ms=4380"},
         {kItemSendListing, "LIST ALL\r\n@45 capture=11"}, {kShortcutLineEnding, "\r\n@45"},
         {kShortcutAddressReturn, "@45 address=ab:3001"}, {kShortcutHistoryPrevious, "@45 bar=b"},
         {kShortcutHistoryNext, "@45 bar="}, {kShortcutCommandReturn, "\r@45"},
@@ -195,24 +198,17 @@ TEST_F(Routes, OfMenuItemsAndShortcuts) {
     // clang-format on
     answer = "90 x 30";
     LinkSettingsForTable().tcpAddress = "a\r\nb";
-    for (const auto& [item, outcome] : menuRows)
-        EXPECT_EQ(After(kEventMenu, item), outcome) << item;
-}
-
-// The two routes that ask for the terminal's focus, and the one that asks for no focus on
-// the command bar.
-TEST_F(Routes, ThatDependOnTheFocus) {
     const auto at = [this](int focus, int item) {
-        FocusGadget(focus);
-        SetClipboardText("old");
-        PostInterfaceEvent(kEventMenu, kMainWindow, item, 0);
-        Drain();
-        return device.Read() + ClipboardText().toStdString();
+        return Effect([=] { Raise(kEventMenu, item); }, focus);
     };
-    EXPECT_EQ(at(kTerminalCanvas, kShortcutCtrlC), "\3old");
-    EXPECT_EQ(at(kTerminalCanvas, kShortcutCtrlZ), "\x1aold");
-    EXPECT_EQ(at(kTerminalCanvas, kShortcutAltC), "");
-    EXPECT_EQ(at(kCommandEntry, kShortcutAltC), "old");
+    EXPECT_EQ(at(kTerminalCanvas, kShortcutCtrlC), "\3@24 ms=120");
+    EXPECT_EQ(at(kTerminalCanvas, kShortcutCtrlZ), "\x1a@24 ms=120");
+    EXPECT_EQ(at(kTerminalCanvas, kShortcutAltC), "@24 clip=");
+    EXPECT_EQ(at(kCommandEntry, kShortcutAltC), "@53");
+    for (const auto& [item, outcome] : menuRows) {
+        if (item == kItemClearScreen) TerminalFeed("\x1b[41m");
+        EXPECT_EQ(After(kEventMenu, item), outcome) << item;
+    }
 }
 
 TEST_F(Routes, OfEventsAndTimers) {
@@ -232,11 +228,24 @@ TEST_F(Routes, OfEventsAndTimers) {
     EXPECT_EQ(step(kEventTimer), "@45 line=|started");
     EXPECT_EQ(WaitForEvent(300), kNoEvent);  // once
     EXPECT_EQ(step(kEventTimer, "b.UF2"), "@45 line=|started|b.UF2|port not set");
+    const auto polled = [this](const std::string& text) {
+        device.Write(text);
+        return After(kEventTimer, kPollTimer);
+    };
+    EXPECT_EQ(polled("lost"), "@45");
     SetQuietTerminal(false);
-    device.Write("polled");
-    EXPECT_EQ(After(kEventTimer, kPollTimer), "@45 line=|polled");
-    device.Write("\x1b[2;3H\x1b[6n\x1b[7;5H\x1b[6n");
-    EXPECT_EQ(After(kEventTimer, kPollTimer), "\x1b[7;5R@45");  // of the block, the last
+    EXPECT_EQ(polled("\r\n>"), "@45 line=||>");
+    // The poll stands aside for a dialogue, a step of the queue and the workers.
+    void (*const bars[])(bool) = {SetPollingSuspended, SetQueueBusy,
+                                  [](bool on) { JobOf(Direction::kSend).thread.started = on; },
+                                  [](bool on) { JobOf(Direction::kReceive).thread.started = on; }};
+    for (const auto bar : bars) {
+        bar(true);
+        EXPECT_EQ(polled("waits."), "@45");
+        bar(false);
+        EXPECT_EQ(polled(""), "@45 line=waits.");
+    }
+    EXPECT_EQ(polled("\x1b[2;3H\x1b[6n\x1b[7;5H\x1b[6n"), "\x1b[7;5R@45");  // the last of a block
     EXPECT_EQ(After(kEventCloseWindow, 0, 0, kHelpWindow), "@45");
     EXPECT_EQ(After(kEventCloseWindow, 0), "@45 exit=1");
     EXPECT_TRUE(WindowIsOpen(kMainWindow));
@@ -330,23 +339,19 @@ TEST_F(Routes, OfDrops) {
     QMimeData text, files;
     text.setText("A");
     files.setUrls({QUrl::fromLocalFile("/none/a.uf2")});
-    const auto lines = [&](int gadget, const QMimeData& data) {
-        ClearTerminal(kTerminalCanvas);
-        Drop(gadget < 0 ? WidgetOfWindow(kMainWindow) : WidgetOfGadget(gadget), data);
-        Drain();
-        return GetTerminalText(TextPart::kVisible).split("\r\n").mid(0, 2).join("|").toStdString();
+    const auto dropped = [this](QWidget* target, const QMimeData& data) {
+        return Effect([&] { Drop(target, data); });
     };
-    const std::string file = "|Processing file: /none/a.uf2 ";  // behind the prompt
-    EXPECT_EQ(lines(-1, files), file);
-    EXPECT_EQ(lines(kTerminalCanvas, files), file);
-    FocusGadget(kNicknameEntry);
-    EXPECT_EQ(lines(kTerminalCanvas, text), "Drop text |Uploading using:   ");
-    EXPECT_TRUE(uploadSource.pasteSource);
-    EXPECT_EQ(FocusedGadget(), kTerminalCanvas);
-    FocusGadget(kNicknameEntry);
-    text.setText("'encode\nA");  // of no file: nothing is done
-    lines(kTerminalCanvas, text);
-    EXPECT_EQ(FocusedGadget(), kTerminalCanvas);
+    QWidget* const terminal = WidgetOfGadget(kTerminalCanvas);
+    const std::string file = "|Processing file: /none/a.uf2|Firmware update|port not set ms=2240";
+    EXPECT_EQ(dropped(WidgetOfWindow(kMainWindow), files), "\r\r@45 line=|" + file);
+    EXPECT_EQ(dropped(terminal, files), "\r\r@45 line=||" + file);
+    EXPECT_EQ(dropped(terminal, text),
+              "\3NEW\r\n@24 line=||Drop text|Uploading using:  |Upload started|***TIMEOUT*** "
+              "source=A ms=4380");
+    text.setText("'encode");  // of no file: nothing is done
+    EXPECT_EQ(dropped(terminal, text),
+              "@24 line=|Drop text|No file to write beside: nothing was encoded. source='encode");
 }
 
 }  // namespace

@@ -82,12 +82,14 @@ TEST_F(ServerChunkThreads, EveryByteReachesASlowDevice) {
     for (const bool overTcp : {false, true}) {
         FarEnd slow(overTcp);
         LocalClient client(linkSettings.dataPort);
-        client.Write(bytes);
-        ASSERT_TRUE(Until([] { return LinkRoom() == 0; }));
+        size_t written = 0;
+        std::string arrived;
+        const auto write = [&] { written += client.Write(bytes.substr(written)); };
+        ASSERT_TRUE(Until([&] { return write(), LinkRoom() == 0; }));
         for (int event; (event = WaitForEvent(100)) != kNoEvent;)
             DispatchEvent(event, EventWindow());
-        std::string arrived;
-        ASSERT_TRUE(Until([&] { return (arrived += slow.Read()).size() >= bytes.size(); }));
+        ASSERT_TRUE(
+            Until([&] { return write(), (arrived += slow.Read()).size() >= bytes.size(); }));
         EXPECT_EQ(arrived, bytes);
     }
 }
