@@ -2,27 +2,22 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <pthread.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <utility>
 
 int AboveStandardStreams(int fd) {
     if (fd < 0) return 0;
-    if (fd >= kLowestLinkDescriptor) return fd;
     const int above = fcntl(fd, F_DUPFD_CLOEXEC, kLowestLinkDescriptor);
     close(fd);
-    return above < 0 ? 0 : above;
+    return std::max(above, 0);
 }
 
-// close(2) is a place where a thread can be cancelled, and a destructor is none.
 OpenDescriptor::~OpenDescriptor() {
-    int before = 0;
-    pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &before);
     close(fd);
-    pthread_setcancelstate(before, nullptr);
 }
 
 SharedDescriptor::operator int() const {

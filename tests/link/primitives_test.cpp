@@ -1,15 +1,10 @@
-// Bytes out and in, and the waits for a reply, at their step boundaries on the virtual
-// clock; the device is the far end of a socket pair.
-#include <gtest/gtest.h>
-
+// Bytes out and in, the waits for a reply at their step boundaries, and the listing's way to
+// the editor, on the virtual clock; the device is the far end of a socket pair.
+#include <climits>
+#include <map>
 #include <thread>
 
-#include "base/LineEnding.h"
-#include "link/LinkPrimitives.h"
-#include "link/LinkSettings.h"
-#include "terminal/screen/Capture.h"
-#include "tests/support/FarEnd.h"
-#include "tests/support/VirtualClock.h"
+#include "tests/link/link_rig.h"
 
 namespace {
 
@@ -19,25 +14,22 @@ void UseBlocksOf(int size) {
 }
 
 TEST(Primitives, BytesOverBothTransports) {
-    VirtualClock clock;
     char block[6] = "-----";
     for (const bool overTcp : {false, true}) {
         SetDeviceOnTcpip(overTcp);
         EXPECT_EQ(SendText(""), 0);
-        EXPECT_EQ(SendText("x"), -1);
-        EXPECT_EQ(SendByte(0), -1);
-        EXPECT_EQ(ReceiveBytes(block, 5), -1);
-        EXPECT_EQ(SendAndWait("x", kWaitForLine), "***TIMEOUT***");
+        EXPECT_EQ(SendText("x") + SendByte(0) + ReceiveBytes(block, 5), -3);
+        EXPECT_EQ(LinkRoom(), INT_MAX);
         FarEnd device(overTcp);
+        EXPECT_EQ(LinkRoom(), overTcp ? INT_MAX : 2048);
         EXPECT_EQ(SendBytes("a\0b", 3), 3);
         for (const int value : {256, 255, 0, -7}) EXPECT_EQ(SendByte(value), value > 0) << value;
         EXPECT_EQ(device.Read(), std::string("a\0b\0\xFF", 5));
         EXPECT_EQ(ReceiveBytes(block, 5), 0);
         device.Write("1234");
-        for (const int none : {0, -1}) EXPECT_EQ(ReceiveBytes(block, none), 0);
-        EXPECT_EQ(ReceiveBytes(block, 3), 3);
-        EXPECT_EQ(ReceiveBytes(block, 5), 1);
-        EXPECT_EQ(std::string(block, 3), "423");
+        for (const auto& [most, count] : {std::pair(0, 0), {-1, 0}, {3, 3}, {5, 1}})
+            EXPECT_EQ(ReceiveBytes(block, most), count) << most;
+        EXPECT_STREQ(block, "423--");
         SetDeviceOnTcpip(!overTcp);  // a link on the other transport
         EXPECT_EQ(SendByte(0), 0);
         EXPECT_EQ(SendByte('a'), -1);
@@ -49,7 +41,10 @@ TEST(Primitives, BytesOverBothTransports) {
 }
 
 TEST(Primitives, TextOut) {
-    UseBlocksOf(2048);
+    for (const auto& [asked, size] : {std::pair(65537, 65536), {2047, 2048}}) {
+        UseBlocksOf(asked);
+        EXPECT_EQ(LinkBufferSize(), size);
+    }
     FarEnd device;
     std::string bytes;
     for (int unit = 0; unit < 256; ++unit) bytes += static_cast<char>(unit);
@@ -67,70 +62,45 @@ TEST(Primitives, TextOut) {
     // What the kernel does not take is lost.
     const int64_t taken = SendText(QString(4 << 20, 'x'));
     EXPECT_LT(taken, 4 << 20);
-    EXPECT_EQ(SendText("lost"), 0);
+    EXPECT_EQ(SendText("lost") + LinkRoom(), 0);
     EXPECT_EQ(device.Read(), std::string(taken, 'x'));
 }
 
-TEST(Waits, TerminatorAtTheStepBoundaries) {
-    // When the terminator comes, when the wait ends, in milliseconds, and whether in time.
-    const struct {
-        int at, end;
-        bool good;
-    } cases[] = {{20, 20, true},
-                 {21, 40, true},
-                 {3980, 3980, true},
-                 {3981, 4000, false},
-                 {4021, 4020, false}};
-    for (const int64_t delay : {kWaitForLine, kWaitForPrompt, int64_t{-99}}) {
-        const std::string other = delay == kWaitForLine ? "ok> " : "ok\r\n";
-        const std::string terminator = delay == kWaitForLine ? "\n" : ">";
-        for (const auto& each : cases) {
-            VirtualClock clock;
-            FarEnd device(delay == kWaitForLine);
-            device.Write(other);
-            clock.onTick = [&](int64_t now) {
-                if (now == each.at) device.Write(terminator);
-            };
-            EXPECT_EQ(SendAndWait("NEW", delay).toStdString(),
-                      each.good ? other + terminator : "***TIMEOUT***");
-            EXPECT_EQ(clock.Now(), each.end) << delay << " " << each.at;
-            EXPECT_EQ(device.Read(), "NEW");
-        }
-    }
+// What a wait gives, and the milliseconds that it took, when these bytes come at these times.
+QString Wait(int64_t delay, const std::map<int, std::string>& comes, bool overTcp = false) {
+    VirtualClock clock;
+    FarEnd device(overTcp);
+    clock.onTick = [&](int64_t now) {
+        if (comes.count(int(now))) device.Write(comes.at(int(now)));
+    };
+    const QString reply = SendAndWait("NEW", delay);
+    EXPECT_EQ(device.Read(), "NEW");
+    return reply + '|' + QString::number(clock.Now());
 }
 
-TEST(Waits, FixedWaitReadsOnce) {
-    VirtualClock clock;
-    FarEnd device;
+TEST(Waits, StepsTerminatorsAndWhatOneReadHolds) {
+    const QString late = "***TIMEOUT***";
     LinkSettingsForTable().lineDelay = 150;
-    clock.onTick = [&](int64_t now) {
-        if (now == 100 || now == 101) device.Write("a");
-    };
-    EXPECT_EQ(SendAndWait("", 100), "a");
-    EXPECT_EQ(SendAndWait("", 0), "a");
-    EXPECT_EQ(SendAndWait("q", 30), "");
-    LinkSettingsForTable().lineDelay = 0;  // makes a delay of 0 a wait for the prompt
-    device.Write("echo\n>");
-    EXPECT_EQ(SendAndWait("", 0), "echo\n>");
-    EXPECT_EQ(clock.Now(), 100 + 150 + 30 + 20);
-}
-
-TEST(Waits, WhatOneReadHolds) {
-    VirtualClock clock;
-    FarEnd device;
+    for (const bool overTcp : {false, true}) {
+        EXPECT_EQ(Wait(kWaitForLine, {{1, "ok> "}, {20, "\n"}}, overTcp), "ok> \n|20");
+        EXPECT_EQ(Wait(kWaitForLine, {{21, "\n>"}, {41, "x"}}, overTcp), "\n>|40");
+    }
+    EXPECT_EQ(Wait(kWaitForPrompt, {{1, "ok\r\n"}, {3980, ">"}}), "ok\r\n>|3980");
+    EXPECT_EQ(Wait(kWaitForPrompt, {{3981, ">"}}), late + "|4000");
+    EXPECT_EQ(Wait(-99, {{1, "ok\r\n"}, {4021, ">"}}), late + "|4020");
+    EXPECT_EQ(Wait(100, {{100, "a"}, {101, "b"}}), "a|100");
+    EXPECT_EQ(Wait(0, {{150, "a"}}), "a|150");
+    EXPECT_EQ(Wait(30, {}), "|30");
     // 8-bit characters, and nothing behind a 0 byte of the same read.
-    device.Write(std::string("\x80\xFFz\0lost>", 9));
-    clock.onTick = [&](int64_t now) {
-        if (now == 50) device.Write("more>");
-    };
-    EXPECT_EQ(SendAndWait("", kWaitForPrompt), QString(QChar(0x80)) + QChar(0xFF) + "zmore>");
+    EXPECT_EQ(Wait(kWaitForPrompt, {{1, std::string("\x80\xFFz\0lost>", 9)}, {50, "more>"}}),
+              QString::fromLatin1("\x80\xFFzmore>|60"));
     // At most 5120 bytes, and no more than the block holds.
     for (const int size : {65536, 2048}) {
         UseBlocksOf(size);
-        device.Write(std::string(6000, 'r'));
-        EXPECT_EQ(SendAndWait("", 1).size(), std::min(size, 5120));
-        EXPECT_EQ(SendAndWait("", kWaitForLine), kTimeout);  // and takes the rest
+        EXPECT_EQ(Wait(1, {{1, std::string(6000, 'r')}}).size(), std::min(size, 5120) + 2);
     }
+    LinkSettingsForTable().lineDelay = 0;  // makes a delay of 0 a wait for the prompt
+    EXPECT_EQ(Wait(0, {{1, "echo\n>"}}), "echo\n>|20");
 }
 
 TEST(CommandLine, CutsTwoLineEndCharactersAndPrints) {
@@ -151,16 +121,51 @@ TEST(CommandLine, CutsTwoLineEndCharactersAndPrints) {
 // key typed while a worker stages its command must not end up inside it.
 TEST(Threads, AWorkerOnALinkThatIsClosed) {
     FarEnd device(true);
-    std::atomic<int64_t> sent{0};
     const uint8_t* const staging = TxBuffer();
     std::thread worker([&] {
         EXPECT_NE(TxBuffer(), staging);
-        for (int64_t n = 1; n > 0; sent += n) n = SendBytes(TxBuffer(), LinkBufferSize());
+        while (SendBytes(TxBuffer(), LinkBufferSize()) > 0) {
+        }
     });
-    while (sent < 65536) std::this_thread::yield();
+    while (LinkRoom() > 0) std::this_thread::yield();
     AdoptTcpLink(0);
     worker.join();
     EXPECT_EQ(SendByte('x'), -1);
+}
+
+TEST(SendListing, CutsTheEchoAndTellsAnEditorThatRuns) {
+    VirtualClock clock;
+    FarEnd device;
+    int& port = LinkSettingsForTable().editorPort;
+    const int editor = ListenLocally(port);
+    for (const auto& [captured, listing] : {std::pair<QString, QString>  //
+                                            {"LIST ALL\r\n10 PRINT\r\n> ", "10 PRINT\r\n> "},
+                                            {"LIST ALL\r\r\n10>", "\n10>"},
+                                            {"LIST ALL10 PRINT\r\n>", "0 PRINT\r\n>"},
+                                            {"ALL\r\n>", ""}}) {
+        RequestListing();
+        EXPECT_EQ(device.Read(), "LIST ALL\r\n");
+        const int end = captured.indexOf('>');
+        TerminalFeed(captured.left(end));
+        FinishSendListing();  // not all has come: nothing is done
+        TerminalFeed(captured.mid(end));
+        const int64_t before = clock.Now();
+        FinishSendListing();
+        EXPECT_EQ(clock.Now() - before, 20);
+        EXPECT_EQ(ClipboardText(), listing);
+        const int session = accept(editor, nullptr, nullptr);
+        char bytes[32] = "";
+        EXPECT_EQ(recv(session, bytes, sizeof bytes, MSG_WAITALL), 8);  // closed behind it
+        EXPECT_STREQ(bytes, "/paste \r");
+        close(session);
+        FinishSendListing();  // once
+        CaptureText("later");
+        EXPECT_EQ(TakeCapture(), listing + "later");  // capture stays on, the listing in it
+    }
+    close(editor);
+    SetListingState(kListingComplete);
+    FinishSendListing();  // nobody listens: nothing is said
+    EXPECT_EQ(TakeCapture(), "");
 }
 
 }  // namespace

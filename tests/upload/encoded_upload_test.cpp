@@ -1,25 +1,17 @@
-#include <QDir>
-
 #include "encoding/EncodedSource.h"
 #include "tests/support/MemoryScan.h"
-#include "tests/support/ScratchFolder.h"
 #include "tests/upload/upload_bench.h"
-#include "ui/windows/Dialogs.h"
-#include "upload/LoadPath.h"
-#include "upload/UploadProgram.h"
 
 namespace {
 
 class EncodedUpload : public UploadBench {
   protected:
     ScratchFolder folder;
-    FarEnd line;
     DialogAnswers answers;
     static QStringList typed;  // what the user types into the next dialogs
     static QStringList asked;
 
     EncodedUpload() {
-        Serve(line);
         asked.clear();
         answers.secret = [](const QString& title, const QString& prompt) {
             asked += title + '|' + prompt;

@@ -1,22 +1,14 @@
 #include <QTemporaryFile>
 
-#include "tests/support/StartState.h"
 #include "tests/upload/upload_bench.h"
-#include "upload/DeviceFamily.h"
-#include "upload/FlashSlotUpload.h"
 
 namespace {
-
-const bool startState = KeepStartState(PutBackUpload);
 
 int64_t listedAt;
 
 class FlashSlot : public UploadBench {
   protected:
-    FarEnd line;
-
     FlashSlot() {
-        Serve(line);
         AddDefaultFamilies();
         SetAfterFlashUpload([] { listedAt = linkStatus.quietTerminal ? -1 : NowMs(); });
     }
@@ -47,7 +39,7 @@ TEST_F(FlashSlot, TypesTheFileAndOverwritesTheSlot) {
     };
     EXPECT_EQ(Upload("PicoMite", "'kwedit!!!\r\n  'echo X  \r\n'nap 9\rB", 2),
               "5220|autosave^  'echo X  ^'nap 9^B^\x1a^FLASH OVERWRITE 2^\r\r");
-    EXPECT_EQ(notice, "Transfering now");
+    EXPECT_EQ(notice + GadgetText(kProgressText), "Transfering now 1/3");
     EXPECT_TRUE(Printed().contains("autosave|>|Upload completed 1|Saved 9 bytes"));
     received.clear();
     FlashSlotUpload("", 2);  // what was read went out once
@@ -69,6 +61,8 @@ TEST_F(FlashSlot, TypesTheFileAndOverwritesTheSlot) {
     answer = [](char) { return std::string(); };
     EXPECT_EQ(Upload("picomite", "A", 1), "53180|autosave^A^\x1a^FLASH OVERWRITE 1^\r\r");
     EXPECT_TRUE(Printed().contains("Upload completed 201"));
+    const QString row = "a|b|c|1|2|3|d|4|5|6|7";
+    EXPECT_EQ(FormatFamilyRow(ParseFamilyRow(row)), row);
 }
 
 }  // namespace

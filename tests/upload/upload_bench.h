@@ -4,27 +4,26 @@
 
 #include <gtest/gtest.h>
 
-#include <QStringList>
+#include <QDir>
 #include <deque>
+#include <optional>
 
-#include "base/LineEnding.h"
-#include "base/Numbers.h"
-#include "link/LinkPrimitives.h"
-#include "link/LinkSettings.h"
-#include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSizing.h"
-#include "tests/support/FarEnd.h"
-#include "tests/support/VirtualClock.h"
+#include "terminal/screen/TerminalText.h"
+#include "tests/support/BoardOnLine.h"
+#include "tests/support/ScratchFolder.h"
+#include "tests/support/StartState.h"
 #include "ui/gadgets/CanvasGadget.h"
-#include "ui/gadgets/Gadgets.h"
 #include "ui/gadgets/TextEntryGadget.h"
+#include "ui/windows/Dialogs.h"
 #include "ui/windows/Windows.h"
-#include "upload/UploadOptions.h"
+#include "upload/LoadPath.h"
 #include "upload/UploadProgram.h"
 
 class UploadBench : public testing::Test {
   protected:
     VirtualClock clock;
+    std::optional<FarEnd> line{std::in_place};
     std::string received;
     std::function<std::string(char byte)> answer = Echo;
     std::function<void()> onTick = [] {};
@@ -32,7 +31,6 @@ class UploadBench : public testing::Test {
     std::deque<std::pair<int64_t, std::string>> pending;
 
     UploadBench() {
-        AllocateLinkBuffers();
         OpenNumberedWindow(kMainWindow, 0, 0, 900, 700, "Test", kStandardWindowFlags);
         for (int gadget : {kPortCombo, kSpeedCombo, kFamilyCombo, kAddressEntry, kSpecEntry,
                            kProgressText, kSaveMacroButton}) {
@@ -40,19 +38,14 @@ class UploadBench : public testing::Test {
         }
         CanvasGadget(kTerminalCanvas, 0, 30, 800, 600, kCanvasKeyboard);
         SetUpTerminal();
-    }
-    ~UploadBench() override { FreeLinkBuffers(); }
-
-    void Serve(FarEnd& line) {
-        clock.onTick = [this, &line](int64_t now) {
-            for (char byte : line.Read()) {
+        clock.onTick = [this](int64_t now) {
+            for (char byte : line->Read()) {
                 received += byte;
                 const std::string text = answer(byte);  // may set the delay
                 pending.push_back({now + delay, text});
             }
-            for (; !pending.empty() && pending.front().first <= now; pending.pop_front()) {
-                line.Write(pending.front().second);
-            }
+            for (; !pending.empty() && pending.front().first <= now; pending.pop_front())
+                line->Write(pending.front().second);
             onTick();
         };
     }
@@ -84,13 +77,8 @@ class UploadBench : public testing::Test {
 
     // The last `count` lines of the terminal that hold anything, joined by "|".
     static QString Printed(int count = 999) {
-        QStringList lines;
-        for (int i = 1; i < TerminalLineCount(); ++i) {
-            QString line;
-            for (const TerminalCell& cell : TerminalLineAt(i)->cells) line += QChar(cell.ch);
-            line = line.replace(QChar(0), ' ').trimmed();
-            if (!line.isEmpty()) lines += line;
-        }
+        const QString text = GetTerminalText(TextPart::kAll).trimmed();
+        const QStringList lines = text.split(QRegExp("\\s*[\r\n]+\\s*"));
         return QStringList(lines.mid(std::max(0, lines.size() - count))).join('|');
     }
 };

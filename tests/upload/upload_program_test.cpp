@@ -1,8 +1,8 @@
 #include "tests/upload/upload_bench.h"
-#include "ui/windows/Dialogs.h"
-#include "upload/UploadProgram.h"
 
 namespace {
+
+const bool startState = KeepStartState(PutBackUpload);
 
 // Waits of an upload with the default settings, in milliseconds.
 constexpr int kStep = 20;  // of a wait for an echo or a prompt
@@ -10,13 +10,10 @@ constexpr int kBreak = 3 * 120;
 constexpr int kClose = 10 * 120;
 constexpr int kRun = 1500 + 20 * 120;
 
-class Upload : public UploadBench {
-  protected:
-    FarEnd line;
-    Upload() { Serve(line); }
-};
+using Upload = UploadBench;
 
-// Each "^" is a line ending, and stands for one wait for an echo or a prompt, but for RUN's.
+// The family in force and what goes out. Each "^" is a line ending, and stands for one wait for
+// an echo or a prompt, but for RUN's; "@" is one within a line, and "#" the link's end.
 struct UploadRow {
     const char* field;
     const char* source;
@@ -25,35 +22,65 @@ struct UploadRow {
 
 // clang-format off
 const UploadRow uploadRows[] = {
-    {"s\\maximite", "A\r\n  B\" \"  ", "\3NEW^AUTO^A^B\" \"^\3RUN^"},
-    {"s\\micromite", "A", "\3NEW^AUTOSAVE^A^\x1aRUN^"}, {"s\\vgamite", "A\n\n", "\3NEW^AUTOSAVE^A^^\x1aRUN^"},
-    {"s\\picomite norun", "A", "\3NEW^AUTOSAVE^A^\x1a"}, {"s\\pi", "\tB \t", "\3NEW^AUTOSAVE^\tB \t^\3RUN^"},
-    {"s\\cmm2 nonew", "A", "\3AUTOSAVE \"temp.bas\"^A^\x1b[12~"}, {"s\\command", "A", "\3^A^"},
-    {"s\\cmm2 norun", "A", "\3NEW^AUTOSAVE \"temp.bas\"^A^\x1b[11~"},
-    {"s\\pico settime setrtc nonew norun", "A", "\3date$ = \"04/03/2026\": time$ = \"05:06:35\"^"
-                                        "RTC SETTIME 2026, 03, 04, 05, 06, 35^AUTOSAVE^A^\x1a"},
-    {"le\\cr norun", "A\n\nB", "\3NEW^AUTOSAVE^A^^B^\x1a"},
+    {"SetTime setRTC NORUN nonew\\ discon\\x dev\\y zz", "A", "|\3date$ = \"04/03/2026\": "
+     "time$ = \"05:06:07\"^RTC SETTIME 2026, 03, 04, 05, 06, 07^AUTOSAVE^A^\x1a#"},
+    {"s\\cmm2", "' onload settime nonew vgamite\n'ONLOAD\nA", "micromite|\3date$ = \"04/03/2026\": "
+     "time$ = \"05:06:09\"^AUTOSAVE^A^\x1aRUN^#"},
+    {"s", "A\r\n  B\" \"  ", "|\3NEW^AUTOSAVE^A^B\" \"^\x1aRUN^"},
+    {"'target s\\micromite", "A", "micromite|\3NEW^AUTOSAVE^A^\x1aRUN^"},
+    {"' target syn\\vgamite", "A\n\n", "vgamite|\3NEW^AUTOSAVE^A^^\x1aRUN^"},
+    {"S\\Maximite", "A\n'target s\\pico", "maximite|\3NEW^AUTO^A^'target s\\pico^\3RUN^"},
+    {"A 'target s\\pi", "\tB \t", "pi-cromite|\3NEW^AUTOSAVE^\tB \t^\3RUN^"},
+    {"s\\pi-cromite", "A", "pi-cromite|\3NEW^AUTOSAVE^A^\3RUN^"},
+    {"s\\pico file\\A 'norun", "A", "picomite|\3NEW^AUTOSAVE^A^\x1aRUN^"},
+    {"' target s\\cmd 'target nonew", "A", "command|\3^A^"},
+    {"s\\command s\\picomite", "A", "picomite|\3AUTOSAVE^A^\x1a"},
+    {"s\\cmm2 s\\x+", "A", "x+|\3NEW^AUTOSAVE \"p.bas\"^A^\x1b[12~"},
+    {"s\\cmm2 norun", "A", "cmm2|\3NEW^AUTOSAVE \"p.bas\"^A^\x1b[11~"},
+    {"norun s\\cmm2 file\\no", "A", "cmm2|\3NEW^AUTOSAVE \"p.bas\"^A^\x1b[12~"},
+    {"s\\cmm2 FILE\\", "A", "cmm2|\3NEW^AUTOSAVE \"\"^A^\x1b[12~"},
+    {"s\\cmm2 file\\A.b\\x", "A", "cmm2|\3NEW^AUTOSAVE \"A.b\"^A^\x1b[12~"},
+    {"file\\A.bas s\\cmm2", "A", "cmm2|\3NEW^AUTOSAVE \"p.bas\"^A^\x1b[12~"},
+    {"norun        nonew", "A", "|\3AUTOSAVE^A^\x1a"}, {"norun         nonew", "A", "|\3NEW^AUTOSAVE^A^\x1a"},
     // The line of the source decides, goes out itself, and brings one empty line more.
-    {"s\\maximite", "'target le\\crlf nonew norun\nA\n", "\3AUTOSAVE^'target le\\crlf nonew norun^A^^\x1a"},
-    {"s\\maximite", "A\n'target s\\pico", "\3NEW^AUTO^A^'target s\\pico^\3RUN^"},
-    {"nonew norun", "'kwedit!!!\n'KWEDIT!!!\nA", "\3AUTOSAVE^A^\x1a"},
+    {"s\\maximite", "'target le\\crlf nonew norun\nA\n", "|\3AUTOSAVE^'target le\\crlf nonew norun^A^^\x1a"},
+    {"nonew norun", "'kwedit!!!\n'KWEDIT!!!\nA", "|\3AUTOSAVE^A^\x1a"},
     // The field crunches nothing. A crunched line keeps its CR, and under CR it is one line.
-    {"crunch norun", "A  B 'x", "\3NEW^AUTOSAVE^A  B 'x^\x1a"},
-    {"", "'target crunch norun\n\n A  B 'x\nC", "\3NEW^AUTOSAVE^A B\r^C\r^\x1a"},
-    {"le\\cr", "A", "\3NEW^AUTOSAVE^A^\x1aRUN^"}, {"", "'target crunch\nA 'x\nB", "\3NEW^AUTOSAVE^A@B@^\x1aRUN^"},
+    {"crunch norun", "A  B 'x", "|\3NEW^AUTOSAVE^A  B 'x^\x1a"},
+    {"", "'target CRUNCH norun\n\n A  B 'x\nC", "|\3NEW^AUTOSAVE^A B\r^C\r^\x1a"},
+    {"", "'target le\\cr crunch norun le\\crlf\nA\nB", "|\3NEW^AUTOSAVE^A\rB\r^\x1a"},
+    {"", "'target le\\cr crunch\nA 'x\nB", "|\3NEW^AUTOSAVE^A@B@^\x1aRUN^"},
     // Directives in the body; families other than command get most of them as text.
-    {"le\\crlf norun", "'ECHO x\n'nap 3\n'NAP\n'reconnect\n'echoes", "\3NEW^AUTOSAVE^'nap 3^'NAP^'reconnect^\x1a"},
+    {"le\\crlf norun", "'ECHO x\n'nap 3\n'NAP\n'reconnect\n'echoes", "|\3NEW^AUTOSAVE^'nap 3^'NAP^'reconnect^\x1a"},
+    // The older form is not sent wherever it stands, and ends with the link.
+    {"", " '\t onload maximite\nA", "maximite|\3NEW^AUTO^'\t onload maximite^A^\3RUN^#"},
+    {"", "'onload PI-cromite norunning\tsettime\nA", "pi-cromite|\3NEW^AUTOSAVE^A^\3#"},
+    {"", "'onload picomite command micromite\nA", "picomite|\3AUTOSAVE^A^\x1a#"},
+    {"", "'onload cmm2 maximite\nA", "cmm2|\3NEW^AUTOSAVE \"temp.bas\"^A^\x1b[12~#"},
+    {"", "'onload norun cmm2 file/*\nA", "cmm2|\3NEW^AUTOSAVE \"p.bas\"^A^\x1b[11~#"},
+    {"", "'onload file\\b.bas cmm2 crunch\nA 'x", "cmm2|\3NEW^AUTOSAVE \"b.bas\"^A\r^\x1b[12~#"},
 };
 // clang-format on
 
 TEST_F(Upload, SendsTheBytesInThePrescribedTime) {
+    SetCurrentFile("/home/me/p.bas");
     for (const UploadRow& row : uploadRows) {
-        const QString sent = row.sent;
+        const QString sent = QString(row.sent).section('|', 1).remove('#');
         const bool run = sent.endsWith("RUN^");
         const int time = kBreak + (sent.count('^') - run) * kStep + kClose + (run ? kRun : 0);
-        EXPECT_EQ(Send(row.field, row.source),
-                  QString::number(time) + '|' + QString(sent).replace('@', '^'));
+        line.emplace();
+        PutBack(uploadOptions);
+        const QString took =
+            Send(row.field, row.source).replace('|', '|' + uploadOptions.familyName + '|');
+        EXPECT_EQ(took + (SerialLinkIsOpen() ? "" : "#"),
+                  QString::number(time) + '|' + QString(row.sent).replace('@', '^'))
+            << row.field << row.source;
     }
+    line.emplace();
+    SetCurrentFile("");
+    EXPECT_EQ(Send("s\\cmm2 nonew", "A"), "1600|\3AUTOSAVE \"temp.bas\"^A^\x1b[12~");
+    EXPECT_EQ(Send("norun", "A"), "1620|\3NEW^AUTOSAVE^A^\x1b[11~");  // the family stays
+    EXPECT_EQ(GadgetText(kFamilyCombo), "cmm2");
     // Three, two, two, two and no seconds; nothing is closed, so nothing is completed.
     const QString naps = "'nap 3\n'NAP\n'nap 0\n'nap x\n'nap -9\n'napping";
     EXPECT_EQ(Send("s\\cmd le\\cr", naps, 1), "10600|\3^'napping^Nap");
@@ -61,12 +88,11 @@ TEST_F(Upload, SendsTheBytesInThePrescribedTime) {
     UploadSettingsForTable().autosaveEndDelay = 7;
     SetOverrideFileSettings(true);
     EXPECT_EQ(Send("s\\pi", "'target s\\cmm2"), "3367|\3NEW^AUTOSAVE^'target s\\cmm2^\3RUN^");
-    // The older form is obeyed all the same, starts afresh, is not sent wherever it stands,
-    // and ends with the link.
+    // The older form is obeyed all the same, and starts afresh.
     Send("s\\pi settime setrtc nonew", "A");
-    EXPECT_EQ(Send("s\\cmm2", "  'onload norun\n'ONLOAD\n' onload x\n'KWEDIT!!!\nA", 2),
-              "1380|\3NEW^AUTOSAVE^'KWEDIT!!!^A^\x1a"
-              "Disconnected|Disconnected.");
+    EXPECT_EQ(Send("s\\cmm2", "'onload COM3:38\nA\n'KWEDIT!!!", 2),
+              "3387|\3NEW^AUTOSAVE^A^'KWEDIT!!!^\x1aRUN^Disconnected|Disconnected.");
+    EXPECT_EQ(linkSettings.comPort + ':' + linkSettings.serialSpeed, "com3:38");
 }
 
 TEST_F(Upload, TellsEachStep) {
@@ -91,7 +117,7 @@ TEST_F(Upload, TellsEachStep) {
     EXPECT_EQ(Printed(1) + uploadSource.currentFile, "Set port number then try again");
 }
 
-TEST_F(Upload, SilenceAndAReconnect) {
+TEST_F(Upload, SilenceAReconnectAndALeave) {
     answer = [](char) { return std::string(); };
     EXPECT_EQ(Send("", "A", 1), "4380|\3NEW^***TIMEOUT***");
     LinkSettingsForTable().lineDelay = 0;  // makes the break wait for a prompt, too
@@ -100,21 +126,18 @@ TEST_F(Upload, SilenceAndAReconnect) {
     // Silence in the body: receive mode stays open and nothing more is said or sent.
     answer = [this](char byte) { return received.find('B') < 99 ? std::string() : Echo(byte); };
     EXPECT_EQ(Send("s\\pico nonew", "A\nB\nC", 2), "4420|\3AUTOSAVE^A^B^AUTOSAVE|>");
+    // The board gets its break and no more of the program.
+    onTick = [this] { RequestLeave(received.find('B') < 99); };
+    const QString sent = Send("s\\pico nonew", "A\nB\nC\nD", 1);
+    onTick = [] { RequestLeave(false); };
+    clock.Sleep(1);
+    EXPECT_EQ(sent + Received().right(2), "420|\3AUTOSAVE^A^B^Program upload aborted^\3");
     SetComPort("ttyNone");
     EXPECT_EQ(Send("s\\cmd", "A\n'Reconnect 4 com7:9600\nC"), "8420|\3^A^");  // C found no line
     EXPECT_EQ(linkSettings.comPort + ':' + linkSettings.serialSpeed, "ttyNone:9600");
     EXPECT_EQ(Printed(5),
               "Disconnected|Forced disconnect|Attempted reconnect|ttyNone failed!|"
               "Check port then try again");
-}
-
-// The board gets its break and no more of the program.
-TEST_F(Upload, AProgramThatIsToLeaveAborts) {
-    onTick = [this] { RequestLeave(received.find('B') < 99); };
-    const QString sent = Send("s\\pico nonew", "A\nB\nC\nD", 1);
-    onTick = [] { RequestLeave(false); };
-    clock.Sleep(1);
-    EXPECT_EQ(sent + Received().right(2), "420|\3AUTOSAVE^A^B^Program upload aborted^\3");
 }
 
 // What a locked board answers, after how many milliseconds, how many reads of 360 ms that
@@ -127,14 +150,19 @@ const std::tuple<const char*, int, int, bool> pinRows[] = {
     {"> ", 360 * 20 + 180, 22, false},  // nobody looks any more
 };
 
-TEST_F(Upload, PinDialogue) {
-    static QString typed;
-    typed = "12";
-    DialogAnswers answers;
+// Answers each text dialog by `typed`.
+QString typed;
+void TypePin() {
+    static DialogAnswers answers;
     answers.text = [](const QString& title, const QString& text, const QString&) {
         return title + text == "PIN required!Enter security PIN" ? typed : QString();
     };
     AnswerDialogs(&answers);
+}
+
+TEST_F(Upload, PinDialogue) {
+    typed = "12";
+    TypePin();
     for (const auto& [verdict, silence, steps, accepted] : pinRows) {
         int64_t newAt = 0;
         answer = [&, text = verdict, wait = silence](char byte) {
@@ -153,7 +181,35 @@ TEST_F(Upload, PinDialogue) {
     }
     typed.clear();
     EXPECT_EQ(Send("", "A", 1), "360|\3Aborting upload");
-    AnswerDialogs(nullptr);
+}
+
+// On the simulated boards the program stands in memory, or in its file, and runs.
+TEST_F(Upload, ArrivesAndRunsOnEachBoard) {
+    typed = "1234";
+    TypePin();
+    const std::tuple<const char*, const char*, int> boards[] = {
+        {"picomite", "s\\picomite", 0},
+        {"picomite-6.00", "s\\pico", 0},
+        {"picocalc", "s\\pico", 700},
+        {"armmite", "s\\micromite le\\lf", 0},
+        {"micromite+", "s\\micromite+ le\\cr", 0},
+        {"maximite", "s\\maximite", 0},
+        {"pi-cromite", "s\\pi le\\crlf", 0},
+        {"cmm2", "s\\cmm2 file\\sum.bas", 0}};
+    for (const auto& [name, field, delayMs] : boards) {
+        simulator::BoardSetup setup;
+        setup.pin = delayMs ? 0 : 1234;
+        setup.faults.delayMs = delayMs;
+        BoardOnLine board(name, clock, setup);
+        const QString printed = Send(
+            field,
+            "' A loop\r\nA = 0\r\nFOR I = 1 TO 4\r\n  A = A + I\r\nNEXT I\r\nPRINT \"sum\"; A\r\n",
+            4);
+        EXPECT_TRUE(printed.contains("sum 10")) << name << board.Sent();
+        std::string kept = board.Board().ProgramText();
+        if (kept.empty()) board.Board().ReadFile("sum.bas", &kept);
+        EXPECT_NE(kept.find("A = A + I"), std::string::npos) << name << ": " << kept;
+    }
 }
 
 }  // namespace
