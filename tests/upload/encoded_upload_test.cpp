@@ -7,19 +7,6 @@ namespace {
 class EncodedUpload : public UploadBench {
   protected:
     ScratchFolder folder;
-    DialogAnswers answers;
-    static QStringList typed;  // what the user types into the next dialogs
-    static QStringList asked;
-
-    EncodedUpload() {
-        asked.clear();
-        answers.secret = [](const QString& title, const QString& prompt) {
-            asked += title + '|' + prompt;
-            return typed.isEmpty() ? QString() : typed.takeFirst();
-        };
-        AnswerDialogs(&answers);
-    }
-    ~EncodedUpload() override { AnswerDialogs(nullptr); }
 
     // A file that takes no time to open.
     static QByteArray Sealed(const SecretBytes& plain, const SecretBytes& passphrase) {
@@ -31,7 +18,7 @@ class EncodedUpload : public UploadBench {
         return file;
     }
 
-    // Loads a file and types: the last line printed and what the device got.
+    // Loads a file and types: the last lines printed and what the device got.
     QString Load(const char* name, const QStringList& words, int printed = 1) {
         typed = words;
         received.clear();
@@ -40,9 +27,6 @@ class EncodedUpload : public UploadBench {
         return Printed(printed) + '|' + Received();
     }
 };
-
-QStringList EncodedUpload::typed;
-QStringList EncodedUpload::asked;
 
 TEST_F(EncodedUpload, ThereAndBack) {
     SetGadgetText(kSpecEntry, "s\\pico");
@@ -73,7 +57,6 @@ TEST_F(EncodedUpload, WhatGoesWrongTakesOneLineAndSendsNothing) {
     // Each line cut off the front would take minutes.
     ScratchFolder::Put("only.bas", QByteArray("'encode\n").repeated(400'000) + "'encode");
     ScratchFolder::Put("none.bae", "");
-    asked.clear();
     EXPECT_EQ(Load("cut.bae", {"one"}), "The encoded source is cut or changed.|");
     EXPECT_EQ(Load("later.bas", {"one"}),
               "This is not an encoded source, or one of a form not known here.|");

@@ -29,8 +29,23 @@ class UploadBench : public testing::Test {
     std::function<void()> onTick = [] {};
     int64_t delay = 0;  // milliseconds before the answer goes out
     std::deque<std::pair<int64_t, std::string>> pending;
+    static inline QStringList typed;  // what the user types into the next dialogs
+    static inline QStringList asked;  // their titles and prompts
+    static inline DialogAnswers answers;
+
+    static QString Answer(const QString& title, const QString& prompt) {
+        asked += title + '|' + prompt;
+        return typed.isEmpty() ? QString() : typed.takeFirst();
+    }
 
     UploadBench() {
+        typed.clear();
+        asked.clear();
+        answers.secret = Answer;
+        answers.text = [](const QString& title, const QString& prompt, const QString& preset) {
+            return Answer(title, prompt + preset);
+        };
+        AnswerDialogs(&answers);
         OpenNumberedWindow(kMainWindow, 0, 0, 900, 700, "Test", kStandardWindowFlags);
         for (int gadget : {kPortCombo, kSpeedCombo, kFamilyCombo, kAddressEntry, kSpecEntry,
                            kProgressText, kSaveMacroButton}) {

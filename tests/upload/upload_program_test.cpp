@@ -150,19 +150,7 @@ const std::tuple<const char*, int, int, bool> pinRows[] = {
     {"> ", 360 * 20 + 180, 22, false},  // nobody looks any more
 };
 
-// Answers each text dialog by `typed`.
-QString typed;
-void TypePin() {
-    static DialogAnswers answers;
-    answers.text = [](const QString& title, const QString& text, const QString&) {
-        return title + text == "PIN required!Enter security PIN" ? typed : QString();
-    };
-    AnswerDialogs(&answers);
-}
-
 TEST_F(Upload, PinDialogue) {
-    typed = "12";
-    TypePin();
     for (const auto& [verdict, silence, steps, accepted] : pinRows) {
         int64_t newAt = 0;
         answer = [&, text = verdict, wait = silence](char byte) {
@@ -173,20 +161,19 @@ TEST_F(Upload, PinDialogue) {
             return pinSent ? text : newAt ? Echo(byte) : std::string();
         };
         clock.Sleep(1000);
+        typed = QStringList("12");
         const int64_t start = clock.Now();
         const QString printed = Send("norun", "A", 9).section("Sending PIN|", -1);
         EXPECT_EQ((newAt ? newAt : clock.Now()) - start, 360 * steps) << verdict;
         EXPECT_TRUE(
             printed.startsWith(accepted ? "PIN accepted|NEW" : "Wrong PIN|Aborting upload"));
     }
-    typed.clear();
-    EXPECT_EQ(Send("", "A", 1), "360|\3Aborting upload");
+    EXPECT_EQ(Send("", "A", 1), "360|\3Aborting upload");  // nothing is typed
+    EXPECT_EQ(asked.last(), "PIN required!|Enter security PIN");
 }
 
 // On the simulated boards the program stands in memory, or in its file, and runs.
 TEST_F(Upload, ArrivesAndRunsOnEachBoard) {
-    typed = "1234";
-    TypePin();
     const std::tuple<const char*, const char*, int> boards[] = {
         {"picomite", "s\\picomite", 0},
         {"picomite-6.00", "s\\pico", 0},
@@ -200,6 +187,7 @@ TEST_F(Upload, ArrivesAndRunsOnEachBoard) {
         simulator::BoardSetup setup;
         setup.pin = delayMs ? 0 : 1234;
         setup.faults.delayMs = delayMs;
+        typed = QStringList("1234");
         BoardOnLine board(name, clock, setup);
         const QString printed = Send(
             field,
