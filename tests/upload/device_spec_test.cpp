@@ -7,26 +7,27 @@
 
 namespace {
 
-class DeviceSpec : public UploadBench {
-  protected:
-    static QString Serial() { return linkSettings.comPort + ':' + linkSettings.serialSpeed; }
-    static QString Tcp() { return linkSettings.tcpAddress + ':' + linkSettings.tcpPort; }
-};
+using DeviceSpec = UploadBench;
+
+QString Serial() {
+    return linkSettings.comPort + ':' + linkSettings.serialSpeed;
+}
+
+QString Tcp() {
+    return linkSettings.tcpAddress + ':' + linkSettings.tcpPort;
+}
 
 TEST_F(DeviceSpec, LineEndingAndItsTick) {
     CreatePopupMenu(kPopupMenu);
-    for (int i = kItemLineEndingCrLf; i <= kItemLineEndingLf; ++i) MenuItem(i, "x");
-    for (const auto& [word, name] : {std::pair<QString, QString>{"le\\CrLf", "CRLF"},
-                                     {"LE\\cr", "CR"},
-                                     {"le\\lf", "LF"},
-                                     {"le", "LF"},
-                                     {"le\\x", "LF"}}) {
+    for (const LineEndingRow& row : kLineEndings) MenuItem(row.item, row.name);
+    QString chosen;
+    for (const char* word : {"le\\CrLf", "LE\\cr", "le\\lf", "le\\cr", "le", "le\\crlf", "le\\x"}) {
         ApplyDeviceSpec(word);
-        QString ticked;
+        chosen += ' ' + lineEnding.name;
         for (const LineEndingRow& row : kLineEndings)
-            ticked += MenuItemTick(row.item) ? row.name : "";
-        EXPECT_EQ(lineEnding.name + ticked, name.repeated(2)) << word.toStdString();
+            chosen += MenuItemTick(row.item) ? row.name : "";
     }
+    EXPECT_EQ(chosen, " CRLFCRLF CRCR LFLF CRCR LFLF CRLFCRLF LFLF");
 }
 
 TEST_F(DeviceSpec, PortAndAddressChooseTheLink) {
@@ -50,7 +51,7 @@ TEST_F(DeviceSpec, PortAndAddressChooseTheLink) {
 }
 
 TEST_F(DeviceSpec, RebuiltFromTheGadgets) {
-    const auto build = [](const char* field, const char* port) {
+    const auto build = [](const QString& field, const char* port) {
         SetGadgetText(kSpecEntry, field);
         SetGadgetText(kPortCombo, port);
         SetGadgetText(kSpeedCombo, "57600");
@@ -62,7 +63,8 @@ TEST_F(DeviceSpec, RebuiltFromTheGadgets) {
                (uploadOptions.noNew ? " nonew" : "");
     };
     EXPECT_EQ(build("S\\pico nonew", "x"), "not set:38400 picomite nonew");  // as typed
-    EXPECT_EQ(build("ip         nonew", ""), ":57600 picomite nonew");
+    EXPECT_EQ(build("ip" + QString(64, ' ') + "nonew", ""), ":57600 picomite nonew");
+    EXPECT_EQ(build("ip" + QString(65, ' ') + "nonew", ""), ":57600 picomite");
     EXPECT_EQ(build("", "ttyUSB1"), "ttyUSB1:57600 maximite");
     EXPECT_EQ(build("'target port\\C:1 norun syn\\pico", "x"), "x:57600 maximite norun");
     EXPECT_EQ(build("port\\C:1", "TCPIP"), "x:57600 maximite");

@@ -1,5 +1,3 @@
-#include <QTemporaryFile>
-
 #include "tests/upload/upload_bench.h"
 
 namespace {
@@ -8,6 +6,8 @@ int64_t listedAt;
 
 class FlashSlot : public UploadBench {
   protected:
+    const ScratchFolder folder;
+
     FlashSlot() {
         AddDefaultFamilies();
         SetAfterFlashUpload([] { listedAt = linkStatus.quietTerminal ? -1 : NowMs(); });
@@ -16,10 +16,8 @@ class FlashSlot : public UploadBench {
     // Reads `text` from a file and clicks on the row: the milliseconds to the new list, "|",
     // and what was sent.
     QString Upload(const char* family, const char* text, int slot) {
-        QTemporaryFile file;
-        EXPECT_TRUE(file.open() && file.write(text) >= 0 && file.flush());
         SetGadgetText(kFamilyCombo, family);
-        FlashSlotUpload(file.fileName(), -1);
+        FlashSlotUpload(ScratchFolder::Put("f.bas", text), -1);
         EXPECT_TRUE(SlotUploadArmed() && !linkStatus.quietTerminal);
         received.clear();
         const int64_t start = clock.Now();
@@ -44,9 +42,11 @@ TEST_F(FlashSlot, TypesTheFileAndOverwritesTheSlot) {
     received.clear();
     FlashSlotUpload("", 2);  // what was read went out once
     EXPECT_EQ(Received() + Printed(1), "\r\rNothing to load.");
-    FlashSlotUpload("/no/such/folder/x", -1);
+    FlashSlotUpload("f.bas", -1);
+    FlashSlotUpload("/no/such/folder/x", -1);  // nor is anything left of it then
     EXPECT_FALSE(SlotUploadArmed() || linkStatus.quietTerminal);
-    EXPECT_EQ(Printed(1), "File read failed!!");
+    FlashSlotUpload("", 2);
+    EXPECT_EQ(Printed(2), "File read failed!!|Nothing to load.");
     // Of a row's code the number alone counts; without a row it is the usual one.
     answer = [](char byte) { return byte == '\n' ? "\nSaved" : std::string(1, byte); };
     EXPECT_EQ(Upload("cmm2", "A", 0), "5080|autosave^A^\x1b^\r\r");
