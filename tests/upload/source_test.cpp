@@ -29,7 +29,7 @@ TEST_F(SourceFile, IsReadByteByByteAndBounded) {
     }
 }
 
-using TextPair = std::pair<const char*, const char*>;
+using TextPair = const char* const[2];
 
 // clang-format off
 const TextPair normalised[] = {
