@@ -6,7 +6,6 @@
 
 #include <QByteArray>
 #include <QFile>
-#include <cerrno>
 
 #include "terminal/screen/TerminalScreen.h"
 #include "upload/UploadOptions.h"
@@ -48,7 +47,6 @@ bool ReadBytes(int fd, QByteArray& bytes) {
     QByteArray block(kReadAtOnce, '\0');
     while (bytes.size() <= kLargestSource) {
         const ssize_t count = read(fd, block.data(), static_cast<size_t>(block.size()));
-        if (count < 0 && errno == EINTR) continue;
         if (count <= 0) return count == 0;
         bytes.append(block.constData(), static_cast<int>(count));
     }
