@@ -2,22 +2,11 @@
 // clock.
 #pragma once
 
-#include <gtest/gtest.h>
+#include <QDir>
+#include <QRegularExpression>
 
-#include <QTemporaryDir>
-
-#include "base/LineEnding.h"
-#include "base/Numbers.h"
-#include "filemanager/BatchQueue.h"
-#include "filemanager/DeviceListing.h"
 #include "filemanager/DevicePane.h"
-#include "filemanager/FileManagerSettings.h"
 #include "filemanager/FileManagerWindow.h"
-#include "filemanager/PcPane.h"
-#include "link/LinkPrimitives.h"
-#include "link/LinkSeams.h"
-#include "terminal/screen/Capture.h"
-#include "terminal/screen/TerminalMode.h"
 #include "tests/support/BoardOnLine.h"
 #include "tests/support/Gestures.h"
 #include "tests/support/ScratchFolder.h"
@@ -31,7 +20,6 @@ class FileManager : public testing::Test {
     static inline QString answer;  // of the text dialog
     static inline bool yes;        // to a question
     static inline FileChoice choice;
-    static inline QString asked;  // by dialogs: title and text
 
     FileManager() {
         OpenNumberedWindow(kMainWindow, 0, 0, 300, 300, "Test", kStandardWindowFlags);
@@ -42,43 +30,47 @@ class FileManager : public testing::Test {
         SetLineEnding("CR");  // CR LF is Enter twice to these boards
         SetAfterFlashUpload(RefreshDeviceList);
         answers.message = [](const QString& title, const QString& text) {
-            return asked += title + '|' + text, yes;
+            return TerminalPrintLine('[' + title + '|' + text + ']'), yes;
         };
         answers.text = [](const QString& title, const QString& text, const QString& preset) {
-            return asked += title + '|' + text + preset, answer;
+            return TerminalPrintLine('[' + title + '|' + text + preset + ']'), answer;
         };
         answers.file = [](const QString& title, const QString& preset) {
-            return asked += title + preset.right(6), choice;
+            return TerminalPrintLine('[' + title + preset.right(6) + ']'), choice;
         };
         AnswerDialogs(&answers);
-        asked.clear();
         yes = false;
         StartCapture();
     }
     ~FileManager() override {
         AnswerDialogs(nullptr);
-        DisconnectDevice();
-        line.reset();
-        SetTerminalMode(0);
+        StopTransferWorkers();
     }
 
-    void PlugIn(const char* board, int msPerByte = 1) {
-        line.reset();  // it hands the clock back
-        line = std::make_unique<BoardOnLine>(board, clock);
-        line->SlowDown(msPerByte);
+    void PlugIn(const char* family, int msPerByte = 1) {
+        board.reset();  // it hands the clock back
+        board = std::make_unique<BoardOnLine>(family, clock);
+        board->SlowDown(msPerByte);
         ConnectDevice();
-        SetTerminalMode(kModeFileManager);
     }
 
-    // What the main loop's poll does, until nothing has come for a while.
-    void Poll() {
+    // What the main loop does, until nothing has come for a while or the text was printed.
+    void Poll(const char* text = "(never)") {
         char block[16384];
-        for (int quiet = 0; quiet < 40; ++quiet) {
+        for (int quiet = 0, turn = 0; quiet < 40 && ++turn < 5000 && !capture.buffer.contains(text);
+             ++quiet) {
             clock.Sleep(50);
-            const int64_t count = ReceiveBytes(block, sizeof block);
-            if (count <= 0) continue;
-            ParseListingChunk(DecodeLinkText(block, count));
-            quiet = 0;
+            for (int32_t event; (event = WaitForEvent(0)) != kNoEvent; quiet = 0) {
+                if (event == kEventSendStatus) ShowSendStatus();
+                if (event == kEventReceiveStatus) ShowReceiveStatus();
+                if (event == kEventPrintLine) PrintHandedLines();
+                if (event == kEventSendDone) BatchSend(kQueueNext);
+                if (event == kEventReceiveDone) BatchReceive(kQueueNext);
+            }
+            const bool busy = XmodemSendWorkerRuns() || XmodemReceiveWorkerRuns();
+            const int64_t count = busy ? 0 : ReceiveBytes(block, sizeof block);
+            if (count > 0) ParseListingChunk(DecodeLinkText(block, count));
+            if (busy || count > 0) quiet = 0;
         }
     }
 
@@ -88,43 +80,74 @@ class FileManager : public testing::Test {
             rows += GadgetItemText(kDeviceList, row);
         return rows.join('|').toStdString();
     }
-    std::string RowsToCome() { return Poll(), Rows(); }
     static void Select(int list, const std::vector<int>& rows) {
         SetGadgetState(list, -1);
         for (int row : rows) SetGadgetItemSelected(list, row, true);
     }
-    // Selects rows of the device and acts: the milliseconds that it took, "|", and what went
-    // out, with "^" for the line ending.
-    template <typename Action>
-    std::string Did(const std::vector<int>& rows, Action action) {
-        Select(kDeviceList, rows);
-        const int64_t start = clock.Now();
-        action();
-        const int64_t took = clock.Now() - start;
-        clock.Sleep(1);
-        const QString all = QString::fromStdString(line ? line->Received() : "").replace('\r', '^');
-        return (QString::number(took) + '|' + all.mid(std::exchange(seen, all.size())))
-            .toStdString();
-    }
-    std::string Press(int button, const std::vector<int>& rows = {}) {
-        TakeEvents();
-        return Did(rows, [button] { Click(WidgetOfGadget(button)), TakeEvents(); });
-    }
-    std::string Raise(int64_t type, void (*handler)(), const std::vector<int>& rows = {}) {
+    static void Raise(int64_t type, void (*handler)()) {
         InterfaceEvent event;
         event.type = type;
         const InterfaceEvent* before = MakeEventCurrent(&event);
-        const std::string did = Did(rows, handler);
+        handler();
         MakeEventCurrent(before);
-        return did;
+    }
+    // "click 2": selects the rows, in both lists, and then acts.
+    static void Act(const QString& step) {
+        // From button kCopyToDeviceButton on.
+        static const char words[] =
+            "send fetch delete folder PC-delete PC-folder view - - - refresh abort - - edit";
+        const QString word = step.section(' ', 0, 0);
+        std::vector<int> rows;
+        for (const QString& row : step.split(' ').mid(1)) rows.push_back(row.toInt());
+        if (word == "open") return OpenFileManager();
+        Select(kPcList, rows);
+        Select(kDeviceList, rows);
+        if (word == "click") return Raise(kTypeLeftClick, DeviceListClicked);
+        if (word == "double") return Raise(kTypeLeftDoubleClick, DeviceListClicked);
+        TakeEvents();
+        const int button = kCopyToDeviceButton + QString(words).split(' ').indexOf(word);
+        Click(WidgetOfGadget(button));
+        TakeEvents();
+    }
+
+    // Without sequences and ACKs, and on one line: "^" stands for a CR.
+    QString Plain(QString text) {
+        static const QRegularExpression noise("\x1b\\[[0-9;?]*[a-zA-Z]|\6");
+        text.remove(noise).replace('\r', '^').replace('\3', "<3>").replace('\x1a', "<1A>");
+        return text.replace(folder.path(), "~").simplified();
+    }
+    std::string Printed() { return Plain(TakeCapture()).toStdString(); }
+
+    // A line for each step: the milliseconds that it took, what went out, what was printed and
+    // asked, and the device's rows once it has answered, if others. Longer ones go on in a line
+    // that is indented.
+    void Follow(QString script) {
+        QStringList told;
+        for (const QString& step : script.replace("\n    ", "").split('\n')) {
+            const std::string rows = Rows();
+            const int64_t start = clock.Now();
+            Act(step.section(':', 0, 0));
+            QString line = step.section(':', 0, 0) + ": " + QString::number(clock.Now() - start);
+            clock.Sleep(1);
+            const std::string sent = board ? board->Received() : "";
+            line += ' ' + QString::fromStdString(sent.substr(std::exchange(seen, sent.size())));
+            Poll();
+            line += ' ' + TakeCapture();
+            if (rows != Rows()) line += " -> " + QString::fromStdString(Rows());
+            told += Plain(line);
+        }
+        EXPECT_EQ(told.join('\n').toStdString(), script.toStdString());
     }
     QString MakeFile(const QString& name, const std::string& bytes = "PRINT 1\n") {
         return ScratchFolder::Put(folder.path() + '/' + name, QByteArray::fromStdString(bytes));
+    }
+    std::string FileText(const QString& name) {
+        return ScratchFolder::Get(folder.path() + '/' + name).toStdString();
     }
 
     DialogAnswers answers;
     TurnsClock clock;
     QTemporaryDir folder;
-    std::unique_ptr<BoardOnLine> line;
-    int seen = 0;  // characters of what went out
+    std::unique_ptr<BoardOnLine> board;
+    size_t seen = 0;  // bytes of what went out
 };

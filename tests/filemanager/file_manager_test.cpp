@@ -1,6 +1,4 @@
 // The window and its buttons.
-#include <QDir>
-
 #include "base/AppPaths.h"
 #include "tests/filemanager/file_manager_rig.h"
 #include "tests/support/LocalTools.h"
@@ -9,98 +7,68 @@ namespace {
 
 TEST_F(FileManager, FoldersAndFilesComeAndGo) {
     PlugIn("picomite");
-    EXPECT_EQ(Did({}, OpenFileManager), "660|^^\3files^");
-    EXPECT_EQ(RowsToCome(), "..|A:/");
-    answer = "new one";
-    EXPECT_EQ(Press(kDeviceNewFolderButton), "2980|mkdir \"new one\"^^^^\3files^");
-    EXPECT_EQ(RowsToCome(), "..|A:/|<DIR>  new one");
-    EXPECT_EQ(Raise(kTypeLeftClick, DeviceListClicked, {2}), "0|");  // a click alone selects
-    EXPECT_EQ(Raise(kTypeLeftDoubleClick, DeviceListClicked, {2}), "400|chdir \"new one\"^files^");
-    EXPECT_EQ(Rows(), "..");
-    EXPECT_EQ(RowsToCome(), "..|A:/new one");
-    EXPECT_EQ(Raise(kTypeLeftDoubleClick, DeviceListClicked, {1}), "0|");
-    EXPECT_EQ(Raise(kTypeLeftDoubleClick, DeviceListClicked, {0}), "400|chdir \"..\"^files^");
-    Poll();
-    for (const char* name : {"kept/d.bas", "a b.bas", "c.bas"})
-        line->Board().AddFile(name, "PRINT 1\r\n", 0);
-    Press(kDeviceRefreshButton);
-    EXPECT_EQ(RowsToCome(),
-              "..|A:/|<DIR>  kept|<DIR>  new one|00:00 00-00-1980          9  a b.bas|00:00 "
-              "00-00-1980          9  c.bas");
+    answer = "a b";
+    // A click alone selects; the row "A:/" is no folder that could be entered.
+    Follow(R"(open: 660 ^^<3>files^ -> ..|A:/
+folder: 2980 mkdir "a b"^^^^<3>files^ [New folder|Name for new folder?] -> ..|A:/|<DIR> a b
+click 2: 0
+double 2: 400 chdir "a b"^files^ -> ..|A:/a b
+double 1: 0
+double 0: 400 chdir ".."^files^ -> ..|A:/|<DIR> a b)");
+    for (const char* name : {"kept/d.bas", "c d.bas", "e.bas"})
+        board->Board().AddFile(name, "PRINT 1\r\n", 0);
     // The row ".." holds no name where names stand.
-    EXPECT_EQ(Press(kDeviceDeleteButton, {0, 3, 4, 5}),
-              "2580|rmdir \"new one\"^kill \"a b.bas\"^kill \"c.bas\"^^^^\3files^");
-    line->Board().AddFile("e.bas", "", 0);
-    EXPECT_EQ(RowsToCome(), "..|A:/|<DIR>  kept");
+    Follow(R"(refresh: 660 ^^<3>files^ -> ..|A:/|<DIR> a b|<DIR> kept
+    |00:00 00-00-1980 9 c d.bas|00:00 00-00-1980 9 e.bas
+delete 0 2 4 5: 2580 rmdir "a b"^kill "c d.bas"^kill "e.bas"^^^^<3>files^ -> ..|A:/|<DIR> kept)");
+    board->Board().AddFile("e.bas", "", 0);
     SetGadgetText(kFamilyCombo, "micromite+");  // its rows have no column for the name
-    Press(kDeviceRefreshButton);
-    EXPECT_EQ(RowsToCome(), "..|A:/|<DIR>  kept|00:00 00-00-1980          0  e.bas");
-    EXPECT_EQ(Press(kDeviceDeleteButton, {2, 3}), "2180|rmdir \"kept\"^^^^\3files^");
-    EXPECT_TRUE(TakeCapture().contains("Error : Dir is not empty"));
     answer.clear();
-    for (const int button : {kDeviceDeleteButton, kCopyToPcButton, kDeviceNewFolderButton})
-        EXPECT_EQ(Press(button), "0|");
-    EXPECT_EQ(asked, QString("New folder|Name for new folder?").repeated(2));
+    Follow(R"(refresh: 660 ^^<3>files^ -> ..|A:/|<DIR> kept|00:00 00-00-1980 0 e.bas
+delete 2 3: 2180 rmdir "kept"^^^^<3>files^ rmdir "kept"^ Error : Dir is not empty^ > ^ >
+delete: 0
+fetch: 0
+folder: 0 [New folder|Name for new folder?])");
     SetGadgetText(kFamilyCombo, "cmm2");
     AddGadgetItem(kDeviceList, "<DIR>  sub");
-    EXPECT_EQ(Raise(kTypeLeftDoubleClick, DeviceListClicked, {GadgetItemCount(kDeviceList) - 1}),
-              "400|chdir \"sub\"^ls^");
+    Follow(R"(double 4: 400 chdir "sub"^ls^
+     Error : Could not find the pathError : Unknown command -> ..)");
 }
 
 TEST_F(FileManager, FlashSlotsAreShownLoadedReadAndErased) {
-    const std::string free = "current program|Slot 1 available|Slot 2 available|Slot 3 available";
     MakeFile("a.bas");
     PlugIn("picomite");
-    OpenFileManager();
-    EXPECT_EQ(GadgetText(kFlashViewButton), "memory");
-    EXPECT_EQ(Press(kFlashViewButton),
-              "660|^^\3files^^^\3"
-              "flash list^");
-    EXPECT_EQ(GadgetText(kFlashViewButton), "SDcard");
-    EXPECT_EQ(RowsToCome(), free);
-    Select(kPcList, {});
-    Press(kCopyToDeviceButton);
-    EXPECT_EQ(GadgetText(kNoticeText) + asked, "Select flash slot or main memory");
-    Select(kPcList, {1});
-    Press(kCopyToDeviceButton);  // the question comes once, and the answer is No
+    // The question comes once, and the answer is No.
+    Follow(R"(open: 660 ^^<3>files^ -> ..|A:/
+view: 660 ^^<3>flash list^ -> current program|Slot 1 available|Slot 2 available|Slot 3 available
+send: 0
+send 1: 0
+     [Warning!|Copying to flash slot will also overwrite main memory. Do you want to continue?])");
+    EXPECT_EQ(GadgetText(kNoticeText), "Select flash slot or main memory");
     EXPECT_FALSE(SlotUploadArmed());
-    Press(kCopyToDeviceButton);
-    EXPECT_EQ(
-        asked,
-        "Warning!|Copying to flash slot will also overwrite main memory. Do you want to continue?");
-    EXPECT_TRUE(SlotUploadArmed());
-    EXPECT_EQ(Raise(kTypeLeftClick, DeviceListClicked, {2}),
-              "5840|autosave^PRINT 1^\x1a^FLASH OVERWRITE 2^^^^^\3"
-              "flash list^");
-    EXPECT_EQ(RowsToCome(), "current program");  // the returns that piled up meanwhile end it
-    Press(kDeviceRefreshButton);
-    EXPECT_EQ(RowsToCome(),
-              "current program|Slot 1 available|Slot 2 in use: \"Print 1\"|Slot 3 available");
-    EXPECT_EQ(Press(kCopyToPcButton, {2, 3}), "0|flash list 2^");
-    Poll();  // no name is given: nothing is saved
-    EXPECT_FALSE(deviceListing.savingProgram);
-    EXPECT_EQ(Press(kDeviceDeleteButton, {2}), "2780|flash erase 2^^^^\3flash list^");
-    EXPECT_EQ(RowsToCome(), free);
-    EXPECT_EQ(Press(kDeviceDeleteButton, {0}), "1980|^^^\3flash list^");  // main memory stays
-
-    Press(kCopyToDeviceButton);  // armed again
-    for (const int button : {kCopyToPcButton, kDeviceDeleteButton, 0}) {
-        Poll();
+    // The returns that pile up behind an upload end the list that is asked for. No name is given
+    // for what is fetched: nothing is saved. Main memory stays. The last step arms again.
+    Follow(R"(send 1: 0
+click 2: 5840 autosave^PRINT 1^<1A>^FLASH OVERWRITE 2^^^^^<3>flash list^
+     autosave^ Upload completed 1Saved 22 bytes^ > -> current program
+refresh: 660 ^^<3>flash list^
+     -> current program|Slot 1 available|Slot 2 in use: "Print 1"|Slot 3 available
+fetch 2 3: 0 flash list 2^ [Save/*.bas]
+delete 2: 2780 flash erase 2^^^^<3>flash list^
+     -> current program|Slot 1 available|Slot 2 available|Slot 3 available
+delete 0: 1980 ^^^<3>flash list^
+send 1: 0)");
+    for (const QString act : {"fetch", "delete", "click"}) {
         StartDeviceRows("current program");
         ParseListingChunk("\r\nno row\r\n Slot 1 in use\r\n> ");
-        EXPECT_EQ(button == 0 ? Raise(kTypeLeftClick, DeviceListClicked, {2}) : Press(button, {2}),
-                  "660|^^\3flash list^");
-        EXPECT_TRUE(
-            TakeCapture().endsWith("Row 2 shows slot 1: nothing was sent, the list is read anew."));
+        Follow(act + R"( 2: 660 ^^<3>flash list^
+     Row 2 shows slot 1: nothing was sent, the list is read anew.
+     -> current program|Slot 1 available|Slot 2 available|Slot 3 available)");
     }
-    EXPECT_TRUE(SlotUploadArmed());
-    Press(kFlashViewButton);
-    SetGadgetText(kFamilyCombo, "micromite");
-    EXPECT_EQ(Press(kDeviceRefreshButton),
-              "260|^^\3");  // no drive: flash view, of main memory alone
-    EXPECT_EQ(Rows(), "current program");
-    Press(kFlashViewButton);
-    EXPECT_TRUE(deviceListing.flashView);
+    EXPECT_TRUE(SlotUploadArmed() && !deviceListing.savingProgram);
+    Follow("view: 660 ^^<3>files^ -> ..|A:/");
+    SetGadgetText(kFamilyCombo, "micromite");  // no drive: flash view, of main memory alone
+    Follow("refresh: 260 ^^<3> -> current program\nview: 260 ^^<3>");
 }
 
 // Bytes come one by one: waits end inside sequences, polls inside prompts and echoes.
@@ -123,53 +91,47 @@ TEST_F(FileManager, BothPcGadgetsStandOnOneFolder) {
     QDir(folder.path()).mkdir("sub");
     OpenFileManager();
     EXPECT_EQ(Rows(), "");  // with no link the list is left alone
-    SetGadgetText(kPcPathEntry, folder.path() + "/sub");
-    Raise(kTypePathChanged, PathBoxChanged);
-    EXPECT_EQ(GadgetText(kPcList), folder.path() + "/sub/");
-    SetGadgetText(kPcPathEntry, folder.path() + "/su");  // typed half: the list stays
-    Raise(kTypePathChanged, PathBoxChanged);
-    EXPECT_EQ(GadgetText(kPcList), folder.path() + "/sub/");
+    QString stands;
+    for (const char* typed : {"/sub", "/su"}) {  // the second is typed half: the list stays
+        SetGadgetText(kPcPathEntry, folder.path() + typed);
+        Raise(kTypePathChanged, PathBoxChanged);
+        stands += GadgetText(kPcList) + ' ';
+    }
     SetGadgetText(kPcList, folder.path());
     Raise(kTypeValueChanged, PcListChanged);
-    EXPECT_EQ(GadgetText(kPcPathEntry), folder.path() + "/");
+    stands += GadgetText(kPcPathEntry);
+    EXPECT_EQ(stands.replace(folder.path(), "~"), "~/sub/ ~/sub/ ~/");
     answer = "made";
-    Press(kPcNewFolderButton);
+    Follow("PC-folder: 0 [New folder|Name for new folder?]");
     EXPECT_TRUE(QDir(folder.path() + "/made").exists());
     SetGadgetText(kPcList, folder.path());
-    Select(kPcList, {0, 1, 2, 3});  // "..", made, sub and a.bas
-    Press(kCopyToDeviceButton);
-    EXPECT_TRUE(TakeCapture().startsWith("Processing file: " + folder.path() + "/a.bas"));
-    Select(kPcList, {0, 1, 2, 3});
-    Press(kPcDeleteButton);
+    // "..", made, sub and a.bas
+    Follow(R"(send 0 1 2 3: 2240
+     Processing file: ~/a.basnot set failed!Check port then try again
+PC-delete 0 1 2 3: 0)");
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).join('|'),
               "b.txt|made|sub");
     EXPECT_EQ(GadgetItemCount(kPcList), 4);
 }
 
 TEST_F(FileManager, TheEditorOpensTheSelectedFile) {
-    const QString path = MakeFile("a.bas"), made = folder.path() + "/made";
+    MakeFile("a.bas");
     const QString editor =
-        ScratchFolder::Put(folder.path() + "/KWEdit", "#!/bin/sh\necho \"$#$1\" >" + made.toUtf8());
+        MakeFile("KWEdit", "#!/bin/sh\necho \"$#$1\" >" + folder.path().toStdString() + "/made");
     QFile::setPermissions(editor, QFile::ReadOwner | QFile::ExeOwner);
     const_cast<AppPaths&>(appPaths).programFolder = folder.path() + "/";
-    OpenFileManager();
-    Press(kEditFileButton);  // none is selected
-    Select(kPcList, {1});
-    Press(kEditFileButton);
-    EXPECT_TRUE(
-        ServeUntil([&] { return ScratchFolder::Get(made).endsWith('\n'); }, [](int32_t) {}));
-    EXPECT_EQ(ScratchFolder::Get(made), "1" + path.toUtf8() + "\n");
+    for (const char* step : {"open", "edit", "edit 1"})
+        Act(step);  // the first time none is selected
+    const std::string made = "1" + folder.path().toStdString() + "/a.bas\n";
+    EXPECT_TRUE(ServeUntil([&] { return FileText("made") == made; }, [](int32_t) {}));
 }
 
 QString PlaceOf(int gadget) {
-    return QString(" %1,%2 %3x%4")
-        .arg(GadgetX(gadget))
-        .arg(GadgetY(gadget))
-        .arg(GadgetWidth(gadget))
-        .arg(GadgetHeight(gadget));
+    return QString::asprintf(" %d,%d %dx%d", GadgetX(gadget), GadgetY(gadget), GadgetWidth(gadget),
+                             GadgetHeight(gadget));
 }
 
-// Number, place, text, tip, and a name that is not the tip.
+// Number, place, text, tip, and a name that is not the tip; then places in a larger window.
 const char looks[] = R"(Kewlink File Commander
 162 0,0 300x197 /||Files on the PC
 163 304,0 386x197 ||Files on the device
@@ -188,7 +150,7 @@ const char looks[] = R"(Kewlink File Commander
 180 5,45 400x30 /||PC folder
 181 75,30 400x30 picomite||picomite
 182 155,2 50x25 Edit|Edit selected file|
-)";
+ 5,80 890x310 5,5 400x40 460,5 440x70 345,2 50x25 385,2 50x25 405,7 50x25)";
 
 TEST_F(FileManager, HoldsItsGadgetsAndKeepsItsPlace) {
     SetPcFolder("/no/such/folder/");
@@ -206,24 +168,20 @@ TEST_F(FileManager, HoldsItsGadgetsAndKeepsItsPlace) {
         look += QString::number(gadget) + PlaceOf(gadget) + ' ' + GadgetText(gadget) + '|' + tip +
                 '|' + (name == tip ? "" : name) + '\n';
     }
-    EXPECT_EQ(look.toStdString(), looks);
     ResizeNumberedWindow(kFileManagerWindow, 30, 40, 900, 400);
     SetGadgetState(kPaneSplitter, 420);
     for (const int column : {0, 1}) SetGadgetColumnWidth(kPcList, column, 77 + column);
     ResizeFileManager();
-    look.clear();
     for (const int gadget : {kPaneSplitter, kPcToolbar, kDeviceToolbar, kCopyToDeviceButton,
                              kFlashViewButton, kAbortTransferButton})
         look += PlaceOf(gadget);
-    EXPECT_EQ(look.toStdString(),
-              " 5,80 890x310 5,5 400x40 460,5 440x70 345,2 50x25 385,2 50x25 405,7 50x25");
+    EXPECT_EQ(look.toStdString(), looks);
     CloseFileManager();
-    const FileManagerSettings& kept = fileManagerSettings;
-    EXPECT_EQ(std::vector<int>({kept.x, kept.y, kept.width, kept.height, kept.splitter,
-                                kept.columns[0], kept.columns[1], kept.columns[2]}),
-              std::vector<int>({30, 40, 900, 400, 420, 77, 78, 112}));
+    const FileManagerSettings& s = fileManagerSettings;
+    EXPECT_EQ(std::vector<int>({s.x, s.y, s.width, s.height, s.splitter, s.columns[0], s.columns[1],
+                                s.columns[2], int(terminalMode)}),
+              std::vector<int>({30, 40, 900, 400, 420, 77, 78, 112, 0}));
     EXPECT_EQ(GadgetText(kModeText), "VT Terminal");
-    EXPECT_EQ(terminalMode, 0);
 }
 
 }  // namespace

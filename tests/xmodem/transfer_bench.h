@@ -5,21 +5,19 @@
 #include <gtest/gtest.h>
 
 #include <deque>
-#include <memory>
 
-#include "base/Numbers.h"
-#include "link/LinkPrimitives.h"
-#include "terminal/screen/Capture.h"
-#include "terminal/screen/TerminalScreen.h"
+#include "simulator/SimulatedBoard.h"
+#include "tests/support/Chosen.h"
 #include "tests/support/FarEnd.h"
 #include "tests/support/ScratchFolder.h"
+#include "tests/support/StartState.h"
 #include "tests/support/TurnsClock.h"
 #include "tests/support/XmodemFrame.h"
 #include "ui/events/WaitWindowEvent.h"
 #include "xmodem/Receive.h"
 #include "xmodem/Send.h"
-#include "xmodem/TransferWorkers.h"
-#include "xmodem/XmodemSeams.h"
+
+const std::string kNak(1, kNakByte), kAck(1, kAckByte), kEot(1, kEotByte), kCan(1, kCanByte);
 
 class TransferBench : public testing::Test {
   protected:
@@ -29,7 +27,7 @@ class TransferBench : public testing::Test {
         clock.onTick = [this](int64_t now) {
             const std::string came = line->Read();
             out += came;
-            const std::string answer = device ? device(now, came) : std::string();
+            const std::string answer = device ? device(now, came) : "";
             if (!answer.empty()) line->Write(answer);
         };
     }
@@ -42,50 +40,59 @@ class TransferBench : public testing::Test {
         }
     }
 
-    // What was printed, run together; `out` is what the device got behind the command.
-    QString Transfer(Direction direction, const QString& name = "pc.bin") {
+    // What a transfer printed, run together, what the device got behind the command, what
+    // was fetched, and the milliseconds that it took.
+    using Story = std::tuple<std::string, std::string, std::string, int64_t>;
+    Story Transfer(Direction direction) {
         XmodemJob& job = JobOf(direction);
         const bool sends = direction == Direction::kSend;
         sem_init(&job.semaphore, 0, 0);
-        job.firstName = sends ? name : "d.bin";
-        job.secondName = sends ? "d.bin" : name;
+        job.firstName = sends ? "pc.bin" : "d.bin";
+        job.secondName = sends ? "d.bin" : "pc.bin";
         job.lineEnd = "\r";
         job.abort = false;
         StartCapture();
         out.clear();
         const int64_t start = clock.Now();
-        const int endedBefore = ended;
         sends ? XmodemSendWorker(job) : XmodemReceiveWorker(job);
-        took = clock.Now() - start;
+        const int64_t took = clock.Now() - start;
         clock.Sleep(1);
         TakeEvents();
-        EXPECT_EQ(ended, endedBefore + 1);
+        EXPECT_EQ(std::exchange(ended, 0), 1);
         out.erase(0, out.find("\"\r") + 2);
-        return TakeCapture();
+        return {TakeCapture().toStdString(), out, sends ? "" : Content(), took};
     }
-    QString Fetch() { return Transfer(Direction::kReceive); }
-    QString Store(const std::string& content) {
+    Story Store(const std::string& content) {
         Write(content);
         return Transfer(Direction::kSend);
     }
 
-    // `far` acts from behind the device's command on.
-    template <typename Device>
-    std::string Act(Device& far, int64_t now, const std::string& came) {
-        if (commanded) return far.Act(now, came);
-        commanded = came.find("XMODEM") != came.npos;
-        return "";
-    }
-    void Relink(bool overTcp = false) {
+    // A new line, and a new board on it.
+    void PlugIn(const simulator::BoardSetup& setup = {}) {
         line.reset();
-        line = std::make_unique<FarEnd>(overTcp);
+        line = std::make_unique<FarEnd>();
+        const simulator::BoardFacts& facts = *simulator::FindBoardFacts("picomite");
+        board = std::make_unique<simulator::SimulatedBoard>(facts, setup);
+        board->PowerUp(clock.Now());
+        board->TakeOutput();
+        device = [this](int64_t now, const std::string& came) {
+            board->Receive(came, now);
+            board->Advance(now);
+            return board->TakeOutput();
+        };
     }
-
-    static void Write(const std::string& bytes, const char* name = "pc.bin") {
-        ScratchFolder::Put(name, QByteArray::fromStdString(bytes));
+    // What the board has taken, and stores behind a silence, even where no end came.
+    std::string OnBoard() {
+        std::string data;
+        board->Receive(kCan, clock.Now());
+        clock.Sleep(4000);
+        return board->ReadFile("d.bin", &data) ? data : "(none)";
     }
-    static std::string Content(const char* name = "pc.bin") {
-        return QFile::exists(name) ? ScratchFolder::Get(name).toStdString() : "(none)";
+    static void Write(const std::string& bytes) {
+        ScratchFolder::Put("pc.bin", QByteArray::fromStdString(bytes));
+    }
+    static std::string Content() {
+        return QFile::exists("pc.bin") ? ScratchFolder::Get("pc.bin").toStdString() : "(none)";
     }
 
     ScratchFolder folder;
@@ -93,56 +100,11 @@ class TransferBench : public testing::Test {
     std::unique_ptr<FarEnd> line = std::make_unique<FarEnd>();
     std::function<std::string(int64_t now, const std::string& came)> device;
     std::string out;
-    int64_t took = 0;  // milliseconds of the last transfer
-    bool commanded = false;
+    std::unique_ptr<simulator::SimulatedBoard> board;
     static inline int ended = 0;
 };
 
-inline std::string Padded(std::string data, size_t block = 128) {
-    data.resize((data.size() + block - 1) / block * block);
+inline std::string Padded(std::string data) {
+    data.resize((data.size() + 127) / 128 * 128);
     return data;
 }
-
-// The sending device: a frame for each NAK and ACK, the last one again after 3 s.
-struct SendingDevice {
-    std::string content;
-    size_t block = 128, next = 0;
-    int64_t lastSent = INT64_MAX / 2;  // silent until it is asked
-    int errors = 0;
-
-    std::string Act(int64_t now, const std::string& came) {
-        const size_t verdict = came.find_first_of({kAckByte, kNakByte, kCanByte});
-        if (errors > 25 || (verdict == std::string::npos && now < lastSent + 3000)) return "";
-        const char byte = verdict == std::string::npos ? kNakByte : came[verdict];
-        if (byte == kCanByte) errors = 99;
-        byte == kAckByte ? ++next : ++errors;
-        lastSent = now;
-        if (next * block > content.size()) return "";
-        if (next * block == content.size()) return {kEotByte};
-        return FrameOf(next + 1, content.substr(next * block, block));
-    }
-};
-
-// The receiving device: strict on frames, and silent while a line is not.
-struct ReceivingDevice {
-    std::string content, frame;
-    int64_t lastByte = 0, lastAsked = -2000;
-
-    std::string Act(int64_t now, const std::string& came) {
-        frame += came;
-        if (!came.empty()) lastByte = now;
-        if (frame.empty()) {
-            if (!content.empty() || now < lastAsked + 2000) return "";
-            lastAsked = now;
-            return {kNakByte};
-        }
-        if (frame.size() != 132 && now < lastByte + 100) return "";
-        const int due = content.size() / 128 + 1;
-        const std::string data = frame.size() == 132 ? frame.substr(3, 128) : "";
-        const bool wanted = frame == FrameOf(due, data), again = frame == FrameOf(due - 1, data);
-        const bool end = frame == std::string(1, kEotByte);
-        if (wanted) content += data;
-        frame.clear();
-        return std::string(1, wanted || again || end ? kAckByte : kNakByte);
-    }
-};
