@@ -18,6 +18,7 @@ TEST_F(TransferBench, OverALineThatLosesBytesWhatIsCompleteIsRight) {
         simulator::BoardSetup setup;
         setup.faults.seed = i;
         setup.faults.lostOutPerMille = 4;
+        Relink();
         PlugIn(setup);
         board->AddFile("d.bin", content, 0);
         device = [act = device, end = clock.Now() + 100000](int64_t now, const std::string& came) {
@@ -28,6 +29,7 @@ TEST_F(TransferBench, OverALineThatLosesBytesWhatIsCompleteIsRight) {
         const bool complete = printed.find("Completed OK") != printed.npos;
         EXPECT_EQ(file, complete ? Padded(content) : "(none)") << printed;
         fetched += complete;
+        Relink();
         PlugIn(setup);
         if (std::get<0>(Store(content)).find("completed OK") == std::string::npos) continue;
         EXPECT_EQ(OnBoard(), Padded(content));
@@ -111,8 +113,7 @@ TEST_F(TransferThreads, KilledInASleep) {
 }
 
 TEST_F(TransferThreads, KilledInASendThatNobodyTakes) {
-    line = nullptr;
-    line = std::make_unique<FarEnd>(true);
+    Relink(true);
     clock.onTick = nullptr;
     const std::string block(4096, 'z');
     while (send(linkStatus.netLink, block.data(), block.size(), MSG_DONTWAIT) > 0) {

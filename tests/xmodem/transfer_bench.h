@@ -67,10 +67,12 @@ class TransferBench : public testing::Test {
         return Transfer(Direction::kSend);
     }
 
-    // A new line, and a new board on it.
-    void PlugIn(const simulator::BoardSetup& setup = {}) {
+    void Relink(bool overTcp = false) {
         line.reset();
-        line = std::make_unique<FarEnd>();
+        line = std::make_unique<FarEnd>(overTcp);
+    }
+    // A new board at the far end.
+    void PlugIn(const simulator::BoardSetup& setup = {}) {
         const simulator::BoardFacts& facts = *simulator::FindBoardFacts("picomite");
         board = std::make_unique<simulator::SimulatedBoard>(facts, setup);
         board->PowerUp(clock.Now());
