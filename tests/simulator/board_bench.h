@@ -3,8 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
+#include <algorithm>
 
 #include "simulator/SimulatedBoard.h"
 
@@ -53,25 +52,33 @@ struct BoardBench {
             EXPECT_EQ(Say(step.say, step.ms), step.answer) << "step " << &step - &steps[0];
     }
 
-    // Behind its echo, what a command says in 2 s up to the prompt, with "#" for line ends.
-    std::string Told(const std::string& command) {
-        std::string answer = Say(command + "\r", 2000).substr(command.size() + 2), told;
+    // Behind its echo, what a command says in 2 s up to the prompt, with "#" for line ends. Of
+    // several, parted by "|", what the last one says.
+    std::string Told(std::string command) {
+        for (size_t bar; (bar = command.find('|')) != command.npos; command.erase(0, bar + 1))
+            Say(command.substr(0, bar) + '\r', 2000);
+        std::string answer = Say(command + '\r', 2000).substr(command.size() + 2);
         answer.erase(std::min({answer.rfind("\x1b[?25h"), answer.rfind("> "), answer.size()}));
-        for (const char c : answer) {
-            if (c != '\r') told += c == '\n' ? '#' : c;
-        }
-        return told;
+        answer.erase(std::remove(answer.begin(), answer.end(), '\r'), answer.end());
+        std::replace(answer.begin(), answer.end(), '\n', '#');
+        return answer;
     }
 
-    // Lines of commands, of which only the last says anything: what stands behind " -> ".
-    void ExpectDialogue(std::string script) {
-        for (size_t end; (end = script.find_first_of("|\n")) != script.npos;) {
-            const std::string step = script.substr(0, end);
-            script.erase(0, end + 1 + (script[end] == '|'));
-            const size_t arrow = std::min(step.find(" -> "), step.size());
-            const std::string command = step.substr(0, step.find_last_not_of(' ', arrow - 1) + 1);
-            EXPECT_EQ(Told(command), arrow < step.size() ? step.substr(arrow + 4) + '#' : "")
-                << command;
+    // What a program prints that runs for 2 s; "|" stands for its line ends.
+    std::string Printed(std::string program) {
+        std::replace(program.begin(), program.end(), '|', '\r');
+        Say("AUTOSAVE\r" + program + "\x1a");
+        return Told("RUN");
+    }
+
+    // Rows of commands, or of programs, and behind " -> " what each says.
+    void ExpectRows(const std::string& rows,
+                    std::string (BoardBench::*says)(std::string) = &BoardBench::Told) {
+        for (size_t at = 1, arrow, end; at < rows.size(); at = end + 1) {
+            arrow = rows.find(" -> ", at);
+            end = rows.find('\n', at);
+            const std::string said = rows.substr(at, arrow - at);
+            EXPECT_EQ((this->*says)(said), rows.substr(arrow + 4, end - arrow - 4)) << said;
         }
     }
 

@@ -1,7 +1,5 @@
-// The prompt, the echo, the errors, the PIN and the receiving of programs, byte for byte and
-// at their times.
-#include <algorithm>
-
+// What a board says to what is typed: prompts, echo, errors, the receiving of programs,
+// listings and their pages, files and flash slots, byte for byte and at their times.
 #include "tests/simulator/board_bench.h"
 
 namespace {
@@ -12,20 +10,18 @@ TEST(Console, EachFirmwareHasItsOwnPrompts) {
         std::string loud;                      // after an error, printed at column 1
         const char* error;
     } rows[] = {
-        {"picomite", "", "> \x1b[?7h", "\x1b[?25h\x1b[97;40m> \x1b[?7h", "Error : Unknown command"},
+        {"picomite", "", "> \x1b[?7h", kLoud603, "Error : Unknown command"},
         {"picomite-6.00", "", "> ", kLoud600, "Error : Unknown command"},
         {"cmm2", "", "> ", kLoudCmm2, "Unknown command"},
         {"armmite", "\x1b[?1000l", "> ", "> ", "Error : Unknown command"},
         {"micromite+", "", "> ", "> ", "Error: Unknown command"},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.family);
         BoardBench bench(row.family);
         const std::string quiet = row.quiet, end = std::string("\r\n\r\n") + row.startUp + quiet;
         EXPECT_EQ(bench.signOn.substr(bench.signOn.size() - end.size()), end);
         bench.Follow({{"nosuch\r", 900, std::string("nosuch\r\n") + row.error + "\r\n" + row.loud},
-                      {"PRINT 6*7\r", 900, "PRINT 6*7\r\n 42\r\n" + quiet},
-                      {"NEW\r", 900, "NEW\r\n" + quiet}});
+                      {"PRINT 6*7\r", 900, "PRINT 6*7\r\n 42\r\n" + quiet}});
     }
 }
 
@@ -56,39 +52,21 @@ TEST(Console, TypedLines) {
     });
 }
 
-TEST(Console, ThreeSecondsOfSilenceStandBeforeEachAnswerToThePin) {
-    const std::string question = "Enter PIN or 0 to restart: ";
-    BoardSetup setup;
-    setup.pin = 4321;
-    BoardBench("picomite", setup)
-        .Follow({{"\x03", 0, kLead603 + "\r\n" + question},
-                 {"11x\b1\r\n", 2999, "11x\b \b1\r\n"},  // the LF is skipped
-                 {"", 1, question},
-                 {"4321\r", 10, "4321\r\n"},
-                 {"PRINT 8\r", 2989, ""},  // what is typed in the silence waits
-                 {"", 1, kQuiet + "PRINT 8\r\n 8\r\n" + kQuiet}});  // asked once only
-}
-
-// Uploads, and gives the program in memory with "|" for its line ends.
-std::string Stored(BoardBench& bench, const std::string& text) {
-    bench.Say("AUTOSAVE\r" + text);
-    std::string program = bench.board.ProgramText();
-    std::replace(program.begin(), program.end(), '\n', '|');
-    return program;
-}
-
 TEST(Receive, KeptBytesAndEndCodes) {
     BoardBench bench;
     const std::pair<std::string, const char*> rows[] = {
-        {"a\r\nb\nc\rd\x1a", "a|b|c|d|"},
-        {"\na\r\r\rb\r\x1a", "a|||b|"},  // one LF at the start is skipped
-        {"a\tb\xc3\xa4\x01z\x1a", "a bz|"},
-        {"b\x03", ""},                             // Ctrl-C: all is gone
-        {"b \xd1\x91\rPRINT 9\r", "b |"},          // U+0451 ends in 0x91, which is F1
-        {"PRINT 4;\r\x1aPRINT 5\r", "PRINT 4;|"},  // what follows the end code is lost
-        {"good\r" + std::string(255, 'x') + "\rlost\r\x1a", "good|"},  // a line too long
+        {"a\r\nb\nc\rd\x1a", "a\nb\nc\nd\n"},
+        {"\na\r\r\rb\r\x1a", "a\n\n\nb\n"},  // one LF at the start is skipped
+        {"a\tb\xc3\xa4\x01z\x1a", "a bz\n"},
+        {"b\x03", ""},                              // Ctrl-C: all is gone
+        {"b \xd1\x91\rPRINT 9\r", "b \n"},          // U+0451 ends in 0x91, which is F1
+        {"PRINT 4;\r\x1aPRINT 5\r", "PRINT 4;\n"},  // what follows the end code is lost
+        {"good\r" + std::string(255, 'x') + "\rlost\r\x1a", "good\n"},  // a line too long
     };
-    for (const auto& [text, program] : rows) EXPECT_EQ(Stored(bench, text), program);
+    for (const auto& [text, program] : rows) {
+        bench.Say("AUTOSAVE\r" + text);
+        EXPECT_EQ(bench.board.ProgramText(), program);
+    }
     // U+2192 ends in 0x92, which is F2: saved and run.
     const std::string out = bench.Say("AUTOSAVE\rPRINT 7; ' \xe2\x86\x92");
     EXPECT_EQ(out.substr(out.find("Saved")), "Saved 26 bytes\r\n 7" + kLead603 + "\r\n" + kQuiet);
@@ -111,18 +89,85 @@ TEST(Receive, EchoComesAtCrAndElseIsHeld) {
                          {"x\t\xe9y", 100, "x y"},  // a tab as one blank
                          {"\x1a", 449, ""},
                          {"", 1, "\r\nSaved 100 bytes\r\n" + kLoud603}});
+    BoardBench cmm2("cmm2");  // it wants a name and a function key
+    EXPECT_EQ(cmm2.Told("AUTOSAVE"), "Syntax#");
+    cmm2.Say("AUTOSAVE \"x\"\rprint 1\r\x1a\rprint 2\r");
+    EXPECT_EQ(cmm2.Say("\x1b[11~"), "\r\n> Saved to SDcard\r\n" + kLoudCmm2);
+    EXPECT_EQ(cmm2.Say("LIST\r"), "LIST\r\nprint 1\r\n\r\nprint 2\r\n" + kLoudCmm2);
 }
 
-TEST(Receive, TheCmm2WantsANameAndAFunctionKey) {
-    BoardBench bench("cmm2");
-    std::string data;
-    EXPECT_EQ(bench.Told("AUTOSAVE"), "Syntax#");
-    bench.Say("AUTOSAVE \"x\"\rprint 1\r\x1a\rprint 2\r");
-    EXPECT_EQ(bench.Say("\x1b[11~"), "\r\n> Saved to SDcard\r\n" + kLoudCmm2);
-    EXPECT_TRUE(bench.board.ReadFile("X.BAS", &data));
-    EXPECT_EQ(data, "print 1\r\n\r\nprint 2\r\n");
-    EXPECT_EQ(bench.Say("LIST\r"), "LIST\r\nprint 1\r\n\r\nprint 2\r\n" + kLoudCmm2);
-    EXPECT_TRUE(Has(bench.Say("LS\r"), "0 directories, 1 file\r\n" + kLoudCmm2));
+constexpr int64_t kStamp = 1750500450;  // 21-06-2025 10:07:30
+
+TEST(Listing, EachFamilysLayout) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"picomite", R"(
+CHDIR "dir"|x=5|files -> A:/dir#   <DIR>  sub#00:00 00-00-1980          3  Another, one.txt#)"
+                     R"(10:07 21-06-2025       1234  prog.bas#1 directory, 2 files, )"
+                     R"(13619200 bytes free#
+PRINT x ->  0#
+FILES "p*.B?s" -> A:/dir#10:07 21-06-2025       1234  prog.bas#)"
+                     R"(0 directories, 1 file, 13619200 bytes free#
+FILES "no/*" -> Error : Could not find the path#
+)"},
+        {"cmm2", "\nls -> A:/#   <DIR>  dir#10:07 21-06-2025          7  b#1 directory, 1 file#\n"},
+        {"armmite", "\nFILES \"*\" -> A:/#   <DIR>  dir#         7  b#1 directory, 1 file#\n"},
+        {"maximite",
+         "\nfiles -> dir             <DIR>#b                        7#1 directory, 1 file#\n"}};
+    for (const auto& [family, script] : rows) {
+        BoardBench bench(family);
+        bench.board.AddFile("dir/sub/deep.bas", "", 0);
+        bench.board.AddFile("dir/prog.bas", std::string(1234, 'x'), kStamp);
+        bench.board.AddFile("dir/Another, one.txt", "abc", 0);
+        bench.board.AddFile("b", std::string(7, 'x'), kStamp);
+        bench.ExpectRows(script);
+    }
+}
+
+TEST(Listing, PagesStopForOneRawByte) {
+    BoardBench bench;
+    const std::string pause = "PRESS ANY KEY ...", erase = "\r" + std::string(17, ' ') + "\r";
+    std::string rows;
+    for (int i = 101; i < 144; ++i) {
+        bench.board.AddFile("f" + std::to_string(i), "x", kStamp);
+        rows += "10:07 21-06-2025          1  f" + std::to_string(i) + "\r\n";
+    }
+    const size_t row = rows.size() / 43;
+    const std::string head = "FILES\r\nA:/\r\n" + rows.substr(0, 19 * row) + pause;
+    const std::string next = erase + rows.substr(19 * row, 21 * row) + pause;
+    bench.Follow({{"FILES\r", 900, head},
+                  {" ", 900, next},
+                  {"\x03", 900, kLead603 + "\r\n" + kQuiet},  // no summary
+                  {"FILES\r", 900, head},
+                  {"\r\n", 900,  // two bytes, two pages
+                   next + erase + rows.substr(40 * row) +
+                       "0 directories, 43 files, 13455360 bytes free\r\n" + kQuiet}});
+}
+
+// What the file manager does with slots is in its tests.
+TEST(Commands, FilesAndSlots) {
+    BoardSetup setup;
+    setup.sdCard = true;
+    BoardBench bench("picomite", setup);
+    bench.Say("AUTOSAVE\rPRINT 1\r\x1a");
+    bench.Follow({{"flash save 1\r", 1499, "flash save 1\r\n"}, {"", 1, kQuiet}});
+    bench.ExpectRows(R"(
+FLASH SAVE 1 -> Error : Already programmed#
+FLASH LOAD 3 -> Error : Flash slot empty#
+FLASH ERASE 4 -> Error : 4 is invalid (valid is 1 to 3)#
+MKDIR "games"|MKDIR "GAMES" -> Error : Entry already exists#
+CHDIR "games"|SAVE "one"|CHDIR ".."|CHDIR ".." -> Error : Could not find the path#
+NEW|SAVE "x" -> Error : Nothing to save#
+FLASH RUN 1 ->  1#
+NEW|LOAD "games\one"|RUN ->  1#
+LOAD "games/one",R -> Error : Only a name is taken in the simulated board#
+RUN "one" -> Error : Could not find the file#
+RMDIR "games" -> Error : Dir is not empty#
+DRIVE "b:"|MKDIR "x"|MKDIR "x" -> Error : Access denied due to prohibited access#
+CHDIR "A:/games" -> Error : Only valid on current drive#
+KILL "a:/games/one.bas"|FILES "A:/games" -> A:/games#0 directories, 0 files, 13631488 bytes free#
+)");
+    EXPECT_TRUE(bench.board.AddFile("A:/big1", std::string(13 * 1024 * 1024 - 8192, 'x'), 0));
+    EXPECT_FALSE(bench.board.AddFile("A:/big2", std::string(8193, 'x'), 0));
 }
 
 }  // namespace

@@ -1,0 +1,158 @@
+// What a line brings beside typed text: XMODEM with the habits and faults of firmware 6.03, the
+// telnet console, troubles on request, and streams that mean harm.
+#include <cstring>
+#include <random>
+
+#include "simulator/BoardOutput.h"
+#include "tests/simulator/board_bench.h"
+#include "tests/support/XmodemFrame.h"
+
+namespace {
+
+const std::string kNak = "\x15", kAck = "\x06", kEot = "\x04", kCan = "\x18";
+
+TEST(Xmodem, TheBoardReceives) {
+    const auto block = [](int n) { return FrameOf(n, std::string(128, char('A' + n))); };
+    const std::string command = "XMODEM RECEIVE \"f.bas\"\r";
+    BoardBench bench;
+    std::string bad = block(1), held;
+    bad[60] ^= 1;
+    bench.Follow({{command, 1999, command + "\n" + kNak},
+                  {"", 1, kNak},        // it asks every 2 s
+                  {"\n", 0, kNak},      // and at each stray byte
+                  {block(0), 0, kAck},  // a YMODEM header is ignored
+                  {bad, 1499, ""},      // corrupt: 1.5 s
+                  {"", 1, kNak},
+                  {block(1).substr(0, 50), 2499, ""},  // short: 1 s more
+                  {"", 1, kNak},
+                  {block(1), 2, kAck},
+                  {block(1), 0, kAck},     // repeated: acknowledged, not written
+                  {block(4), 1500, kNak},  // out of order
+                  {"\x02", 2, ""},         // STX is noise, with no NAK any more
+                  {kEot, 1499, ""},        // a host that repeats EOT too early is not answered
+                  {kEot, 1499, ""},
+                  {"", 1, kAck + kLoud603}});
+    EXPECT_TRUE(bench.board.ReadFile("f.bas", &held) && held == std::string(128, 'B'));
+}
+
+TEST(Xmodem, TheBoardSends) {
+    const std::string command = "XMODEM SEND \"f.bas\"\r", one = FrameOf(1, std::string(128, 'x'));
+    const std::string two = FrameOf(2, std::string(72, 'x') + std::string(56, '\0'));
+    BoardBench bench;
+    bench.board.AddFile("f.bas", std::string(200, 'x'), 0);
+    bench.Follow({{command, 0, command + "\n"},
+                  {kNak + kNak, 0, one + one},  // nothing is flushed
+                  {"", 2999, ""},
+                  {"", 1, one},
+                  {"?", 0, one},  // at once on any other byte
+                  {kAck, 0, two},
+                  {kAck, 0, kEot},
+                  {kAck, 0, kLoud603},
+                  {command, 0, command + "\n"},
+                  {"C", 0, ""},
+                  {kCan, 200, "Error : Cancelled by remote\r\n" + kLoud603},
+                  {command, 0, command + "\n"}});
+    const std::string end = kCan + kCan + kCan + "Error : Too many errors\r\n" + kLoud603;
+    const std::string tries = bench.Say(kNak, 80000);
+    EXPECT_EQ(tries.substr(std::min<size_t>(tries.size(), 25 * 132)), end);
+}
+
+TEST(Telnet, TheWebMiteCodesBothDirections) {
+    BoardBench bench("webmite");
+    EXPECT_EQ(bench.board.OutputSegment(), 4u);
+    bench.board.SetListening(false);
+    bench.board.SetListening(true);  // a host comes
+    const std::string end("\r\0\n", 3);
+    bench.Follow({{"", 0, {"\xff\xfb\x03\xff\xfd\x03\xff\xfb\x01\xff\xfd\x22\xff\xfe\x22\0", 16}},
+                  {std::string("PRINT CHR$(255)\r\0", 17), 10,
+                   "PRINT CHR$(255)" + end + "\xff\xff" + end + kQuiet},
+                  {"\xff\xfb\x01typed", 10, ""},  // a segment that starts with 255 is lost whole
+                  {"x=1\xff\xff\r", 10, "x=1" + end + kQuiet}});
+}
+
+BoardSetup Troubled(int delay, bool noEcho = false, bool silent = false, int cutAfter = 0,
+                    const char* storm = "") {
+    BoardSetup setup;
+    setup.faults = {1, 0, 0, 0, delay, noEcho, silent, cutAfter, storm, 4};
+    return setup;
+}
+
+TEST(Faults, EachTroubleOnRequest) {
+    const int signOn = int(BoardBench().signOn.size());
+    const struct {
+        BoardSetup setup;
+        std::vector<Step> steps;
+        bool linkIsUp;
+    } rows[] = {
+        {Troubled(30), {{"", 30, BoardBench().signOn}, {"x", 29, ""}, {"", 1, "x"}}, true},
+        {Troubled(0, true), {{"?1\r", 10, " 1\r\n" + kQuiet}}, true},
+        {Troubled(0, false, true), {{"x\r", 10, ""}}, true},
+        {Troubled(0, false, false, signOn + 3), {{"abcd", 9, "abc"}, {"x", 9, ""}}, false},
+        {Troubled(0, false, false, 0, "<>"), {{"x", 9, "<>x<><>"}, {"", 3, "<>"}}, true},
+    };
+    for (const auto& row : rows) {
+        BoardBench bench("picomite", row.setup);
+        bench.Follow(row.steps);
+        EXPECT_EQ(bench.board.LinkIsUp(), row.linkIsUp);
+    }
+    BoardSetup setup;
+    setup.faults.lostOutPerMille = setup.faults.garbagePerMille = setup.faults.lostInPerMille = 50;
+    const std::string left = BoardBench("picomite", setup).Say(std::string(255, 'A'));
+    EXPECT_EQ(left, BoardBench("picomite", setup).Say(std::string(255, 'A')));
+    EXPECT_TRUE(left.size() > 200 && left.size() < 250) << left.size();
+}
+
+// Pieces that lead deep into the board, so that chance need not spell them.
+const char kPieces[] =
+    "AUTOSAVE\r|AUTO\r|NEW\r|RUN\r|LIST\r|FILES\r|LS\r|XMODEM SEND \"x\"\r|XMODEM RECEIVE \"x\"\r|"
+    "\x04|\x01\x01\xfe|\x06|\x15|\x18|FOR i=1 TO 9|NEXT|GOTO a|a:|DO|LOOP|IF |THEN|ELSE|ENDIF|"
+    "PRINT |INPUT a$|\"|(|)|-|NOT |LEFT$(|STRING$(255,\"A\")|DIM a(99)|=|a$|+a$|99999999999|1e308|"
+    "^|\\0|,|:|\r|\n|\x1a|\x1b[12~|\x1b[A|\x1b|\x91|\x92|\x03|\b|\t|SAVE \"x\"\r|RUN \"x\"\r|"
+    "MKDIR \"d\"\r|CHDIR \"d\"\r|FLASH SAVE 1\r|FLASH RUN 1\r|PAUSE 9\r|DATE$=\"31-12-2999\"\r";
+
+// Pieces and single bytes in uneven chunks at uneven times.
+TEST(Hostile, RandomStreamsLeaveEveryBoardAliveAndBounded) {
+    const unsigned seed = std::random_device{}();
+    for (const BoardFacts& facts : AllBoardFacts()) {
+        SCOPED_TRACE(facts.name + (" with seed " + std::to_string(seed)));
+        std::mt19937 random(seed);
+        BoardBench bench(facts.name);
+        for (size_t fed = 0; fed < 150000;) {
+            std::string chunk;
+            for (const size_t least = 1 + random() % 200; chunk.size() < least;) {
+                const char* piece = kPieces + random() % (sizeof kPieces - 1);
+                while (piece > kPieces && piece[-1] != '|') --piece;
+                chunk += random() % 4 != 0 ? std::string(piece, strcspn(piece, "|"))
+                                           : std::string(1, random() % 256);
+            }
+            fed += chunk.size();
+            bench.board.Receive(chunk, bench.now);
+            bench.board.Advance(bench.now += random() % 8 == 0 ? random() % 300 : 1);
+            ASSERT_LE(bench.board.TakeOutput().size(), kOutputLimit + 4096);
+        }
+        // Out of whatever it is in: a program, a transfer.
+        for (const int ms : {200000, 5000}) bench.Say("\x03", ms);
+        const std::string out = bench.Say("PRINT 6*7\r", 5000);
+        EXPECT_TRUE(Has(out, facts.basic ? " 42\r" : "> ")) << out.substr(0, 300);
+    }
+}
+
+TEST(Hostile, NothingTakenOutMeansNothingGrows) {
+    BoardBench bench;
+    bench.Say("AUTOSAVE\rDO:PRINT STRING$(255,\"A\");:LOOP\r\x1a");
+    bench.board.Receive("RUN\r", bench.now);
+    for (int i = 0; i < 1000; ++i) bench.board.Advance(bench.now += 100);
+    const size_t size = bench.board.TakeOutput().size();
+    EXPECT_TRUE(size >= kOutputHighWater && size <= kOutputHighWater + 64 * 256);  // a slice more
+    bench.Say("\x03", 100);
+    // Typing without reading the echo ends at the limit.
+    for (int i = 0; i < 30000; ++i) bench.board.Receive(std::string(100, 'x') + "\r", bench.now);
+    EXPECT_LE(bench.Say("\x03").size(), kOutputLimit + 4096);
+    // Nor does depth or a number of files.
+    EXPECT_TRUE(Has(bench.Say("PRINT " + std::string(200, '(') + "1\r"), "too complex"));
+    int files = 0;
+    while (files < 2000 && bench.board.AddFile("n" + std::to_string(files), "", 0)) ++files;
+    EXPECT_EQ(files, 1000);
+}
+
+}  // namespace
