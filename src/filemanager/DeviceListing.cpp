@@ -46,9 +46,7 @@ void Collect(const QString& text) {
     listing.listingBuffer += WithoutDroppedRest(NormaliseLineEndings(text));
     listing.listingBuffer.remove(kCursorOn);
     const int lastEnd = listing.listingBuffer.lastIndexOf('\n');
-    if (listing.listingBuffer.size() - lastEnd > kLongestListingLine) {
-        listing.listingBuffer.truncate(lastEnd + 1 + kLongestListingLine);
-    }
+    listing.listingBuffer.truncate(lastEnd + 1 + kLongestListingLine);
 }
 
 // Without a line end the whole buffer is the line, and it stays to be seen again with the

@@ -55,7 +55,6 @@ bool PcFile::Keep() {
 
 void PcFile::Remove() {
     Close();
-    beside.reset();
     if (created) unlink(path.toUtf8().constData());
 }
 

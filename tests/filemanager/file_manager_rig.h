@@ -26,7 +26,7 @@ class FileManager : public testing::Test {
         TextEntryGadget(kFamilyCombo, 0, 0, 9, 9, "picomite");
         TextEntryGadget(kModeText, 0, 0, 9, 9, "");
         AddDefaultFamilies();
-        SetPcFolder(folder.path() + "/");
+        SetPcFolder(folder + "/");
         SetLineEnding("CR");  // CR LF is Enter twice to these boards
         SetAfterFlashUpload(RefreshDeviceList);
         answers.message = [](const QString& title, const QString& text) {
@@ -114,7 +114,7 @@ class FileManager : public testing::Test {
     QString Plain(QString text) {
         static const QRegularExpression noise("\x1b\\[[0-9;?]*[a-zA-Z]|\6");
         text.remove(noise).replace('\r', '^').replace('\3', "<3>").replace('\x1a', "<1A>");
-        return text.replace(folder.path(), "~").simplified();
+        return text.replace(folder, "~").simplified();
     }
     std::string Printed() { return Plain(TakeCapture()).toStdString(); }
 
@@ -138,16 +138,10 @@ class FileManager : public testing::Test {
         }
         EXPECT_EQ(told.join('\n').toStdString(), script.toStdString());
     }
-    QString MakeFile(const QString& name, const std::string& bytes = "PRINT 1\n") {
-        return ScratchFolder::Put(folder.path() + '/' + name, QByteArray::fromStdString(bytes));
-    }
-    std::string FileText(const QString& name) {
-        return ScratchFolder::Get(folder.path() + '/' + name).toStdString();
-    }
-
     DialogAnswers answers;
     TurnsClock clock;
-    QTemporaryDir folder;
+    ScratchFolder scratch;
+    const QString folder = scratch.folder.path();
     std::unique_ptr<BoardOnLine> board;
     size_t seen = 0;  // bytes of what went out
 };

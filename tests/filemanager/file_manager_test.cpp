@@ -36,7 +36,7 @@ folder: 0 [New folder|Name for new folder?])");
 }
 
 TEST_F(FileManager, FlashSlotsAreShownLoadedReadAndErased) {
-    MakeFile("a.bas");
+    ScratchFolder::Put("a.bas", "PRINT 1\n");
     PlugIn("picomite");
     // The question comes once, and the answer is No.
     Follow(R"(open: 660 ^^<3>files^ -> ..|A:/
@@ -71,59 +71,49 @@ send 1: 0)");
     Follow("refresh: 260 ^^<3> -> current program\nview: 260 ^^<3>");
 }
 
-// Bytes come one by one: waits end inside sequences, polls inside prompts and echoes.
-TEST_F(FileManager, OnASlowLineTheSlotsKeepTheirRows) {
-    OpenFileManager();
-    for (const int msPerByte : {91, 67, 59, 42, 33, 25, 17}) {
-        PlugIn("picomite", msPerByte);
-        ToggleFlashView();
-        Poll();
-        EXPECT_EQ(Rows(), "current program|Slot 1 available|Slot 2 available|Slot 3 available")
-            << msPerByte;
-        ToggleFlashView();
-        AdoptTcpLink(0);
-    }
-}
-
 TEST_F(FileManager, BothPcGadgetsStandOnOneFolder) {
-    MakeFile("a.bas");
-    MakeFile("b.txt");
-    QDir(folder.path()).mkdir("sub");
+    ScratchFolder::Put("a.bas", "PRINT 1\n");
+    ScratchFolder::Put("b.txt", "PRINT 1\n");
+    QDir(folder).mkdir("sub");
     OpenFileManager();
     EXPECT_EQ(Rows(), "");  // with no link the list is left alone
     QString stands;
-    for (const char* typed : {"/sub", "/su"}) {  // the second is typed half: the list stays
-        SetGadgetText(kPcPathEntry, folder.path() + typed);
-        Raise(kTypePathChanged, PathBoxChanged);
-        stands += GadgetText(kPcList) + ' ';
-    }
-    SetGadgetText(kPcList, folder.path());
+    const auto type = [&](int64_t event, const char* text) {
+        SetGadgetText(kPcPathEntry, folder + text);
+        Raise(event, PathBoxChanged);
+        stands += GadgetText(kPcList) + ' ' + fileManagerSettings.pcFolder + '|';
+    };
+    type(kTypePathChosen, "/sub");
+    type(kTypePathChanged, "/su");  // typed half: the list stays
+    SetGadgetText(kPcList, folder);
     Raise(kTypeValueChanged, PcListChanged);
-    stands += GadgetText(kPcPathEntry);
-    EXPECT_EQ(stands.replace(folder.path(), "~"), "~/sub/ ~/sub/ ~/");
+    stands += GadgetText(kPcPathEntry) + '|';
+    type(kTypePathChanged, "/sub");  // taken for the list's echo
+    EXPECT_EQ(Plain(stands), "~/sub/ ~/sub/|~/sub/ ~/su/|~/|~/ ~/|");
     answer = "made";
     Follow("PC-folder: 0 [New folder|Name for new folder?]");
-    EXPECT_TRUE(QDir(folder.path() + "/made").exists());
-    SetGadgetText(kPcList, folder.path());
+    EXPECT_TRUE(QDir(folder + "/made").exists());
+    SetGadgetText(kPcList, folder);
     // "..", made, sub and a.bas
     Follow(R"(send 0 1 2 3: 2240
      Processing file: ~/a.basnot set failed!Check port then try again
 PC-delete 0 1 2 3: 0)");
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).join('|'),
+    EXPECT_EQ(QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).join('|'),
               "b.txt|made|sub");
     EXPECT_EQ(GadgetItemCount(kPcList), 4);
+    SetPcFolder("/elsewhere");
+    CloseFileManager();
+    EXPECT_EQ(fileManagerSettings.pcFolder, folder + "/");
 }
 
 TEST_F(FileManager, TheEditorOpensTheSelectedFile) {
-    MakeFile("a.bas");
-    const QString editor =
-        MakeFile("KWEdit", "#!/bin/sh\necho \"$#$1\" >" + folder.path().toStdString() + "/made");
-    QFile::setPermissions(editor, QFile::ReadOwner | QFile::ExeOwner);
-    const_cast<AppPaths&>(appPaths).programFolder = folder.path() + "/";
-    for (const char* step : {"open", "edit", "edit 1"})
-        Act(step);  // the first time none is selected
-    const std::string made = "1" + folder.path().toStdString() + "/a.bas\n";
-    EXPECT_TRUE(ServeUntil([&] { return FileText("made") == made; }, [](int32_t) {}));
+    ScratchFolder::Put("a.bas", "");
+    ScratchFolder::Put("KWEdit", "#!/bin/sh\necho $#$1 >" + folder.toUtf8() + "/made");
+    QFile::setPermissions("KWEdit", QFile::ReadOwner | QFile::ExeOwner);
+    const_cast<AppPaths&>(appPaths).programFolder = folder + "/";
+    for (const char* step : {"open", "edit", "edit 1"}) Act(step);  // first none is selected
+    const QByteArray made = "1" + folder.toUtf8() + "/a.bas\n";
+    EXPECT_TRUE(ServeUntil([&] { return ScratchFolder::Get("made") == made; }, [](int32_t) {}));
 }
 
 QString PlaceOf(int gadget) {

@@ -84,24 +84,25 @@ TEST_F(ListingParser, APauseIsAnsweredEachTimeItIsSeenAndErrorsAreShown) {
 
 TEST_F(ListingParser, AProgramIsSavedLineByLine) {
     const auto save = [this](const char* name, const QStringList& chunks) {
-        choice.path = *name ? folder.path() + '/' + name : QString();
+        choice.path = name;
         RequestProgram(0);
         for (const QString& chunk : chunks) ParseListingChunk(chunk);
         EXPECT_FALSE(deviceListing.savingProgram);
         EXPECT_EQ(deviceListing.programCapture, "");
     };
     save("a", {QString::fromLatin1("list all\r\n  Print \"\xe9\"\r\nEnd\r\n\r\n> ")});
-    EXPECT_EQ(FileText("a.bas"), "Print \"\xe9\"\r\nEnd\r\n");
+    EXPECT_EQ(ScratchFolder::Get("a.bas"), "Print \"\xe9\"\r\nEnd\r\n");
     save("b.txt", {"Pri", "nt 1\r\n> "});  // a cut line is there twice, its first piece too
-    EXPECT_EQ(FileText("b.txt"), "Pri\r\nPrint 1\r\n");
+    EXPECT_EQ(ScratchFolder::Get("b.txt"), "Pri\r\nPrint 1\r\n");
     SetGadgetText(kFamilyCombo, "cmm2");
     save("b.txt", {"list all\r\nEnd\r\n> "});
     EXPECT_EQ(Printed(),
               "[Save/*.bas][Save/*.bas][Save/*.bas][File exists|Do you wish to overwrite it?]");
-    EXPECT_EQ(FileText("b.txt"), "Pri\r\nPrint 1\r\n");  // the answer was No
+    EXPECT_EQ(ScratchFolder::Get("b.txt"), "Pri\r\nPrint 1\r\n");  // the answer was No
     yes = true;
     save("b.txt", {"list all\r\nEnd\r\n> "});
-    EXPECT_EQ(FileText("b.txt"), "list all\r\nEnd\r\n");  // without slots the echo is no echo
+    EXPECT_EQ(ScratchFolder::Get("b.txt"),
+              "list all\r\nEnd\r\n");  // without slots the echo is no echo
     save("", {"End\r\n> "});
 }
 

@@ -80,17 +80,16 @@ TEST_F(ReceiveBench, EachFaultOfAFrameHasItsLineAndAnswer) {
 }
 
 TEST_F(ReceiveBench, EndsOfATransfer) {
-    // A stray byte brings a line ending and, before the first block, another NAK; after ten
-    // of them what came is judged as a frame.
     const std::string first = FrameOf(1, Block(1)), cans = kCan + kCan + kCan;
-    const std::string open = kNak + kAck, naks(11, kNakByte), none = "(none)";
+    const std::string open = kNak + kAck, naks(11, kNakByte), none = "(none)", dots(5120, '.');
     const std::string giveUp = cans + kCan + kCan + "\b\b\b\b\b", failed = "File transfer failed";
     const std::string stopped = kEcho + "Transfer Aborted by Sender" + failed;
     const std::string silence = kEcho + "Maximum Errors. Transfer Aborted." + failed;
-    const std::string dots(5120, '.'), early = "Short Block in #1";
-    std::string asking;
-    for (int i = 0; i < 10; ++i) asking += '\r' + kNak;
-    asking += kNak;
+    // A stray byte brings a line ending and, before the first block, another NAK; after ten
+    // of them what came is judged as a frame.
+    const std::string early = kEcho + "Short Block in #1Short Block in #1" + failed;
+    std::string strays = kNak;
+    for (int i = 0; i < 20; ++i) strays += (i == 10 ? kNak : "") + '\r' + kNak;
     const struct {
         std::deque<std::string> script;
         std::string lines, answers, content;
@@ -100,12 +99,7 @@ TEST_F(ReceiveBench, EndsOfATransfer) {
         {{kEcho}, silence, naks + "\r" + giveUp, none, 10 * 850 + 120},
         {{kEcho, first, "gone"}, silence, open, none, 60 + 10 * 850 + 120},
         {{kEcho, first, cans}, stopped, open + giveUp + cans + kAck, none, 110},
-        {{kEcho, "Error"},
-         kEcho + early + early + failed,
-         kNak + asking + asking,
-         none,
-         3400,
-         2600},
+        {{kEcho, "Error"}, early, strays + kNak, none, 3400, 2600},
         // More than the reply to the command can hold: the rest is dropped, and yet the first
         // look sees it when nothing else has come.
         {{dots + kEot}, dots + kDone, open, "", 50},

@@ -1,4 +1,6 @@
 // Storing a file, on the virtual clock, on devices that follow a rule.
+#include <sys/stat.h>
+
 #include "tests/xmodem/transfer_bench.h"
 #include "xmodem/PcFile.h"
 
@@ -90,8 +92,7 @@ TEST_F(SendBench, AnswersToABlock) {
     }
 }
 
-// Files around a block's size, and one whose block numbers pass 255; one above the limit is
-// not announced.
+// Files around a block's size, and one whose block numbers pass 255.
 TEST_F(SendBench, FilesGoInWholeBlocks) {
     for (const int size : {0, 1, 127, 128, 129, 33000}) {
         std::string content, frames;
@@ -108,9 +109,12 @@ TEST_F(SendBench, FilesGoInWholeBlocks) {
         EXPECT_EQ(Transfer(Direction::kSend),
                   Story(lines + kStored, frames + kEot, "", 1000 + sent * 200 + 500 + 1200));
     }
+    // Above the limit nothing is announced; what is no file goes as an empty one.
     ASSERT_EQ(truncate("pc.bin", kLargestSentFile + 1), 0);
     EXPECT_EQ(Transfer(Direction::kSend),
               Story("Blocks: 524289Transfer failed to start!", "", "", 1200));
+    EXPECT_EQ(unlink("pc.bin") + mkfifo("pc.bin", 0600), 0);
+    EXPECT_EQ(std::get<0>(Transfer(Direction::kSend)), "Blocks: 0" + kHead + kStored);
 }
 
 }  // namespace

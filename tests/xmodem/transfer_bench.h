@@ -19,16 +19,14 @@
 
 const std::string kNak(1, kNakByte), kAck(1, kAckByte), kEot(1, kEotByte), kCan(1, kCanByte);
 
-class TransferBench : public testing::Test {
-  protected:
+struct TransferBench : testing::Test {
     TransferBench() {
         SetServeBeforeWait(TakeEvents);
         ended = 0;
         clock.onTick = [this](int64_t now) {
             const std::string came = line->Read();
             out += came;
-            const std::string answer = device ? device(now, came) : "";
-            if (!answer.empty()) line->Write(answer);
+            if (device) line->Write(device(now, came));
         };
     }
     static void TakeEvents() {
@@ -72,9 +70,8 @@ class TransferBench : public testing::Test {
         line = std::make_unique<FarEnd>(overTcp);
     }
     // A new board at the far end.
-    void PlugIn(const simulator::BoardSetup& setup = {}) {
-        const simulator::BoardFacts& facts = *simulator::FindBoardFacts("picomite");
-        board = std::make_unique<simulator::SimulatedBoard>(facts, setup);
+    void PlugIn() {
+        board.reset(new simulator::SimulatedBoard(*simulator::FindBoardFacts("picomite")));
         board->PowerUp(clock.Now());
         board->TakeOutput();
         device = [this](int64_t now, const std::string& came) {
@@ -82,13 +79,6 @@ class TransferBench : public testing::Test {
             board->Advance(now);
             return board->TakeOutput();
         };
-    }
-    // What the board has taken, and stores behind a silence, even where no end came.
-    std::string OnBoard() {
-        std::string data;
-        board->Receive(kCan, clock.Now());
-        clock.Sleep(4000);
-        return board->ReadFile("d.bin", &data) ? data : "(none)";
     }
     static void Write(const std::string& bytes) {
         ScratchFolder::Put("pc.bin", QByteArray::fromStdString(bytes));
