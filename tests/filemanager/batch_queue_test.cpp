@@ -35,7 +35,7 @@ TEST_F(FileManager, TheRoadOfAFile) {
 
 struct FileManagerThreads : FileManager {
     FileManagerThreads() {
-        PlugIn("picomite");
+        PlugIn();
         OpenFileManager();
         TakeCapture();
     }

@@ -17,9 +17,8 @@
 
 class FileManager : public testing::Test {
   protected:
-    static inline QString answer;  // of the text dialog
+    static inline QString answer;  // of a text, and of the file dialog
     static inline bool yes;        // to a question
-    static inline FileChoice choice;
 
     FileManager() {
         OpenNumberedWindow(kMainWindow, 0, 0, 300, 300, "Test", kStandardWindowFlags);
@@ -36,7 +35,7 @@ class FileManager : public testing::Test {
             return TerminalPrintLine('[' + title + '|' + text + preset + ']'), answer;
         };
         answers.file = [](const QString& title, const QString& preset) {
-            return TerminalPrintLine('[' + title + preset.right(6) + ']'), choice;
+            return TerminalPrintLine('[' + title + preset.right(6) + ']'), FileChoice{answer};
         };
         AnswerDialogs(&answers);
         yes = false;
@@ -47,18 +46,17 @@ class FileManager : public testing::Test {
         StopTransferWorkers();
     }
 
-    void PlugIn(const char* family, int msPerByte = 1) {
-        board.reset();  // it hands the clock back
-        board = std::make_unique<BoardOnLine>(family, clock);
-        board->SlowDown(msPerByte);
+    void PlugIn() {
+        board = std::make_unique<BoardOnLine>("picomite", clock);
         ConnectDevice();
     }
 
     // What the main loop does, until nothing has come for a while or the text was printed.
     void Poll(const char* text = "(never)") {
         char block[16384];
-        for (int quiet = 0, turn = 0; quiet < 40 && ++turn < 5000 && !capture.buffer.contains(text);
-             ++quiet) {
+        const int64_t end = clock.Now() + 200000;
+        for (int quiet = 0; quiet < 40 && clock.Now() < end; ++quiet) {
+            if (capture.buffer.contains(text)) return;
             clock.Sleep(50);
             for (int32_t event; (event = WaitForEvent(0)) != kNoEvent; quiet = 0) {
                 if (event == kEventSendStatus) ShowSendStatus();
@@ -74,10 +72,9 @@ class FileManager : public testing::Test {
         }
     }
 
-    static std::string Rows() {
+    static std::string Rows(int list = kDeviceList) {
         QStringList rows;
-        for (int row = 0; row < GadgetItemCount(kDeviceList); ++row)
-            rows += GadgetItemText(kDeviceList, row);
+        for (int row = 0; row < GadgetItemCount(list); ++row) rows += GadgetItemText(list, row);
         return rows.join('|').toStdString();
     }
     static void Select(int list, const std::vector<int>& rows) {
