@@ -19,12 +19,10 @@ const struct {
      "A:/\r\n   <DIR>  b>c\r\nPRESS ANY KEY ...\r                 \r   <DIR>  c\r\n"
      "PRESS ANY KEY ...\r                 \r2 directories, 0 files, 1 bytes free\r\n> ",
      "..|A:/|<DIR>  b>c|<DIR>  c"},
-    {"picomite", " Slot 1 in use: \"Print \"hello\"\"\r\n Slot 2 in use\r\n Slot 3 available\r\n> ",
-     "..|Slot 1 in use: \"Print \"hello\"\"|Slot 2 in use|Slot 3 available"},
     {"picomite",  // 6.03: a prompt that nobody saw, one behind Ctrl-C, and the echo
      "\x1b[97;40m> \x1b[?7h\x1b[?25h\x1b[97;40m\r\n> \x1b[?7hflash list\r\n"
-     " Slot 1 in use\r\n Slot 2 available\r\n> \x1b[?7h",
-     "..|Slot 1 in use|Slot 2 available"},
+     " Slot 1 in use: \"Print \"hello\"\"\r\n Slot 2 available\r\n> \x1b[?7h",
+     "..|Slot 1 in use: \"Print \"hello\"\"|Slot 2 available"},
     {"cmm2",
      "A:/\r\n   <DIR>  sub\r\n\x1b[37mno row\r\n10:07 21-06-2025       1234  prog.bas\r\n"
      "1 directory, 1 file\r\n\x1b[?25h\x1b[37m\x1b[m\r\n> ",

@@ -54,13 +54,4 @@ TEST(Basic, TheProgramsOfTheHelpPage) {
     }
 }
 
-TEST(Basic, TheClockIsSetAsTheConsoleSetsIt) {
-    BoardBench().ExpectRows(R"(
-Date$ = "31/12/2026"|Time$ = "23:59:58"|PRINT DATE$;" ";TIME$ -> 01-01-2027 00:00:00#
-RTC SETTIME 27,02,28,07,08,09|DATE$="29-02-27" -> Error : Invalid date or time#
-TIME$="24:00" -> Error : Invalid date or time#
-PRINT DATE$;" ";TIME$ -> 28-02-2027 07:08:15#
-)");
-}
-
 }  // namespace

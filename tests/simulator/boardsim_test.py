@@ -1,4 +1,4 @@
-"""The program boardsim, started as a user starts it: ports, pseudo-terminals, wrong options."""
+"""The program boardsim, started as a user starts it: a port, wrong options."""
 import os
 import socket
 import subprocess
@@ -35,22 +35,12 @@ class Boardsim(unittest.TestCase):
         self.assertTrue(read_until(line.recv, b"\x1b[?7h").startswith(b"\rPicoMite MMBasic"))
         line.sendall(b'RUN "hello"\r')
         self.assertIn(b"Hello from PicoMite!\r\n", read_until(line.recv, b"\x1b[?7h"))
-
-        # A restart takes the port away; who comes meanwhile waits.
+#A restart takes the port away; who comes meanwhile waits.
         line.sendall(b"CPU RESTART\r")
         self.assertEqual(read_until(line.recv, b"never"), b"CPU RESTART\r\n")
         line = self.connect(port)
         line.sendall(b"PRINT 6*7\r")
         self.assertIn(b"42\r", read_until(line.recv, b"42\r"))
-
-    def test_telnet_over_tcp_and_none_on_a_pseudo_terminal(self):
-        shown = read_until(self.connect(self.start("--port=0", "--board", "webmite")).recv,
-                           b"\x1b[?7h")
-        self.assertEqual(shown[12:18], b"\xff\xfe\x22\0\r\0")
-        name = self.start("--board", "webmite", "--pty")
-        with os.fdopen(os.open(name, os.O_RDWR | os.O_NOCTTY), "r+b", buffering=0) as line:
-            line.write(b"nosuch\r")
-            self.assertIn(b"nosuch\r\nError : Unknown", read_until(line.read, b"Unknown"))
 
     def test_wrong_options(self):
         for options, part, status in [
