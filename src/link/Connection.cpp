@@ -41,8 +41,8 @@ bool OpenConfiguredPort() {
 // A board on USB neither sends nor reads before DTR is on. It is set twice on purpose.
 void WakeSerialDevice() {
     SleepMs(kSettleAfterOpen);
-    SetSerialDtr();
-    SetSerialDtr();
+    SetSerialDtr(true);
+    SetSerialDtr(true);
 }
 
 int64_t ConnectSerial() {
@@ -109,8 +109,8 @@ bool ReopenSerialPort() {
 
 void DisconnectDevice() {
     ForgetLinkWatch();
-    CloseSerialLink();
-    ReplaceDescriptor(status.netLink, 0);
+    if (SerialLinkIsOpen()) CloseSerialLink();
+    if (status.netLink > 0) ReplaceDescriptor(status.netLink, 0);
     ShowLinkNotice("Disconnected");
     SetMouseMode(0);
     status.linkConnected = false;

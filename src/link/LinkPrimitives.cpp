@@ -102,8 +102,8 @@ int64_t SendText(const QString& text) {
 int32_t SendByte(int64_t value) {
     if (!SerialLinkIsOpen() && linkStatus.netLink == 0) return -1;
     if (value < 1) return 0;
-    const auto byte = static_cast<uint8_t>(value);
-    return static_cast<int32_t>(SendBytes(&byte, 1));
+    const uint8_t block[2] = {static_cast<uint8_t>(value), 0};
+    return static_cast<int32_t>(SendBytes(block, 1));
 }
 
 int64_t ReceiveBytes(void* buffer, int64_t maximum) {
@@ -112,7 +112,9 @@ int64_t ReceiveBytes(void* buffer, int64_t maximum) {
         return use.fd > 0 ? ReceiveTcpBytes(use.fd, buffer, maximum) : -1;
     }
     if (!SerialLinkIsOpen()) return -1;
-    return ReadSerialBytes(buffer, static_cast<int>(std::min<int64_t>(maximum, INT_MAX)));
+    const int waiting = SerialBytesAvailable();
+    if (waiting == 0) return 0;
+    return ReadSerialBytes(buffer, static_cast<int>(std::min<int64_t>(waiting, maximum)));
 }
 
 int64_t TakeOffTelnet(uint8_t* bytes, int64_t count) {

@@ -48,6 +48,7 @@ termios RawLine(tcflag_t speedCode) {
     line.c_iflag = IGNPAR;
     line.c_cflag = speedCode | CS8 | CREAD | CLOCAL;
     line.c_cc[VEOF] = 4;
+    line.c_cc[VTIME] = 0;
     line.c_cc[VMIN] = 1;
     // The program's own choice; neither acts while IXON is off.
     line.c_cc[VSTART] = 0x15;
@@ -77,4 +78,5 @@ void RaiseLineSpeed(int fd, int64_t baud) {
     // A sum on the flag word, not a new code: this is how the speeds are reached.
     line.c_cflag += step ? step->code : 0;
     tcsetattr(fd, TCSANOW, &line);
+    tcgetattr(fd, &line);  // read back for nothing
 }

@@ -42,6 +42,13 @@ bool SerialLinkIsOpen() {
     return serialLink > 0;
 }
 
+int SerialBytesAvailable() {
+    const DescriptorUse use(serialLink);
+    int waiting = 0;
+    if (use.fd > 0) ioctl(use.fd, FIONREAD, &waiting);
+    return waiting;
+}
+
 int ReadSerialBytes(void* buffer, int count) {
     const DescriptorUse use(serialLink);
     if (use.fd < 1 || count < 1) return 0;
@@ -63,12 +70,14 @@ void CloseSerialLink() {
     ReplaceDescriptor(serialLink, 0);
 }
 
-void SetSerialDtr() {
+bool SetSerialDtr(bool on) {
     const DescriptorUse use(serialLink);
     int bits = 0;
-    if (modemIoctl(use.fd, TIOCMGET, &bits) < 0) return;
-    bits |= TIOCM_DTR;
+    if (use.fd < 1 || modemIoctl(use.fd, TIOCMGET, &bits) < 0) return false;
+    bits = on ? bits | TIOCM_DTR : bits & ~TIOCM_DTR;
     modemIoctl(use.fd, TIOCMSET, &bits);
+    if (modemIoctl(use.fd, TIOCMGET, &bits) < 0) return false;
+    return ((bits & TIOCM_DTR) != 0) == on;
 }
 
 // Leaves the port open at this speed, so that a later ConnectDevice finds it open and

@@ -19,13 +19,15 @@ int OpenSerialLink(const QString& path, int64_t baud, int64_t inBufferSize, int6
 const SharedDescriptor& SerialDescriptor();
 // Whether the link object exists; says nothing on the state of the hardware.
 bool SerialLinkIsOpen();
+// Bytes that wait; 0 for none, for no link, and for a failing ioctl(2).
+int SerialBytesAvailable();
 // One read(2) and one write(2). 0 for none, for an error, and for no link.
 int ReadSerialBytes(void* buffer, int count);
 int WriteSerialBytes(const void* buffer, int count);
 // Whether a write of some hundred bytes would be taken whole; true for no link. Any thread.
 bool SerialTakesBytes();
 void CloseSerialLink();
-// Sets DTR, and leaves the other modem lines as they are.
-void SetSerialDtr();
+// Sets or clears DTR; true when the line then reads as asked.
+bool SetSerialDtr(bool on);
 // Opens the current port at 1200 baud, which sends such a board into its boot loader.
 void SerialTouch1200();

@@ -82,8 +82,11 @@ int64_t SendTcpBytes(int fd, const void* buffer, int64_t count) {
 }
 
 int64_t ReceiveTcpBytes(int fd, void* buffer, int64_t maximum) {
+    // poll(2) and not select(2), which writes past its set for a descriptor above 1023.
+    pollfd ready = {fd, POLLIN, 0};
+    if (maximum < 1 || poll(&ready, 1, 0) < 1) return 0;
     int waiting = 0;
-    if (maximum < 1 || ioctl(fd, FIONREAD, &waiting) < 0 || waiting == 0) return 0;
+    if (ioctl(fd, FIONREAD, &waiting) < 0 || waiting == 0) return 0;
     // Another thread may have taken the bytes meanwhile; that must not become a wait.
     const ssize_t count = recv(fd, buffer, static_cast<size_t>(maximum), MSG_DONTWAIT);
     return count < 0 && errno == EAGAIN ? 0 : static_cast<int32_t>(count);

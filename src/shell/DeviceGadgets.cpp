@@ -18,6 +18,12 @@ namespace {
 constexpr int kPortsOfAKind = 4;  // ttyUSB0 to 3, ttyACM0 to 3
 constexpr int kLastPresetOfGroup0 = 9;
 
+void ShowPreset(const PresetEntry& preset) {
+    SetGadgetText(kNicknameEntry, preset.nickname);
+    SetGadgetText(kSpecEntry, preset.spec);
+    ApplyDeviceSpec(preset.spec);
+}
+
 }  // namespace
 
 void FillPresetAndMacroButtons() {
@@ -30,7 +36,7 @@ void FillPresetAndMacroButtons() {
     const int last = shellSettings.lastUsedPreset;
     if (!presetList.empty()) {
         const bool held = last >= 0 && static_cast<size_t>(last) < presetList.size();
-        ApplyDeviceSpec(presetList[held ? static_cast<size_t>(last) : 0].spec);
+        ShowPreset(presetList[held ? static_cast<size_t>(last) : 0]);
     }
     if (last > kLastPresetOfGroup0) SetPresetGroup(1);
 }
@@ -42,10 +48,12 @@ void ChooseTransport(bool tcp) {
 }
 
 void ShowStoredLink() {
+    SetGadgetText(kPortCombo, linkSettings.comPort);
     SetGadgetText(kSpeedCombo, linkSettings.serialSpeed);
     const bool tcp = linkSettings.comPort == "TCPIP";
     if (tcp) SetGadgetText(kAddressEntry, linkSettings.tcpAddress + ":" + linkSettings.tcpPort);
     ChooseTransport(tcp);
+    ShowStoredDevice();
 }
 
 void ShowStoredDevice() {

@@ -83,6 +83,7 @@ void TickViewItems() {
 }
 
 void TickLineEnding() {
+    SetLineEnding(lineEnding.name);
     for (const LineEndingRow& row : kLineEndings) {
         SetMenuItemTick(row.item, lineEnding.name == row.name);
     }

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <algorithm>
 
 #include "base/Numbers.h"
 #include "terminal/screen/TerminalScreen.h"
@@ -25,7 +26,8 @@ namespace {
 
 constexpr int kGadgetTop = 1;
 constexpr int kGadgetHeight = 20;
-constexpr int kScrollBarPage = 40;  // page length, in lines
+constexpr int kLargestStoredSize = 10000;  // of the canvas, in pixels
+constexpr int kScrollBarPage = 40;         // page length, in lines
 
 enum class Kind {
     kButton,
@@ -177,10 +179,11 @@ void CreateToolbarRows() {
     SetGadgetText(kTerminalSizeText, "Terminal size: " + TerminalSizeText());
 }
 
-// The canvases take their size when the fonts are measured; the stored one, whatever a file
-// says, is not asked.
+// The stored size serves the canvases' creation alone; whatever a file says, it is held to
+// what an image can be.
 void CreateTerminal() {
-    SetCanvasSize(1, 1);
+    SetCanvasSize(std::clamp(terminalSettings.canvasWidth, 1, kLargestStoredSize),
+                  std::clamp(terminalSettings.canvasHeight, 1, kLargestStoredSize));
     const GadgetPlace frame = FramePlace();
     CanvasGadget(kFrameCanvas, frame.x, frame.y, frame.width, frame.height,
                  kCanvasFrame + kCanvasContainer);

@@ -20,6 +20,8 @@ const char kLoadCommand[] = "/load";
 constexpr int kLoadLength = sizeof kLoadCommand - 1;
 const char kStoreCommand[] = "/store";  // loads without RUN
 constexpr int kStoreLength = sizeof kStoreCommand - 1;
+const char kReservedCommand[] = "/cmd";  // has no action
+constexpr int kReservedLength = sizeof kReservedCommand - 1;
 
 // By way of the staging block, which can be smaller than a chunk. A piece that is not
 // taken whole is the last, as if the chunk had gone in one call.
@@ -41,6 +43,7 @@ void HandleDataChunk(const ServerRecord& record) {
 }
 
 void RunCommand(const QString& command) {
+    if (command.left(kReservedLength).toLower() == kReservedCommand) return;
     if (command.left(kStoreLength).toLower() == kStoreCommand) {
         return StorePath(TrimBlanks(command.mid(kStoreLength)));
     }
