@@ -31,7 +31,7 @@ struct Place {
 struct ButtonRow {
     int gadget;
     int container;  // kNone in the window itself
-    Place place;    // none where Layout fits it to the window
+    Place place;    // fitted to the window afterwards where Layout names the gadget
     const char* text;
     const char* tooltip;
     void (*handler)();
@@ -40,7 +40,7 @@ struct ButtonRow {
 // Both tips of the PC's "Del" are given to it, and the later one stays.
 // clang-format off
 const ButtonRow buttonRows[] = {
-    {kCopyToDeviceButton,    kPcToolbar,     {},              ">>>",
+    {kCopyToDeviceButton,    kPcToolbar,     {293, 2, 50, 25}, ">>>",
      "Copy selected files to Maximite", CopyToDevice},
     {kPcDeleteButton,        kPcToolbar,     {5, 2, 50, 25},   "Del",
      "Delete selected files on Maximite", DeleteOnPc},
@@ -56,9 +56,9 @@ const ButtonRow buttonRows[] = {
      "Create new folder on Maximite", NewDeviceFolder},
     {kDeviceRefreshButton,   kDeviceToolbar, {200, 2, 60, 25}, "Refresh",
      "Refresh Maximite file list", RefreshDeviceList},
-    {kFlashViewButton,       kDeviceToolbar, {},              "Memory",
+    {kFlashViewButton,       kDeviceToolbar, {360, 2, 60, 25}, "Memory",
      "switch from SDcard to flash memory", ToggleFlashView},
-    {kAbortTransferButton,   kNone,          {},              "Abort",
+    {kAbortTransferButton,   kNone,          {350, 7, 50, 25}, "Abort",
      "Abort current transfer", AbortTransfers},
 };
 // clang-format on
@@ -97,30 +97,35 @@ void CreateButtonsIn(int container) {
     }
 }
 
-void CreatePcToolbar() {
-    ContainerGadget(kPcToolbar, 0, 0, 0, 0);
+void CreatePcToolbar(int width) {
+    ContainerGadget(kPcToolbar, kMargin, kMargin, width / 2 - kMargin, kPcToolbarHeight);
     CreateButtonsIn(kPcToolbar);
     CloseGadgetList();
     PathBoxGadget(kPcPathEntry, kPathBoxPlace.x, kPathBoxPlace.y, kPathBoxPlace.width,
                   kPathBoxPlace.height, fileManagerSettings.pcFolder);
 }
 
-void CreateDeviceToolbar() {
-    ContainerGadget(kDeviceToolbar, 0, 0, 0, 0);
+void CreateDeviceToolbar(int width) {
+    ContainerGadget(kDeviceToolbar, width / 2, kMargin, width / 2 - kMargin, kDeviceToolbarHeight);
     CreateButtonsIn(kDeviceToolbar);
     TextGadget(kFamilyNameText, kFamilyPlace.x, kFamilyPlace.y, kFamilyPlace.width,
                kFamilyPlace.height, ShownFamily().Fname);
     CloseGadgetList();
 }
 
-// What fits itself to the window has no place yet: Layout gives it one.
+void CreatePanes(int width, int height) {
+    ExplorerListGadget(kPcList, 0, 0, width / 2, height, fileManagerSettings.pcFolder);
+    ListGadget(kDeviceList, 0, 0, width / 2, height);
+    SplitterGadget(kPaneSplitter, kMargin, kPaneTop, width - 2 * kMargin,
+                   height - kPaneTop - 2 * kMargin, kPcList, kDeviceList);
+}
+
 void CreateGadgets() {
-    CreatePcToolbar();
-    CreateDeviceToolbar();
+    const FileManagerSettings& place = fileManagerSettings;
+    CreatePcToolbar(place.width);
+    CreateDeviceToolbar(place.width);
     CreateButtonsIn(kNone);
-    ExplorerListGadget(kPcList, 0, 0, 0, 0, fileManagerSettings.pcFolder);
-    ListGadget(kDeviceList, 0, 0, 0, 0);
-    SplitterGadget(kPaneSplitter, 0, 0, 0, 0, kPcList, kDeviceList);
+    CreatePanes(place.width, place.height);
     CloseGadgetList();
     for (const NameRow& row : nameRows) SetGadgetName(row.gadget, row.name);
 }
@@ -177,8 +182,8 @@ void OpenFileManager() {
     }
     CreateGadgets();
     ShowPcFolder();
-    Layout();
     RestoreDivision();
+    Layout();
     FocusGadget(kDeviceList);
     RefreshDeviceList();
 }

@@ -32,16 +32,20 @@ uint16_t Crc16(const uint8_t* bytes, int count) {
 // Both checks are given the address of the complement byte. The sum leaves that byte out
 // and so covers the data; the CRC takes it in and leaves the last byte of data out, one
 // place off. It stays so: the devices ask for the sum, and of the two bytes of the CRC
-// only the first is sent.
+// only the first is ever sent.
 void BuildFrame(uint8_t* frame, const uint8_t* data, int64_t number, bool useCrc) {
     frame[0] = kSoh;
     frame[kFrameNumber] = static_cast<uint8_t>(number);
     frame[kFrameComplement] = static_cast<uint8_t>(~number);
     memcpy(frame + kFrameData, data, kShortBlock);
-    const uint8_t* const checked = frame + kFrameComplement;
-    frame[kFrameData + kShortBlock] = useCrc
-                                          ? static_cast<uint8_t>(Crc16(checked, kShortBlock) >> 8)
-                                          : Sum8(checked, kShortBlock);
+    uint8_t* const check = frame + kFrameData + kShortBlock;
+    if (!useCrc) {
+        *check = Sum8(frame + kFrameComplement, kShortBlock);
+        return;
+    }
+    const uint16_t crc = Crc16(frame + kFrameComplement, kShortBlock);
+    check[0] = static_cast<uint8_t>(crc >> 8);
+    check[1] = static_cast<uint8_t>(crc);
 }
 
 // The repeat is looked for in wide integers, so a repeated block 255 where block 256 (0

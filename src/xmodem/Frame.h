@@ -37,8 +37,8 @@ uint8_t Sum8(const uint8_t* block, int count);
 // CRC-16/XMODEM of bytes[0] to bytes[count - 1].
 uint16_t Crc16(const uint8_t* bytes, int count);
 
-// Builds the frame of block `number` from kShortBlock bytes of data. With `useCrc` the high
-// byte of a CRC stands behind the data in place of the sum.
+// Builds the frame of block `number` from kShortBlock bytes of data. With `useCrc` two
+// check bytes stand behind the data in place of the sum.
 void BuildFrame(uint8_t* frame, const uint8_t* data, int64_t number, bool useCrc);
 
 // What is wrong with the number of a frame that arrived in full where block `expected`

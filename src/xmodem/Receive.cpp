@@ -162,7 +162,7 @@ int Judge(const Receiver& r) {
 }
 
 void StoreBlock(Receiver& r) {
-    if (r.blockNumber % kBlocksPerStatus == 0)
+    if (r.blockNumber > 0 && r.blockNumber % kBlocksPerStatus == 0)
         ShowJobStatus(r.job, "Recv: " + QString::number(r.blockNumber));
     r.file.Append(r.frame + kFrameData, r.blockSize);
     WorkerPut(kAck);
