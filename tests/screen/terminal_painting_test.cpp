@@ -1,8 +1,4 @@
 // What the terminal paints, in pixels, and the list of lines.
-#include <gtest/gtest.h>
-
-#include <QFontMetrics>
-#include <algorithm>
 
 #include "tests/screen/ScreenRig.h"
 

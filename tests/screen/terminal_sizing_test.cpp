@@ -1,13 +1,9 @@
 // Sizes, the window around the terminal, the scroll bar, what an emptied terminal keeps,
 // and lines of other threads.
-#include <gtest/gtest.h>
-
 #include <thread>
-#include <tuple>
 
 #include "terminal/screen/ColourScheme.h"
 #include "tests/screen/ScreenRig.h"
-#include "ui/gadgets/TextEntryGadget.h"
 
 namespace {
 
@@ -26,29 +22,42 @@ class TerminalSizing : public testing::Test {
     DialogAnswers answers;
 };
 
+std::string SizeText(int cols, int rows, const char* between = "x") {
+    return std::to_string(cols) + between + std::to_string(rows);
+}
+
+// What is in force, and what the settings ask for where that is something else.
 std::string Size() {
-    return std::to_string(terminalScreen.cols) + "x" + std::to_string(terminalScreen.rows);
+    const std::string present = SizeText(terminalScreen.cols, terminalScreen.rows);
+    const std::string kept = SizeText(terminalSettings.cols, terminalSettings.rows);
+    return kept == present ? present : present + " for " + kept;
+}
+
+QRect PlaceOf(int gadget) {
+    return {GadgetX(gadget), GadgetY(gadget), GadgetWidth(gadget), GadgetHeight(gadget)};
 }
 
 // What every change of size leaves: an empty terminal, and a window and pictures that fit.
 void ExpectFitting() {
     const int width = terminalScreen.cols * terminalMetrics.charWidth + 4;
     const int height = terminalScreen.rows * terminalMetrics.charHeight + 4;
-    const int top = mainWindowPlace.contentTop;
+    const MainWindowPlace& place = mainWindowPlace;
+    const int top = place.contentTop;
     EXPECT_EQ(TerminalPicture().size(), QSize(width, height));
     EXPECT_EQ(CanvasPicture(kFrameCanvas).size(), QSize(width + 10, height + 10));
     EXPECT_EQ(PlaceOf(kTerminalCanvas), QRect(5, 5, width, height));
     EXPECT_EQ(PlaceOf(kFrameCanvas), QRect(5, top, width + 10, height + 10));
     EXPECT_EQ(PlaceOf(kTerminalScrollBar), QRect(width + 17, top, 18, height));
-    EXPECT_EQ(WindowWidth(kMainWindow, WindowMeasure::kInner), width + 40);
-    EXPECT_EQ(WindowHeight(kMainWindow, WindowMeasure::kInner), height + top + 35);
-    EXPECT_EQ(mainWindowPlace.width, width + 40);
-    EXPECT_EQ(mainWindowPlace.height, height + top + 35);
-    const std::string text = Size().replace(Size().find('x'), 1, " x ") + " char, " +
-                             std::to_string(width) + " x " + std::to_string(height) + " pixels";
-    EXPECT_EQ(GadgetText(kTerminalSizeText).toStdString(), text);
+    const QSize window(width + 40, height + top + 35);
+    EXPECT_EQ(QSize(WindowWidth(kMainWindow, WindowMeasure::kInner),
+                    WindowHeight(kMainWindow, WindowMeasure::kInner)),
+              window);
+    EXPECT_EQ(QSize(place.width, place.height), window);
+    EXPECT_EQ(GadgetText(kTerminalSizeText).toStdString(),
+              SizeText(terminalScreen.cols, terminalScreen.rows, " x ") + " char, " +
+                  SizeText(width, height, " x ") + " pixels");
     EXPECT_EQ(TerminalLineCount(), terminalScreen.rows + 1);
-    EXPECT_EQ(ScreenText(), "");
+    EXPECT_EQ(ScreenText(), " 1,1");
 }
 
 TEST_F(TerminalSizing, AsksForASize) {
@@ -89,6 +98,7 @@ TEST_F(TerminalSizing, TheDeviceResizesWithinBounds) {
     for (const auto& [feed, size] : rows) {
         Feed("some text\n\n\n");
         Feed(feed);
+        Feed("\x1b[H");
         EXPECT_EQ(Size(), size) << feed;
         ExpectFitting();
     }
@@ -111,7 +121,7 @@ TEST_F(TerminalSizing, StrangeSettingsAreHeld) {
     settings.fontSize = 1 << 30;
     settings.extraLinePixels = -(1 << 30);
     SetUpTerminal();
-    EXPECT_EQ(Size(), "101x256");
+    EXPECT_EQ(Size(), "101x256 for -7x1073741824");
     EXPECT_EQ(terminalMetrics.charHeight, 1);
     Feed("A\n\nB\x1bM\x1bM");
     EXPECT_FALSE(TerminalPicture().isNull());
@@ -137,10 +147,10 @@ TEST_F(TerminalSizing, LaysOutTheShownRowsAndGivesTheFocus) {
     EXPECT_EQ(PlaceOf(kFirstToolbarRow + 3), QRect(5, 30, 810, 25));
 }
 
-void ExpectView(int topLine, int topLimit, int bar) {
-    const auto seen = std::make_tuple(terminalScreen.topLine, terminalScreen.topLimit,
-                                      GadgetState(kTerminalScrollBar));
-    EXPECT_EQ(seen, std::make_tuple(topLine, topLimit, bar));
+// The row on top, the last there can be, and where the bar stands.
+std::string View() {
+    return SizeText(terminalScreen.topLine, terminalScreen.topLimit, " of ") + ", bar at " +
+           std::to_string(GadgetState(kTerminalScrollBar));
 }
 
 void MoveBar(int position) {
@@ -152,27 +162,27 @@ void MoveBar(int position) {
 // emptied terminal keeps where it stood, the attribute, the pending colours and the capture.
 TEST_F(TerminalSizing, TheScrollBarMovesTheView) {
     for (int i = 0; i < 100; ++i) TerminalPrintLine(QString::number(i));
-    ExpectView(51, 51, 51);
+    EXPECT_EQ(View(), "51 of 51, bar at 51");
     MoveBar(20);
     EXPECT_EQ(RowText(1), "20.");
     Feed("here\n");  // lands on the rows on show and creates no line
-    ExpectView(21, 51, 21);
+    EXPECT_EQ(View(), "21 of 51, bar at 21");
     MoveBar(900);
-    ExpectView(51, 51, 51);
+    EXPECT_EQ(View(), "51 of 51, bar at 51");
     Feed(std::string(2000, '\n'));
-    ExpectView(1024, 1024, 1024 - 40);
+    EXPECT_EQ(View(), "1024 of 1024, bar at 984");
     MoveBar(500);
     Feed("\x1b[31m\x1b[1mA");
     StartCapture();
     ClearTerminal(kTerminalCanvas);
-    ExpectView(0, 0, 500);
+    EXPECT_EQ(View(), "0 of 0, bar at 500");
     EXPECT_EQ(TerminalLineCount(), 51);
     EXPECT_EQ(terminalScreen.textAttr, kAttributeBold);
     EXPECT_EQ(terminalScreen.pendFg, terminalSettings.palette[1]);
     EXPECT_EQ(terminalScreen.curFg, 0xFFFFFFu);
     EXPECT_TRUE(capture.on);
     Feed("\x1b[99;1H\n\x1b[8;24;80t");  // the bar stays where the last scroll put it
-    ExpectView(0, 0, 1);
+    EXPECT_EQ(View(), "0 of 0, bar at 1");
 }
 
 TEST_F(TerminalSizing, PrintsLinesOfOtherThreadsInOrderWithTheirEvents) {
@@ -182,16 +192,15 @@ TEST_F(TerminalSizing, PrintsLinesOfOtherThreadsInOrderWithTheirEvents) {
         for (int i = 0; i < 2 * kMostHandedLines; ++i) TerminalPrintLine("two");
     });
     worker.join();
-    EXPECT_EQ(RowText(1), "");
-    std::string order;
+    std::string order = ScreenText();
     int printed = 0;
     for (int32_t event; (event = WaitForEvent(0)) != kNoEvent;) {
-        if (event == kEventSendStatus) order += "status ";
+        if (event == kEventSendStatus) order += " status";
         if (event != kEventPrintLine) continue;
         PrintHandedLines();
-        if (++printed < 3) order += RowText(terminalScreen.cursorY - 1);
+        if (++printed < 3) order += " " + RowText(terminalScreen.cursorY - 1);
     }
-    EXPECT_EQ(order, "one.status two.");
+    EXPECT_EQ(order, " 1,1 one. status two.");
     EXPECT_EQ(printed, kMostHandedLines);
 }
 

@@ -4,7 +4,6 @@
 
 #include "base/Numbers.h"
 #include "base/TextRules.h"
-#include "terminal/screen/ColourScheme.h"
 #include "terminal/screen/TerminalFonts.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
@@ -44,7 +43,7 @@ void SetUpTerminal() {
     SetScreenSize(HeldSide(terminalSettings.cols, terminalScreen.cols, kLastColumn),
                   HeldSide(terminalSettings.rows, terminalScreen.rows, kMostRows));
     SetScrollBackLimits(terminalSettings.scrollBack, terminalSettings.maxLineLength);
-    SetSchemeColours();
+    UseSchemeColours();
     LoadTerminalFonts();
     ClearTerminal(kTerminalCanvas);
 }

@@ -4,4 +4,4 @@
 #include "terminal/screen/VtSequence.h"
 
 // The final "m".
-void SelectGraphics(VtSequence* sequence);
+void SelectGraphics(const VtSequence& sequence);
