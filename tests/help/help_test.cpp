@@ -1,24 +1,16 @@
 // The help window with real pages in its web view, the encoding of addresses, and the
 // About box's text.
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QUrl>
-#include <QWidget>
 
 #include "base/AppPaths.h"
-#include "base/Numbers.h"
 #include "help/About.h"
-#include "help/HelpSettings.h"
 #include "help/HelpViewer.h"
+#include "tests/support/Gestures.h"
 #include "tests/support/LocalTools.h"
+#include "tests/support/ScratchFolder.h"
 #include "tests/support/StartState.h"
-#include "ui/gadgets/Gadgets.h"
 #include "ui/gadgets/WebGadget.h"
-#include "ui/windows/Windows.h"
 
 namespace {
 
@@ -63,22 +55,20 @@ TEST(Help, TheWindowStandsWhereItWasLeft) {
     ResizeHelpViewer();
     EXPECT_EQ(GadgetWidth(kHelpWebView) * 1000 + GadgetHeight(kHelpWebView), 680450);
     ResizeNumberedWindow(kHelpWindow, 35, 36, 650, 460);
-    CloseHelpViewer();
+    for (int i = 0; i < 2; ++i) CloseHelpViewer();
     const HelpSettings& place = helpSettings;
     EXPECT_EQ(QRect(place.x, place.y, place.width, place.height), QRect(35, 36, 650, 460));
     ResizeHelpViewer();
-    CloseHelpViewer();
 }
 
 TEST(Help, PagesThroughTheirHistory) {
-    const QTemporaryDir folder(QDir::tempPath() + "/hélp pages XXXXXX");
+    const ScratchFolder working;
+    const QTemporaryDir folder(working.folder.filePath("hélp pages XXXXXX"));
     ShowHelpViewer();
     for (const char* page : {"one", "two"}) {
-        QFile file(folder.path() + "/" + page + ".htm");
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(QByteArray("<html><title>") + page);
-        file.close();
-        LoadWebPage(kHelpWebView, QUrl::fromLocalFile(file.fileName()).toEncoded());
+        const QString path =
+            ScratchFolder::Put(folder.filePath(page) + ".htm", QByteArray("<html><title>") + page);
+        LoadWebPage(kHelpWebView, QUrl::fromLocalFile(path).toEncoded());
         ASSERT_TRUE(ShowsTitle(page));
     }
     HelpButtonClicked(kHelpBackButton);

@@ -1,28 +1,11 @@
 // Clicks and the wheel of the terminal canvas, and the clipboard typed into the device, as
 // bytes at the far end of the link.
-#include <gtest/gtest.h>
-
 #include <climits>
 
-#include "base/LineEnding.h"
-#include "base/Numbers.h"
 #include "terminal/input/Paste.h"
-#include "terminal/input/TerminalInput.h"
-#include "terminal/screen/TerminalFonts.h"
-#include "terminal/screen/TerminalMode.h"
-#include "terminal/screen/TerminalScreen.h"
-#include "terminal/screen/TerminalSizing.h"
+#include "tests/screen/ScreenRig.h"
 #include "tests/support/FarEnd.h"
-#include "tests/support/StartState.h"
 #include "tests/support/VirtualClock.h"
-#include "ui/drawing/CanvasEventData.h"
-#include "ui/drawing/PBCanvasWidget.h"
-#include "ui/events/CurrentEvent.h"
-#include "ui/events/EventQueue.h"
-#include "ui/gadgets/CanvasGadget.h"
-#include "ui/gadgets/ScrollBarGadget.h"
-#include "ui/windows/Clipboard.h"
-#include "ui/windows/Windows.h"
 
 namespace {
 
@@ -35,11 +18,7 @@ struct InputTest : testing::Test {
     CanvasEventData data;
 
     InputTest() {
-        OpenNumberedWindow(kMainWindow, 0, 0, 900, 700, "", kStandardWindowFlags);
-        CanvasGadget(kTerminalCanvas, 5, 5, 800, 600, kCanvasKeyboard);
-        ScrollBarGadget(kTerminalScrollBar, 810, 5, 18, 600, 0, terminalScreen.scrollBack, 40,
-                        ScrollDirection::kVertical);
-        SetUpTerminal();
+        OpenScreenRig();
         BindGadgetHandler(kTerminalCanvas, MouseWheelHandler, kTypeMouseWheel);
     }
     std::string Wheel(int steps) {
@@ -50,8 +29,7 @@ struct InputTest : testing::Test {
 };
 
 TEST_F(InputTest, MouseReports) {
-    const int width = terminalMetrics.charWidth;
-    const int height = terminalMetrics.charHeight;
+    const int width = terminalMetrics.charWidth, height = terminalMetrics.charHeight;
     settings.clickYShift = -3;
     // The first cell's two edges, and the second's.
     EXPECT_EQ(MouseReport(-100 * width, -100 * height), "\x1b[M !!");

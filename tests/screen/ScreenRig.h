@@ -20,7 +20,9 @@
 
 // Opens the window and sets the terminal up from the settings, which take the size.
 inline void OpenScreenRig(int cols = 101, int rows = 50) {
-    SetAskedSize(cols, rows);
+    TerminalSettings& settings = TerminalSettingsForTable();
+    settings.cols = settings.defaultCols = cols;
+    settings.rows = settings.defaultRows = rows;
     OpenNumberedWindow(kMainWindow, 10, 10, 900, 700, "Rig", kStandardWindowFlags);
     for (int row = 0; row < kToolbarRows; ++row) {
         ContainerGadget(kFirstToolbarRow + row, 0, 0, 9, 9);
@@ -33,7 +35,8 @@ inline void OpenScreenRig(int cols = 101, int rows = 50) {
     SetUpTerminal();
     ScrollBarGadget(kTerminalScrollBar, 0, 0, 9, 9, 0, terminalScreen.scrollBack, 40,
                     ScrollDirection::kVertical);
-    LayoutMainWindow();
+    ApplyTerminalSize();
+    SetPendingColours(terminalScreen.defaultFg, terminalScreen.defaultBg);
 }
 
 // Bytes, one character each, through the parser.
@@ -41,28 +44,79 @@ inline void Feed(const std::string& bytes) {
     TerminalFeed(QString::fromLatin1(bytes.data(), static_cast<int>(bytes.size())));
 }
 
-// The characters of a screen row, 1 to rows, up to its length; "." for an empty cell.
-inline std::string RowText(int row) {
-    std::string text;
-    const TerminalLine* line = TerminalLineAt(terminalScreen.topLine + row);
-    for (int column = 1; line && column <= line->length; ++column) {
-        const char16_t c = line->cells[column].ch;
-        text += c ? static_cast<char>(c) : '.';
-    }
-    return text;
-}
-
-// The shown rows without empty ones at the end, and the cursor: "AB.|CD. 3,2".
-inline std::string ScreenText() {
-    std::string rows = RowText(1);
-    for (int row = 2; row <= terminalScreen.rows; ++row) rows += "|" + RowText(row);
-    return rows.substr(0, rows.find_last_not_of('|') + 1) + " " +
-           std::to_string(terminalScreen.cursorX) + "," + std::to_string(terminalScreen.cursorY);
-}
-
 // The terminal canvas's picture, all pixels made.
 inline QImage TerminalPicture() {
     return CanvasPicture(kTerminalCanvas);
+}
+
+inline QRect PlaceOf(int gadget) {
+    return {GadgetX(gadget), GadgetY(gadget), GadgetWidth(gadget), GadgetHeight(gadget)};
+}
+
+inline std::string PairText(const char* name, int a, const char* between, int b) {
+    return name + std::to_string(a) + between + std::to_string(b);
+}
+
+// Whether the window, what stands in it and the pictures fit the terminal's size.
+inline bool WindowFits() {
+    const MainWindowPlace& place = mainWindowPlace;
+    const int width = terminalScreen.cols * terminalMetrics.charWidth + 4;
+    const int height = terminalScreen.rows * terminalMetrics.charHeight + 4;
+    const QSize picture(width, height), frame(width + 10, height + 10);
+    const QSize window(width + 40, height + place.contentTop + 35);
+    return TerminalPicture().size() == picture && CanvasPicture(kFrameCanvas).size() == frame &&
+           PlaceOf(kTerminalCanvas) == QRect(QPoint(5, 5), picture) &&
+           PlaceOf(kFrameCanvas) == QRect(QPoint(5, place.contentTop), frame) &&
+           PlaceOf(kTerminalScrollBar) == QRect(width + 17, place.contentTop, 18, height) &&
+           QSize(place.width, place.height) == window &&
+           WindowWidth(kMainWindow, WindowMeasure::kInner) == window.width() &&
+           WindowHeight(kMainWindow, WindowMeasure::kInner) == window.height() &&
+           GadgetText(kTerminalSizeText).toStdString() ==
+               PairText("", terminalScreen.cols, " x ", terminalScreen.rows) +
+                   PairText(" char, ", width, " x ", height) + " pixels";
+}
+
+inline std::string PenText(uint32_t foreground, uint32_t background) {
+    return QString(" %1 %2").arg(foreground, 0, 16).arg(background, 0, 16).toStdString();
+}
+
+// Attribute, ink and paper of the next character.
+inline std::string Pen() {
+    return std::to_string(terminalScreen.textAttr) +
+           PenText(terminalScreen.curFg, terminalScreen.curBg);
+}
+
+// The shown rows without empty ones at the end, "." for an empty cell, the cursor, and what is
+// not as in an empty terminal of the dark scheme and the default size: "A..B.|C. 2,2 hidden".
+inline std::string State() {
+    const TerminalScreen& screen = terminalScreen;
+    const TerminalSettings& settings = terminalSettings;
+    std::string all;
+    for (int row = 1; row <= screen.rows; ++row) {
+        const TerminalLine& line = *TerminalLineAt(screen.topLine + row);
+        for (int column = 1; column <= line.length; ++column)
+            all += line.cells[column].ch ? static_cast<char>(line.cells[column].ch) : '.';
+        all += '|';
+    }
+    all.resize(all.find_last_not_of('|') + 1);
+    all += PairText(" ", screen.cursorX, ",", screen.cursorY);
+    if (screen.cols != settings.defaultCols || screen.rows != settings.defaultRows)
+        all += PairText(" size ", screen.cols, "x", screen.rows);
+    if (screen.cols != settings.cols || screen.rows != settings.rows)
+        all += PairText(" next time ", settings.cols, "x", settings.rows);
+    if (screen.topLimit) all += PairText(" view ", screen.topLine, "/", screen.topLimit);
+    const int bar = GadgetState(kTerminalScrollBar);
+    if (bar != screen.topLine) all += " bar " + std::to_string(bar);
+    if (Pen() != "0 ffffff 0") all += " pen " + Pen();
+    const std::string pending = PenText(screen.pendFg, screen.pendBg);
+    if (pending != Pen().substr(1)) all += " pending" + pending;
+    if (!screen.cursorVisible) all += " hidden";
+    if (mouseMode) all += " mouse " + std::to_string(mouseMode);
+    const std::string reply = TakeReplyText().toStdString();
+    if (!reply.empty())
+        all += " reply " + reply.substr(1) + " by " + std::to_string(QueuedEventCount());
+    if (TerminalLineCount() != screen.rows + 1 + screen.topLimit) all += " lines are missing";
+    return WindowFits() ? all : all + " does not fit";
 }
 
 // A glyph on its box, as the toolkit has it.

@@ -1,5 +1,4 @@
-// What the terminal paints, in pixels, and the list of lines.
-
+// What the terminal paints, in pixels.
 #include "tests/screen/ScreenRig.h"
 
 namespace {
@@ -16,19 +15,11 @@ class TerminalPainting : public testing::Test {
         StartSheet(9, 1, 1);
     }
     void StartSheet(int size, int extraWidth, int extraHeight) {
-        // The cursor still knows where it stood before.
-        Feed("\x1b[0m \x1b[1;1H");
-        NotifyCursorBlink();
-        LayoutMainWindow();
-        for (const bool isBold : {false, true}) {
-            fonts[isBold] = QFont("Liberation Mono", size);
-            fonts[isBold].setBold(isBold);
-        }
-        const QFontMetrics metrics(fonts[false]);
-        width = metrics.horizontalAdvance("W") + extraWidth;
-        height = metrics.height() + extraHeight;
-        sheet = QImage(terminalScreen.cols * width + 4, terminalScreen.rows * height + 4,
-                       QImage::Format_RGB32);
+        fonts[0] = fonts[1] = QFont("Liberation Mono", size);
+        fonts[1].setBold(true);
+        width = QFontMetrics(fonts[0]).horizontalAdvance("W") + extraWidth;
+        height = QFontMetrics(fonts[0]).height() + extraHeight;
+        sheet = TerminalPicture();
         sheet.fill(Qt::white);
     }
     int X(int column) const { return (column - 1) * width + 2; }
@@ -39,18 +30,19 @@ class TerminalPainting : public testing::Test {
     // Cells from a column on: box, glyph box, ink. A "_" has no glyph.
     void Cells(int column, int y, const QString& text, QColor ink, QColor paper, int boxWidth,
                bool bold = false) {
-        QPainter painter(&sheet);
         for (const QChar c : text) {
-            painter.fillRect(X(column), y, boxWidth, height, paper);
+            Box(X(column), y, boxWidth, height, paper);
+            QPainter painter(&sheet);
             if (c != '_') DrawGlyph(&painter, X(column), y, fonts[bold], ink, paper, c);
             ++column;
         }
     }
+    // The rows from `top` on stand at `target`, all others are empty.
     void Move(int top, int rows, int target) {
-        const QImage strip =
-            sheet.copy(0, top, sheet.width(), std::min(rows, sheet.height() - top));
+        const QImage before = sheet;
         sheet.fill(Qt::white);
-        QPainter(&sheet).drawImage(0, target, strip);
+        const QRect strip(0, top, sheet.width(), rows);
+        QPainter(&sheet).drawImage(QPoint(0, target), before, strip);
     }
 
     QImage sheet;
@@ -63,52 +55,47 @@ class TerminalPainting : public testing::Test {
 // which an inverse cell does not show.
 TEST_F(TerminalPainting, AWrittenRowInTheFontsOfTheUsersChoice) {
     Open(12, 4);
-    static FontChoice choice;
-    choice = {false, "Liberation Mono", 13};
+    static bool accepted;
+    accepted = false;
     DialogAnswers answers;
     answers.font = [](const QString& name, int size) {
         EXPECT_EQ(name + QString::number(size), "Liberation Mono9");
-        return choice;
+        return FontChoice{accepted, "Liberation Mono", 13};
     };
     AnswerDialogs(&answers);
-    AskTerminalFont();  // cancelled
-    for (const bool chosen : {false, true}) {
-        choice.accepted = chosen;
-        if (chosen) {
-            TerminalSettingsForTable().extraCharPixels = 4;
-            TerminalSettingsForTable().extraLinePixels = -2;
-            AskTerminalFont();
-            StartSheet(13, 4, -2);
-        }
-        const int w = width, h = height, box = w + 1;
-        Feed("\x1b[2;3HWa\x1b[1mWb\x1b[4mWg\x1b[7mgh\x1b[0m\x1b[31mij\x1b[3;11Hxyz!\x1b[0m");
-        Cells(3, Y(2), "Wa", kBlack, kWhite, box);
-        Cells(5, Y(2), "Wb", kBlack, kWhite, box, true);
-        Cells(7, Y(2), "Wg", kBlack, kWhite, box);
-        Cells(9, Y(2), "gh", kWhite, kBlack, box);
-        Cells(11, Y(2), "ij", kRed, kWhite, box);
-        for (const char c : {'y', 'z', '!'}) {
-            Cells(11, Y(3), "x", kRed, kWhite, box);
-            Cells(12, Y(3), QString(c), kRed, kWhite, box);
-        }
-        EXPECT_EQ(TerminalPicture(), sheet);
-        Feed("\x1b[2;5H\x1b[1K\x1b[3;12H\x1b[K");
-        Box(0, Y(2), 4 * w, h, kWhite);
-        Box(X(12), Y(3), w + 2, h, kWhite);
-        EXPECT_EQ(TerminalPicture(), sheet);
-        Feed("\x1b[2;9H");
-        Box(X(9), Y(2) + h - 2, w, 2, kWhite);
-        NotifyCursorBlink();
-        if (TerminalPicture() == sheet) NotifyCursorBlink();
-        Box(X(9), Y(2) + h - 2, w, 2, kBlack);
-        EXPECT_EQ(TerminalPicture(), sheet);
-        Feed("\x1b[2;7H\x1b[?25l");  // goes out, and comes no more while it is off
-        for (int i = 0; i < 3; ++i) NotifyCursorBlink();
-        Box(X(9), Y(2) + h - 2, w, 2, kWhite);
-        Box(X(7), Y(2) + h - 2, w, 2, kWhite);
-        EXPECT_EQ(TerminalPicture(), sheet);
-        Feed("\x1b[?25h");
-    }
+    AskTerminalFont();
+    accepted = true;
+    TerminalSettingsForTable().extraCharPixels = 4;
+    TerminalSettingsForTable().extraLinePixels = -2;
+    AskTerminalFont();
+    StartSheet(13, 4, -2);
+    const int box = width + 1;
+    const auto bar = [&](int column, const QColor& colour) {
+        Box(X(column), Y(2) + height - 2, width, 2, colour);
+    };
+    Feed("\x1b[2;3HWa\x1b[1mWb\x1b[4mWg\x1b[7mgh\x1b[0m\x1b[31mij\x1b[3;11Hxyz!\x1b[0m");
+    Cells(3, Y(2), "Wa", kBlack, kWhite, box);
+    Cells(5, Y(2), "Wb", kBlack, kWhite, box, true);
+    Cells(7, Y(2), "Wg", kBlack, kWhite, box);
+    Cells(9, Y(2), "gh", kWhite, kBlack, box);
+    Cells(11, Y(2), "ij", kRed, kWhite, box);
+    Cells(11, Y(3), "xy", kRed, kWhite, box);
+    for (const char c : {'z', '!'}) Cells(12, Y(3), QString(c), kRed, kWhite, box);
+    EXPECT_EQ(TerminalPicture(), sheet);
+    Feed("\x1b[2;5H\x1b[1K\x1b[3;12H\x1b[K");
+    Box(0, Y(2), 4 * width, height, kWhite);
+    Box(X(12), Y(3), width + 2, height, kWhite);
+    EXPECT_EQ(TerminalPicture(), sheet);
+    Feed("\x1b[2;9H");
+    bar(9, kWhite);
+    NotifyCursorBlink();
+    if (TerminalPicture() == sheet) NotifyCursorBlink();
+    bar(9, kBlack);
+    EXPECT_EQ(TerminalPicture(), sheet);
+    Feed("\x1b[2;7H\x1b[?25l");  // goes out, and comes no more while it is off
+    for (int i = 0; i < 3; ++i) NotifyCursorBlink();
+    for (const int column : {7, 9}) bar(column, kWhite);
+    EXPECT_EQ(TerminalPicture(), sheet);
 }
 
 // The picture moves, and the rows that are drawn anew stand at the top of theirs, up to the
@@ -150,32 +137,6 @@ TEST_F(TerminalPainting, ARepaintedView) {
     Cells(7, y, "gh", kRed, kWhite, 0);
     Cells(9, Y(2), "i", kBlack, kWhite, width + 1);
     EXPECT_EQ(TerminalPicture(), sheet);
-}
-
-// Used again, a line is empty, beyond the last column too.
-TEST_F(TerminalPainting, TheLatestLinesAreKept) {
-    const auto contents = [](int element) {
-        std::string text;
-        for (const TerminalCell& cell : TerminalLineAt(element)->cells)
-            if (cell.ch || cell.fg || cell.bg || cell.attr) text += static_cast<char>(cell.ch);
-        return text;
-    };
-    Open(20, 5);
-    SetScrollBackLimits(100, 256);
-    SetCurrentColours(0xFF, 0xFF00);
-    for (int i = 0; i < 1000; ++i) {
-        if (i == 800) SetScrollBackLimits(300, 256);
-        MoveTerminalCursor(i % 3 ? 1 : 25 + i % 50, terminalScreen.cursorY);
-        TerminalPrintLine(QString::number(i));
-    }
-    ASSERT_EQ(TerminalLineCount(), 306);
-    for (int element = 0; element < 305; ++element) {
-        const std::string n = std::to_string(element + 695);
-        EXPECT_EQ(contents(element), (element + 695) % 3 ? n : n.substr(2) + n[0]);
-    }
-    EXPECT_EQ(contents(305), "");
-    EXPECT_FALSE(TerminalLineAt(-1) || TerminalLineAt(306));
-    EXPECT_EQ(terminalScreen.topLine + terminalScreen.topLimit, 600);
 }
 
 }  // namespace

@@ -1,4 +1,7 @@
-// The VT interpreter as scripts: these bytes, this state.
+// The terminal as scripts: these bytes, this state. Of the VT interpreter, of the monitors,
+// of the capture, and of lines that other threads print.
+#include <thread>
+
 #include "tests/screen/ScreenRig.h"
 #include "tests/support/Chosen.h"
 
@@ -13,7 +16,7 @@ const string C = "\x1b[";
 void StartOver() {
     Feed(C + "0m" + C + "1;1H" + C + "0m");
     SetTerminalSize(20, 5);
-    ClearTerminal(kTerminalCanvas);
+    ApplyTerminalSize();
     SetMouseMode(0);
     SetCursorVisible(true);
     SetGadgetState(kTerminalScrollBar, 0);
@@ -21,38 +24,7 @@ void StartOver() {
     DropQueuedEvents(kEventTerminalReply, kNone);
 }
 
-// A colour as its place in the palette, any other in hex.
-string Colour(uint32_t colour) {
-    const auto* palette = terminalSettings.palette;
-    const auto place = std::find(palette, palette + 8, colour) - palette;
-    return " " + (place < 8 ? QString::number(place) : QString::number(colour, 16)).toStdString();
-}
-
-// Attribute, ink and paper of the next character.
-string Pen() {
-    const TerminalScreen& screen = terminalScreen;
-    return std::to_string(screen.textAttr) + Colour(screen.curFg) + Colour(screen.curBg);
-}
-
-// The screen, and what else is not as at the start: "AB.|CD. 3,2 hidden".
-string State() {
-    const TerminalScreen& screen = terminalScreen;
-    string all = ScreenText();
-    if (Pen() != "0 7 0") all += " pen " + Pen();
-    const string pending = Colour(screen.pendFg) + Colour(screen.pendBg);
-    if (pending != Pen().substr(1)) all += " pending" + pending;
-    if (!screen.cursorVisible) all += " hidden";
-    if (mouseMode) all += " mouse " + std::to_string(mouseMode);
-    if (screen.topLimit)
-        all += " view " + std::to_string(screen.topLine) + "/" + std::to_string(screen.topLimit);
-    if (GadgetState(kTerminalScrollBar) != screen.topLine) all += " bar";
-    const string reply = TakeReplyText().toStdString();
-    if (!reply.empty())
-        all += " reply " + reply.substr(1) + " by " + std::to_string(QueuedEventCount());
-    return all;
-}
-
-class VtParserTest : public testing::Test {
+class TerminalScripts : public testing::Test {
   protected:
     void SetUp() override {
         TerminalSettingsForTable().scrollBack = 100;
@@ -82,18 +54,13 @@ struct Script {
 const Script kScripts[] = {
     // Text, controls, the right margin.
     {"A\bB", "B. 2,1"},
-    {C + "1;5HAB\bC", "....AC. 7,1"},
     {"A\a\x7f.", "A\a .. 5,1"},
     {"AB\nCD\n\nE", "AB.|CD.||E. 2,4"},
     {"123456\tX", "123456       X. 15,1"},
     {"1234567\tX", "1234567X. 9,1"},
     {"123456789012345678901234", "12345678901234567894 20,1"},
-    {"1\n2\n3\n4\n5\n6", "2.|3.|4.|5.|6. 2,5 view 1/1"},
     // ESC and what follows: only "[", "D", "M" and ESC leave the state.
     {"A" + E + "7B" + E + "8C" + E + "cD[D" + C + "0mE", ".[DE. 5,1 view 1/1"},
-    {"A\nB" + E + "DC", "B.|.C. 3,2 view 1/1"},
-    {"A\nB" + E + "MC", "A.|BC. 3,2"},
-    {E + E + "x" + C + "2;3HA", "|..A. 4,2"},
     // Cursor moves: an absent parameter counts 0, margins hold, nothing scrolls.
     {C + "5;5HA" + C + "A" + C + "B" + C + "C" + C + "DB", "||||....AB. 7,5"},
     {C + "3;3H" + C + "1A" + C + "2DX" + C + "9BY" + C + "99CZ" + C + "99DW",
@@ -116,11 +83,8 @@ const Script kScripts[] = {
     {C + "?JKmA\n\ahB", "B. 2,1"},
     {C + "?1" + E + "[2;2HA", "|.A. 3,2"},
     // ESC leaves the slots above the second as they were.
-    {C + ";;31?" + E + "[;;mA", "A. 2,1 pen 0 1 0"},
+    {C + ";;31?" + E + "[;;mA", "A. 2,1 pen 0 cd 0"},
     {C + ";;31?" + E + E + "[;;mA", "A. 2,1"},
-    {C + "38;2;1;2;3;7mX" + C + "48;2;4;5;6mY" + C + "8;7;30tZ" + C + "6n",
-     "XYZ. 4,1 pen 0 30201 60504 reply [1;4R by 1"},
-    {"\t\tA\t\x7f" + E + "M" + E + "D\nB" + C + "?" + E + "[;4HQ", "...Q.|B. 5,1 view 1/1"},
     // Received line ends.
     {"A\r\nB\r\r\nC\rD\nE", "A.|B.|CD.|E. 2,4"},
     {"A\r\nB\rC\nD\r\rE", "A.|B.|CD.||E. 2,5", "CR"},
@@ -133,19 +97,20 @@ const Script kScripts[] = {
     {string(2000, '\t') + "Z", "                   Z 20,1", "CRLF", 2147483647},
     // The colours in force fall back at each scroll; the pending ones come back with the next
     // SGR of any kind. A cursor position resets the pending ones alone.
-    {C + "31m\n\n\n\nA\nB", "|||A.|B. 2,5 pending 1 0 view 1/1"},
-    {C + "31m\n\n\n\nA\nB" + C + "4mC", "|||A.|BC. 3,5 pen 2 1 0 view 1/1"},
-    {C + "31m" + C + "HD", "D. 2,1 pen 0 1 0 pending 7 0"},
-    {C + "31m" + C + "HD" + C + "1mE", "DE. 3,1 pen 1 7 0"},
+    {C + "31m\n\n\n\nA\nB", "|||A.|B. 2,5 view 1/1 pending cd 0"},
+    {C + "31m" + C + "HD", "D. 2,1 pen 0 cd 0 pending ffffff 0"},
+    // Sizes: whatever the first number is; what is absent stays.
+    {C + "8;9999999;4t", " 1,1 size 4x256"},
+    {C + "8;4;9999999t", " 1,1 size 256x4"},
+    {"A" + C + "1;;50t", " 1,1 size 50x5"},
+    {C + "8;20;60tx" + C + "8;21;61t\n" + C + "31mred", "|red. 4,2 size 61x21 pen 0 cd 0"},
     // Graphic rendition: what does not fit is left out, what stands behind three numbers too.
-    {C + "1;7m", " 1,1 pen 4 7 0"},
-    {C + "31;42;0m", " 1,1"},
     {C + "38;2;1;2;3;7m", " 1,1 pen 0 30201 0"},
-    {C + "7;48;2;255;0;300m", " 1,1 pen 4 7 2c00ff"},   // beyond 255 the upper bits are lost
-    {C + "38;5;31;1m", " 1,1 pen 1 1 0"},               // the index counts as a code
-    {C + "0;0;0;0;38;2;9;8;7m", " 1,1 pen 0 70809 0"},  // the last place where it fits
+    {C + "7;48;2;255;0;300m", " 1,1 pen 4 ffffff 2c00ff"},  // beyond 255 the upper bits are lost
+    {C + "38;5;31;1m", " 1,1 pen 1 cd 0"},                  // the index counts as a code
+    {C + "0;0;0;0;38;2;9;8;7m", " 1,1 pen 0 70809 0"},      // the last place where it fits
     {C + "0;0;0;0;0;48;2;9;8;7m", " 1,1"},
-    {C + "4294967327;1m", " 1,1 pen 1 7 0"},  // not 31
+    {C + "4294967327;1m", " 1,1 pen 1 ffffff 0"},  // not 31
     // The view, and the scroll bar with it.
     {"1\n2\n3\n4\n5\n6" + E + "M", "1.|2.|3.|4.|5. 2,5 view 0/1"},
     {"1\n2\n3\n4\n5\n6" + E + "M" + E + "DX", "2.|3.|4.|5.|6X. 3,5 view 1/1"},
@@ -153,7 +118,6 @@ const Script kScripts[] = {
     {C + "5n" + C + "n" + C + "62n", " 1,1"},
     {C + "6n" + C + "3;12H" + C + "06n", " 12,3 reply [3;12R by 1"},
     // Private finals read the working slot: digits on both sides of "?" make one number.
-    {C + "?25l", " 1,1 hidden"},
     {C + "?25l" + C + "2?5h", " 1,1"},
     {C + "?1000h", " 1,1 mouse 3"},
     {C + "?1000h" + C + "?9l", " 1,1"},
@@ -164,8 +128,7 @@ const Script kScripts[] = {
 // Whatever the cut, the state at the end is the same. Not so where it is meant: a BS that
 // finds its character stored already, a pair of CR and LF within a sequence, and a private
 // final cut off from its digits.
-TEST_F(VtParserTest, ScriptsWholeAndCutAnywhere) {
-    SetAllowResize(false);
+TEST_F(TerminalScripts, ScriptsWholeAndCutAnywhere) {
     for (const Script& script : kScripts) {
         EXPECT_EQ(script.Run(), script.state) << testing::PrintToString(script.feed);
         if (script.feed.find_first_of("\bhl") != string::npos) continue;
@@ -175,30 +138,33 @@ TEST_F(VtParserTest, ScriptsWholeAndCutAnywhere) {
     EXPECT_EQ((Script{"A\b", ""}).Run(1), " . 1,1");
     EXPECT_EQ((Script{C + "1\r\nA", ""}).Run(), "A. 2,1");
     EXPECT_EQ((Script{C + "?25lA", ""}).Run(5), "A. 2,1");
+    SetAllowResize(false);
+    EXPECT_EQ((Script{C + "8;24;80tA", ""}).Run(), "A. 2,1");
 }
 
 // Each code that changes a pen of inverse green on yellow.
-TEST_F(VtParserTest, GraphicRendition) {
+TEST_F(TerminalScripts, GraphicRendition) {
     const auto told = [](int first) {
         string pens;
         for (int code = first; code < 110; ++code) {
             StartOver();
             Feed(C + "7;32;43m" + C + std::to_string(code) + "mX");
-            if (Pen() != "4 2 3") pens += std::to_string(code) + ": " + Pen() + ", ";
+            if (Pen() != "4 cd00 e1e1") pens += std::to_string(code) + ": " + Pen() + ", ";
         }
         return pens;
     };
-    EXPECT_EQ(
-        told(0),
-        "0: 0 7 0, 1: 1 2 3, 4: 2 2 3, 30: 4 0 3, 31: 4 1 3, 33: 4 3 3, 34: 4 4 3, 35: 4 5 3, "
-        "36: 4 6 3, 37: 4 7 3, 39: 4 7 3, 40: 4 2 0, 41: 4 2 1, 42: 4 2 2, 44: 4 2 4, "
-        "45: 4 2 5, 46: 4 2 6, 47: 4 2 7, 49: 4 2 0, 90: 4 0 3, 91: 4 1 3, 93: 4 3 3, "
-        "94: 4 4 3, 95: 4 5 3, 96: 4 6 3, 97: 4 0 3, 107: 4 2 0, ");
+    EXPECT_EQ(told(0),
+              "0: 0 ffffff 0, 1: 1 cd00 e1e1, 4: 2 cd00 e1e1, 30: 4 0 e1e1, 31: 4 cd e1e1, 33: 4 "
+              "e1e1 e1e1, 34: 4 e10000 e1e1, 35: 4 cd00cd e1e1, 36: 4 cdcd00 e1e1, 37: 4 ffffff "
+              "e1e1, 39: 4 ffffff e1e1, 40: 4 cd00 0, 41: 4 cd00 cd, 42: 4 cd00 cd00, 44: 4 cd00 "
+              "e10000, 45: 4 cd00 cd00cd, 46: 4 cd00 cdcd00, 47: 4 cd00 ffffff, 49: 4 cd00 0, 90: "
+              "4 0 e1e1, 91: 4 cd e1e1, 93: 4 e1e1 e1e1, 94: 4 e10000 e1e1, 95: 4 cd00cd e1e1, 96: "
+              "4 cdcd00 e1e1, 97: 4 0 e1e1, 107: 4 cd00 0, ");
     const Chosen bright(&Choices::brightWhite);
-    EXPECT_EQ(told(97), "97: 4 7 3, 107: 4 2 7, ");
+    EXPECT_EQ(told(97), "97: 4 ffffff e1e1, 107: 4 cd00 ffffff, ");
 }
 
-TEST_F(VtParserTest, CaptureAndTheWatchForThePrompt) {
+TEST_F(TerminalScripts, OfTheCaptureAndTheWatchForThePrompt) {
     Feed("before");
     StartCapture();
     Feed("a\r\n" + C + "1mb");
@@ -210,8 +176,61 @@ TEST_F(VtParserTest, CaptureAndTheWatchForThePrompt) {
     EXPECT_EQ(capture.listingState, kListingComplete);
     StopCapture();
     Feed("after");
-    EXPECT_EQ(TakeCapture(), "a\r\n\x1b[1mbline>1234>123");
-    EXPECT_EQ(capture.buffer, "");
+    EXPECT_EQ(TakeCapture() + capture.buffer, "a\r\n\x1b[1mbline>1234>123");
+}
+
+// The plain view ends lines whatever the line ending is; the hex view goes on in its row
+// behind a clear, and is held at a narrow terminal's edge.
+TEST_F(TerminalScripts, OfTheMonitors) {
+    SetLineEnding("LF");
+    const struct {
+        void (*view)(const void* bytes, int64_t count);
+        int cols;
+        string bytes, state;
+    } scripts[] = {
+        {TerminalPrintRaw, 20, "a\r\nb\rc\n\r\nd", "a.|b.|c.||d. 2,5"},
+        {TerminalPrintRaw, 20, "\x1b[7mX\a\t\b", "\x1b[7mX\a\t\b. 9,1"},
+        {TerminalPrintRaw, 20, "\xC3\xA9\xFFx", " 1,1"},  // the whole block is no text
+        {TerminalPrintRaw, 20, string("ab\xC3\0c", 5), "ab. 3,1"},
+        {TerminalPrintRaw, 20, "1\n2\n3\n4\nfive\nsix\n", "3.|4.|five.|six. 1,5 view 2/2"},
+        {TerminalHexDump, 80, "\x10\x1b\x1f !/0123456789:@ABCDEF\x7f\x80\xfe\xff",
+         ".10.1B.1F.20.21.2F.30.31...32.33.34.35.36.37.38.39....... !/01..23456789.|"
+         ".3A.40.41.42.43.44.45.46...7F.80.FE.FF................:@ABCDEF..\x7f\x80\xFE\xFF. 69,2 "
+         "size 80x5"},
+        {TerminalHexDump, 80, "abcde",
+         ".......................................61.62.63.64..................abcd.|.65............"
+         "......."
+         "................................e. 56,2 size 80x5"},
+        {TerminalHexDump, 40, "123456789abcdef",
+         "....31.32.33.34.35.36.37...38.39.61.62.6 40,2 size 40x5"},
+    };
+    for (const auto& [view, cols, bytes, state] : scripts) {
+        StartOver();
+        SetTerminalSize(cols, 5);
+        ApplyTerminalSize();
+        StartCapture();
+        view(bytes.data(), static_cast<int64_t>(bytes.size()));
+        EXPECT_EQ(State() + TakeCapture().toStdString(), state);
+    }
+}
+
+TEST_F(TerminalScripts, LinesOfOtherThreadsStandInOrderWithTheirEvents) {
+    std::thread worker([] {
+        TerminalPrintLine("one");
+        PostInterfaceEvent(kEventSendStatus, kMainWindow, kNone, 0);
+        for (int i = 0; i < 2 * kMostHandedLines; ++i) TerminalPrintLine("two");
+    });
+    worker.join();
+    string order = State();
+    int printed = 0;
+    for (int32_t event; (event = WaitForEvent(0)) != kNoEvent;) {
+        if (event == kEventSendStatus) order += " status";
+        if (event != kEventPrintLine) continue;
+        PrintHandedLines();
+        if (++printed < 3) order += " " + State();
+    }
+    EXPECT_EQ(order, " 1,1 one. 1,2 status one.|two. 1,3");
+    EXPECT_EQ(printed, kMostHandedLines);
 }
 
 }  // namespace
