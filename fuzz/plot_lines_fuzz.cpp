@@ -2,17 +2,11 @@
 // gives the same again when it is read.
 #include <QBuffer>
 #include <algorithm>
-#include <cstdlib>
 
 #include "plotter/CsvText.h"
 #include "plotter/LineCutter.h"
 
 namespace {
-
-// Without the line of names: a series called "time" has another one when it is read.
-QByteArray Rows(const QByteArray& csv) {
-    return csv.mid(csv.indexOf('\n'));
-}
 
 QByteArray Csv(const Recording& recording) {
     QBuffer buffer;
@@ -21,10 +15,15 @@ QByteArray Csv(const Recording& recording) {
     return buffer.data();
 }
 
+// A series called "time" has another name when it is read.
+QByteArray WithoutNames(const QByteArray& csv) {
+    return csv.mid(csv.indexOf('\n'));
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    Recording recording;
+    Recording recording, again;
     if (size > 0) recording.Restart(data[0] & 1);
     LineCutter cutter;
     const auto take = [](Recording& into) {
@@ -41,9 +40,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     cutter.Finish(take(recording));
     if (recording.All().size() > kMostSeries) abort();
     const QByteArray csv = Csv(recording);
-    Recording again;
     again.Restart(true);
     cutter.Feed(csv.constData(), static_cast<size_t>(csv.size()), take(again));
-    if (recording.LinesPlotted() > 0 && Rows(Csv(again)) != Rows(csv)) abort();
+    if (recording.LinesPlotted() > 0 && WithoutNames(Csv(again)) != WithoutNames(csv)) abort();
     return 0;
 }

@@ -1,41 +1,20 @@
 // What the chunks of the two servers may hold, and what a device says between them: any bytes
 // of any count, in each terminal mode, on a clock without waits. The device gets what the
 // data port was sent, byte for byte.
-#include <unistd.h>
-
 #include <QDir>
-#include <algorithm>
-#include <cstdlib>
-#include <string>
 
-#include "base/Numbers.h"
-#include "base/Pacing.h"
-#include "link/LinkSettings.h"
 #include "link/Servers.h"
-#include "shell/Dispatch.h"
 #include "shell/Poll.h"
 #include "shell/ServerChunks.h"
-#include "terminal/screen/TerminalMode.h"
-#include "terminal/screen/VtFinals.h"
 #include "tests/screen/ScreenRig.h"
 #include "tests/support/FarEnd.h"
+#include "tests/support/ScratchFolder.h"
+#include "tests/support/VirtualClock.h"
 #include "ui/InterfaceLayer.h"
-#include "ui/events/CurrentEvent.h"
-#include "ui/events/EventQueue.h"
 
 namespace {
 
 constexpr size_t kSliceStep = 58;  // slices are up to 85 of these: a chunk
-
-class NoWaits : public Clock {
-  public:
-    void Sleep(int64_t) override {}
-    int64_t Now() override { return ++now; }
-    int64_t LocalSeconds() override { return 0; }
-
-  private:
-    int64_t now = 0;
-};
 
 FarEnd* device = nullptr;
 
@@ -47,26 +26,12 @@ void HandOver(int64_t identity, const std::string& bytes) {
     HandleServerChunk(identity);
 }
 
-// What the terminal answers would stand among the bytes that are compared.
-void ServeLoop() {
-    for (int32_t event = 0; (event = WaitForEvent(0)) != kNoEvent;)
-        if (event != kEventTerminalReply) DispatchEvent(event, EventWindow());
-}
-
-// A path of one part, in the present folder: what is missing is created by its name.
-std::string Harmless(std::string command) {
-    std::replace(command.begin() + 1, command.end(), '/', '_');
-    return command;
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char*** argv) {
-    static NoWaits clock;
-    InstallClock(&clock);
+    static VirtualClock clock;
     StartInterfaceLayer(*argv);
-    char folder[] = "/tmp/server_input_fuzz.XXXXXX";
-    if (!mkdtemp(folder) || chdir(folder) != 0) abort();
+    static const ScratchFolder folder;
     OpenScreenRig();
     LinkSettingsForTable().dataPort = LinkSettingsForTable().controlPort = -1;
     StartServers();
@@ -81,18 +46,22 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     for (size_t at = 1; at + 1 < size;) {
         const int kind = data[at] % 3;
         const size_t length = std::min<size_t>(1 + data[at] / 3 * kSliceStep, size - at - 1);
-        const std::string slice(reinterpret_cast<const char*>(data + at + 1), length);
+        std::string slice(reinterpret_cast<const char*>(data + at + 1), length);
         at += 1 + length;
         if (kind == 0) {
             HandOver(kDataServerIdentity, slice);
             toDevice += slice;
         } else if (kind == 1) {
-            HandOver(kControlServerIdentity, Harmless(slice));
+            // A path of one part, in the present folder: what is missing is created.
+            std::replace(slice.begin() + 1, slice.end(), '/', '_');
+            HandOver(kControlServerIdentity, slice);
         } else {
             device->Write(slice);
             PollLink();
         }
-        ServeLoop();
+        // What the terminal answers would stand among the bytes that are compared.
+        for (int32_t event = 0; (event = WaitForEvent(0)) != kNoEvent;)
+            if (event != kEventTerminalReply) DispatchEvent(event, EventWindow());
         arrived += device->Read();
     }
     if (arrived != toDevice) abort();

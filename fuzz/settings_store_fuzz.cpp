@@ -1,17 +1,8 @@
 // What was read of any bytes and written must read as the same entries again, and as the
 // same bytes when it is written again.
 #include <algorithm>
-#include <cstdlib>
 
 #include "shell/PreferencesText.h"
-
-namespace {
-
-bool Same(const PreferenceEntry& a, const PreferenceEntry& b) {
-    return a.kind == b.kind && a.name == b.name && a.value == b.value;
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<int>(size));
@@ -20,7 +11,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (!all && first.size() != kMostPreferenceEntries) abort();
     const QByteArray written = FormatPreferences(first, kPreferenceGroupSpace);
     ParsePreferences(DecodePreferences(written), &second);
-    if (!std::equal(first.begin(), first.end(), second.begin(), second.end(), Same)) abort();
+    const auto same = [](const PreferenceEntry& a, const PreferenceEntry& b) {
+        return a.kind == b.kind && a.name == b.name && a.value == b.value;
+    };
+    if (!std::equal(first.begin(), first.end(), second.begin(), second.end(), same)) abort();
     if (FormatPreferences(second, kPreferenceGroupSpace) != written) abort();
     return 0;
 }

@@ -9,7 +9,7 @@ declare -A sets=(
   [test]="libgtest-dev clang-format-14 git socat netcat-openbsd picocom desktop-file-utils appstream mandoc udev umockdev shared-mime-info"
   [package]="dpkg-dev file lintian"
   [fuzz]="clang libclang-rt-14-dev"
-  [bench]="libbenchmark-dev"
+  [bench]="libbenchmark-dev libgtest-dev"
 )
 
 missing=()

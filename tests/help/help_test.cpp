@@ -40,17 +40,15 @@ TEST(Help, TheWindowStandsWhereItWasLeft) {
     SetHelpPlace(31, 32, 640, 480);
     ShowHelpViewer();
     QString told = WindowTitle(kHelpWindow) + " " + GadgetName(kHelpWebView);
-    for (int gadget = kHelpWebView; gadget <= kHelpForwardButton; ++gadget)
-        told += QString("\n%1,%2 %3x%4 ")
-                    .arg(GadgetX(gadget))
-                    .arg(GadgetY(gadget))
-                    .arg(GadgetWidth(gadget))
-                    .arg(GadgetHeight(gadget)) +
-                GadgetText(gadget) + "|" + GadgetTooltip(gadget);
+    for (int gadget = kHelpWebView; gadget <= kHelpForwardButton; ++gadget) {
+        told += "\n" + GadgetText(gadget) + "|" + GadgetTooltip(gadget);
+        for (const auto measure : {GadgetX, GadgetY, GadgetWidth, GadgetHeight})
+            told += " " + QString::number(measure(gadget));
+    }
     EXPECT_EQ(told.toStdString(),
-              "Help Viewer Help page\n10,40 620x430 |\n10,5 80x25 KW Edit|View KWEdit help index\n"
-              "100,5 80x25 MM Basic|View MMBasic syntax index\n200,5 80x25 Back|Previous page\n"
-              "300,5 80x25 Forward|Next page");
+              "Help Viewer Help page\n| 10 40 620 430\nKW Edit|View KWEdit help index 10 5 80 25\n"
+              "MM Basic|View MMBasic syntax index 100 5 80 25\nBack|Previous page 200 5 80 25\n"
+              "Forward|Next page 300 5 80 25");
     ResizeNumberedWindow(kHelpWindow, 33, 34, 700, 500);
     ResizeHelpViewer();
     EXPECT_EQ(GadgetWidth(kHelpWebView) * 1000 + GadgetHeight(kHelpWebView), 680450);
@@ -71,10 +69,10 @@ TEST(Help, PagesThroughTheirHistory) {
         LoadWebPage(kHelpWebView, QUrl::fromLocalFile(path).toEncoded());
         ASSERT_TRUE(ShowsTitle(page));
     }
-    HelpButtonClicked(kHelpBackButton);
-    EXPECT_TRUE(ShowsTitle("one"));
-    HelpButtonClicked(kHelpForwardButton);
-    EXPECT_TRUE(ShowsTitle("two"));
+    for (const int button : {kHelpBackButton, kHelpForwardButton}) {
+        HelpButtonClicked(button);
+        EXPECT_TRUE(ShowsTitle(button == kHelpBackButton ? "one" : "two"));
+    }
 }
 
 }  // namespace
