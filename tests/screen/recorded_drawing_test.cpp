@@ -1,7 +1,5 @@
 // Recorded drawing gives the pixels that drawing at once gives, at every scale, and those
 // are the toolkit's.
-#include <cmath>
-#include <functional>
 #include <random>
 
 #include "tests/screen/ScreenRig.h"
@@ -11,15 +9,6 @@ namespace {
 // The second canvas is looked at after each call, so nothing of it is kept or left out.
 constexpr int kRecorded = kTerminalCanvas, kAtOnce = kFrameCanvas;
 constexpr double kScales[] = {1, 1, 1.25, 1.5, 2, 1.1};
-
-void OnBoth(const std::function<void()>& draw) {
-    for (const int canvas : {kAtOnce, kRecorded}) {
-        ASSERT_TRUE(StartDrawing(canvas));
-        draw();
-        StopDrawing();
-        if (canvas == kAtOnce) CanvasPicture(canvas);
-    }
-}
 
 class RecordedDrawing : public testing::Test {
   protected:
@@ -40,36 +29,27 @@ class RecordedDrawing : public testing::Test {
         static const uint32_t kColours[] = {0, 0xFFFFFF, 0x0000CD, 0xE10000, 0xFF123456};
         return OneIn(6) ? static_cast<uint32_t>(Number(0, 0xFFFFFF)) : kColours[Number(0, 4)];
     }
-
-    static void Fit(int width, int height, double scale) {
+    void Fit(int newWidth, int newHeight, double scale) {
+        width = newWidth;
+        height = newHeight;
         for (const int canvas : {kRecorded, kAtOnce})
             FitPicture(&FindCanvas(canvas)->record, width, height, scale);
     }
-    void Resize() {
-        width = Number(20, 140);
-        height = Number(20, 120);
-        Fit(width, height, kScales[Number(0, 5)]);
-    }
-    void Box(bool inverts) {
-        const int x = OneIn(3) ? 0 : Number(-10, width), y = OneIn(8) ? 0 : Number(-10, height);
-        const int w = OneIn(3) ? width : Number(-1, 60), h = OneIn(8) ? height : Number(-1, 30);
-        const uint32_t colour = Colour();
-        OnBoth([=] { (inverts ? DrawXorBox : DrawBox)(x, y, w, h, colour); });
-    }
-    void Cells() {
+    // One call of any kind, on the canvas that is open.
+    void Draw() {
         static const char16_t kOthers[] = {0, 7, 0xE9, 0x301, 0x4E2D, 0xD83D, 0xFFFF, 0x2588};
-        const CellBoxes boxes = {Number(0, 14), Number(0, 16), Number(0, 22)};
+        const int kind = Number(0, 99), x = Number(-20, width + 5), y = Number(-20, height);
+        if (kind < 20) return MovePicture(y, Number(-1, 140), Number(-20, 99), Colour());
+        if (kind < 46)
+            return (kind < 26 ? DrawXorBox : DrawBox)(OneIn(3) ? 0 : x, OneIn(8) ? 0 : y,
+                                                      OneIn(3) ? width : Number(-1, 60),
+                                                      OneIn(8) ? height : Number(-1, 30), Colour());
         std::u16string text;
         for (int count = Number(0, 20); count > 0; --count)
             text += OneIn(8) ? kOthers[Number(0, 7)] : char16_t(Number(' ', '~'));
-        const int16_t font = static_cast<int16_t>(Number(1, 4));
-        const CellRun run = {text.data(), int(text.size()), {Colour(), Colour(), font, !OneIn(5)}};
-        const int x = Number(-20, width + 5), y = Number(-16, height);
-        OnBoth([&] { DrawCells(x, y, run, boxes); });
-    }
-    void Move() {
-        const int top = Number(-20, height), strip = Number(-1, 140), target = Number(-20, 99);
-        OnBoth([=, colour = Colour()] { MovePicture(top, strip, target, colour); });
+        const CellLook look = {Colour(), Colour(), int16_t(Number(1, 4)), !OneIn(5)};
+        DrawCells(x, y, {text.data(), int(text.size()), look},
+                  {Number(0, 14), Number(0, 16), Number(0, 22)});
     }
 
     std::mt19937 random;
@@ -80,13 +60,19 @@ TEST_F(RecordedDrawing, EqualsDrawingAtOnceWhateverIsDrawnAndWheneverOneLooks) {
     const unsigned first = std::random_device()();
     for (unsigned seed = first; seed != first + 500; ++seed) {
         random.seed(seed);
-        Resize();
-        for (int step = Number(1, 60); step >= 0; --step) {
-            const int kind = Number(0, 99);
-            kind < 26 ? Box(kind < 6) : kind < 80 ? Cells() : Move();
-            if (step != 0 && !OneIn(25)) continue;
+        for (int step = 0, last = Number(0, 60); step <= last; ++step) {
+            if (step == 0 || OneIn(60))
+                Fit(Number(20, 140), Number(20, 120), kScales[Number(0, 5)]);
+            const std::mt19937 sameAgain = random;
+            for (const int canvas : {kAtOnce, kRecorded}) {
+                random = sameAgain;
+                ASSERT_TRUE(StartDrawing(canvas));
+                Draw();
+                StopDrawing();
+                if (canvas == kAtOnce) CanvasPicture(canvas);
+            }
+            if (step < last && !OneIn(25)) continue;
             ASSERT_EQ(CanvasPicture(kRecorded), CanvasPicture(kAtOnce)) << seed;
-            if (OneIn(3)) Resize();
         }
     }
 }

@@ -132,7 +132,7 @@ TEST_F(TerminalScripts, ScriptsWholeAndCutAnywhere) {
     for (const Script& script : kScripts) {
         EXPECT_EQ(script.Run(), script.state) << testing::PrintToString(script.feed);
         if (script.feed.find_first_of("\bhl") != string::npos) continue;
-        for (size_t cut = 1; cut < std::min<size_t>(script.feed.size(), 99); ++cut)
+        for (size_t cut = 1; cut < std::min<size_t>(script.feed.size(), 40); ++cut)
             ASSERT_EQ(script.Run(cut), script.state) << testing::PrintToString(script.feed) << cut;
     }
     EXPECT_EQ((Script{"A\b", ""}).Run(1), " . 1,1");
