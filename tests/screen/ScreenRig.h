@@ -64,7 +64,10 @@ inline bool WindowFits() {
     const int height = terminalScreen.rows * terminalMetrics.charHeight + 4;
     const QSize picture(width, height), frame(width + 10, height + 10);
     const QSize window(width + 40, height + place.contentTop + 35);
-    return TerminalPicture().size() == picture && CanvasPicture(kFrameCanvas).size() == frame &&
+    const auto drawn = [](int canvas) {
+        return QSize(FindCanvas(canvas)->record.width, FindCanvas(canvas)->record.height);
+    };
+    return drawn(kTerminalCanvas) == picture && drawn(kFrameCanvas) == frame &&
            PlaceOf(kTerminalCanvas) == QRect(QPoint(5, 5), picture) &&
            PlaceOf(kFrameCanvas) == QRect(QPoint(5, place.contentTop), frame) &&
            PlaceOf(kTerminalScrollBar) == QRect(width + 17, place.contentTop, 18, height) &&
@@ -117,14 +120,4 @@ inline std::string State() {
         all += " reply " + reply.substr(1) + " by " + std::to_string(QueuedEventCount());
     if (TerminalLineCount() != screen.rows + 1 + screen.topLimit) all += " lines are missing";
     return WindowFits() ? all : all + " does not fit";
-}
-
-// A glyph on its box, as the toolkit has it.
-inline void DrawGlyph(QPainter* painter, int x, int y, const QFont& font, QColor ink, QColor paper,
-                      QChar c) {
-    const QFontMetrics metrics(font);
-    painter->fillRect(x, y, metrics.horizontalAdvance(c), metrics.height(), paper);
-    painter->setFont(font);
-    painter->setPen(ink);
-    painter->drawText(x, y + metrics.ascent(), QString(c));
 }

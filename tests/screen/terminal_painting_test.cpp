@@ -3,10 +3,11 @@
 
 namespace {
 
-const QColor kBlack = Qt::black, kWhite = Qt::white, kRed(0xCD, 0, 0);
+constexpr uint32_t kBlack = 0, kWhite = 0xFFFFFF, kRed = 0xCD;
+constexpr int16_t kPlain = 1, kBold = 2;
 
-// The light scheme, so that a cell that nothing wrote shows; beside the terminal a picture
-// painted by the toolkit's own calls.
+// The light scheme, so that a cell that nothing wrote shows; beside the terminal a sheet on
+// which each call of the drawing layer is made by hand.
 class TerminalPainting : public testing::Test {
   protected:
     void Open(int cols, int rows) {
@@ -15,38 +16,28 @@ class TerminalPainting : public testing::Test {
         StartSheet(9, 1, 1);
     }
     void StartSheet(int size, int extraWidth, int extraHeight) {
-        fonts[0] = fonts[1] = QFont("Liberation Mono", size);
-        fonts[1].setBold(true);
-        width = QFontMetrics(fonts[0]).horizontalAdvance("W") + extraWidth;
-        height = QFontMetrics(fonts[0]).height() + extraHeight;
-        sheet = TerminalPicture();
-        sheet.fill(Qt::white);
+        LoadNumberedFont(kPlain, "Liberation Mono", size, kFontPlain);
+        LoadNumberedFont(kBold, "Liberation Mono", size, kFontBold);
+        width = TextWidthOf(kPlain, "W") + extraWidth;
+        height = TextHeightOf(kPlain) + extraHeight;
+        ResetPicture(&sheet, terminalScreen.cols * width + 4, terminalScreen.rows * height + 4);
     }
     int X(int column) const { return (column - 1) * width + 2; }
     int Y(int row) const { return (row - 1) * height + 2; }
-    void Box(int x, int y, int w, int h, const QColor& colour) {
-        QPainter(&sheet).fillRect(x, y, w, h, colour);
+    void Box(int x, int y, int w, int h, uint32_t colour) {
+        RecordBox(&sheet, x, y, w, h, ImageColour(colour));
     }
-    // Cells from a column on: box, glyph box, ink. A "_" has no glyph.
-    void Cells(int column, int y, const QString& text, QColor ink, QColor paper, int boxWidth,
-               bool bold = false) {
-        for (const QChar c : text) {
-            Box(X(column), y, boxWidth, height, paper);
-            QPainter painter(&sheet);
-            if (c != '_') DrawGlyph(&painter, X(column), y, fonts[bold], ink, paper, c);
-            ++column;
-        }
+    // Cells from a column on, each with a box of its own. A "_" has no glyph.
+    void Cells(int column, int y, const char* text, uint32_t ink, uint32_t paper, int boxWidth,
+               int16_t font = kPlain) {
+        const std::u16string cells = QString(text).replace('_', QChar(0)).toStdU16String();
+        RecordCells(&sheet, X(column), y,
+                    {cells.data(), int(cells.size()), {ink, paper, font, true}},
+                    {width, boxWidth, height});
     }
-    // The rows from `top` on stand at `target`, all others are empty.
-    void Move(int top, int rows, int target) {
-        const QImage before = sheet;
-        sheet.fill(Qt::white);
-        const QRect strip(0, top, sheet.width(), rows);
-        QPainter(&sheet).drawImage(QPoint(0, target), before, strip);
-    }
+    bool SheetShows() { return TerminalPicture() == PictureOf(&sheet); }
 
-    QImage sheet;
-    QFont fonts[2];     // plain and bold
+    PaintRecord sheet;
     int width, height;  // of a cell
 };
 
@@ -70,57 +61,57 @@ TEST_F(TerminalPainting, AWrittenRowInTheFontsOfTheUsersChoice) {
     AskTerminalFont();
     StartSheet(13, 4, -2);
     const int box = width + 1;
-    const auto bar = [&](int column, const QColor& colour) {
+    const auto bar = [&](int column, uint32_t colour) {
         Box(X(column), Y(2) + height - 2, width, 2, colour);
     };
     Feed("\x1b[2;3HWa\x1b[1mWb\x1b[4mWg\x1b[7mgh\x1b[0m\x1b[31mij\x1b[3;11Hxyz!\x1b[0m");
     Cells(3, Y(2), "Wa", kBlack, kWhite, box);
-    Cells(5, Y(2), "Wb", kBlack, kWhite, box, true);
+    Cells(5, Y(2), "Wb", kBlack, kWhite, box, kBold);
     Cells(7, Y(2), "Wg", kBlack, kWhite, box);
     Cells(9, Y(2), "gh", kWhite, kBlack, box);
     Cells(11, Y(2), "ij", kRed, kWhite, box);
     Cells(11, Y(3), "xy", kRed, kWhite, box);
-    for (const char c : {'z', '!'}) Cells(12, Y(3), QString(c), kRed, kWhite, box);
-    EXPECT_EQ(TerminalPicture(), sheet);
+    for (const char* c : {"z", "!"}) Cells(12, Y(3), c, kRed, kWhite, box);
+    EXPECT_TRUE(SheetShows());
     Feed("\x1b[2;5H\x1b[1K\x1b[3;12H\x1b[K");
     Box(0, Y(2), 4 * width, height, kWhite);
     Box(X(12), Y(3), width + 2, height, kWhite);
-    EXPECT_EQ(TerminalPicture(), sheet);
+    EXPECT_TRUE(SheetShows());
     Feed("\x1b[2;9H");
     bar(9, kWhite);
     NotifyCursorBlink();
-    if (TerminalPicture() == sheet) NotifyCursorBlink();
+    if (SheetShows()) NotifyCursorBlink();
     bar(9, kBlack);
-    EXPECT_EQ(TerminalPicture(), sheet);
+    EXPECT_TRUE(SheetShows());
     Feed("\x1b[2;7H\x1b[?25l");  // goes out, and comes no more while it is off
     for (int i = 0; i < 3; ++i) NotifyCursorBlink();
     for (const int column : {7, 9}) bar(column, kWhite);
-    EXPECT_EQ(TerminalPicture(), sheet);
+    EXPECT_TRUE(SheetShows());
 }
 
 // The picture moves, and the rows that are drawn anew stand at the top of theirs, up to the
 // cell that nothing wrote, whose background is black. The two upper pixel rows never move.
 TEST_F(TerminalPainting, AScrolledView) {
     Open(8, 3);
-    const int h = height, all = sheet.height();
+    const int h = height, all = 3 * h + 4;
     const char* const lines[] = {"one", "t", "end"};
     for (int row = 1; row <= 3; ++row) {
         Feed("\x1b[" + std::to_string(row) + ";1H" + lines[row - 1]);
         Cells(1, Y(row), lines[row - 1], kBlack, kWhite, width + 1);
     }
-    const auto redraw = [&](int row, const QString& text) {
+    const auto redraw = [&](int row, const char* text) {
         Cells(1, Y(row) - 2, text, kBlack, kWhite, width + 1);
-        Cells(1 + text.size(), Y(row) - 2, "_", kBlack, kBlack, width + 1);
+        Cells(1 + int(strlen(text)), Y(row) - 2, "_", kBlack, kBlack, width + 1);
     };
     Feed("\n");
-    Move(h + 2, all - h - 1, 2);
+    RecordMove(&sheet, h + 2, all - h - 1, 2, ImageColour(kWhite));
     redraw(2, "end");
-    EXPECT_EQ(TerminalPicture(), sheet);
+    EXPECT_TRUE(SheetShows());
     TerminalScrollDown(1);
-    Move(2, all - h, 2 + h);
+    RecordMove(&sheet, 2, all - h, 2 + h, ImageColour(kWhite));
     for (int row = 1; row <= 3; ++row) redraw(row, lines[row - 1]);
-    Box(0, 0, sheet.width(), 2, kWhite);
-    EXPECT_EQ(TerminalPicture(), sheet);
+    Box(0, 0, 8 * width + 4, 2, kWhite);
+    EXPECT_TRUE(SheetShows());
 }
 
 // Only inverse cells have a box of their own, and not the pixel beyond their width. A colour
@@ -133,10 +124,10 @@ TEST_F(TerminalPainting, ARepaintedView) {
     const int y = Y(2) - 2;
     Cells(1, y, "ab", kBlack, kWhite, 0);
     Cells(3, y, "cd", kWhite, kBlack, width);
-    Cells(5, y, "ef", kBlack, kWhite, 0, true);
+    Cells(5, y, "ef", kBlack, kWhite, 0, kBold);
     Cells(7, y, "gh", kRed, kWhite, 0);
     Cells(9, Y(2), "i", kBlack, kWhite, width + 1);
-    EXPECT_EQ(TerminalPicture(), sheet);
+    EXPECT_TRUE(SheetShows());
 }
 
 }  // namespace

@@ -81,10 +81,9 @@ const Script kScripts[] = {
     {"AA\nBB\nCC" + C + "2;2H" + C + "2J" + C + "7J", " 2,2"},
     // Private sequences.
     {C + "?JKmA\n\ahB", "B. 2,1"},
-    {C + "?1" + E + "[2;2HA", "|.A. 3,2"},
     // ESC leaves the slots above the second as they were.
-    {C + ";;31?" + E + "[;;mA", "A. 2,1 pen 0 cd 0"},
-    {C + ";;31?" + E + E + "[;;mA", "A. 2,1"},
+    {C + "7;7;31?" + E + "[;;mA", "A. 2,1 pen 0 cd 0"},
+    {C + "7;7;31?" + E + E + "[;;mA", "A. 2,1"},
     // Received line ends.
     {"A\r\nB\r\r\nC\rD\nE", "A.|B.|CD.|E. 2,4"},
     {"A\r\nB\rC\nD\r\rE", "A.|B.|CD.||E. 2,5", "CR"},
@@ -112,7 +111,6 @@ const Script kScripts[] = {
     {C + "0;0;0;0;0;48;2;9;8;7m", " 1,1"},
     {C + "4294967327;1m", " 1,1 pen 1 ffffff 0"},  // not 31
     // The view, and the scroll bar with it.
-    {"1\n2\n3\n4\n5\n6" + E + "M", "1.|2.|3.|4.|5. 2,5 view 0/1"},
     {"1\n2\n3\n4\n5\n6" + E + "M" + E + "DX", "2.|3.|4.|5.|6X. 3,5 view 1/1"},
     // Replies: one event, the latest place.
     {C + "5n" + C + "n" + C + "62n", " 1,1"},
