@@ -21,7 +21,6 @@
 #include "shell/Settings.h"
 #include "shell/SingleInstance.h"
 #include "terminal/input/TerminalInput.h"
-#include "terminal/screen/ColourScheme.h"
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
@@ -127,7 +126,7 @@ void BuildWindow() {
     BindHandlers();
     StartTimers();
     SetStartTicks();
-    SetSchemeColours();
+    UseSchemeColours();
     TerminalRepaint();
     LayoutMainWindow();
     FillPortList();
