@@ -11,8 +11,8 @@
 #include "shell/SettingsLists.h"
 #include "shell/ShellSettings.h"
 #include "terminal/input/TerminalInput.h"
+#include "terminal/screen/ColourScheme.h"
 #include "terminal/screen/TerminalMode.h"
-#include "terminal/screen/TerminalScreen.h"
 #include "terminal/screen/TerminalSettings.h"
 #include "terminal/screen/WindowLayout.h"
 #include "ui/gadgets/Gadgets.h"
@@ -184,7 +184,7 @@ void TakeLiveValues() {
 }
 
 void GiveLiveValues() {
-    UseSchemeColours();
+    SetSchemeColours();
     SetLineEnding(lineEndingName);
     SetTerminalMode(terminal.terminalMode);
     SetDeviceOnTcpip(link.deviceOnTcpip != 0);

@@ -21,6 +21,7 @@
 #include "shell/Settings.h"
 #include "shell/SingleInstance.h"
 #include "terminal/input/TerminalInput.h"
+#include "terminal/screen/ColourScheme.h"
 #include "terminal/screen/TerminalMode.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
@@ -126,7 +127,7 @@ void BuildWindow() {
     BindHandlers();
     StartTimers();
     SetStartTicks();
-    UseSchemeColours();
+    SetSchemeColours();
     TerminalRepaint();
     LayoutMainWindow();
     FillPortList();

@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr uint32_t kDimColour = 0x999999;
-
 int16_t FontOf(int attribute) {
     const int font = attribute & kAttributeBold        ? terminalMetrics.boldFont
                      : attribute & kAttributeThirdFont ? terminalMetrics.thirdFont
@@ -53,7 +51,7 @@ int RepaintY(int screenRow) {
 
 void SetLook(CellLook* look, int attribute, uint32_t foreground, uint32_t background) {
     if (attribute & kAttributeHidden) foreground = background;
-    if (attribute & kAttributeDim) foreground = kDimColour;
+    if (attribute & kAttributeDim) foreground = terminalScreen.dimColour;
     if (attribute & kAttributeInverse) std::swap(foreground, background);
     look->font = FontOf(attribute);
     look->foreground = foreground;

@@ -6,6 +6,11 @@
 #include "terminal/screen/TerminalSettings.h"
 #include "ui/windows/MenuItem.h"
 
+void SetSchemeColours() {
+    UseSchemeColours();
+    ResetDimColour();
+}
+
 // The parser's pending colours keep the old scheme's defaults until the device sets them.
 void SwitchDarkBackground() {
     SetDarkBackground(terminalSettings.darkBackground == 0);

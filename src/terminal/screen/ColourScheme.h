@@ -3,3 +3,5 @@
 
 // Menu item 9: the other scheme.
 void SwitchDarkBackground();
+// Default colours by the setting, made current.
+void SetSchemeColours();

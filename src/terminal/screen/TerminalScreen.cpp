@@ -14,6 +14,7 @@ namespace {
 
 constexpr uint32_t kWhite = 0xFFFFFF;
 constexpr uint32_t kBlack = 0;
+constexpr uint32_t kDimColour = 0x999999;
 
 TerminalScreen screen;
 bool feedUnderWay = false;
@@ -116,6 +117,10 @@ void UseSchemeColours() {
     screen.defaultFg = dark ? kWhite : kBlack;
     screen.defaultBg = dark ? kBlack : kWhite;
     UseDefaultColours();
+}
+
+void ResetDimColour() {
+    screen.dimColour = kDimColour;
 }
 
 void SetCursorVisible(bool visible) {

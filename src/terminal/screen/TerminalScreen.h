@@ -47,6 +47,7 @@ struct TerminalScreen {
     uint32_t curFg = 0xFFFFFF, curBg = 0;  // colours of new cells
     uint32_t pendFg = 0, pendBg = 0;       // the parser's colours, see VtParser.h
     uint32_t defaultFg = 0xFFFFFF, defaultBg = 0;  // by the scheme
+    uint32_t dimColour = 0x999999;
     bool cursorVisible = true;
 };
 
@@ -64,6 +65,7 @@ void SetCurrentColours(uint32_t foreground, uint32_t background);
 void SetPendingColours(uint32_t foreground, uint32_t background);
 void UseDefaultColours();  // as the current ones
 void UseSchemeColours();   // as the default and the current ones, by the setting
+void ResetDimColour();
 void SetCursorVisible(bool visible);
 void SetScreenSize(int cols, int rows);  // the line list stays; ClearTerminal must follow
 void SetScrollBackLimits(int scrollBack, int maxLineLength);

@@ -4,6 +4,7 @@
 
 #include "base/Numbers.h"
 #include "base/TextRules.h"
+#include "terminal/screen/ColourScheme.h"
 #include "terminal/screen/TerminalFonts.h"
 #include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalScreen.h"
@@ -43,7 +44,7 @@ void SetUpTerminal() {
     SetScreenSize(HeldSide(terminalSettings.cols, terminalScreen.cols, kLastColumn),
                   HeldSide(terminalSettings.rows, terminalScreen.rows, kMostRows));
     SetScrollBackLimits(terminalSettings.scrollBack, terminalSettings.maxLineLength);
-    UseSchemeColours();
+    SetSchemeColours();
     LoadTerminalFonts();
     ClearTerminal(kTerminalCanvas);
 }

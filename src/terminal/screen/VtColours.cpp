@@ -29,9 +29,9 @@ enum class Change : uint8_t {
 };
 
 struct GraphicRow {
-    int code;
-    Change change;
-    int value;  // attribute, or entry of the palette
+    int code = 0;
+    Change change = Change::kNone;
+    int value = 0;  // attribute, or entry of the palette
 };
 
 // Attributes replace each other. 97 gives black, 107 a black background, unless the user
@@ -79,10 +79,10 @@ constexpr int kCodes = 108;  // 0 to 107
 
 // The rows by their code. A code without one does nothing.
 struct GraphicIndex {
-    constexpr GraphicIndex() {
+    constexpr GraphicIndex() : rows() {
         for (const GraphicRow& row : kGraphics) rows[row.code] = row;
     }
-    GraphicRow rows[kCodes] = {};
+    GraphicRow rows[kCodes];
 };
 
 constexpr GraphicIndex kIndex;
@@ -156,10 +156,12 @@ bool ApplyParameter(const VtSequence& sequence, int slot) {
 
 }  // namespace
 
-void SelectGraphics(const VtSequence& sequence) {
-    const int count = static_cast<int>(sequence.slots[kCountSlot]);
+void SelectGraphics(VtSequence* sequence) {
+    const int count = static_cast<int>(sequence->slots[kCountSlot]);
     for (int slot = 1; slot <= count; ++slot) {
-        if (ApplyParameter(sequence, slot)) break;
+        if (ApplyParameter(*sequence, slot)) break;
     }
+    ClearTwoParameters(sequence);
     SetCurrentColours(terminalScreen.pendFg, terminalScreen.pendBg);
+    ResetDimColour();
 }

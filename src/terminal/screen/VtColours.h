@@ -4,4 +4,4 @@
 #include "terminal/screen/VtSequence.h"
 
 // The final "m".
-void SelectGraphics(const VtSequence& sequence);
+void SelectGraphics(VtSequence* sequence);

@@ -35,31 +35,31 @@ int Moved(int from, uint64_t by, int most) {
     return Held(static_cast<int64_t>(static_cast<uint64_t>(from) + by), 1, most);
 }
 
-void PlaceCursor(const VtSequence& sequence) {
-    MoveTerminalCursor(Held(Parameter(sequence, 2), 1, terminalScreen.cols),
-                       Held(Parameter(sequence, 1), 1, terminalScreen.rows));
+void PlaceCursor(VtSequence* sequence) {
+    MoveTerminalCursor(Held(Parameter(*sequence, 2), 1, terminalScreen.cols),
+                       Held(Parameter(*sequence, 1), 1, terminalScreen.rows));
     // The colours in force stay; the next SGR of any kind brings these.
     SetPendingColours(terminalScreen.defaultFg, terminalScreen.defaultBg);
 }
 
 // An absent parameter counts as 0 and moves by nothing.
-void CursorUp(const VtSequence& sequence) {
+void CursorUp(VtSequence* sequence) {
     MoveTerminalCursor(terminalScreen.cursorX,
-                       Moved(terminalScreen.cursorY, 0 - sequence.slots[1], terminalScreen.rows));
+                       Moved(terminalScreen.cursorY, 0 - sequence->slots[1], terminalScreen.rows));
 }
 
-void CursorDown(const VtSequence& sequence) {
+void CursorDown(VtSequence* sequence) {
     MoveTerminalCursor(terminalScreen.cursorX,
-                       Moved(terminalScreen.cursorY, sequence.slots[1], terminalScreen.rows));
+                       Moved(terminalScreen.cursorY, sequence->slots[1], terminalScreen.rows));
 }
 
-void CursorForward(const VtSequence& sequence) {
-    MoveTerminalCursor(Moved(terminalScreen.cursorX, sequence.slots[1], terminalScreen.cols),
+void CursorForward(VtSequence* sequence) {
+    MoveTerminalCursor(Moved(terminalScreen.cursorX, sequence->slots[1], terminalScreen.cols),
                        terminalScreen.cursorY);
 }
 
-void CursorBackward(const VtSequence& sequence) {
-    MoveTerminalCursor(Moved(terminalScreen.cursorX, 0 - sequence.slots[1], terminalScreen.cols),
+void CursorBackward(VtSequence* sequence) {
+    MoveTerminalCursor(Moved(terminalScreen.cursorX, 0 - sequence->slots[1], terminalScreen.cols),
                        terminalScreen.cursorY);
 }
 
@@ -72,9 +72,9 @@ void EraseRows(int first, int last) {
     for (int row = first; row <= last; ++row) EraseRow(row, 2);
 }
 
-void EraseDisplay(const VtSequence& sequence) {
+void EraseDisplay(VtSequence* sequence) {
     const int row = terminalScreen.cursorY;
-    switch (Parameter(sequence, 1)) {
+    switch (Parameter(*sequence, 1)) {
         case 0:
             EraseRows(row + 1, terminalScreen.rows);
             EraseRow(row, 0);
@@ -93,30 +93,36 @@ void EraseDisplay(const VtSequence& sequence) {
     MoveTerminalCursor(terminalScreen.cursorX, row);
 }
 
-void EraseInLine(const VtSequence& sequence) {
-    TerminalEraseLine(AsInt(Parameter(sequence, 1)));
+void EraseInLine(VtSequence* sequence) {
+    TerminalEraseLine(AsInt(Parameter(*sequence, 1)));
+    sequence->slots[1] = 0;
 }
 
 // The event tells the loop to send; a second request before that replaces the reply, and
 // the event that is under way serves it.
-void ReportStatus(const VtSequence& sequence) {
+void ReportStatus(VtSequence* sequence) {
     constexpr int kCursorReport = 6;
-    if (Parameter(sequence, 1) != kCursorReport) return;
+    if (Parameter(*sequence, 1) != kCursorReport) return;
     const bool underWay = !replyText.isEmpty();
     replyText = QString("\x1b[%1;%2R").arg(terminalScreen.cursorY).arg(terminalScreen.cursorX);
     if (!underWay) PostInterfaceEvent(kEventTerminalReply, kMainWindow, kNone, 0);
 }
 
 // Whatever the first parameter asks for, the others are taken as a size.
-void ResizeFromDevice(const VtSequence& sequence) {
+void ResizeFromDevice(VtSequence* sequence) {
     if (!terminalSettings.allowResize) return;
-    SetTerminalSize(AsInt(Parameter(sequence, 3)), AsInt(Parameter(sequence, 2)));
+    SetTerminalSize(AsInt(Parameter(*sequence, 3)), AsInt(Parameter(*sequence, 2)));
     ApplyTerminalSize();
+}
+
+// Deletes no lines: only the parameters are cleared.
+void ClearTwo(VtSequence* sequence) {
+    ClearTwoParameters(sequence);
 }
 
 struct FinalRow {
     char16_t final;
-    void (*run)(const VtSequence& sequence);
+    void (*run)(VtSequence* sequence);
 };
 
 // clang-format off
@@ -129,6 +135,7 @@ constexpr FinalRow kFinals[] = {
     {'H',     PlaceCursor},
     {'J',     EraseDisplay},
     {'K',     EraseInLine},
+    {'M',     ClearTwo},
     {'f',     PlaceCursor},
     {'m',     SelectGraphics},
     {'n',     ReportStatus},
@@ -142,7 +149,7 @@ constexpr int kCursorShown = 25;
 
 }  // namespace
 
-void RunFinal(const VtSequence& sequence, char16_t final) {
+void RunFinal(VtSequence* sequence, char16_t final) {
     for (const FinalRow& row : kFinals) {
         if (row.final == final) return row.run(sequence);
     }
@@ -150,8 +157,8 @@ void RunFinal(const VtSequence& sequence, char16_t final) {
 
 // Reads the working slot: with no digit in this feed that is slot 0, which is 0, or the
 // count of parameters.
-void RunPrivateFinal(const VtSequence& sequence, bool set) {
-    switch (Parameter(sequence, sequence.working)) {
+void RunPrivateFinal(VtSequence* sequence, bool set) {
+    switch (Parameter(*sequence, sequence->working)) {
         case kMouseClicks:
         case kMousePresses:
             SetMouseMode(set ? terminalSettings.xtermMouse : 0);
@@ -162,6 +169,7 @@ void RunPrivateFinal(const VtSequence& sequence, bool set) {
         default:
             break;
     }
+    ClearTwoParameters(sequence);
 }
 
 QString TakeReplyText() {

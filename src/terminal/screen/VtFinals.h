@@ -7,9 +7,9 @@
 #include "terminal/screen/VtSequence.h"
 
 // An unknown final does nothing.
-void RunFinal(const VtSequence& sequence, char16_t final);
+void RunFinal(VtSequence* sequence, char16_t final);
 // The finals "h" (set) and "l" (reset) of a private sequence.
-void RunPrivateFinal(const VtSequence& sequence, bool set);
+void RunPrivateFinal(VtSequence* sequence, bool set);
 
 // The status reply that waits to go to the device, emptied by the call.
 QString TakeReplyText();

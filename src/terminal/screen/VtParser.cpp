@@ -149,6 +149,7 @@ void AfterEscapeUnit(char16_t unit) {
         StartEscape();
     } else if (unit == '[') {
         parser.state = kInSequence;
+        parser.sequence.slots[kCountSlot] = 1;
     } else if (unit == 'D') {
         parser.state = kGround;
         TerminalScrollUp(1);
@@ -173,7 +174,7 @@ void SequenceUnit(char16_t unit) {
         parser.state = kInPrivateSequence;  // with the parameters collected so far
     } else {
         parser.state = kGround;
-        RunFinal(parser.sequence, unit);
+        RunFinal(&parser.sequence, unit);
     }
 }
 
@@ -190,7 +191,7 @@ void PrivateUnit(char16_t unit) {
         StartEscapeFromPrivate();
     } else if (unit == 'h' || unit == 'l') {
         parser.state = kGround;
-        RunPrivateFinal(parser.sequence, unit == 'h');
+        RunPrivateFinal(&parser.sequence, unit == 'h');
     }
 }
 
