@@ -15,11 +15,6 @@ QByteArray Csv(const Recording& recording) {
     return buffer.data();
 }
 
-// A series called "time" has another name when it is read.
-QByteArray WithoutNames(const QByteArray& csv) {
-    return csv.mid(csv.indexOf('\n'));
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
@@ -42,6 +37,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QByteArray csv = Csv(recording);
     again.Restart(true);
     cutter.Feed(csv.constData(), static_cast<size_t>(csv.size()), take(again));
-    if (recording.LinesPlotted() > 0 && WithoutNames(Csv(again)) != WithoutNames(csv)) abort();
+    // A series called "time" has another name when it is read.
+    const QByteArray second = Csv(again);
+    const bool same = second.mid(second.indexOf('\n')) == csv.mid(csv.indexOf('\n'));
+    if (recording.LinesPlotted() > 0 && !same) abort();
     return 0;
 }

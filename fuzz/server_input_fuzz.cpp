@@ -16,8 +16,6 @@ namespace {
 
 constexpr size_t kSliceStep = 58;  // slices are up to 85 of these: a chunk
 
-FarEnd* device = nullptr;
-
 // As the server's worker hands it over; the workers themselves have no port and have ended.
 void HandOver(int64_t identity, const std::string& bytes) {
     auto& record = const_cast<ServerRecord&>(*FindServer(identity));
@@ -35,11 +33,11 @@ extern "C" int LLVMFuzzerInitialize(int*, char*** argv) {
     OpenScreenRig();
     LinkSettingsForTable().dataPort = LinkSettingsForTable().controlPort = -1;
     StartServers();
-    device = new FarEnd;
     return 0;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    static FarEnd device;
     if (size == 0) return 0;
     SetTerminalMode(data[0] % kModes);
     std::string toDevice, arrived;
@@ -56,13 +54,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
             std::replace(slice.begin() + 1, slice.end(), '/', '_');
             HandOver(kControlServerIdentity, slice);
         } else {
-            device->Write(slice);
+            device.Write(slice);
             PollLink();
         }
         // What the terminal answers would stand among the bytes that are compared.
         for (int32_t event = 0; (event = WaitForEvent(0)) != kNoEvent;)
             if (event != kEventTerminalReply) DispatchEvent(event, EventWindow());
-        arrived += device->Read();
+        arrived += device.Read();
     }
     if (arrived != toDevice) abort();
     TakeReplyText();

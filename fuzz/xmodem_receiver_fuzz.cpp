@@ -1,5 +1,5 @@
 // The fetch of a file from a device that says anything at any time: each slice of the
-// input is what has arrived by one sleep. What is stored is whole blocks, and no more of
+// input is what arrives in 10 milliseconds. What is stored is whole blocks, and no more of
 // them than bytes that came.
 #include <algorithm>
 
@@ -11,37 +11,6 @@
 #include "xmodem/Receive.h"
 #include "xmodem/XmodemJob.h"
 
-namespace {
-
-class SlicedInput : public VirtualClock {
-  public:
-    SlicedInput(const uint8_t* bytes, size_t size) : next(bytes), left(size) {}
-
-    void Sleep(int64_t ms) override {
-        VirtualClock::Sleep(ms);
-        device.Read();
-        if (left < 2) {
-            JobOf(Direction::kReceive).abort = true;
-            device.Write(std::string(1032, '\2'));  // ends any wait for a start
-            return;
-        }
-        const size_t slice = std::min<size_t>(next[0] * 5, left - 1);
-        device.Write({reinterpret_cast<const char*>(next) + 1, slice});
-        next += slice + 1;
-        left -= slice + 1;
-    }
-    // A wait for bytes that are not the ones it wants ends as well.
-    int64_t Now() override { return VirtualClock::Now() + ++asked; }
-
-  private:
-    FarEnd device;
-    const uint8_t* next;
-    size_t left;
-    int64_t asked = 0;
-};
-
-}  // namespace
-
 extern "C" int LLVMFuzzerInitialize(int*, char*** argv) {
     StartInterfaceLayer(*argv);
     SetServeBeforeWait([] { ServeJobStatus(JobOf(Direction::kReceive)); });
@@ -50,15 +19,27 @@ extern "C" int LLVMFuzzerInitialize(int*, char*** argv) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    VirtualClock clock;
+    FarEnd device;
     XmodemJob& job = JobOf(Direction::kReceive);
+    clock.onTick = [&, next = data, left = size](int64_t now) mutable {
+        if (now % 10 != 0) return;
+        device.Read();
+        if (left < 2) {
+            job.abort = true;
+            device.Write(std::string(1032, '\2'));  // ends any wait for a start
+            return;
+        }
+        const size_t slice = std::min<size_t>(next[0] * 5, left - 1);
+        device.Write({reinterpret_cast<const char*>(next) + 1, slice});
+        next += slice + 1;
+        left -= slice + 1;
+    };
     sem_init(&job.semaphore, 0, 0);
     job.firstName = job.secondName = "f";
     job.lineEnd = "\r";
     job.abort = false;
-    {
-        SlicedInput input(data, size);
-        XmodemReceiveWorker(job);
-    }
+    XmodemReceiveWorker(job);
     DropAllEvents();
     const size_t stored = static_cast<size_t>(ScratchFolder::Get("f").size());
     if (stored % 128 != 0 || stored > size) abort();

@@ -96,9 +96,9 @@ inline std::string State() {
     const TerminalSettings& settings = terminalSettings;
     std::string all;
     for (int row = 1; row <= screen.rows; ++row) {
-        const TerminalLine& line = *TerminalLineAt(screen.topLine + row);
-        for (int column = 1; column <= line.length; ++column)
-            all += line.cells[column].ch ? static_cast<char>(line.cells[column].ch) : '.';
+        const TerminalLine* line = TerminalLineAt(screen.topLine + row);
+        for (int column = 1; line && column <= line->length; ++column)
+            all += line->cells[column].ch ? static_cast<char>(line->cells[column].ch) : '.';
         all += '|';
     }
     all.resize(all.find_last_not_of('|') + 1);
