@@ -6,21 +6,16 @@
 #include "plotter/CsvText.h"
 #include "plotter/LineCutter.h"
 
-namespace {
-
-QByteArray Csv(const Recording& recording) {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    if (!WriteCsv(recording, buffer)) abort();
-    return buffer.data();
-}
-
-}  // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Recording recording, again;
     if (size > 0) recording.Restart(data[0] & 1);
     LineCutter cutter;
+    const auto csvOf = [](const Recording& received) {
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        if (!WriteCsv(received, buffer)) abort();
+        return buffer.data();
+    };
     const auto take = [](Recording& into) {
         return [&into](const std::string& line) {
             if (line.size() > kLongestLine) abort();
@@ -34,11 +29,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
     cutter.Finish(take(recording));
     if (recording.All().size() > kMostSeries) abort();
-    const QByteArray csv = Csv(recording);
+    const QByteArray csv = csvOf(recording);
     again.Restart(true);
     cutter.Feed(csv.constData(), static_cast<size_t>(csv.size()), take(again));
     // A series called "time" has another name when it is read.
-    const QByteArray second = Csv(again);
+    const QByteArray second = csvOf(again);
     const bool same = second.mid(second.indexOf('\n')) == csv.mid(csv.indexOf('\n'));
     if (recording.LinesPlotted() > 0 && !same) abort();
     return 0;

@@ -12,20 +12,6 @@
 #include "tests/support/VirtualClock.h"
 #include "ui/InterfaceLayer.h"
 
-namespace {
-
-constexpr size_t kSliceStep = 58;  // slices are up to 85 of these: a chunk
-
-// As the server's worker hands it over; the workers themselves have no port and have ended.
-void HandOver(int64_t identity, const std::string& bytes) {
-    auto& record = const_cast<ServerRecord&>(*FindServer(identity));
-    std::copy(bytes.begin(), bytes.end(), record.buffer.begin());
-    record.length = static_cast<int64_t>(bytes.size());
-    HandleServerChunk(identity);
-}
-
-}  // namespace
-
 extern "C" int LLVMFuzzerInitialize(int*, char*** argv) {
     static VirtualClock clock;
     StartInterfaceLayer(*argv);
@@ -37,6 +23,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char*** argv) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    constexpr size_t kSliceStep = 58;  // slices are up to 85 of these: a chunk
     static FarEnd device;
     if (size == 0) return 0;
     SetTerminalMode(data[0] % kModes);
@@ -47,15 +34,18 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         std::string slice(reinterpret_cast<const char*>(data + at + 1), length);
         at += 1 + length;
         if (kind == 0) {
-            HandOver(kDataServerIdentity, slice);
-            toDevice += slice;
-        } else if (kind == 1) {
-            // A path of one part, in the present folder: what is missing is created.
-            std::replace(slice.begin() + 1, slice.end(), '/', '_');
-            HandOver(kControlServerIdentity, slice);
-        } else {
             device.Write(slice);
             PollLink();
+        } else {
+            // A path of one part, in the present folder: what is missing is created.
+            if (kind == 1) std::replace(slice.begin() + 1, slice.end(), '/', '_');
+            if (kind == 2) toDevice += slice;
+            // As the worker hands it over; the workers themselves have no port and have ended.
+            const int64_t identity = kind == 1 ? kControlServerIdentity : kDataServerIdentity;
+            auto& record = const_cast<ServerRecord&>(*FindServer(identity));
+            std::copy(slice.begin(), slice.end(), record.buffer.begin());
+            record.length = static_cast<int64_t>(slice.size());
+            HandleServerChunk(identity);
         }
         // What the terminal answers would stand among the bytes that are compared.
         for (int32_t event = 0; (event = WaitForEvent(0)) != kNoEvent;)

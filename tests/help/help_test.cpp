@@ -30,15 +30,16 @@ TEST(Help, AddressesAndAboutText) {
     EXPECT_TRUE(
         HelpIndexAddress("_!~&'()*=,-./:;?#$@a é→%20\"+[]")
             .endsWith("/data/_!~&'()*=,-./:;?#$@a%20%C3%A9%E2%86%92%2520%22%2B%5B%5D/index.htm"));
-    const QString about =
+    EXPECT_TRUE(AboutText().startsWith(
         "Version: 5\nBuild date: 2022/08/12 05:47:37\rProgram folder: " + appPaths.programFolder +
-        "\rData folder: " + appPaths.dataFolder + "\r";
-    EXPECT_EQ(AboutText().left(about.size()), about);
+        "\rData folder: " + appPaths.dataFolder + "\r"));
 }
 
 TEST(Help, TheWindowStandsWhereItWasLeft) {
     SetHelpPlace(31, 32, 640, 480);
-    ShowHelpViewer();
+    for (int i = 0; i < 2; ++i) ShowHelpViewer();
+    CanvasGadget(kTerminalCanvas, 0, 0, 9, 9, 0);  // in no window, for the list is closed
+    EXPECT_EQ(GadgetWidget(kTerminalCanvas), nullptr);
     QString told = WindowTitle(kHelpWindow) + " " + GadgetName(kHelpWebView);
     for (int gadget = kHelpWebView; gadget <= kHelpForwardButton; ++gadget) {
         told += "\n" + GadgetText(gadget) + "|" + GadgetTooltip(gadget);

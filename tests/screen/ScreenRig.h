@@ -35,6 +35,7 @@ inline void OpenScreenRig(int cols = 101, int rows = 50) {
     SetUpTerminal();
     ScrollBarGadget(kTerminalScrollBar, 0, 0, 9, 9, 0, terminalScreen.scrollBack, 40,
                     ScrollDirection::kVertical);
+    LayoutMainWindow();
     ApplyTerminalSize();
     SetPendingColours(terminalScreen.defaultFg, terminalScreen.defaultBg);
 }

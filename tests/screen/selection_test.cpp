@@ -108,26 +108,20 @@ TEST(TerminalText, LinesUpToTheirLengthAndTheirFiles) {
     AnswerDialogs(&answers);
     StartCapture();
     CaptureText("captured\x1b[m\ré→");
-    const struct {
-        FileChoice chosen;
-        TextPart what;
-        QString name, text;
-    } cases[] = {
-        {{"a", 0}, TextPart::kVisible, "a.bas", visible},
-        {{"b", 1}, TextPart::kAll, "b.txt", all},
-        {{"c", 2}, TextPart::kVisible, "c", visible},
-        {{"missing/f", 0}, TextPart::kVisible, "missing/f.bas", ""},
-        {{".", 2}, TextPart::kVisible, ".", ""},                             // a folder
-        {{QString(), 0}, TextPart::kCapture, ".bas", "captured\x1b[m\ré?"},  // a cancelled dialog
+    const std::pair<FileChoice, TextPart> saves[] = {
+        {{"a", 0}, TextPart::kVisible}, {{"missing/f", 0}, TextPart::kVisible},
+        {{"b", 1}, TextPart::kAll},     {{".", 2}, TextPart::kVisible},        // a folder
+        {{"c", 2}, TextPart::kVisible}, {{QString(), 0}, TextPart::kCapture},  // cancelled
     };
-    for (const auto& each : cases) {
-        answer = each.chosen;
-        SaveTerminalText(each.what);
-        EXPECT_EQ(QString::fromLatin1(ScratchFolder::Get(each.name)), each.text)
-            << qPrintable(each.name);
+    QString files;
+    for (const auto& [chosen, what] : saves) {
+        answer = chosen;
+        SaveTerminalText(what);
     }
-    EXPECT_EQ(capture.buffer, "");
-    EXPECT_EQ(QDir().entryList(QDir::Files | QDir::Hidden).size(), 4);
+    for (const QString& name : QDir().entryList(QDir::Files | QDir::Hidden))
+        files += name + ":" + QString::fromLatin1(ScratchFolder::Get(name)) + "|";
+    EXPECT_EQ(files + capture.buffer,
+              ".bas:captured\x1b[m\ré?|a.bas:" + visible + "|b.txt:" + all + "|c:" + visible + "|");
     TerminalScrollDown(2);
     SetLineEnding("CR");
     SetScrollBackLimits(100, 4);

@@ -4,22 +4,15 @@
 
 namespace {
 
-QString answer, asked;
-
-class TerminalSizing : public testing::Test {
-  protected:
-    TerminalSizing() {
-        OpenScreenRig();
-        answers.text = [](const QString& title, const QString& prompt, const QString& preset) {
-            asked = title + "|" + prompt + "|" + preset;
-            return answer;
-        };
-        AnswerDialogs(&answers);
-    }
+TEST(TerminalSizing, AsksForASize) {
+    static QString answer, asked;
     DialogAnswers answers;
-};
-
-TEST_F(TerminalSizing, AsksForASize) {
+    answers.text = [](const QString& title, const QString& prompt, const QString& preset) {
+        asked = title + "|" + prompt + "|" + preset;
+        return answer;
+    };
+    AnswerDialogs(&answers);
+    OpenScreenRig();
     const std::pair<const char*, const char*> rows[] = {
         {"80X24", "80x24"},    {"81 x 25", "81x25"}, {"82 26", "82x26"},
         {"83 X  27", "83x27"}, {"149x79", "149x79"}, {"150x79", "149x79"},
@@ -44,7 +37,8 @@ TEST_F(TerminalSizing, AsksForASize) {
     EXPECT_EQ(TerminalPicture().pixel(1, 1), 0xFFFFFFFF);
 }
 
-TEST_F(TerminalSizing, StrangeSettingsAreHeld) {
+TEST(TerminalSizing, StrangeSettingsAreHeld) {
+    OpenScreenRig();
     TerminalSettings& settings = TerminalSettingsForTable();
     settings.cols = -7;
     settings.rows = 1 << 30;
@@ -58,7 +52,8 @@ TEST_F(TerminalSizing, StrangeSettingsAreHeld) {
     EXPECT_FALSE(TerminalPicture().isNull());
 }
 
-TEST_F(TerminalSizing, LaysOutTheShownRowsAndGivesTheFocus) {
+TEST(TerminalSizing, LaysOutTheShownRowsAndGivesTheFocus) {
+    OpenScreenRig();
     TextEntryGadget(kCommandEntry, 0, 0, 9, 9, "");
     for (int i = 0; i < 1000 && FocusedGadget() != kTerminalCanvas; ++i) WaitForEvent(1);
     FocusGadget(kCommandEntry);
@@ -80,7 +75,7 @@ TEST_F(TerminalSizing, LaysOutTheShownRowsAndGivesTheFocus) {
 
 // The bar reaches 40 lines less than the scrollback, and nothing holds its lower part. An
 // emptied terminal keeps where it stood, the attribute, the pending colours and the capture.
-TEST_F(TerminalSizing, TheScrollBarMovesTheView) {
+TEST(TerminalSizing, TheScrollBarMovesTheView) {
     OpenScreenRig(20, 3);
     const auto moved = [](int position) {
         SetGadgetState(kTerminalScrollBar, position);
