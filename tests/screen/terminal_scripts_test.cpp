@@ -85,6 +85,7 @@ const Script kScripts[] = {
     {"ABCDEF" + C + "3D" + C + "2KX", "ABCXE 5,1"},
     {"AA\nBB\nCC\nDD" + C + "2;2H" + C + "J", "AA.|B. 2,2"},
     {"AA\nBB\nCC\nDD" + C + "4;2H" + C + "1J", "|BB.|CC.|.D. 2,4"},
+    {"ABCD" + C + "1;2H" + C + "1J", ".BCD. 2,1"},
     {"AA\nBB\nCC" + C + "2;2H" + C + "2J" + C + "7J", " 2,2"},
     // Private sequences.
     {C + "?JKmA\n\ahB", "B. 2,1"},
