@@ -20,13 +20,13 @@ constexpr uint32_t kUnfocusedFrame = 0xF0F0F0;
 
 // The cursor bar drawn last, and what it stands on.
 struct CursorBar {
-    bool drawn = false;
-    int phase = 0;
-    int x = 0, y = 0;         // of its cell
-    uint32_t background = 0;  // of the cell under it, as stored
+    bool drawn;
+    int phase;
+    int x, y;             // of its cell
+    uint32_t background;  // of the cell under it, as stored
 };
 
-CursorBar bar;
+CursorBar bar = {};
 
 void DrawBar(int x, int y, uint32_t colour) {
     DrawBox(x, y + terminalMetrics.charHeight - kCursorHeight, terminalMetrics.charWidth,
