@@ -3,17 +3,17 @@
 
 #include <gtest/gtest.h>
 
-#include <QAction>
-#include <QApplication>
-#include <QClipboard>
-#include <QElapsedTimer>
 #include <QPrinter>
-#include <QRegularExpression>
-#include <QStatusBar>
+#include <QtNetwork>
 #include <QtTest>
+#include <QtWidgets>
+#include <thread>
 
+#include "editor/BasicIndex.h"
+#include "editor/BasicLine.h"
 #include "editor/Editor.h"
-#include "tests/support/LocalTools.h"
+#include "editor/SecondStart.h"
+#include "tests/support/Gestures.h"
 #include "tests/support/ScratchFolder.h"
 
 inline bool Until(const std::function<bool()>& holds) {
@@ -32,37 +32,30 @@ class EditorBench : public testing::Test {
     QString answer;    // a button,
     int line = 0;      // a line, and what is printed goes to `printed`
     QString printed;
-    EditorSetup setup = MakeSetup();
+    EditorDialogs answers = {
+        [this](QWidget*, const QString&) { return chosen; },
+        [this](QWidget*, const QString& near) { return told += "save " + near, chosen; },
+        [this](QWidget*, const QString& question, const QStringList& buttons) {
+            told += question;
+            return buttons.contains(answer) ? answer : buttons.last();
+        },
+        [this](QWidget*, int) { return line; },
+        [](QWidget*, QFont font) { return font.setPointSize(19), font; },
+        [this](QWidget*, QPrinter& printer) {
+            return printer.setOutputFileName(printed), !printed.isEmpty();
+        }};
+    EditorSetup setup = {{FreshPort(), FreshPort(), FreshPort()},
+                         "",
+                         KWCC_SOURCE_DIR "/data/html",
+                         folder.filePath("settings/KWEdit.ini"),
+                         answers};
     std::unique_ptr<Editor> editor = std::make_unique<Editor>(setup);
 
     ~EditorBench() override { CloseAll(); }
 
-    EditorSetup MakeSetup() {
-        EditorSetup made;
-        made.ports = {static_cast<quint16>(FreePort()), static_cast<quint16>(FreePort()),
-                      static_cast<quint16>(FreePort())};
-        made.helpFolder = KWCC_SOURCE_DIR "/data/html";
-        made.settingsFile = folder.filePath("settings/KWEdit.ini");
-        made.dialogs = Answers();
-        return made;
-    }
-    EditorDialogs Answers() {
-        EditorDialogs dialogs;
-        dialogs.openPath = [this](QWidget*, const QString&) { return chosen; };
-        dialogs.savePath = [this](QWidget*, const QString& near) {
-            return told += "save " + near, chosen;
-        };
-        dialogs.ask = [this](QWidget*, const QString& question, const QStringList& answers) {
-            told += question;
-            return answers.contains(answer) ? answer : answers.last();
-        };
-        dialogs.lineNumber = [this](QWidget*, int) { return line; };
-        dialogs.font = [](QWidget*, QFont font) { return font.setPointSize(19), font; };
-        dialogs.printer = [this](QWidget*, QPrinter& printer) {
-            printer.setOutputFileName(printed);
-            return !printed.isEmpty();
-        };
-        return dialogs;
+    static quint16 FreshPort() {
+        QTcpServer server;
+        return server.listen(QHostAddress::LocalHost), server.serverPort();
     }
     void CloseAll() {
         answer = "Don't save";
@@ -92,22 +85,25 @@ class EditorBench : public testing::Test {
     QString Status() const { return Window().statusBar()->currentMessage(); }
     void Open(const QByteArray& source) { editor->OpenAll({Write("a.bas", source)}); }
 
+    // Scripts, one behind the other, and the text that each leaves.
+    void Do(const std::vector<std::pair<QString, std::string>>& scripts) const {
+        for (const auto& [script, text] : scripts)
+            EXPECT_EQ((Do(script), Shown()), text) << script.toStdString();
+    }
     // Keys go to the window in front, as from the keyboard: a text, and others in brackets,
     // "one[Ctrl+A, Tab]\n".
-    void Do(const QString& script) const {
-        const QStringList parts = script.split(QRegularExpression("[][]"));
+    void Do(QString script) const {
+        const QStringList parts = script.replace('\n', '\r').split(QRegularExpression("[][]"));
         for (int i = 0; i < parts.size(); ++i) {
-            for (const QChar& c : i % 2 ? QString() : parts[i])
-                c == '\n' ? Press(Qt::Key_Return) : Press(0, c.toLatin1());
             const QKeySequence keys(i % 2 ? parts[i] : QString());
-            for (int k = 0; k < keys.count(); ++k) Press(keys[k]);
+            for (const QChar& c : i % 2 ? QString() : parts[i])
+                QTest::keyClick(Target(), c.toLatin1());
+            for (int k = 0; k < keys.count(); ++k) {
+                const Qt::KeyboardModifiers modifiers(keys[k] & int(Qt::KeyboardModifierMask));
+                QTest::keyClick(Target(), Qt::Key(keys[k] - modifiers), modifiers);
+                if (modifiers & Qt::AltModifier) QTest::qWait(150);  // a button goes down and up
+            }
         }
-    }
-    void Press(int key, char c = 0) const {
-        const auto modifiers = Qt::KeyboardModifiers(key & Qt::KeyboardModifierMask);
-        if (c) return QTest::keyClick(Target(), c);
-        QTest::keyClick(Target(), Qt::Key(key & ~Qt::KeyboardModifierMask), modifiers);
-        if (modifiers & Qt::AltModifier) QTest::qWait(150);  // a button goes down and up
     }
     // No window manager of this platform chooses the next window when one is closed.
     QWidget* Target() const {

@@ -1,7 +1,3 @@
-#include <QAbstractItemView>
-
-#include "editor/BasicIndex.h"
-#include "editor/BasicLine.h"
 #include "tests/editor/EditorBench.h"
 
 namespace {
@@ -29,7 +25,7 @@ TEST(BasicWords, LinesAreCutIntoColours) {
         {"? \"open", "..TTTTT"},
         {"", ""},
     };
-    for (const auto& row : rows) EXPECT_EQ(Cut(row.first), row.second) << row.first;
+    for (const auto& [line, cut] : rows) EXPECT_EQ(Cut(line), cut) << line;
 }
 
 TEST(BasicWords, HaveTheirPlacesInTheIndex) {
@@ -39,21 +35,18 @@ TEST(BasicWords, HaveTheirPlacesInTheIndex) {
     EXPECT_EQ(PlaceInIndex("", "nothing", "") + PlaceInIndex("", "", ""), "");
 }
 
+// Words go on as they began, names of the text too; Return behind a whole word ends the line.
 TEST_F(Typing, IndentsCommentsAndCompletes) {
     editor->OpenAll({});
-    Do("IF a THEN\n    b = 1\nc = (2)");
-    EXPECT_EQ(Shown(), "IF a THEN\n    b = 1\n    c = (2)");
-    Do("[Ctrl+A, Tab, Ctrl+A, Ctrl+3]");
-    EXPECT_EQ(Shown(), "    'IF a THEN\n        'b = 1\n        'c = (2)");
-    Do("[Ctrl+A, Shift+Tab, Ctrl+A, Ctrl+3]");
-    EXPECT_EQ(Shown(), "IF a THEN\n    b = 1\n    c = (2)");
-    // Words go on as they began, names of the text too; Return behind a whole word ends the line.
-    Do("[Ctrl+A, Del]framebuf\t Create\nCountdown = 1\nCoun\t\nelse\n' wri\nx$=\"wri\n");
-    EXPECT_EQ(Shown(), "framebuffer Create\nCountdown = 1\nCountdown\nelse\n' wri\nx$=\"wri\n");
-    Do("li");
-    EXPECT_FALSE(Text().isListActive());
-    Do("[Ctrl+Space]");
-    EXPECT_TRUE(Text().isListActive());
+    Do({{"IF a THEN\n    b = 1\nc = (2)", "IF a THEN\n    b = 1\n    c = (2)"},
+        {"[Ctrl+A, Tab, Ctrl+A, Ctrl+3]", "    'IF a THEN\n        'b = 1\n        'c = (2)"},
+        {"[Ctrl+A, Shift+Tab, Ctrl+A, Ctrl+3]", "IF a THEN\n    b = 1\n    c = (2)"},
+        {"[Ctrl+A, Del]framebuf\t Create\nCountdown = 1\nCoun\t\nelse\n' wri\nx$=\"wri\n",
+         "framebuffer Create\nCountdown = 1\nCountdown\nelse\n' wri\nx$=\"wri\n"}});
+    for (const auto& [script, offered] : {std::pair("li", false), {"[Ctrl+Space]", true}}) {
+        Do(script);
+        EXPECT_EQ(Text().isListActive(), offered);
+    }
     Do("[Esc]");
     EXPECT_TRUE(!Text().isListActive() && Window().isWindowModified());
 }
@@ -78,22 +71,16 @@ TEST_F(Typing, FindsAndReplaces) {
         Text().getSelection(&row, &start, &ignored, &ignored);
         EXPECT_EQ(row * 100 + start, place) << script;
     }
-    const std::pair<const char*, const char*> replaces[] = {
-        {"[Ctrl+H]one[Alt+Y]1\n", "One two ONE\nalone 1\n"},
+    Do({{"[Ctrl+H]one[Alt+Y]1\n", "One two ONE\nalone 1\n"},
         {"[Alt+C, Alt+G, Alt+D](O)ne|^[Ctrl+A](o)(ne)[Alt+Y, Ctrl+A]<\\2>[Alt+A]",
          "<ne> two <NE>\nalone 1\n"},
         // Places without a character.
         {"[Alt+W, Alt+D, Ctrl+A]^[Alt+A]", "<><ne> two <NE>\n<>alone 1\n<>"},
-    };
-    for (const auto& [script, text] : replaces) {
-        Do(script);
-        EXPECT_EQ(Shown(), text) << script;
-    }
-    Do("[Alt+D](\n");
-    const auto labels = Window().Finder()->findChildren<QLabel*>();
-    EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](QLabel* label) {
-        return label->isVisible() && label->text() == "not a regular expression";
-    }));
+        {"[Alt+D](\n", "<><ne> two <NE>\n<>alone 1\n<>"}});
+    QStringList labels;
+    for (QLabel* label : Window().Finder()->findChildren<QLabel*>())
+        if (label->isVisible()) labels += label->text();
+    EXPECT_TRUE(labels.contains("not a regular expression"));
     Do("[Esc, Ctrl+Z, Ctrl+Z]");
     EXPECT_EQ(Shown(), "One two ONE\nalone 1\n");
 }
@@ -102,17 +89,16 @@ TEST_F(Typing, JumpsToLinesProceduresAndErrors) {
     Open("x=1\nSUB Draw(a)\nEND SUB\n  Function F$(x)\nEnd Function\n'sub no\n" +
          QByteArray(500, '\n'));
     const auto at = [this] {
-        return Text().SendScintilla(QsciScintilla::SCI_LINEFROMPOSITION,
-                                    Text().SendScintilla(QsciScintilla::SCI_GETCURRENTPOS)) +
-               1;
+        int row = 0, column = 0;
+        return Text().getCursorPosition(&row, &column), row + 1;
     };
     line = 300;
     Do("[Ctrl+G]");
     EXPECT_EQ(at(), 300);
     Do("[Ctrl+J]");
     EXPECT_TRUE(Until([] { return QApplication::activePopupWidget() != nullptr; }));
-    QTest::keyClick(Window().Procedures()->view(), Qt::Key_Up);  // from the one before line 300
-    QTest::keyClick(Window().Procedures()->view(), Qt::Key_Return);
+    for (const auto key : {Qt::Key_Up, Qt::Key_Return})  // from the one before line 300
+        QTest::keyClick(Window().Procedures()->view(), key);
     EXPECT_EQ(at(), 2);
     EXPECT_EQ(Window().Procedures()->itemText(2), "Function F$");
     const std::pair<const char*, int> reports[] = {
@@ -121,10 +107,10 @@ TEST_F(Typing, JumpsToLinesProceduresAndErrors) {
         {"[99999] far", 507},
         {"[1", 507},
     };
-    for (const auto& report : reports) {
-        QApplication::clipboard()->setText(report.first);
+    for (const auto& [report, row] : reports) {
+        QApplication::clipboard()->setText(report);
         Do("[Ctrl+E]");
-        EXPECT_EQ(at(), report.second) << report.first;
+        EXPECT_EQ(at(), row) << report;
     }
     EXPECT_TRUE(Status().startsWith("Copy the board's report"));
 }
@@ -134,28 +120,24 @@ TEST_F(Typing, HelpZoomFontPrintAndWhatIsRemembered) {
     Do("[End, Left, Left, Left][F1]");
     auto& help = *Window().findChild<HelpPane*>();
     EXPECT_TRUE(help.isVisible());
-    EXPECT_EQ(help.Page().source().fileName() + '#' + help.Page().source().fragment(),
-              "data.htm#option-base");
+    EXPECT_TRUE(help.Page().source().toString().endsWith("data.htm#option-base"));
     EXPECT_TRUE(help.Page().toPlainText().contains("OPTION BASE"));
     Text().setFocus();
     printed = folder.filePath("out.pdf");
     Do("[Ctrl+P]");
     EXPECT_EQ(Contents("out.pdf").left(4), "%PDF");
     Do("[Ctrl++, Ctrl++, Ctrl+-]");
-    for (QAction* action : Window().findChildren<QAction*>()) {
+    for (QAction* action : Window().findChildren<QAction*>())
         if (action->text() == "&Font...") action->trigger();
-    }
-    Window().resize(640, 480);
-    Window().move(60, 50);
+    Window().setGeometry(60, 50, 640, 480);
     Do("[Ctrl+W]");
     Settle();
     editor->OpenAll({});
-    EXPECT_EQ(Window().size(), QSize(640, 480));
+    EXPECT_EQ(Window().geometry(), QRect(60, 50, 640, 480));
     EXPECT_EQ(Text().SendScintilla(QsciScintilla::SCI_GETZOOM), 1);
     EXPECT_EQ(Text().SourceFont().pointSize(), 19);
     Do("[Ctrl+N]");
     EXPECT_NE(Window(0).pos(), Window(1).pos());
-    EXPECT_EQ(Window(0).pos().x(), 60);
     EXPECT_TRUE(Habits(setup.settingsFile).RecentFiles().contains(folder.filePath("a.bas")));
 }
 

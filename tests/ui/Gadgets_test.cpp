@@ -1,61 +1,57 @@
 // The kinds of gadgets: text, state, items, places, and which changes are events.
-
-#include "tests/support/ScratchFolder.h"
 #include "tests/ui/UiTest.h"
 
 namespace {
 
 using Gadgets = UiTest;
 
-// Text and state; of the items their count, the second one, and whether it is selected.
-QString Told(int gadget) {
-    return QString("'%1' %2, %3 '%4' %5; ")
-        .arg(GadgetText(gadget))
-        .arg(GadgetState(gadget))
-        .arg(GadgetItemCount(gadget))
-        .arg(GadgetItemText(gadget, 1))
-        .arg(GadgetItemSelected(gadget, 1));
+// Text, state and items, "*" behind those that are selected and "/" before those that are files.
+std::string Told(int gadget) {
+    QString told = QString("'%1' %2").arg(GadgetText(gadget)).arg(GadgetState(gadget));
+    for (int item = 0; item < GadgetItemCount(gadget); ++item) {
+        told += (GadgetItemIsFile(gadget, item) ? " /" : " ") + GadgetItemText(gadget, item) +
+                (GadgetItemSelected(gadget, item) ? "*" : "");
+    }
+    return told.toStdString();
+}
+
+// Place and own settings.
+std::string Place(int g) {
+    return QString::asprintf("%d,%d %dx%d%s%s|", GadgetX(g), GadgetY(g), GadgetWidth(g),
+                             GadgetHeight(g), GadgetHidden(g) ? " hidden" : "",
+                             GadgetDisabled(g) ? " disabled" : "")
+        .toStdString();
 }
 
 // Each kind with a text, a state and items, and what is left when the items are cleared.
 TEST_F(Gadgets, EachKindTakesWhatItHas) {
-    const struct {
-        void (*create)();
-        const char* told;
-    } rows[] = {
-        {[] { ButtonGadget(9, 1, 2, 90, 80, ""); }, "'b & <c>' 1, 0 '' 0; 'b & <c>' 0, 0 '' 0; "},
-        {[] { CheckBoxGadget(9, 1, 2, 90, 80, ""); }, "'b & <c>' 1, 0 '' 0; 'b & <c>' 0, 0 '' 0; "},
-        {[] { TextGadget(9, 1, 2, 90, 80, ""); }, "'b & <c>' 0, 0 '' 0; 'b & <c>' 0, 0 '' 0; "},
-        {[] { ComboBoxGadget(9, 1, 2, 90, 80); }, "'y' 1, 2 'y' 0; '' -1, 0 '' 0; "},
-        {[] { ListGadget(9, 1, 2, 90, 80); }, "'y' 1, 2 'y' 1; '' -1, 0 '' 0; "},
+    const std::pair<void (*)(), const char*> rows[] = {
+        {[] { ButtonGadget(9, 1, 2, 90, 80, ""); }, "'b & <c>' 1; 'b & <c>' 0"},
+        {[] { CheckBoxGadget(9, 1, 2, 90, 80, ""); }, "'b & <c>' 1; 'b & <c>' 0"},
+        {[] { TextGadget(9, 1, 2, 90, 80, ""); }, "'b & <c>' 0; 'b & <c>' 0"},
+        {[] { ComboBoxGadget(9, 1, 2, 90, 80); }, "'y' 1 x y; '' -1"},
+        {[] { ListGadget(9, 1, 2, 90, 80); }, "'y' 1 x y*; '' -1"},
         {[] { ScrollBarGadget(9, 1, 2, 90, 80, 1, 9, 5, ScrollDirection::kVertical); },
-         "'' 1, 0 '' 0; '' 1, 0 '' 0; "},
-        {[] { ContainerGadget(9, 1, 2, 90, 80), CloseGadgetList(); },
-         "'' 0, 0 '' 0; '' 0, 0 '' 0; "},
+         "'' 1; '' 1"},
+        {[] { ContainerGadget(9, 1, 2, 90, 80), CloseGadgetList(); }, "'' 0; '' 0"},
     };
-    for (const auto& row : rows) {
-        row.create();
+    for (const auto& [create, told] : rows) {
+        create();
         SetGadgetText(9, "b & <c>");
         for (const char* item : {"x", "y"}) AddGadgetItem(9, item);
         SetGadgetState(9, 1);
         SetGadgetItemSelected(9, 1, true);
-        QString told = Told(9);
+        const std::string before = Told(9);
         ClearGadgetItems(9);
         SetGadgetState(9, 0);
-        EXPECT_EQ((told + Told(9)).toStdString(), row.told);
+        EXPECT_EQ(before + "; " + Told(9), told);
+        EXPECT_EQ(Place(9), "1,2 90x80|");
     }
-    EXPECT_TRUE(TakeEvents(kEventGadget).empty());
+    EXPECT_EQ(Heard(kEventGadget), "");
 }
 
 TEST_F(Gadgets, StandWhereTheyAreTold) {
-    const auto place = [](int gadget) {
-        return QRect(GadgetX(gadget), GadgetY(gadget), GadgetWidth(gadget), GadgetHeight(gadget));
-    };
     LoadNumberedFont(1, "Liberation Mono", 30, kFontBold);
-    EXPECT_EQ(LoadNumberedFont(kAnyFont, "", 9, kFontPlain), 1000);
-    EXPECT_EQ(LoadNumberedFont(kAnyFont, "", 9, kFontPlain), 1001);
-    EXPECT_EQ(LoadNumberedFont(32768, "", 9, kFontPlain), kAnyFont);
-    for (const int font : {1000, 1001}) FreeNumberedFont(font);
     ContainerGadget(7, 10, 20, 200, 100);
     SetGadgetFont(-1, 1);
     ButtonGadget(8, 1, 2, 30, 40, "in it");
@@ -65,28 +61,23 @@ TEST_F(Gadgets, StandWhereTheyAreTold) {
     TextGadget(10, 5, 6, 70, 60, "one line");
     ResizeGadget(7, kKeep, 25, kKeep, 110);
     ResizeGadget(8, 3, kKeep, 35, kKeep);
-    EXPECT_EQ(place(7), QRect(10, 25, 200, 110));
-    EXPECT_EQ(place(8), QRect(3, 2, 35, 40));
-    EXPECT_EQ(place(99), QRect(0, 0, 0, 0));
+    HideGadget(7, true);  // its own setting counts, whatever the container's
+    DisableGadget(7, true);
+    EXPECT_EQ(Place(7) + Place(8) + Place(99), "10,25 200x110 hidden disabled|3,2 35x40|0,0 0x0|");
     EXPECT_EQ(WidgetOfGadget(8)->parentWidget(), WidgetOfGadget(7));
     EXPECT_EQ(WidgetOfGadget(9)->parentWidget(), WidgetOfGadget(7)->parentWidget());
     for (const int gadget : {8, 9}) EXPECT_EQ(WidgetOfGadget(gadget)->font().pointSize(), 30);
     for (const int gadget : {9, 10}) {
-        auto* label = KindOf<QLabel>(gadget);
+        const auto* label = static_cast<QLabel*>(WidgetOfGadget(gadget));
         EXPECT_EQ(label->wordWrap(), gadget == 9);
         EXPECT_EQ(label->alignment(), Qt::AlignLeft | Qt::AlignTop);
     }
-    // Its own setting counts, whatever the container's.
-    HideGadget(7, true);
-    DisableGadget(7, true);
-    EXPECT_TRUE(GadgetHidden(7) && GadgetDisabled(7));
-    EXPECT_FALSE(GadgetHidden(8) || GadgetDisabled(8) || GadgetHidden(99) || GadgetDisabled(99));
-    HideGadget(7, false);
-    EXPECT_FALSE(GadgetHidden(7));
     SetGadgetTooltip(8, "tip");
     EXPECT_EQ(GadgetName(8) + GadgetTooltip(8), "tiptip");
     SetGadgetName(8, "name");
     EXPECT_EQ(GadgetName(8) + GadgetTooltip(8) + GadgetName(99), "nametip");
+    HideGadget(7, false);
+    EXPECT_FALSE(GadgetHidden(7));
     FreeGadget(7);
     EXPECT_FALSE(GadgetExists(7) || GadgetExists(8));
 }
@@ -97,7 +88,6 @@ TEST_F(Gadgets, ASplitterKeepsItsTwoAndGivesRoomToTheRightOne) {
     EXPECT_FALSE(GadgetExists(10));
     SplitterGadget(10, 0, 0, 300, 100, 8, 9);
     SetGadgetState(10, 120);
-    EXPECT_EQ(GadgetState(10), 120);
     ResizeGadget(10, 0, 0, 340, 100);
     EXPECT_EQ(GadgetState(10), 120);
     EXPECT_EQ(GadgetWidth(8), 120);
@@ -110,24 +100,27 @@ TEST_F(Gadgets, ClicksAndTicksAreEventsOfTheUserAlone) {
     ButtonGadget(62, 5, 5, 80, 20, "Connect");
     CheckBoxGadget(50, 5, 60, 100, 20, "Override");
     ScrollBarGadget(5, 100, 0, 20, 200, 0, 100, 40, ScrollDirection::kVertical);
-    for (const int gadget : {62, 50, 5}) SetGadgetState(gadget, 1);
-    EXPECT_TRUE(TakeEvents(kEventGadget).empty());
-    Click(WidgetOfGadget(62));
-    Click(WidgetOfGadget(50));
-    auto* bar = KindOf<QScrollBar>(5);
-    bar->triggerAction(QAbstractSlider::SliderPageStepAdd);
-    EXPECT_EQ(GadgetState(5), 41);
-    bar->triggerAction(QAbstractSlider::SliderToMaximum);
-    EXPECT_EQ(GadgetState(5), 60);
-    EXPECT_EQ(bar->orientation(), Qt::Vertical);
-    EXPECT_EQ(GadgetState(50), 0);
-    EXPECT_EQ(TakeEvents(kEventGadget),
-              (Events{GadgetEvent(62, 0), GadgetEvent(50, 0), GadgetEvent(5, 0)}));
+    auto* bar = static_cast<QScrollBar*>(WidgetOfGadget(5));
+    const auto setAll = [] {
+        for (const int gadget : {62, 50, 5}) SetGadgetState(gadget, 1);
+    };
     // A handler may free the very gadget whose click it handles.
-    BindGadgetHandler(62, [] { FreeGadget(62); });
-    Click(WidgetOfGadget(62));
-    EXPECT_FALSE(GadgetExists(62));
-    TakeEvents();
+    const auto clickFreed = [] {
+        BindGadgetHandler(62, [] { FreeGadget(62); });
+        Click(WidgetOfGadget(62));
+    };
+    Play({{setAll, "1 1 1 "},
+          {[] { Click(WidgetOfGadget(62)); }, "0 1 1 3 0 62 0|"},
+          {[] { Click(WidgetOfGadget(50)); }, "0 0 1 3 0 50 0|"},
+          {[=] { bar->triggerAction(QAbstractSlider::SliderPageStepAdd); }, "0 0 41 3 0 5 0|"},
+          {[=] { bar->triggerAction(QAbstractSlider::SliderToMaximum); }, "0 0 60 3 0 5 0|"},
+          {clickFreed, "0 0 60 3 0 62 0|"}},
+         [] {
+             std::string told;
+             for (const int gadget : {62, 50, 5}) told += std::to_string(GadgetState(gadget)) + " ";
+             return told + Heard(kEventGadget);
+         });
+    EXPECT_EQ(bar->orientation(), Qt::Vertical);
     EXPECT_EQ(WidgetOfGadget(62), nullptr);
 }
 
@@ -138,32 +131,28 @@ TEST_F(Gadgets, TextEntriesTellOfTypingAndOfTheFocus) {
     SetGadgetText(41, "10.0.0.1:3001");
     TakeEvents();
     for (const int gadget : {42, 62}) FocusGadget(gadget);
-    for (const char* key : {"1", "x", "-", " ", "\xD9\xA3", "9"}) {
+    for (const char* key : {"1", "x", "-", " ", "\xD9\xA3", "9"})
         Key(WidgetOfGadget(42), 0, QString::fromUtf8(key));
-    }
-    EXPECT_EQ(GadgetText(42), "19");
-    EXPECT_EQ(TakeEvents(kEventGadget),
-              (Events{GadgetEvent(42, kTypeFocus), GadgetEvent(42, kTypeLostFocus),
-                      GadgetEvent(42, kTypeValueChanged)}));
+    EXPECT_EQ(GadgetText(41) + GadgetText(42), "10.0.0.1:300119");
+    EXPECT_EQ(Heard(kEventGadget), "3 0 42 256|3 0 42 512|3 0 42 768|");
     Click(WidgetOfGadget(42));
     Release(WidgetOfGadget(42), QPoint(5, 5), Qt::RightButton);
-    EXPECT_EQ(TakeEvents(kEventRightButtonUp), (Events{{kEventRightButtonUp, 0, -1, 0}}));
+    EXPECT_EQ(Heard(kEventRightButtonUp), "16 0 -1 0|");
 }
 
+// It stands above the items, which are told by exact case.
 TEST_F(Gadgets, AComboShowsATextThatIsNoItem) {
-    ComboBoxGadget(kPortCombo, 5, 5, 90, 20);
-    for (const char* port : {"ttyUSB0", "ttyUSB1", "TCPIP"}) AddGadgetItem(kPortCombo, port);
-    EXPECT_EQ(GadgetText(kPortCombo), "");
-    SetGadgetText(kPortCombo, "TTYUSB1");  // exact case
-    EXPECT_EQ(GadgetText(kPortCombo), "TTYUSB1");
-    SetGadgetText(kPortCombo, "TCPIP");
-    EXPECT_EQ(GadgetState(kPortCombo), 2);
-    SetGadgetText(kPortCombo, "not set");
-    EXPECT_EQ(GadgetItemText(kPortCombo, 0), "ttyUSB0");
-    EXPECT_EQ(GadgetItemCount(kPortCombo), 3);
-    EXPECT_TRUE(TakeEvents(kEventGadget).empty());
-
-    auto* combo = KindOf<QComboBox>(kPortCombo);
+    ComboBoxGadget(39, 5, 5, 90, 20);
+    for (const char* item : {"usb0", "usb1", "tcp"}) AddGadgetItem(39, item);
+    auto* combo = static_cast<QComboBox*>(WidgetOfGadget(39));
+    const auto choose = [=](int row) { combo->setCurrentIndex(row), Q_EMIT combo->activated(row); };
+    Play({{[] {}, "'' -1 usb0 usb1 tcp "},
+          {[] { SetGadgetText(39, "USB1"); }, "'USB1' -1 usb0 usb1 tcp "},
+          {[] { SetGadgetText(39, "tcp"); }, "'tcp' 2 usb0 usb1 tcp "},
+          {[] { SetGadgetText(39, "none"); }, "'none' -1 usb0 usb1 tcp "},
+          {[=] { choose(0); }, "'none' -1 usb0 usb1 tcp 3 0 39 768|"},
+          {[=] { choose(2); }, "'usb1' 1 usb0 usb1 tcp 3 0 39 768|"}},
+         [] { return Told(39) + " " + Heard(kEventGadget); });
     // The text has all of the gadget but for its frame and a narrow arrow.
     QStyleOptionComboBox option;
     option.rect = QRect(0, 0, 60, 20);
@@ -174,95 +163,74 @@ TEST_F(Gadgets, AComboShowsATextThatIsNoItem) {
     EXPECT_EQ(part(QStyle::SC_ComboBoxEditField), QRect(2, 1, 46, 18));
     EXPECT_EQ(combo->style()->subElementRect(QStyle::SE_LineEditContents, &option),
               QRect(2, 1, 56, 18));
-    // The text that is no item stands above them.
-    for (const auto& [item, text] : {std::pair(0, "not set"), std::pair(2, "ttyUSB1")}) {
-        combo->setCurrentIndex(item);
-        Q_EMIT combo->activated(item);
-        EXPECT_EQ(GadgetText(kPortCombo), text);
-        EXPECT_EQ(TakeEvents(kEventGadget), (Events{GadgetEvent(kPortCombo, kTypeValueChanged)}));
-    }
 }
 
 TEST_F(Gadgets, AListHasRowsAndAMultipleSelection) {
-    ListGadget(kDeviceList, 5, 5, 200, 200);
-    for (const char* row : {"..", "<DIR> games", "a.bas", "b.bas"}) AddGadgetItem(kDeviceList, row);
-    EXPECT_EQ(GadgetState(kDeviceList), -1);
-    for (const int row : {3, 2, 9}) SetGadgetItemSelected(kDeviceList, row, true);
-    EXPECT_EQ(GadgetText(kDeviceList), "a.bas");  // the first one
-    EXPECT_TRUE(GadgetItemSelected(kDeviceList, 3));
-    EXPECT_EQ(GadgetItemText(kDeviceList, -1) + GadgetItemText(kDeviceList, 4), "");
-    SetGadgetState(kDeviceList, 0);
-    EXPECT_FALSE(GadgetItemSelected(kDeviceList, 3));
-
-    auto* list = KindOf<QListWidget>(kDeviceList);
+    ListGadget(163, 5, 5, 200, 200);
+    for (const char* row : {"..", "games", "a", "b"}) AddGadgetItem(163, row);
+    auto* list = static_cast<QListWidget*>(WidgetOfGadget(163));
     const QPoint second = list->visualItemRect(list->item(1)).center();
-    Click(list->viewport(), second);
-    EXPECT_EQ(GadgetState(kDeviceList), 1);
+    const auto select = [] {
+        for (const int row : {3, 2, 9}) SetGadgetItemSelected(163, row, true);
+    };
+    Play({{[] {}, "'' -1 .. games a b "},
+          {select, "'a' 2 .. games a* b* "},
+          {[] { SetGadgetState(163, 0); }, "'..' 0 ..* games a b "},
+          {[=] { Click(list->viewport(), second); }, "'games' 1 .. games* a b 3 0 163 0|"},
+          {[=] { ClickAgain(list->viewport(), second); }, "'games' 1 .. games* a b 3 0 163 2|"},
+          {[=] { Click(list->viewport(), QPoint(50, 190)); }, "'' -1 .. games a b "}},
+         [] { return Told(163) + " " + Heard(kEventGadget); });
+    EXPECT_EQ(GadgetItemText(163, -1) + GadgetItemText(163, 4), "");
     EXPECT_EQ(FocusedGadget(), -1);  // the window is not in front yet
-    ClickAgain(list->viewport(), second);
-    Click(list->viewport(), QPoint(50, 190));  // below the rows
-    EXPECT_EQ(TakeEvents(kEventGadget), (Events{GadgetEvent(163, 0), GadgetEvent(163, 2)}));
-}
-
-QString Rows() {
-    QString rows;
-    for (int row = 0; row < GadgetItemCount(kPcList); ++row) {
-        rows += GadgetItemText(kPcList, row) + (GadgetItemIsFile(kPcList, row) ? "|" : "/|");
-    }
-    return rows;
 }
 
 TEST(ExplorerList, ListsFoldersFirstAndIsWalkedByDoubleClicks) {
     const ScratchFolder scratch;
     const QString top = scratch.folder.path() + "/";
-    QDir().mkpath("Beta/inner");
-    QDir().mkpath("alpha");
-    ScratchFolder::Put("b.bas", "x");
-    ScratchFolder::Put("A.BAS", "");
-    ScratchFolder::Put(".hidden", "");
+    for (const char* folder : {"Beta/inner", "alpha"}) QDir().mkpath(folder);
+    for (const char* file : {"b.bas", "A.BAS", ".hidden"}) ScratchFolder::Put(file, file);
     OpenTestWindow();
-    ExplorerListGadget(kPcList, 0, 0, 400, 300, top);
-    TakeEvents();
-    EXPECT_EQ(Rows(), "../|alpha/|Beta/|A.BAS|b.bas|");
-    auto* list = KindOf<QTreeWidget>(kPcList);
-    EXPECT_EQ(list->topLevelItem(4)->text(1), "1");
-    EXPECT_EQ(list->topLevelItem(1)->text(1), "");
-    EXPECT_EQ(
-        QDateTime::fromString(list->topLevelItem(4)->text(2), "yyyy-MM-dd hh:mm").date().year(),
-        QFileInfo("b.bas").lastModified().date().year());
-
-    // A file stays where it is.
-    const std::pair<int, QString> clicks[] = {{3, ""}, {2, "Beta/"}, {0, ""}};
-    for (const auto& [row, folder] : clicks) {
-        const Events told = {GadgetEvent(kPcList, kTypeValueChanged)};
+    ExplorerListGadget(162, 0, 0, 400, 300, top);
+    auto* list = static_cast<QTreeWidget*>(WidgetOfGadget(162));
+    EXPECT_EQ(list->topLevelItem(1)->text(1) + list->topLevelItem(4)->text(1), "5");
+    EXPECT_EQ(list->topLevelItem(4)->text(2).left(4),
+              QFileInfo("b.bas").lastModified().toString("yyyy"));
+    const auto enter = [=](int row) {
         const QPoint at = list->visualItemRect(list->topLevelItem(row)).center();
         Click(list->viewport(), at);
         ClickAgain(list->viewport(), at);
-        EXPECT_EQ(GadgetText(kPcList), top + folder);
-        EXPECT_EQ(TakeEvents(kEventGadget), row == 3 ? Events() : told);
-    }
+    };
     // Setting the folder lists it anew; one that is not there changes nothing.
-    ScratchFolder::Put("c.bas", "");
-    SetGadgetText(kPcList, GadgetText(kPcList));
-    EXPECT_EQ(Rows(), "../|alpha/|Beta/|A.BAS|b.bas|c.bas|");
-    for (const QString& none : {top + "nowhere", QString()}) SetGadgetText(kPcList, none);
-    EXPECT_EQ(GadgetText(kPcList), top);
-    EXPECT_EQ(TakeEvents(kEventGadget), Events());
+    const auto setAgain = [] {
+        ScratchFolder::Put("c.bas", "");
+        SetGadgetText(162, GadgetText(162));
+    };
+    const auto setNone = [=] {
+        for (const QString& none : {top + "nowhere", QString()}) SetGadgetText(162, none);
+    };
+    Play({{[] {}, "'./' -1 .. alpha Beta /A.BAS /b.bas "},
+          {[=] { enter(3); }, "'./' 3 .. alpha Beta /A.BAS* /b.bas "},
+          {[=] { enter(2); }, "'./Beta/' -1 .. inner 3 0 162 768|"},
+          {[=] { enter(0); }, "'./' -1 .. alpha Beta /A.BAS /b.bas 3 0 162 768|"},
+          {setAgain, "'./' -1 .. alpha Beta /A.BAS /b.bas /c.bas "},
+          {setNone, "'./' -1 .. alpha Beta /A.BAS /b.bas /c.bas "},
+          {[] { SetGadgetState(162, 2); }, "'./' 2 .. alpha Beta* /A.BAS /b.bas /c.bas "}},
+         [=] {
+             const QString told = QString::fromStdString(Told(162) + " " + Heard(kEventGadget));
+             return QString(told).replace(top, "./").toStdString();
+         });
 }
 
 // Who marks a change as its own counts on the echo, so it comes for an equal text too.
 TEST_F(Gadgets, APathBoxTellsOfEveryChangeAndOfTheChoice) {
-    PathBoxGadget(kPcPathEntry, 0, 0, 400, 30, "/tmp/");
-    const Seen changed = GadgetEvent(kPcPathEntry, kTypePathChanged);
-    for (int i = 0; i < 2; ++i) {
-        SetGadgetText(kPcPathEntry, "/usr/");
-        EXPECT_EQ(TakeEvents(kEventGadget), (Events{changed}));
-    }
-    Key(WidgetOfGadget(kPcPathEntry), Qt::Key_L, "l");
-    EXPECT_EQ(GadgetText(kPcPathEntry), "/usr/l");
-    Key(WidgetOfGadget(kPcPathEntry), Qt::Key_Return, "\r");
-    EXPECT_EQ(TakeEvents(kEventGadget),
-              (Events{changed, GadgetEvent(kPcPathEntry, kTypePathChosen)}));
+    PathBoxGadget(180, 0, 0, 400, 30, "/tmp/");
+    const auto set = [] { SetGadgetText(180, "/usr/"); };
+    const auto key = [](int code, const char* text) { Key(WidgetOfGadget(180), code, text); };
+    Play({{set, "'/usr/' 0 3 0 180 4|"},
+          {set, "'/usr/' 0 3 0 180 4|"},
+          {[=] { key(Qt::Key_L, "l"); }, "'/usr/l' 0 3 0 180 4|"},
+          {[=] { key(Qt::Key_Return, "\r"); }, "'/usr/l' 0 3 0 180 5|"}},
+         [] { return Told(180) + " " + Heard(kEventGadget); });
 }
 
 TEST(FilePatterns, BecomeTheToolkitsForm) {

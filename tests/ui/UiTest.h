@@ -3,14 +3,19 @@
 
 #include <QtTest>
 #include <QtWidgets>
+#include <csignal>
+#include <thread>
 
+#include "base/Pacing.h"
+#include "tests/support/Chosen.h"
 #include "tests/support/Gestures.h"
+#include "tests/support/ScratchFolder.h"
+#include "tests/support/StartState.h"
 #include "ui/FlushPainting.h"
 #include "ui/drawing/CanvasEventData.h"
-#include "ui/drawing/Drawing.h"
-#include "ui/drawing/Fonts.h"
 #include "ui/drawing/PBCanvasWidget.h"
-#include "ui/events/BoundHandlers.h"
+#include "ui/events/AddKeyboardShortcut.h"
+#include "ui/events/AddWindowTimer.h"
 #include "ui/gadgets/CheckBoxGadget.h"
 #include "ui/gadgets/ComboBoxGadget.h"
 #include "ui/gadgets/ContainerGadget.h"
@@ -25,11 +30,22 @@
 #include "ui/windows/FileDialogs.h"
 #include "ui/windows/FilePatternsInternal.h"
 #include "ui/windows/MenuItem.h"
+#include "ui/windows/Notice.h"
 
 using UiTest = WithWindow;
 
-// The widget behind a number, of the kind that it is known to be.
-template <typename Kind>
-Kind* KindOf(int gadget) {
-    return static_cast<Kind*>(WidgetOfGadget(gadget));
+// The events that wait, those of one number if given: number, window, object and type of each.
+inline std::string Heard(int32_t number = kNoEvent) {
+    QString heard;
+    for (const Seen& e : TakeEvents(number))
+        heard += QString("%1 %2 %3 %4|").arg(e.number).arg(e.window).arg(e.object).arg(e.type);
+    return heard.toStdString();
+}
+
+// Acts, one behind the other, and what `told` says behind each.
+using Steps = std::vector<std::pair<std::function<void()>, std::string>>;
+
+template <typename Told>
+void Play(const Steps& steps, Told told) {
+    for (const auto& [act, expected] : steps) EXPECT_EQ((act(), told()), expected);
 }
