@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
-#include <QTemporaryDir>
 #include <algorithm>
 #include <random>
 #include <sstream>
@@ -11,27 +10,26 @@
 #include "plotter/LineCutter.h"
 #include "plotter/RunningLog.h"
 #include "plotter/Thinning.h"
+#include "tests/support/ScratchFolder.h"
 
 namespace {
 
-std::string Csv(const Recording& recording) {
+// What is saved when these lines came, one a millisecond, behind those before them.
+std::string Csv(Recording& recording, const std::string& lines) {
+    std::istringstream stream(lines);
+    double time = 0;
+    for (std::string line; std::getline(stream, line); time += 0.001)
+        recording.TakeLine(line, time);
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     EXPECT_TRUE(WriteCsv(recording, buffer));
     return buffer.data().toStdString();
 }
 
-void Take(Recording& recording, const std::string& lines, double time = 0) {
-    std::istringstream stream(lines);
-    for (std::string line; std::getline(stream, line); time += 0.001)
-        recording.TakeLine(line, time);
-}
-
 std::string CsvOf(const std::string& lines, bool recordedRun = false) {
     Recording recording;
     recording.Restart(recordedRun);
-    Take(recording, lines);
-    return Csv(recording);
+    return Csv(recording, lines);
 }
 
 TEST(Recording, NamesOfColumns) {
@@ -55,79 +53,76 @@ TEST(Recording, ReadsAgainWhatItSaved) {
 
 TEST(Recording, CountsAndBounds) {
     Recording recording;
-    Take(recording, "Hello\na,b\n1,2\nwords\n3,x\nn=1\n\n");
-    EXPECT_EQ(recording.LinesRead(), 7u);
-    EXPECT_EQ(recording.LinesSkipped(), 4u);
-    EXPECT_EQ(recording.LinesPlotted(), 2u);
+    const auto counts = [&recording] {
+        return recording.LinesRead() * 100 + recording.LinesSkipped() * 10 +
+               recording.LinesPlotted();
+    };
+    Csv(recording, "Hello\na,b\n1,2\nwords\n3,x\nn=1\n\n");
+    EXPECT_EQ(counts(), 742u);
     recording.Forget();
-    Take(recording, "more\n1,2\n");
-    EXPECT_EQ(recording.LinesSkipped(), 1u);
-    EXPECT_EQ(Csv(recording), "time,a,b,n\n0.001,1,2,\n");
+    EXPECT_EQ(Csv(recording, "more\n1,2\n"), "time,a,b,n\n0.001,1,2,\n");
+    EXPECT_EQ(counts(), 211u);
     std::string many = "1";
     for (int i = 0; i < 100; ++i) many += ",1";
-    Take(recording, many + "\nx=1 n=2\n");
+    Csv(recording, many + "\nx=1 n=2\n");
     EXPECT_TRUE(recording.HadTooManySeries());
     EXPECT_EQ(recording.All().size(), kMostSeries);
     EXPECT_EQ(recording.All()[2].points.Size(), 1u);  // "n" was there before
 }
 
 TEST(Recording, ALogThatWasBrokenOff) {
-    QTemporaryDir folder;
-    const QString path = folder.filePath("log.csv");
-    const auto contents = [&path] {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll().toStdString();
-    };
-    for (const char* lines : {"a=1\n", "a=2\nb=3\n"}) {
+    const ScratchFolder scratch;
+    std::string contents;
+    for (const QString lines : {"a=1", "a=2|b=3"}) {
         Recording recording;
         RunningLog log;
-        ASSERT_TRUE(log.Begin(path));
-        std::istringstream stream(lines);
-        for (std::string line; std::getline(stream, line);) {
-            recording.TakeLine(line, 1);
+        ASSERT_TRUE(log.Begin("log.csv"));
+        for (const QString& line : lines.split('|')) {
+            recording.TakeLine(line.toStdString(), 1);
             log.AddRow(recording);
         }
         EXPECT_TRUE(log.Flush());
-        const std::string flushed = contents();
-        EXPECT_EQ(flushed.back(), '\n');
-        QFile::resize(path, static_cast<qint64>(flushed.size()) - 1);  // its end is lost
+        contents = ScratchFolder::Get("log.csv").toStdString();
+        EXPECT_EQ(contents.back(), '\n');
+        contents.pop_back();
+        ScratchFolder::Put("log.csv", contents.c_str());  // its end is lost
     }
-    EXPECT_EQ(contents(), "time,a\n1,1\ntime,a\n1,2\ntime,a,b\n1,,3");
-    EXPECT_EQ(CsvOf(contents(), true), "time,a,b\n1,1,\n1,2,\n1,,3\n");
-    RunningLog log;
-    EXPECT_FALSE(log.Begin(folder.path()));
+    EXPECT_EQ(contents, "time,a\n1,1\ntime,a\n1,2\ntime,a,b\n1,,3");
+    EXPECT_EQ(CsvOf(contents, true), "time,a,b\n1,1,\n1,2,\n1,,3\n");
+    EXPECT_FALSE(RunningLog().Begin("/"));
 }
 
-struct Plain {
-    std::vector<double> x, y;
-};
+using Points = std::vector<std::pair<double, double>>;
 
-// Each column by a look at all points.
-void ExpectThinned(const Plain& all, const ThinSeries& thin, const PlotSpan& span) {
-    size_t at = 0;
-    const auto next = [&](double x, double y) {
-        ASSERT_LT(at, thin.points.size());
-        EXPECT_EQ(thin.points[at].x, x);
-        EXPECT_EQ(thin.points[at++].y, y);
+// Each column by a look at all points, and the one to the left of the span.
+Points Thinned(const Points& all, const PlotSpan& span) {
+    Points shown;
+    const auto column = [&span](double x) {
+        return x > span.to ? -1
+                           : std::floor((x - span.from) / (span.to - span.from) * span.columns);
     };
-    const auto begin = static_cast<size_t>(std::lower_bound(all.x.begin(), all.x.end(), span.from) -
-                                           all.x.begin());
-    if (begin > 0) next(all.x[begin - 1], all.y[begin - 1]);
-    for (size_t i = begin; i < all.x.size() && all.x[i] <= span.to;) {
-        const auto column = [&](size_t point) {
-            return std::floor((all.x[point] - span.from) / (span.to - span.from) * span.columns);
-        };
-        size_t end = i;
-        while (end < all.x.size() && all.x[end] <= span.to && column(end) == column(i)) ++end;
-        const auto [low, high] = std::minmax_element(&all.y[i], all.y.data() + end);
-        next(all.x[i], all.y[i]);
-        if (end - i > 2) next(all.x[i], *low);
-        if (end - i > 2) next(all.x[i], *high);
-        if (end - i > 1) next(all.x[end - 1], all.y[end - 1]);
+    auto i = std::lower_bound(all.begin(), all.end(), std::pair(span.from, -1e9));
+    if (i != all.begin()) shown.push_back(i[-1]);
+    while (i != all.end() && i->first <= span.to) {
+        auto end = i;
+        double low = i->second, high = low;
+        for (; end != all.end() && column(end->first) == column(i->first); ++end) {
+            low = std::min(low, end->second);
+            high = std::max(high, end->second);
+        }
+        shown.push_back(*i);
+        if (end - i > 2) shown.insert(shown.end(), {{i->first, low}, {i->first, high}});
+        if (end - i > 1) shown.push_back(end[-1]);
         i = end;
     }
-    for (; at < thin.points.size(); ++at) EXPECT_GT(thin.points[at].x, span.to);
+    return shown;
+}
+
+Points Within(const ThinSeries& series, double to) {
+    Points within;
+    for (const ThinPoint& point : series.points)
+        if (point.x <= to) within.emplace_back(point.x, point.y);
+    return within;
 }
 
 TEST(Thinning, ShowsWhatAllPointsWould) {
@@ -136,7 +131,7 @@ TEST(Thinning, ShowsWhatAllPointsWould) {
     for (int round = 0; round < 60; ++round) {
         PointRing ring;
         RowTimes rows;
-        Plain byTime, byCount;
+        Points byTime, byCount;
         double time = 0;
         const int lines = number(3000);
         for (int i = 0; i < lines; ++i) {
@@ -144,43 +139,39 @@ TEST(Thinning, ShowsWhatAllPointsWould) {
             if (number(4) == 0) continue;
             const double value = number(1000) - 500;
             ring.Add(row, value);
-            byTime.x.push_back(time);
-            byCount.x.push_back(i + 1);
-            byTime.y.push_back(value);
-            byCount.y.push_back(value);
+            byTime.emplace_back(time, value);
+            byCount.emplace_back(i + 1, value);
         }
         const double from = number(2000) - 200;
         const PlotSpan span = {from, from + 1 + number(1500), 1 + number(300)};
-        ExpectThinned(byTime, Thin(ring, {&rows, false}, span, ring.Size()), span);
-        ExpectThinned(byCount, Thin(ring, {&rows, true}, span, ring.Size()), span);
+        for (const bool count : {false, true}) {
+            EXPECT_EQ(Within(Thin(ring, {&rows, count}, span, ring.Size()), span.to),
+                      Thinned(count ? byCount : byTime, span));
+        }
     }
 }
 
 TEST(Recording, KeepsTheNewestPointsOfEachSeries) {
-    constexpr size_t kMost = 1000;  // no whole number of blocks
-    Recording recording(kMost);
+    constexpr int kMost = 1000;  // no whole number of blocks
+    Recording recording(kMost), alone(kMost);
     for (int i = 0; i < 12345; ++i) {
         const std::string often = "often=" + std::to_string(i);
         recording.TakeLine(i % 100 == 50 ? often + " seldom=1" : often, i);
+        alone.TakeLine("1", i);
         const PointRing& ring = recording.All()[0].points;
         const XAxisRule time = {&recording.Rows(), false}, count = {&recording.Rows(), true};
-        const int oldest = std::max(0, i + 1 - static_cast<int>(kMost));
+        const int oldest = std::max(0, i + 1 - kMost);
         ASSERT_EQ(ring.Size(), static_cast<size_t>(i - oldest + 1));
-        ASSERT_EQ(ring.Value(0), oldest);
-        ASSERT_EQ(ring.Value(ring.Size() - 1), i);
-        ASSERT_EQ(time(ring.Row(0)), oldest);
-        ASSERT_EQ(count(ring.Row(0)), oldest + 1);
-        if (i % 1000 == 0) {
-            const ThinSeries all = Thin(ring, time, {-1, 2e4, 1}, ring.Size());
-            EXPECT_EQ(all.lowest, oldest);
-            EXPECT_EQ(all.highest, i);
-        }
+        ASSERT_EQ((Points{{time(ring.Row(0)), ring.Value(0)},
+                          {count(ring.Row(0)), ring.Value(ring.Size() - 1)}}),
+                  (Points{{oldest, oldest}, {oldest + 1, i}}));
+        if (i % 1000 > 0) continue;
+        const ThinSeries all = Thin(ring, time, {-1, 2e4, 1}, ring.Size());
+        EXPECT_EQ(Points({{all.lowest, all.highest}}), Points({{oldest, i}}));
     }
     const PointRing& seldom = recording.All()[1].points;
     EXPECT_EQ(recording.Rows().Time(seldom.Row(0)), 50);  // its rows are kept
-    Recording alone(kMost);
-    for (int i = 0; i < 12345; ++i) alone.TakeLine("1", i);
-    EXPECT_EQ(alone.Rows().Size(), kMost);  // and nobody's are not
+    EXPECT_EQ(alone.Rows().Size(), size_t(kMost));        // and nobody's are not
 }
 
 }  // namespace
