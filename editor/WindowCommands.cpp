@@ -1,9 +1,8 @@
 #include "editor/WindowCommands.h"
 
 #include <QApplication>
-#include <QMenuBar>
-#include <QToolBar>
 
+#include "companion/CommandRows.h"
 #include "editor/CommentLines.h"
 #include "editor/Completion.h"
 #include "editor/EditorWindow.h"
@@ -16,17 +15,15 @@ struct CommandRow {
     const char* menu;
     const char* caption;  // empty: a separator
     const char* keys;
-    const char* button;  // of the tool bar; null for none
-    void (*act)(Window& window);
+    const char* button;           // of the tool bar; null for none
+    void (*act)(Window& window);  // null: a menu of the files that were open before
 };
-
-const char kRecentMenu[] = "Open &recent";
 
 // clang-format off
 const CommandRow kCommands[] = {
     {"&File", "&New",                 "Ctrl+N",       "New",   [](Window& w) { w.Hooks().newWindow(); }},
     {"&File", "&Open...",             "Ctrl+O",       "Open",  [](Window& w) { w.AskOpen(); }},
-    {"&File", kRecentMenu,            "",             nullptr, nullptr},
+    {"&File", "Open &recent",         "",             nullptr, nullptr},
     {"&File", "&Save",                "Ctrl+S",       "Save",  [](Window& w) { w.Save(); }},
     {"&File", "Save &as...",          "Ctrl+Shift+S", nullptr, [](Window& w) { w.SaveAs(); }},
     {"&File", "&Print...",            "Ctrl+P",       nullptr, [](Window& w) { w.Print(); }},
@@ -62,8 +59,8 @@ const CommandRow kCommands[] = {
 };
 // clang-format on
 
-void AddRecentMenu(QMenu* menu, Window& window, Habits& habits) {
-    QMenu* recent = menu->addMenu(kRecentMenu);
+QMenu* RecentMenu(Window& window, Habits& habits) {
+    auto* recent = new QMenu(&window);
     QObject::connect(recent, &QMenu::aboutToShow, recent, [recent, &window, &habits] {
         recent->clear();
         for (const QString& path : habits.RecentFiles()) {
@@ -72,36 +69,17 @@ void AddRecentMenu(QMenu* menu, Window& window, Habits& habits) {
                              [path, &window] { window.Hooks().openFile(path); });
         }
     });
-}
-
-void AddCommand(const CommandRow& row, QMenu* menu, QToolBar* bar, Window& window) {
-    QAction* action = menu->addAction(row.caption);
-    action->setShortcut(QKeySequence(row.keys));
-    QObject::connect(action, &QAction::triggered, &window,
-                     [act = row.act, &window] { act(window); });
-    if (!row.button) return;
-    action->setIconText(row.button);
-    action->setToolTip(QString("%1 (%2)").arg(row.button, row.keys));
-    bar->addAction(action);
+    return recent;
 }
 
 }  // namespace
 
 void AddCommands(EditorWindow& window, Habits& habits) {
-    QToolBar* bar = window.addToolBar("Commands");
-    bar->setObjectName("Commands");
-    bar->setMovable(false);
-    QMenu* menu = nullptr;
-    for (const CommandRow& row : kCommands) {
-        if (!menu || menu->title() != row.menu) menu = window.menuBar()->addMenu(row.menu);
-        if (row.act) {
-            AddCommand(row, menu, bar, window);
-        } else if (*row.caption) {
-            AddRecentMenu(menu, window, habits);
-        } else {
-            menu->addSeparator();
-        }
-    }
+    QToolBar* bar = AddCommandRows(window, kCommands, [&](const CommandRow& row, QAction* action) {
+        if (!row.act) return action->setMenu(RecentMenu(window, habits));
+        QObject::connect(action, &QAction::triggered, &window,
+                         [&row, &window] { row.act(window); });
+    });
     bar->addSeparator();
     bar->addWidget(window.Procedures());
 }

@@ -1,8 +1,6 @@
 #include "plotter/PlotCommands.h"
 
-#include <QMenuBar>
-#include <QToolBar>
-
+#include "companion/CommandRows.h"
 #include "plotter/PlotWindow.h"
 
 namespace {
@@ -57,9 +55,7 @@ bool IsPlotsOwn(const QString& keys) {
     return !keys.startsWith("Ctrl") && !keys.startsWith('F');
 }
 
-void AddCommand(const CommandRow& row, QMenu* menu, QToolBar* bar, Window& window) {
-    QAction* action = menu->addAction(row.caption);
-    action->setShortcut(QKeySequence(row.keys));
+void Wire(const CommandRow& row, QAction* action, Window& window) {
     action->setCheckable(row.ticked);
     if (IsPlotsOwn(row.keys)) {
         action->setShortcutContext(Qt::WidgetShortcut);
@@ -71,27 +67,14 @@ void AddCommand(const CommandRow& row, QMenu* menu, QToolBar* bar, Window& windo
     });
     action->setData(static_cast<int>(&row - kCommands));
     window.addAction(action);
-    if (!row.button) return;
-    action->setIconText(row.button);
-    action->setToolTip(QString("%1 (%2)").arg(row.button, row.keys));
-    bar->addAction(action);
 }
 
 }  // namespace
 
 void AddCommands(PlotWindow& window) {
-    QToolBar* bar = window.addToolBar("Commands");
-    bar->setObjectName("Commands");
-    bar->setMovable(false);
-    QMenu* menu = nullptr;
-    for (const CommandRow& row : kCommands) {
-        if (!menu || menu->title() != row.menu) menu = window.menuBar()->addMenu(row.menu);
-        if (row.act) {
-            AddCommand(row, menu, bar, window);
-        } else {
-            menu->addSeparator();
-        }
-    }
+    AddCommandRows(window, kCommands, [&window](const CommandRow& row, QAction* action) {
+        Wire(row, action, window);
+    });
 }
 
 void ShowTicks(PlotWindow& window) {

@@ -51,54 +51,51 @@ TEST_F(Drops, AreOfTheFormatAskedForAndOfLocalFiles) {
               "10 0 -1 files /tmp/a b.bas\n/tmp/c.bas|; ");
 }
 
+// What a dialog shows, with the format of its labels and "*" behind a hidden entry, and what it
+// gives when the user types a text and presses a button.
+std::string Dialogue(const char* text, const QString& button, const std::function<QString()>& ask) {
+    QString shown;
+    const auto act = [&](QDialog* dialog) {
+        shown = dialog->windowTitle();
+        for (auto* label : dialog->findChildren<QLabel*>())
+            shown += "|" + QString::number(label->textFormat()) + label->text();
+        for (auto* line : dialog->findChildren<QLineEdit*>()) {
+            shown += "|" + line->text() + (line->echoMode() == QLineEdit::Password ? "*" : "");
+            line->setText(text);
+        }
+        for (auto* each : dialog->findChildren<QPushButton*>()) {
+            shown += "|" + each->text();
+            if (each->text() == button) each->click();
+        }
+    };
+    const QString answer = With(act, ask);
+    return (shown + ": " + answer).toStdString();
+}
+
 // Lines joined by CR stand below each other, and markup is text.
 TEST_F(Dialogs, RealOnesStandOverTheProgramsWindow) {
-    static QString seen;
-    const auto type = [](const char* text) {
-        return [=](QDialog* dialog) {
-            auto* line = dialog->findChild<QLineEdit*>();
-            seen = dialog->windowTitle() + "|" + dialog->findChild<QLabel*>()->text() + "|" +
-                   line->text() + "|" + QString::number(line->echoMode());
-            line->setText(text);
-            dialog->accept();
-        };
+    const auto size = [] { return AskText("New size", "Enter", "101 x 50"); };
+    const auto secret = [] { return AskSecret("Passphrase", "Enter"); };
+    const auto font = [] {
+        const FontChoice choice = AskFont("Liberation Mono", 9);
+        return QString("%1 %2 %3").arg(choice.accepted).arg(choice.name).arg(choice.size);
     };
-    const auto press = [](const char* answer) {
-        return [=](QDialog* dialog) {
-            auto* box = static_cast<QMessageBox*>(dialog);
-            seen =
-                box->windowTitle() + "|" + box->text() + "|" + QString::number(box->textFormat());
-            for (QAbstractButton* button : box->buttons()) {
-                seen += "|" + button->text();
-                if (button->text() == answer) button->click();
-            }
-        };
+    const auto message = [](MessageButtons buttons) {
+        return [=] { return QString::number(AskMessage("About", "<b>1</b>\r2\r\n3", buttons)); };
     };
-    const auto cancel = [](QDialog* dialog) { dialog->reject(); };
-    const auto askSize = [] { return AskText("New size", "Enter", "101 x 50"); };
-    const auto askFont = [] { return AskFont("Liberation Mono", 9); };
-    EXPECT_EQ(With(type("80x24"), askSize), "80x24");
-    EXPECT_EQ(seen, "New size|Enter|101 x 50|0");
-    EXPECT_EQ(With(cancel, askSize), "");
-    EXPECT_EQ(With(type("secret"), [] { return AskSecret("Passphrase", "Enter"); }), "secret");
-    EXPECT_EQ(seen, "Passphrase|Enter||2");
-    for (const bool yes : {true, false}) {
-        EXPECT_EQ(With(press(yes ? "&Yes" : "&No"),
-                       [] {
-                           return AskMessage("About", "<b>one</b>\rtwo\r\nthree",
-                                             MessageButtons::kYesNo);
-                       }),
-                  yes);
-        EXPECT_EQ(seen, "About|<b>one</b>\ntwo\nthree|0|&Yes|&No");
-    }
-    EXPECT_FALSE(With(cancel, askFont).accepted);
-    const FontChoice font = With(
-        [](QDialog* dialog) {
-            static_cast<QFontDialog*>(dialog)->setCurrentFont(QFont("Liberation Serif", 13));
-            dialog->accept();
-        },
-        askFont);
-    EXPECT_EQ(font.name + QString::number(font.size), "Liberation Serif13");
+    const auto question = message(MessageButtons::kYesNo);
+    EXPECT_EQ(Dialogue("80x24", "OK", size), "New size|2Enter|101 x 50|OK|Cancel: 80x24");
+    EXPECT_EQ(Dialogue("80x24", "Cancel", size), "New size|2Enter|101 x 50|OK|Cancel: ");
+    EXPECT_EQ(Dialogue("hidden", "OK", secret), "Passphrase|2Enter|*|OK|Cancel: hidden");
+    EXPECT_EQ(Dialogue("", "&Yes", question), "About|2|0<b>1</b>\n2\n3|&Yes|&No: 1");
+    EXPECT_EQ(Dialogue("", "&No", question), "About|2|0<b>1</b>\n2\n3|&Yes|&No: 0");
+    EXPECT_EQ(Dialogue("", "OK", message(MessageButtons::kOk)), "About|2|0<b>1</b>\n2\n3|OK: 1");
+    EXPECT_EQ(With([](QDialog* dialog) { dialog->reject(); }, font), "0  0");
+    const auto choose = [](QDialog* dialog) {
+        static_cast<QFontDialog*>(dialog)->setCurrentFont(QFont("Liberation Serif", 13));
+        dialog->accept();
+    };
+    EXPECT_EQ(With(choose, font), "1 Liberation Serif 13");
 }
 
 TEST_F(Dialogs, AskForFiles) {
