@@ -12,24 +12,20 @@ InterfaceEvent Event(int32_t number, int64_t window = 0, int64_t object = kNone,
 
 int released = 0;
 
-InterfaceEvent WithData(InterfaceEvent event) {
-    event.data = &released;
-    event.dataFree = [](void*) { ++released; };
-    return event;
+InterfaceEvent WithData() {
+    return {3, 0, 5, 0, 0, &released, [](void*) { ++released; }};
 }
 
 std::string log;
 
+// The last number that merges is 65535; posted events never merge.
 TEST(EventQueue, MergesOnlyWithTheNewestEqualEvent) {
-    const InterfaceEvent events[] = {
-        Event(6, 3),       Event(6, 3),        // merged
-        Event(6, 4),       Event(6, 3),        // not the newest any more
-        Event(3, 3, 7, 1), Event(3, 3, 7, 2),  // another type
-        Event(3, 3, 8, 2), Event(3, 3, 8, 2, kEventUnmerged),
-        Event(65535),      Event(65535),  // the last number that merges
-        Event(65536),      Event(65536)};
-    for (const InterfaceEvent& event : events) RaiseInterfaceEvent(event);
-    for (int i = 0; i < 2; ++i) PostInterfaceEvent(6, 3, kNone, 0);  // never merges
+    for (const InterfaceEvent& event :
+         {Event(6, 3), Event(6, 3), Event(6, 4), Event(6, 3), Event(3, 3, 7, 1), Event(3, 3, 7, 2),
+          Event(3, 3, 8, 2), Event(3, 3, 8, 2, kEventUnmerged), Event(65535), Event(65535),
+          Event(65536), Event(65536)})
+        RaiseInterfaceEvent(event);
+    for (int i = 0; i < 2; ++i) PostInterfaceEvent(6, 3, kNone, 0);
     EXPECT_EQ(Heard(),
               "6 3 -1 0|6 4 -1 0|6 3 -1 0|3 3 7 1|3 3 7 2|3 3 8 2|3 3 8 2|65535 0 -1 0|"
               "65536 0 -1 0|65536 0 -1 0|6 3 -1 0|6 3 -1 0|");
@@ -53,9 +49,9 @@ TEST(EventQueue, BoundHandlersRunInKeyOrderWithTheirEventCurrent) {
     RaiseInterfaceEvent(Event(3, 1, 2, 768));
     BindHandler(3, 1, 2, kAny, nullptr);
     log += " " + std::to_string(EventNumber()) + " ";  // current again
-    RaiseInterfaceEvent(Event(3, 5, 2, 768));          // another window
-    RaiseInterfaceEvent(Event(3, 1, 2, 0));            // another type
-    RaiseInterfaceEvent(Event(3, 1, 2, 0));            // merged, but the handlers run again
+    // Of another window, of another type, and merged, but the handlers run again.
+    for (const auto& event : {Event(3, 5, 2, 768), Event(3, 1, 2, 0), Event(3, 1, 2, 0)})
+        RaiseInterfaceEvent(event);
     EXPECT_EQ(log, "abcde2768(9)/3 65541 de2768(9)/3cdcd");
     EXPECT_EQ(QueuedEventCount(), 5);  // queued all the same
 }
@@ -68,12 +64,12 @@ TEST(EventQueue, AnEventDroppedByItsOwnHandlerLivesUntilTheHandlerEnds) {
     BindHandler(3, kAny, 5, 0, [] {
         if (log.empty()) {
             log += "outer ";
-            RaiseInterfaceEvent(WithData(Event(3, 0, 5)));
+            RaiseInterfaceEvent(WithData());
         }
         DropQueuedEvents(3, 5);
         log += std::to_string(EventObject()) + ":" + std::to_string(released) + " ";
     });
-    RaiseInterfaceEvent(WithData(Event(3, 0, 5)));
+    RaiseInterfaceEvent(WithData());
     EXPECT_EQ(log + std::to_string(released), "outer 5:0 5:1 2");
     EXPECT_EQ(QueuedEventCount(), 0);
 }

@@ -69,7 +69,7 @@ TEST_F(Windows, FlagsBecomeTheFrame) {
     OpenNumberedWindow(4, 0, 0, 200, 80, "centred", kWindowCentredOnParent, 1);
     EXPECT_FALSE(OpenNumberedWindow(-1, 0, 0, 200, 80, "none", 0));
     QString told;
-    for (int window = 1; window <= 4; ++window) {
+    for (const int window : {1, 2, 3, 4}) {
         const QWidget* w = WidgetOfWindow(window);
         told += WindowTitle(window) + (w->windowFlags() & Qt::WindowCloseButtonHint ? " X" : "") +
                 (w->windowFlags() & Qt::WindowMaximizeButtonHint ? " +" : "") +
@@ -134,9 +134,8 @@ TEST_F(Windows, AClosedWindowTakesItsGadgetsTimersAndEventsAlong) {
     ButtonGadget(170, 0, 0, 10, 10, "x");  // the list of the closed window is closed: it
     EXPECT_EQ(WidgetOfGadget(170)->window(), WidgetOfWindow(0));  // lies in the one before
     EXPECT_EQ(Heard(), "65541 161 -1 0|");
-    CloseNumberedWindow(-1);
+    for (const int all : {-1, 0}) CloseNumberedWindow(all);
     EXPECT_FALSE(WindowIsOpen(0));
-    CloseNumberedWindow(0);
     ResizeNumberedWindow(0, 1, 1, 1, 1);
     ActivateNumberedWindow(0);
 }
@@ -145,20 +144,22 @@ TEST_F(Windows, TheNoticeLeavesTheFocusAndTakesTheNextOnesText) {
     ButtonGadget(62, 10, 10, 80, 20, "Connect");
     FocusGadget(62);
     TakeEvents();
-    ShowNotice("Selection copied to clipboard", 1);
+    // What it says, and over which window.
+    const auto noticed = [] {
+        return WindowTitle(kNoticeWindow) + ": " + GadgetText(kNoticeText) + " over " +
+               WidgetOfWindow(kNoticeWindow)->parentWidget()->windowTitle();
+    };
+    ShowNotice("copied", 1);
     ButtonGadget(63, 10, 40, 80, 20, "in the window");
     EXPECT_EQ(WidgetOfGadget(63)->window(), WidgetOfWindow(0));
     EXPECT_EQ(FocusedGadget(), 62);
-    const QWidget* const notice = WidgetOfWindow(kNoticeWindow);
-    EXPECT_EQ(WindowTitle(kNoticeWindow) + GadgetText(kNoticeText),
-              "NoticeSelection copied to clipboard");
-    EXPECT_EQ(notice->size(), QSize(200, 80));
+    EXPECT_EQ(noticed(), "Notice: copied over Test");
+    EXPECT_EQ(WidgetOfWindow(kNoticeWindow)->size(), QSize(200, 80));
     while (WaitForEvent(5000) != kEventTimer) ASSERT_NE(EventNumber(), kNoEvent);
     EXPECT_EQ(EventObject(), kNoticeTimer);
     OpenNumberedWindow(kFileManagerWindow, 0, 0, 300, 300, "Files", kStandardWindowFlags);
     ShowNotice("another", 1000);
-    EXPECT_EQ(WidgetOfWindow(kNoticeWindow)->parentWidget(), WidgetOfWindow(kFileManagerWindow));
-    EXPECT_EQ(GadgetText(kNoticeText), "another");
+    EXPECT_EQ(noticed(), "Notice: another over Files");
     for (int i = 0; i < 2; ++i) CloseNotice();
     EXPECT_FALSE(WindowIsOpen(kNoticeWindow));
 }
