@@ -77,7 +77,8 @@ TEST_F(Canvas, NothingTypedIsLostWhileAHandlerKeepsTheLoop) {
               "65547 1000013 0 0 0 0 0|65547 1000013 0 0 0 0 0|65547 41 1 0 0 0 0|"
               "65549 0 1 0 0 62 41|65549 0 1 0 0 d83d 41|65549 0 1 0 0 de00 41|"
               "65549 0 1 0 0 e9 0|65547 1000001 0 0 0 0 0|65549 0 0 0 0 9 1000001|");
-    EXPECT_EQ(FocusedGadget(), kCanvas);
+    FocusGadget(62);
+    EXPECT_EQ(Heard(kEventGadget), "3 0 24 512|");
 }
 
 // 120 | 300, 60 kept | 60 + 60 | -60 -119 = -179, -59 kept | -1 -240 = -300, -60 kept |
@@ -92,44 +93,40 @@ TEST_F(Canvas, WheelTurnsAddUpToWholeSteps) {
     EXPECT_EQ(steps, " 1 2 1 -1 -2");
 }
 
-// A canvas has its size at once: what is drawn before the window shows stays, and what is
-// there stays when the size changes.
-TEST(CanvasPicture, IsThereAtOnce) {
+// A canvas has its size at once: what is drawn before the window shows stays, and what is there
+// stays when the size changes. On a finer screen the canvas has that screen's pixels, and they go
+// there one for one.
+TEST(CanvasPicture, IsThereAtOnceAndShowsItsPixelsAsTheyAre) {
     OpenNumberedWindow(kTestWindow, 0, 0, 300, 200, "Test", kStandardWindowFlags);
-    CanvasGadget(kCanvas, 5, 5, 100, 50, kCanvasKeyboard);
-    ResizeGadget(kCanvas, kKeep, kKeep, 200, 100);
-    ASSERT_TRUE(StartDrawing(kCanvas));
-    DrawBox(0, 0, 200, 100, 0x0000FF);
-    StopDrawing();
-    TakeEvents();
-    ResizeGadget(kCanvas, kKeep, kKeep, 250, kKeep);
-    PBCanvasWidget* const canvas = FindCanvas(kCanvas);
-    EXPECT_EQ(CanvasPicture(kCanvas).size(), QSize(250, 100));
-    EXPECT_EQ(canvas->grab().toImage().pixelColor(199, 99), QColor(255, 0, 0));
-    ResizeGadget(kCanvas, 0, 0, 0, 0);
-    for (const double scale : {1.25, 8.0}) {
-        FitPicture(&canvas->record, 2000000000, 2000000000, scale);
-        const QSize size = CanvasPicture(kCanvas).size();
-        EXPECT_LE(int64_t(size.width()) * size.height(), kMostPicturePixels);
-    }
-}
-
-// On a finer screen the canvas has that screen's pixels, and they go there one for one.
-TEST_F(Canvas, ShowsItsPixelsAsTheyAreAtEachScale) {
-    for (const double scale : {1.25, 1.5, 2.0}) {
-        QImage screen(500, 300, QImage::Format_RGB32);
-        screen.setDevicePixelRatio(scale);
-        FitPicture(&canvas->record, 200, 100, scale);
+    CanvasGadget(kCanvas, 5, 5, 200, 100, kCanvasKeyboard);
+    const auto draw = [] {
         ASSERT_TRUE(StartDrawing(kCanvas));
         for (int x = 0; x < 200; ++x) DrawBox(x, x % 7, 1, 100, static_cast<uint32_t>(x * 70001));
         StopDrawing();
+    };
+    draw();
+    TakeEvents();
+    const QImage drawn = CanvasPicture(kCanvas);
+    ResizeGadget(kCanvas, kKeep, kKeep, 250, kKeep);
+    EXPECT_EQ(CanvasPicture(kCanvas).size(), QSize(250, 100));
+    EXPECT_EQ(CanvasPicture(kCanvas).copy(0, 0, 200, 100), drawn);
+    PBCanvasWidget* const canvas = FindCanvas(kCanvas);
+    for (const double scale : {1.25, 1.5, 2.0}) {
+        QImage screen(600, 300, QImage::Format_RGB32);
+        screen.setDevicePixelRatio(scale);
+        FitPicture(&canvas->record, 250, 100, scale);
+        draw();
         canvas->render(&screen, QPoint(3, 5));
         const QImage picture = CanvasPicture(kCanvas);
-        ASSERT_EQ(picture.width(), int(200 * scale));
+        ASSERT_EQ(picture.width(), MostPixels(250, canvas->record.scale));
         const QRect inner(0, 0, picture.width() - 1, picture.height() - 1);
         const QImage shown = screen.copy(inner.translated(qRound(3 * scale), qRound(5 * scale)));
         EXPECT_EQ(shown.convertToFormat(QImage::Format_RGB32), picture.copy(inner)) << scale;
     }
+    ResizeGadget(kCanvas, 0, 0, 0, 0);
+    FitPicture(&canvas->record, 2000000000, 2000000000, 8.0);
+    EXPECT_LE(CanvasPicture(kCanvas).width() * int64_t{CanvasPicture(kCanvas).height()},
+              kMostPicturePixels);
 }
 
 }  // namespace

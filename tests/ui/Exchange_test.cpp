@@ -40,6 +40,7 @@ TEST_F(Drops, AreOfTheFormatAskedForAndOfLocalFiles) {
     EnableWindowDrop(0, DropFormat::kText);
     EXPECT_TRUE(Drop(window, text) && Drop(window, files));
     QString told;
+    Click(window);  // other events go on to it
     while (WaitForEvent(0) != kNoEvent) {
         told += QString("%1 %2 %3 ").arg(EventNumber()).arg(EventWindow()).arg(EventObject()) +
                 (EventDropFormat() == DropFormat::kFiles ? "files " : "text ") + EventDropFiles() +
@@ -48,7 +49,7 @@ TEST_F(Drops, AreOfTheFormatAskedForAndOfLocalFiles) {
     EXPECT_EQ(told,
               "10 0 -1 files /tmp/a b.bas\n/tmp/c.bas|; 10 0 -1 files /tmp/a b.bas\n/tmp/c.bas|; "
               "11 0 53 text |their text; 10 0 -1 text |PRINT 1; "
-              "10 0 -1 files /tmp/a b.bas\n/tmp/c.bas|; ");
+              "10 0 -1 files /tmp/a b.bas\n/tmp/c.bas|; 17 0 -1 text |; ");
 }
 
 // What a dialog shows, with the format of its labels and "*" behind a hidden entry, and what it
@@ -92,15 +93,17 @@ TEST_F(Dialogs, RealOnesStandOverTheProgramsWindow) {
     EXPECT_EQ(Dialogue("", "OK", message(MessageButtons::kOk)), "About|2|0<b>1</b>\n2\n3|OK: 1");
     EXPECT_EQ(With([](QDialog* dialog) { dialog->reject(); }, font), "0  0");
     const auto choose = [](QDialog* dialog) {
-        static_cast<QFontDialog*>(dialog)->setCurrentFont(QFont("Liberation Serif", 13));
+        auto* fonts = static_cast<QFontDialog*>(dialog);
+        EXPECT_TRUE(fonts->testOption(QFontDialog::DontUseNativeDialog));
+        fonts->setCurrentFont(QFont("Liberation Serif", 13));
         dialog->accept();
     };
     EXPECT_EQ(With(choose, font), "1 Liberation Serif 13");
 }
 
 TEST_F(Dialogs, AskForFiles) {
-    const ScratchFolder scratch;
-    const QString folder = scratch.folder.path(), patterns = "Basic (*.bas)|*.bas|All (*.*)|*.*";
+    const QTemporaryDir scratch;
+    const QString folder = scratch.path(), patterns = "Basic (*.bas)|*.bas; *.inc|All|*.*";
     QString seen;
     const auto accept = [&seen](QDialog* dialog) {
         auto* files = static_cast<QFileDialog*>(dialog);
@@ -110,20 +113,24 @@ TEST_F(Dialogs, AskForFiles) {
                    .arg(files->acceptMode())
                    .arg(files->fileMode())
                    .arg(files->options());
-        files->selectNameFilter("All (*)");
+        if (files->acceptMode() == QFileDialog::AcceptSave) files->selectNameFilter("All (*)");
         dialog->accept();
     };
-    ScratchFolder::Put("a.bas", "");
+    ScratchFolder::Put(folder + "/a.bas", "");
     FileChoice choice =
         With(accept, [&] { return AskSaveFile("Save", folder + "/b.bas", patterns); });
     EXPECT_EQ(choice.path + QString::number(choice.pattern), folder + "/b.bas1");
-    EXPECT_EQ(seen, "Save|" + folder + "|b.bas|Basic (*.bas);All (*)|1 0 16");
+    EXPECT_EQ(seen, "Save|" + folder + "|b.bas|Basic (*.bas *.inc);All (*)|1 0 16");
     choice = With(accept, [&] { return AskOpenFile("Open", folder + "/a.bas", patterns); });
-    EXPECT_EQ(choice.path, folder + "/a.bas");
-    EXPECT_EQ(seen, "Open|" + folder + "|a.bas|Basic (*.bas);All (*)|0 1 16");
-    choice = With([](QDialog* dialog) { dialog->reject(); },
-                  [&] { return AskSaveFile("", folder, "", OverwriteQuestion::kByCaller); });
-    EXPECT_EQ(choice.path + QString::number(choice.pattern), "0");
+    EXPECT_EQ(choice.path + QString::number(choice.pattern), folder + "/a.bas0");
+    EXPECT_EQ(seen, "Open|" + folder + "|a.bas|Basic (*.bas *.inc);All (*)|0 1 16");
+    const auto cancel = [&seen](QDialog* dialog) {
+        seen = QString::number(static_cast<QFileDialog*>(dialog)->options());
+        dialog->reject();
+    };
+    choice =
+        With(cancel, [&] { return AskSaveFile("", folder, "", OverwriteQuestion::kByCaller); });
+    EXPECT_EQ(choice.path + QString::number(choice.pattern) + seen, "020");
 }
 
 // A signal closes the main window, and cancels the dialog that stands and those to come.

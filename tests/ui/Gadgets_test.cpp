@@ -45,9 +45,10 @@ TEST_F(Gadgets, EachKindTakesWhatItHas) {
         ClearGadgetItems(9);
         SetGadgetState(9, 0);
         EXPECT_EQ(before + "; " + Told(9), told);
-        EXPECT_EQ(Place(9), "1,2 90x80|");
+        EXPECT_EQ(Place(9) + std::to_string(GadgetItemCount(9)), "1,2 90x80|0");
     }
     EXPECT_EQ(Heard(kEventGadget), "");
+    EXPECT_EQ(GadgetItemCount(99) + GadgetItemSelected(99, 0) + GadgetColumnWidth(99, 0), 0);
 }
 
 TEST_F(Gadgets, StandWhereTheyAreTold) {
@@ -57,6 +58,7 @@ TEST_F(Gadgets, StandWhereTheyAreTold) {
     ButtonGadget(8, 1, 2, 30, 40, "in it");
     CloseGadgetList();
     SetGadgetFont(-1, 2);  // there is none
+    LoadNumberedFont(3, "Liberation Mono", 20, kFontPlain);
     TextGadget(9, 5, 6, 70, 120, "beside it");
     TextGadget(10, 5, 6, 70, 60, "one line");
     ResizeGadget(7, kKeep, 25, kKeep, 110);
@@ -66,11 +68,14 @@ TEST_F(Gadgets, StandWhereTheyAreTold) {
     EXPECT_EQ(Place(7) + Place(8) + Place(99), "10,25 200x110 hidden disabled|3,2 35x40|0,0 0x0|");
     EXPECT_EQ(WidgetOfGadget(8)->parentWidget(), WidgetOfGadget(7));
     EXPECT_EQ(WidgetOfGadget(9)->parentWidget(), WidgetOfGadget(7)->parentWidget());
-    for (const int gadget : {8, 9}) EXPECT_EQ(WidgetOfGadget(gadget)->font().pointSize(), 30);
+    SetGadgetFont(10, 3);
+    for (const auto& [gadget, size] : {std::pair(8, 30), {9, 30}, {10, 20}})
+        EXPECT_EQ(WidgetOfGadget(gadget)->font().pointSize(), size);
     for (const int gadget : {9, 10}) {
         const auto* label = static_cast<QLabel*>(WidgetOfGadget(gadget));
         EXPECT_EQ(label->wordWrap(), gadget == 9);
         EXPECT_EQ(label->alignment(), Qt::AlignLeft | Qt::AlignTop);
+        EXPECT_EQ(label->textFormat(), Qt::PlainText);
     }
     SetGadgetTooltip(8, "tip");
     EXPECT_EQ(GadgetName(8) + GadgetTooltip(8), "tiptip");
@@ -92,8 +97,10 @@ TEST_F(Gadgets, ASplitterKeepsItsTwoAndGivesRoomToTheRightOne) {
     EXPECT_EQ(GadgetState(10), 120);
     EXPECT_EQ(GadgetWidth(8), 120);
     EXPECT_GT(GadgetWidth(9), 200);
-    SetGadgetState(10, 999);
-    EXPECT_TRUE(GadgetState(10) > 200 && GadgetState(10) < 340);
+    for (const int edge : {0, 999}) {
+        SetGadgetState(10, edge);
+        EXPECT_TRUE(GadgetState(10) > 0 && GadgetState(10) < 340);
+    }
 }
 
 TEST_F(Gadgets, ClicksAndTicksAreEventsOfTheUserAlone) {
@@ -101,39 +108,44 @@ TEST_F(Gadgets, ClicksAndTicksAreEventsOfTheUserAlone) {
     CheckBoxGadget(50, 5, 60, 100, 20, "Override");
     ScrollBarGadget(5, 100, 0, 20, 200, 0, 100, 40, ScrollDirection::kVertical);
     auto* bar = static_cast<QScrollBar*>(WidgetOfGadget(5));
+    const QPointer<QWidget> button = WidgetOfGadget(62);
     const auto setAll = [] {
         for (const int gadget : {62, 50, 5}) SetGadgetState(gadget, 1);
     };
     // A handler may free the very gadget whose click it handles.
     const auto clickFreed = [] {
-        BindGadgetHandler(62, [] { FreeGadget(62); });
+        BindGadgetHandler(
+            62, [] { FreeGadget(62); }, kTypeLeftClick);
         Click(WidgetOfGadget(62));
     };
-    Play({{setAll, "1 1 1 "},
-          {[] { Click(WidgetOfGadget(62)); }, "0 1 1 3 0 62 0|"},
-          {[] { Click(WidgetOfGadget(50)); }, "0 0 1 3 0 50 0|"},
-          {[=] { bar->triggerAction(QAbstractSlider::SliderPageStepAdd); }, "0 0 41 3 0 5 0|"},
-          {[=] { bar->triggerAction(QAbstractSlider::SliderToMaximum); }, "0 0 60 3 0 5 0|"},
-          {clickFreed, "0 0 60 3 0 62 0|"}},
+    BindGadgetHandler(50, [] { SetGadgetState(5, GadgetState(5) + 1); });
+    Play({{setAll, "'Connect' 1 'Override' 1 '' 1 "},
+          {[] { Click(WidgetOfGadget(62)); }, "'Connect' 0 'Override' 1 '' 1 3 0 62 0|"},
+          {[] { Click(WidgetOfGadget(50)); }, "'Connect' 0 'Override' 0 '' 2 3 0 50 0|"},
+          {[=] { bar->triggerAction(QAbstractSlider::SliderPageStepAdd); },
+           "'Connect' 0 'Override' 0 '' 42 3 0 5 0|"},
+          {[=] { bar->triggerAction(QAbstractSlider::SliderToMaximum); },
+           "'Connect' 0 'Override' 0 '' 60 3 0 5 0|"},
+          {clickFreed, "'' 0 'Override' 0 '' 60 3 0 62 0|"}},
          [] {
              std::string told;
-             for (const int gadget : {62, 50, 5}) told += std::to_string(GadgetState(gadget)) + " ";
+             for (const int gadget : {62, 50, 5}) told += Told(gadget) + " ";
              return told + Heard(kEventGadget);
          });
     EXPECT_EQ(bar->orientation(), Qt::Vertical);
-    EXPECT_EQ(WidgetOfGadget(62), nullptr);
+    EXPECT_FALSE(button);
 }
 
 TEST_F(Gadgets, TextEntriesTellOfTypingAndOfTheFocus) {
     TextEntryGadget(41, 5, 5, 80, 20, "a1");
-    TextEntryGadget(42, 5, 35, 80, 20, "", EntryRule::kDigits);
+    TextEntryGadget(42, 5, 35, 80, 20, "7", EntryRule::kDigits);
     ButtonGadget(62, 5, 65, 80, 20, "Connect");
     SetGadgetText(41, "10.0.0.1:3001");
     TakeEvents();
     for (const int gadget : {42, 62}) FocusGadget(gadget);
     for (const char* key : {"1", "x", "-", " ", "\xD9\xA3", "9"})
         Key(WidgetOfGadget(42), 0, QString::fromUtf8(key));
-    EXPECT_EQ(GadgetText(41) + GadgetText(42), "10.0.0.1:300119");
+    EXPECT_EQ(GadgetText(41) + GadgetText(42), "10.0.0.1:3001719");
     EXPECT_EQ(Heard(kEventGadget), "3 0 42 256|3 0 42 512|3 0 42 768|");
     Click(WidgetOfGadget(42));
     Release(WidgetOfGadget(42), QPoint(5, 5), Qt::RightButton);
@@ -143,6 +155,7 @@ TEST_F(Gadgets, TextEntriesTellOfTypingAndOfTheFocus) {
 // It stands above the items, which are told by exact case.
 TEST_F(Gadgets, AComboShowsATextThatIsNoItem) {
     ComboBoxGadget(39, 5, 5, 90, 20);
+    TextEntryGadget(41, 5, 35, 90, 20, "");
     for (const char* item : {"usb0", "usb1", "tcp"}) AddGadgetItem(39, item);
     auto* combo = static_cast<QComboBox*>(WidgetOfGadget(39));
     const auto choose = [=](int row) { combo->setCurrentIndex(row), Q_EMIT combo->activated(row); };
@@ -161,7 +174,7 @@ TEST_F(Gadgets, AComboShowsATextThatIsNoItem) {
     };
     EXPECT_EQ(part(QStyle::SC_ComboBoxArrow), QRect(48, 0, 12, 20));
     EXPECT_EQ(part(QStyle::SC_ComboBoxEditField), QRect(2, 1, 46, 18));
-    EXPECT_EQ(combo->style()->subElementRect(QStyle::SE_LineEditContents, &option),
+    EXPECT_EQ(WidgetOfGadget(41)->style()->subElementRect(QStyle::SE_LineEditContents, &option),
               QRect(2, 1, 56, 18));
 }
 
@@ -182,6 +195,8 @@ TEST_F(Gadgets, AListHasRowsAndAMultipleSelection) {
          [] { return Told(163) + " " + Heard(kEventGadget); });
     EXPECT_EQ(GadgetItemText(163, -1) + GadgetItemText(163, 4), "");
     EXPECT_EQ(FocusedGadget(), -1);  // the window is not in front yet
+    Release(list->viewport(), QPoint(50, 190), Qt::RightButton);
+    EXPECT_EQ(Heard(kEventRightButtonUp), "16 0 -1 0|");
 }
 
 TEST(ExplorerList, ListsFoldersFirstAndIsWalkedByDoubleClicks) {
@@ -195,6 +210,9 @@ TEST(ExplorerList, ListsFoldersFirstAndIsWalkedByDoubleClicks) {
     EXPECT_EQ(list->topLevelItem(1)->text(1) + list->topLevelItem(4)->text(1), "5");
     EXPECT_EQ(list->topLevelItem(4)->text(2).left(4),
               QFileInfo("b.bas").lastModified().toString("yyyy"));
+    EXPECT_TRUE(!list->rootIsDecorated() && !list->header()->stretchLastSection());
+    EXPECT_EQ(list->selectionMode(), QAbstractItemView::ExtendedSelection);
+    EXPECT_EQ(list->headerItem()->text(0) + list->headerItem()->text(2), "NameDate");
     const auto enter = [=](int row) {
         const QPoint at = list->visualItemRect(list->topLevelItem(row)).center();
         Click(list->viewport(), at);
@@ -203,14 +221,15 @@ TEST(ExplorerList, ListsFoldersFirstAndIsWalkedByDoubleClicks) {
     // Setting the folder lists it anew; one that is not there changes nothing.
     const auto setAgain = [=] {
         ScratchFolder::Put("c.bas", "");
-        for (const QString& folder : {top, top + "nowhere", QString()}) SetGadgetText(162, folder);
+        for (const QString& folder : {top, QString(), top + "nowhere"}) SetGadgetText(162, folder);
     };
     Play({{[] {}, "'./' -1 .. alpha Beta /A.BAS /b.bas "},
           {[=] { enter(3); }, "'./' 3 .. alpha Beta /A.BAS* /b.bas "},
           {[=] { enter(2); }, "'./Beta/' -1 .. inner 3 0 162 768|"},
           {[=] { enter(0); }, "'./' -1 .. alpha Beta /A.BAS /b.bas 3 0 162 768|"},
           {setAgain, "'./' -1 .. alpha Beta /A.BAS /b.bas /c.bas "},
-          {[] { SetGadgetState(162, 2); }, "'./' 2 .. alpha Beta* /A.BAS /b.bas /c.bas "}},
+          {[] { SetGadgetState(162, 2); }, "'./' 2 .. alpha Beta* /A.BAS /b.bas /c.bas "},
+          {[] { SetGadgetState(162, -1); }, "'./' -1 .. alpha Beta /A.BAS /b.bas /c.bas "}},
          [=] {
              const QString told = QString::fromStdString(Told(162) + " " + Heard(kEventGadget));
              return QString(told).replace(top, "./").toStdString();
@@ -221,19 +240,14 @@ TEST(ExplorerList, ListsFoldersFirstAndIsWalkedByDoubleClicks) {
 TEST_F(Gadgets, APathBoxTellsOfEveryChangeAndOfTheChoice) {
     PathBoxGadget(180, 0, 0, 400, 30, "/tmp/");
     const auto set = [] { SetGadgetText(180, "/usr/"); };
+    auto* completer = static_cast<QLineEdit*>(WidgetOfGadget(180))->completer();
     const auto key = [](int code, const char* text) { Key(WidgetOfGadget(180), code, text); };
     Play({{set, "'/usr/' 0 3 0 180 4|"},
           {set, "'/usr/' 0 3 0 180 4|"},
           {[=] { key(Qt::Key_L, "l"); }, "'/usr/l' 0 3 0 180 4|"},
-          {[=] { key(Qt::Key_Return, "\r"); }, "'/usr/l' 0 3 0 180 5|"}},
+          {[=] { key(Qt::Key_Return, "\r"); }, "'/usr/l' 0 3 0 180 5|"},
+          {[=] { Q_EMIT completer->activated(QString("/usr/lib")); }, "'/usr/l' 0 3 0 180 5|"}},
          [] { return Told(180) + " " + Heard(kEventGadget); });
-}
-
-TEST(FilePatterns, BecomeTheToolkitsForm) {
-    EXPECT_EQ(ToolkitPatterns("Basic (*.bas)|*.bas|Text (*.txt)|*.txt|All files (*.*)|*.*"),
-              (QStringList{"Basic (*.bas)", "Text (*.txt)", "All files (*)"}));
-    EXPECT_EQ(ToolkitPatterns("Source|*.bas; *.inc"), QStringList{"Source (*.bas *.inc)"});
-    EXPECT_EQ(ToolkitPatterns("alone"), QStringList());
 }
 
 }  // namespace

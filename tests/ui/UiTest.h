@@ -28,7 +28,6 @@
 #include "ui/windows/Dialogs.h"
 #include "ui/windows/DragDrop.h"
 #include "ui/windows/FileDialogs.h"
-#include "ui/windows/FilePatternsInternal.h"
 #include "ui/windows/MenuItem.h"
 #include "ui/windows/Notice.h"
 

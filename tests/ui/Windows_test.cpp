@@ -63,7 +63,7 @@ TEST_F(Windows, TheInnerSizeLiesBelowTheMenuBar) {
 }
 
 TEST_F(Windows, FlagsBecomeTheFrame) {
-    OpenNumberedWindow(1, 40, 1 << 20, 200, 100, "all", kStandardWindowFlags);
+    EXPECT_TRUE(OpenNumberedWindow(1, 40, 1 << 20, 200, 100, "all", kStandardWindowFlags));
     OpenNumberedWindow(2, 0, 0, 200, 100, "help", kHelpWindowFlags);
     OpenNumberedWindow(3, 0, 0, 200, 100, "fixed", kWindowClose + kWindowMinimize);
     OpenNumberedWindow(4, 0, 0, 200, 80, "centred", kWindowCentredOnParent, 1);
@@ -187,10 +187,12 @@ TEST_F(Menus, AnItemRaisesItsNumberAndKeepsItsTickInEveryMenuThatHoldsIt) {
     const auto* popup = static_cast<QMenu*>(QApplication::activePopupWidget());
     const auto* bar = static_cast<QMainWindow*>(WidgetOfWindow(0))->menuBar();
     QAction* const actions[] = {bar->actions()[0]->menu()->actions()[0], popup->actions()[0]};
+    EXPECT_EQ(popup->windowHandle()->transientParent(), WidgetOfWindow(0)->windowHandle());
     TakeEvents();
     for (const bool ticked : {true, false}) {
         SetMenuItemTick(71, ticked);
         for (QAction* action : actions) {
+            EXPECT_EQ(action->isChecked(), ticked);
             action->trigger();  // the toolkit would flip the tick
             EXPECT_EQ(Heard(kEventMenu), "1 0 71 0|");
             EXPECT_EQ(action->isChecked(), ticked);
@@ -199,7 +201,7 @@ TEST_F(Menus, AnItemRaisesItsNumberAndKeepsItsTickInEveryMenuThatHoldsIt) {
     }
     for (int item = 190; item < 195; ++item) MenuItem(item, "mode");
     for (const int ticked : {191, 193}) TickOneOf(191, 193, ticked);
-    EXPECT_FALSE(MenuItemTick(191) || MenuItemTick(192) || MenuItemTick(99));
+    EXPECT_FALSE(MenuItemTick(191) || MenuItemTick(192) || MenuItemTick(194) || MenuItemTick(99));
     EXPECT_TRUE(MenuItemTick(193));
     EXPECT_EQ(MenuItemText(193) + MenuItemText(99), "mode");
     ShowPopupMenu(99, kTestWindow);
@@ -215,12 +217,13 @@ TEST_F(Menus, KeysAreTheProgramsUnlessTheUserChoseThemForMenus) {
     PressKey(Qt::Key_E, Qt::AltModifier);
     EXPECT_EQ(FocusedGadget(), 24);
     EXPECT_FALSE(QApplication::activePopupWidget());
+    AddKeyboardShortcut(kTestWindow, Qt::Key_F1, 9);
     for (const int number : {7, 41}) AddKeyboardShortcut(kTestWindow, Qt::Key_Return, number);
     TakeEvents();
     for (int i = 0; i < 2; ++i) PressKey(Qt::Key_Return);
     RemoveKeyboardShortcut(kTestWindow, Qt::Key_Return);
-    PressKey(Qt::Key_Return);
-    EXPECT_EQ(Heard(), "1 0 41 0|1 0 41 0|3 0 24 65547|3 0 24 65549|");
+    for (const int key : {Qt::Key_Return, Qt::Key_F1}) PressKey(key);
+    EXPECT_EQ(Heard(), "1 0 41 0|1 0 41 0|3 0 24 65547|3 0 24 65549|1 0 9 0|");
 
     const Chosen alt(&Choices::altOpensMenus);
     MenuBarOf({"Setup", "Edit"});

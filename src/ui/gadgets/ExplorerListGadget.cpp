@@ -47,7 +47,6 @@ class ExplorerListFunctions : public PBGadgetFunctions {
   public:
     ExplorerListFunctions(int gadget, QTreeWidget* shown)
         : PBGadgetFunctions(gadget, shown), list(shown) {
-        list->setColumnCount(kColumns);
         list->setHeaderLabels({"Name", "Size", "Date"});
         list->setRootIsDecorated(false);
         list->setUniformRowHeights(true);

@@ -36,7 +36,6 @@ void SplitterGadget(int gadget, int x, int y, int width, int height, int first, 
     splitter->setChildrenCollapsible(false);
     splitter->addWidget(left->Widget());
     splitter->addWidget(right->Widget());
-    splitter->setStretchFactor(0, 0);  // a change of size goes to the right gadget
-    splitter->setStretchFactor(1, 1);
+    splitter->setStretchFactor(1, 1);  // a change of size goes to the right gadget
     EnterGadget(new SplitterFunctions(gadget, splitter), QRect(x, y, width, height));
 }

@@ -45,7 +45,6 @@ FileChoice AskSaveFile(const QString& title, const QString& preset, const QStrin
     if (AnswersInPlace()) return TestAnswer(title, preset);
     QFileDialog dialog(ActiveProgramWindow(), title);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, question == OverwriteQuestion::kByCaller);
     return RunFileDialog(dialog, preset, patterns);
 }
@@ -53,7 +52,6 @@ FileChoice AskSaveFile(const QString& title, const QString& preset, const QStrin
 FileChoice AskOpenFile(const QString& title, const QString& preset, const QString& patterns) {
     if (AnswersInPlace()) return TestAnswer(title, preset);
     QFileDialog dialog(ActiveProgramWindow(), title);
-    dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
     return RunFileDialog(dialog, preset, patterns);
 }

@@ -102,7 +102,6 @@ void MenuItem(int item, const QString& text) {
     if (!openMenu) return;
     auto* action = new QAction(ToCaption(text), openMenu);
     action->setProperty(kMenuItemProperty, item);
-    action->setMenuRole(QAction::NoRole);
     // The toolkit has flipped the tick of a checkable item by then; what the program set stands.
     QObject::connect(action, &QAction::triggered, action, [item] { ShowTick(items[item]); });
     QObject::connect(action, &QAction::triggered, MenuEvents(), &PBMenuEvents::ItemChosen);
