@@ -99,9 +99,9 @@ TEST_F(WithConsole, ReadsThePortsOfItsSettings) {
          "5 7 6"},
         {"[x]\nIP control port = 5\n[network]\r\nip CONTROL port = 65536\r\n", "50899 50900 6832"},
         {nullptr, "50899 50900 6832"}};
-    for (const auto& [settings, told] : rows) {
+    for (const auto& [settings, read] : rows) {
         const auto ports = ReadConsolePorts(settings ? Write("i", settings) : "none");
-        EXPECT_EQ(QString("%1 %2 %3").arg(ports.control).arg(ports.data).arg(ports.editor), told);
+        EXPECT_EQ(QString("%1 %2 %3").arg(ports.control).arg(ports.data).arg(ports.editor), read);
     }
 }
 
