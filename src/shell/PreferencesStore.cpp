@@ -17,7 +17,6 @@ constexpr int kLongestNumber = 4096;  // characters that a number is read from
 struct PreferencesStore {
     std::vector<PreferenceEntry> entries;
     QString path;            // where it is written
-    int flags = 0;           // layout
     int group = kBeforeAll;  // entry of the current group
     int position = kBeforeAll;
     QString pendingGroup;  // chosen, but not there yet
@@ -78,25 +77,24 @@ QByteArray WholeLines(const BoundedRead& read) {
     return read.bytes.left(std::max(read.bytes.lastIndexOf('\n'), read.bytes.lastIndexOf('\r')));
 }
 
-void StartStore(const QString& path, int flags) {
+void StartStore(const QString& path) {
     ClosePreferences();
     store.open = true;
     store.path = path;
-    store.flags = flags;
 }
 
 }  // namespace
 
-bool OpenPreferences(const QString& path, int flags) {
-    StartStore(path, flags);
+bool OpenPreferences(const QString& path) {
+    StartStore(path);
     const BoundedRead read = ReadFileUpTo(path, kLargestPreferences);
     ParsePreferences(DecodePreferences(WholeLines(read)), &store.entries);
     store.open = read.opened || FileIsMissing(path);
     return read.opened;
 }
 
-void CreatePreferences(const QString& path, int flags) {
-    StartStore(path, flags);
+void CreatePreferences(const QString& path) {
+    StartStore(path);
     store.dirty = true;
 }
 
@@ -150,7 +148,7 @@ void WritePreferenceString(const QString& key, const QString& value) {
 
 void ClosePreferences() {
     if (store.open && store.dirty) {
-        WriteWholeFile(store.path, FormatPreferences(store.entries, store.flags));
+        WriteWholeFile(store.path, FormatPreferences(store.entries));
     }
     store = PreferencesStore();
 }

@@ -75,7 +75,7 @@ QString OneLine(QString text) {
     return text.replace('\r', ' ').replace('\n', ' ');
 }
 
-QString FormatEntry(const PreferenceEntry& entry, int flags) {
+QString FormatEntry(const PreferenceEntry& entry) {
     switch (entry.kind) {
         case PreferenceKind::kGroup:
             return "[" + OneLine(entry.name) + "]\n";
@@ -84,8 +84,7 @@ QString FormatEntry(const PreferenceEntry& entry, int flags) {
         case PreferenceKind::kKey:
             break;
     }
-    const QString between = flags & kPreferenceTightKeys ? "=" : " = ";
-    return OneLine(entry.name) + between + OneLine(entry.value) + "\n";
+    return OneLine(entry.name) + " = " + OneLine(entry.value) + "\n";
 }
 
 }  // namespace
@@ -115,15 +114,15 @@ bool ParsePreferences(const QString& text, std::vector<PreferenceEntry>* entries
     return true;
 }
 
-QByteArray FormatPreferences(const std::vector<PreferenceEntry>& entries, int flags) {
+QByteArray FormatPreferences(const std::vector<PreferenceEntry>& entries) {
     QString text = "\n";
     bool firstGroup = true;
     for (const PreferenceEntry& entry : entries) {
         if (entry.kind == PreferenceKind::kGroup) {
-            if (!firstGroup && flags & kPreferenceGroupSpace) text += '\n';
+            if (!firstGroup) text += '\n';
             firstGroup = false;
         }
-        text += FormatEntry(entry, flags);
+        text += FormatEntry(entry);
     }
     return kByteOrderMark + text.toUtf8();
 }

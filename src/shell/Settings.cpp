@@ -121,7 +121,7 @@ void LoadFixedFonts() {
 }  // namespace
 
 void LoadSettings() {
-    OpenPreferences(SettingsPath(), kPreferenceGroupSpace);
+    OpenPreferences(SettingsPath());
     LoadRows();
     ClosePreferences();
     GiveLiveValues();
@@ -131,7 +131,7 @@ void LoadSettings() {
 
 void SaveSettings() {
     TakeLiveValues();
-    CreatePreferences(SettingsPath(), kPreferenceGroupSpace);
+    CreatePreferences(SettingsPath());
     SaveRows();
     ClosePreferences();
 }

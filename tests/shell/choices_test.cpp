@@ -7,12 +7,8 @@ namespace {
 
 using namespace std::string_literals;
 
-class ChoicesTest : public ShellRig {
-  protected:
-    ChoicesTest() {
-        BuildWindow();
-        Drain();
-    }
+struct ChoicesTest : ShellRig {
+    ChoicesTest() { BuildWindow(), Drain(); }
 };
 
 // A WebMite's greeting, a line end, a command, a subnegotiation and a 255 that is text.
@@ -49,25 +45,18 @@ TEST_F(ChoicesTest, TelnetLineEndsWhereverTheBlocksAreCut) {
     FarEnd next(true);  // begins anew
     next.Write("c>");
     EXPECT_EQ(SendAndWait("", 1), "c>");
-}
-
-TEST_F(ChoicesTest, TelnetLineEndsAreForTextAlone) {
-    FarEnd board(true);
-    const Chosen plain(&Choices::telnetLineEnds);
+    // The coding is taken off text alone.
     const auto shown = [&](int mode) {
         SetTerminalMode(mode);
         ClearTerminal(kTerminalCanvas);
-        board.Write("A\xFF\xFB\x03\r\0\nB"s);
+        next.Write("A\xFF\xFB\x03\r\0\nB"s);
         PollLink();
-        EXPECT_EQ(board.Read(), mode == kModeHexMonitor ? "" : "\xFF\xFE\x03");
-        return GetTerminalText(TextPart::kVisible).simplified();
+        EXPECT_EQ(next.Read(), mode == kModeHexMonitor ? "" : "\xFF\xFE\x03");
+        return Visible().simplified();
     };
     EXPECT_EQ(shown(kModeTerminal), "A B");
     EXPECT_EQ(shown(kModeMonitor), "A B");
     EXPECT_TRUE(shown(kModeHexMonitor).startsWith("41 FF FB 03 0D 00 0A 42 "));
-    SetTerminalMode(kModeTerminal);
-    AdoptSerialLink(0);
-    SetDeviceOnTcpip(false);
     FarEnd serial;
     serial.Write("A\xFF\xFB\x03");
     EXPECT_EQ(SendAndWait("", 1), "A\u00FF\u00FB\u0003");
@@ -89,7 +78,6 @@ class Cable {
         close(std::exchange(master, -1));
         unlink(name.c_str());
     }
-    void Write(const char* text) const { (void)!write(master, text, strlen(text)); }
 
   private:
     int master = -1;

@@ -58,16 +58,15 @@ TEST_F(KeysToWire, OfTheTableAndWithText) {
         const Chosen once(&Choices::keysActOnce);
         EXPECT_EQ(Sent(row.key, row.text, row.held), row.once) << row.key;
     }
-    {
-        const Chosen once(&Choices::keysActOnce);
-        Sent(Qt::Key_Return, "\r");
-        QInputMethodEvent composed;  // belongs to no key
-        composed.setCommitString("\r");
-        QApplication::sendEvent(WidgetOfGadget(kTerminalCanvas), &composed);
-        Drain();
-        EXPECT_EQ(device.Read(), "\r");
-    }
     EXPECT_EQ(ClipboardText(), "");
+    ChoicesForTable().keysActOnce = 1;
+    Sent(Qt::Key_Return, "\r");
+    QInputMethodEvent composed;  // belongs to no key
+    composed.setCommitString("\r");
+    QApplication::sendEvent(WidgetOfGadget(kTerminalCanvas), &composed);
+    Drain();
+    EXPECT_EQ(device.Read(), "\r");
+    ChoicesForTable().keysActOnce = 0;
     FocusGadget(kCommandEntry);
     Drain();
     EXPECT_EQ(Sent(Qt::Key_X, "x") + Sent(Qt::Key_F10) + Sent(Qt::Key_F10, "", kShift), "");
@@ -80,9 +79,6 @@ TEST_F(KeysToWire, OfTheTableAndWithText) {
     Drain();
     EXPECT_EQ(Sent(Qt::Key_Return, "\r") + Sent(Qt::Key_Up), "");
     EXPECT_EQ(GadgetText(kCommandEntry), "");
-}
-
-TEST_F(KeysToWire, ReturnIsTheAddressesWhileThatHasTheFocus) {
     LinkSettingsForTable().tcpAddress = "a\nb";
     HideGadget(kAddressEntry, false);
     for (int gadget : {kAddressEntry, kTerminalCanvas}) {

@@ -11,7 +11,6 @@ namespace {
 
 constexpr char kFile[] = "store.inf";
 constexpr char kMark[] = "\xEF\xBB\xBF";
-constexpr int kFlags = kPreferenceGroupSpace;
 
 // Entries as one text: "[group] ;comment key=value", each in angle brackets.
 std::string Read(const QByteArray& bytes) {
@@ -52,17 +51,6 @@ TEST(PreferencesText, LinesBecomeEntries) {
     EXPECT_EQ(Read("k=\xE4z"), "<k=\u00E4z>");
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-15"));
     EXPECT_EQ(Read("k=\xA4"), "<k=\u20AC>");
-}
-
-TEST(PreferencesText, LayoutIsExact) {
-    using Kind = PreferenceKind;
-    const std::vector<PreferenceEntry> entries = {
-        {Kind::kComment, "top", ""}, {Kind::kGroup, "A", ""}, {Kind::kKey, "k", "v"},
-        {Kind::kComment, "", ""},    {Kind::kGroup, "B", ""}, {Kind::kKey, "l", "\u00E4\r\n[C]"}};
-    EXPECT_EQ(FormatPreferences(entries, kFlags),  // without a forged group
-              QByteArray(kMark) + "\n; top\n[A]\nk = v\n; \n\n[B]\nl = \xC3\xA4  [C]\n");
-    EXPECT_EQ(FormatPreferences(entries, kPreferenceTightKeys),
-              QByteArray(kMark) + "\n; top\n[A]\nk=v\n; \n[B]\nl=\xC3\xA4  [C]\n");
 }
 
 class PreferencesStore : public testing::Test {
@@ -110,24 +98,26 @@ TEST_F(PreferencesStore, ReadsAndPutsThingsWhereTheyBelong) {
          "[A]\nk = -7\n; behind k\nl = 2\nnew = \xC3\xA4\n; behind new\n\n[B]\nm = 3\n"},
         {text, "[A|l?|missing?|;behind l|[C|;heads C|n=4|N?", "2/2 -/9 none 4/4 ",
          "[A]\nk = 1\nl = 2\n; behind l\n\n[B]\nm = 3\n\n[C]\n; heads C\nn = 4\n"},
+        {text, ";", "", "; \n[A]\nk = 1\nl = 2\n\n[B]\nm = 3\n"},
+        {"", "k=a\r\n[C]|[A\n|;b\n[D]", "none ", "k = a  [C]\n[A ]\n; b [D]\n"},  // none is forged
         {text + "junk\n", "top=1", "", "top = 1\n[A]\nk = 1\nl = 2\n\n[B]\nm = 3\njunk = \n"},
     };
     for (const auto& row : rows) {
         ScratchFolder::Put(kFile, row.before);
-        EXPECT_TRUE(OpenPreferences(kFile, kFlags));
+        EXPECT_TRUE(OpenPreferences(kFile));
         EXPECT_EQ(Take(row.steps), row.read);
         EXPECT_EQ(ScratchFolder::Get(kFile).replace("\xEF\xBB\xBF\n", ""), row.after);
     }
 }
 
 TEST_F(PreferencesStore, ShrinksGrowsAndCreates) {
-    EXPECT_FALSE(OpenPreferences(kFile, kFlags));
+    EXPECT_FALSE(OpenPreferences(kFile));
     Take("[A");
     EXPECT_FALSE(QFile::exists(kFile));  // nothing changed, nothing made
-    OpenPreferences(kFile, kFlags);
+    OpenPreferences(kFile);
     Take("[A|;new");
     EXPECT_EQ(ScratchFolder::Get(kFile), QByteArray(kMark) + "\n[A]\n; new\n");
-    CreatePreferences(kFile, kFlags);
+    CreatePreferences(kFile);
     EXPECT_EQ(ScratchFolder::Get(kFile), QByteArray(kMark) + "\n[A]\n; new\n");
     ClosePreferences();
     EXPECT_EQ(ScratchFolder::Get(kFile), QByteArray(kMark) + "\n");
@@ -139,18 +129,18 @@ TEST_F(PreferencesStore, SpoiledFilesNeitherBlockNorGetLost) {
     mkfifo("pipe", 0666);
     QDir().mkdir("folder");
     for (const char* path : {"pipe", "folder", "/dev/zero", "pipe/below", ""}) {
-        EXPECT_FALSE(OpenPreferences(path, kFlags)) << path;
+        EXPECT_FALSE(OpenPreferences(path)) << path;
         Take(";new");
-        CreatePreferences(path, kFlags);
+        CreatePreferences(path);
         ClosePreferences();
     }
     const QByteArray tooLong = "k = 12\nrest = " + QByteArray(kLargestPreferences, 'x') + "\nl=3\n";
     ScratchFolder::Put(kFile, tooLong);
     for (const rlim_t room : {2, INT_MAX}) {
         const DiskFull full(room);
-        CreatePreferences(room == 2 ? kFile : "", kFlags);
+        CreatePreferences(room == 2 ? kFile : "");
         ClosePreferences();
-        EXPECT_TRUE(OpenPreferences(kFile, kFlags));
+        EXPECT_TRUE(OpenPreferences(kFile));
         EXPECT_EQ(Take("k?|rest?|k=1"), "12/12 -/9 ");  // no half line
         const QByteArray written = QByteArray(kMark) + "\nk = 1\n";
         EXPECT_TRUE(ScratchFolder::Get(kFile) == (room == 2 ? tooLong : written));
@@ -167,7 +157,7 @@ TEST_F(PreferencesStore, FileRightsAreHonoured) {
     for (const mode_t mode : {0444, 0222}) {
         chmod(kFile, mode);
         ASSERT_EQ(setresuid(nobody, nobody, same), 0);
-        EXPECT_EQ(OpenPreferences(kFile, kFlags), mode == 0444);
+        EXPECT_EQ(OpenPreferences(kFile), mode == 0444);
         EXPECT_EQ(Take("k?|k=2"), mode == 0444 ? "1/1 " : "-/9 ");
         ASSERT_EQ(setresuid(self, self, same), 0);
     }

@@ -9,10 +9,9 @@ namespace {
 class Window : public ShellRig {
   protected:
     static QTimer* Timer(int number) {
-        for (QTimer* timer : WidgetOfWindow(kMainWindow)->findChildren<QTimer*>()) {
-            if (timer->property("PB_TimerID") == number) return timer;
-        }
-        return nullptr;
+        const auto timers = WidgetOfWindow(kMainWindow)->findChildren<QTimer*>();
+        const auto is = [=](QTimer* t) { return t->property("PB_TimerID") == number; };
+        return *std::find_if(timers.begin(), timers.end(), is);
     }
 };
 
