@@ -19,8 +19,7 @@
 
 inline const bool startState = KeepStartState(PutBackShell);
 
-class ShellRig : public testing::Test {
-  protected:
+struct ShellRig : testing::Test {
     ShellRig() {
         AllocateLinkBuffers();
         answers.text = [](const QString& title, const QString& prompt, const QString& preset) {
@@ -53,6 +52,12 @@ class ShellRig : public testing::Test {
     static void Raise(int32_t event, int64_t object, int64_t type = 0, int window = kMainWindow) {
         PostInterfaceEvent(event, window, object, type);
         Drain();
+    }
+    static QTimer* Timer(int number, int window = kMainWindow) {
+        for (QTimer* timer : WidgetOfWindow(window)->findChildren<QTimer*>()) {
+            if (timer->property("PB_TimerID") == number) return timer;
+        }
+        return nullptr;
     }
     static QString Visible() { return GetTerminalText(TextPart::kVisible); }
 

@@ -32,6 +32,8 @@ Facts State(const QString& asked) {
     for (const PresetEntry& preset : presetList) presets += preset.nickname + ';';
     for (int window : {kHelpWindow, kFileManagerWindow, kNoticeWindow})
         if (WindowIsOpen(window)) open += QString::number(window) + '.';
+    QTimer* const notice = ShellRig::Timer(kNoticeTimer);
+    if (notice) open += GadgetText(kNoticeText) + numbers({notice->interval()});
     QTextStream(&size) << terminalScreen.cols << 'x' << terminalScreen.rows;
     // clang-format off
     Facts facts = {
@@ -134,7 +136,7 @@ TEST_F(Routes, OfGadgets) {
         {kTouchButtonUnused, "", "@45 line=||||port TTYUSB1 pico=ttyUSB1"},
         {kUploadButtonUnused, "", "@45 line=|Nothing to load."},
         {kFirstPresetButton, "", "@45 family=maximite nick=One spec='target s\\maximite"},
-        {kFirstPresetButton + 1, "", "@-1 family=cmm2 nick=Two open=183. spec='target s\\cmm2 used=1"},
+        {kFirstPresetButton + 1, "", "@-1 family=cmm2 nick=Two open=183.You are still connected!!!4000 spec='target s\\cmm2 used=1"},
         {kDisconnectButton, "", "@-1 connected=0 line=||Disconnected"},
         {kFirstPresetButton, "", "@-1 family=maximite nick=One spec='target s\\maximite used=0"},
         {kLastPresetRoute, "", "@-1"},

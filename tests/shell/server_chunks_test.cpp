@@ -148,12 +148,14 @@ TEST_F(ServerChunkThreads, Commands) {
 // A second start gives its command line to the first one's control port, in this form.
 TEST(HandOver, IsALoadCommand) {
     int port = 0;
+    VirtualClock clock;
     SocketEnd first, session;
     first.fd = ListenLocally(port);
     HandOver("my file.bas", port);
     session.fd = accept(first.fd, nullptr, nullptr);
     EXPECT_EQ(session.Read(), "/load my file.bas\r");
     EXPECT_TRUE(session.closed);
+    EXPECT_EQ(clock.Now(), 40);  // before it is closed, and behind that
 }
 
 }  // namespace

@@ -119,6 +119,11 @@ TEST_F(SettingsTest, NothingStoredGivesTheDefaults) {
     // A mere load creates the file.
     EXPECT_EQ(ScratchFolder::Get(kFile),
               QByteArray(kMark) + "[Windows]\n; Help Window\n; File Window\n");
+    Load("[Windows]\nMainH = 700\nLines to show = 111111\n");  // which is read behind them
+    EXPECT_EQ(ScratchFolder::Get(kFile),
+              QByteArray(kMark) +
+                  "[Windows]\nMainH = 700\n"
+                  "; Help Window\n; File Window\nLines to show = 111111\n");
     LoadSettings();  // the default families are there once, although it was loaded before
     EXPECT_EQ(Saved(), Defaults().toStdString());
 }
