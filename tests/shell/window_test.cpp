@@ -198,7 +198,9 @@ struct Watch : QObject {
 };
 
 TEST_F(Window, IsLeftInOrder) {
+    ShellSettingsForTable().activeDevice = "|'target le\\cr";
     BuildWindow();
+    EXPECT_EQ(lineEnding.name, "CR");
     ConnectDevice();
     OpenFileManager();
     TakeEvents();  // shows it

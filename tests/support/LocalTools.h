@@ -11,12 +11,10 @@
 #include "base/Pacing.h"
 #include "ui/events/WaitWindowEvent.h"
 
-constexpr int64_t kToolDeadline = 20000;  // milliseconds; never reached when all is well
-
-// Takes events, and gives each to `serve`, until `done` holds.
+// Takes events, and gives each to `serve`, until `done` holds; 20 s at most.
 template <typename Done, typename Serve>
 bool ServeUntil(Done done, Serve serve) {
-    for (const int64_t end = NowMs() + kToolDeadline; !done(); serve(WaitForEvent(5))) {
+    for (const int64_t end = NowMs() + 20000; !done(); serve(WaitForEvent(5))) {
         if (NowMs() > end) return false;
     }
     return true;
