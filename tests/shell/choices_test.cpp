@@ -62,33 +62,28 @@ TEST_F(ChoicesTest, TelnetLineEndsWhereverTheBlocksAreCut) {
     EXPECT_EQ(SendAndWait("", 1), "A\u00FF\u00FB\u0003");
 }
 
-// A name under /dev/ that leads to a pseudo-terminal, as long as that is plugged in.
-class Cable {
-  public:
-    explicit Cable(const QString& link) : name(link.toStdString()) { Plug(); }
+// A name that leads to a pseudo-terminal, as long as that is plugged in.
+struct Cable {
+    Cable() { Plug(); }
     ~Cable() { Pull(); }
     void Plug() {
         int slave = -1;
-        char path[64] = "";
-        openpty(&master, &slave, path, nullptr, nullptr);
+        openpty(&master, &slave, nullptr, nullptr, nullptr);
+        (void)!symlink(ttyname(slave), "board");
         close(slave);
-        (void)!symlink(path, name.c_str());
     }
     void Pull() {
         close(std::exchange(master, -1));
-        unlink(name.c_str());
+        unlink("board");
     }
-
-  private:
     int master = -1;
-    std::string name;
 };
 
 TEST_F(ChoicesTest, FollowTheCable) {
-    const ScratchFolder folder;
-    Cable cable(QDir::currentPath() + "/board");
+    const QString board = ".." + QDir::currentPath() + "/board";  // from /dev/
+    Cable cable;
     AdoptSerialLink(0);
-    SetComPort(".." + QDir::currentPath() + "/board");
+    SetComPort(board);
     const auto polled = [&](int64_t ms) {
         StartCapture();
         clock.Sleep(ms);
@@ -97,7 +92,7 @@ TEST_F(ChoicesTest, FollowTheCable) {
     };
     SetSerialSpeed("");
     const QString gone = "\x1b[7mDisconnected\x1b[0m";
-    const QString back = "\x1b[7mConnected to " + linkSettings.comPort + " at \x1b[0m";
+    const QString back = "\x1b[7mConnected to " + board + " at \x1b[0m";
     for (int follows = 0; follows < 2; ++follows) {
         const Chosen follow(&Choices::followCable, follows);
         ConnectDevice();
@@ -118,7 +113,7 @@ TEST_F(ChoicesTest, FollowTheCable) {
     SetComPort("ttyUSB9");  // the user has gone on
     polled(0);
     cable.Plug();
-    SetComPort(".." + QDir::currentPath() + "/board");
+    SetComPort(board);
     EXPECT_EQ(polled(5000), "");
     FarEnd peer(true);
     peer.Write("last words");
