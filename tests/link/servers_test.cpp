@@ -1,13 +1,10 @@
 // The two servers over real sockets on ports of their own: lines, chunks, who is the
 // client, tools that misbehave, and the end.
-#include <QStringList>
-#include <memory>
+#include <deque>
 
 #include "tests/link/link_rig.h"
 
 namespace {
-
-using Client = std::unique_ptr<LocalClient>;
 
 class ServerThreads : public testing::Test {
   protected:
@@ -48,32 +45,33 @@ class ServerThreads : public testing::Test {
         const QString control = line.arg("Control").arg(settings.controlPort).arg("started");
         EXPECT_TRUE(Says(data, control));
     }
-    Client Connect() {
-        auto client = std::make_unique<LocalClient>(settings.dataPort);
+    LocalClient& Connect() {
+        clients.emplace_back(settings.dataPort);
         EXPECT_TRUE(Says("\x1b[0mconnected- 127.0.0.1"));
-        return client;
+        return clients.back();
     }
     // What a client sends arrives, and nothing else.
-    bool Takes(const Client& client, const std::string& bytes) {
+    bool Takes(LocalClient& client, const std::string& bytes) {
         taken.clear();
-        client->Write(bytes);
+        client.Write(bytes);
         return Until([&] { return taken.size() >= bytes.size(); }) && taken == bytes;
     }
-    bool Has(const Client& client, const std::string& received) {
-        return Until([&] { return client->Read() == received; });
+    bool Has(LocalClient& client, const std::string& received) {
+        return Until([&] { return client.Read() == received; });
     }
     static void DeviceSends(const std::string& bytes) {
         SendToDataClient(bytes.data(), static_cast<int64_t>(bytes.size()));
     }
 
     LinkSettings& settings = LinkSettingsForTable();
+    std::deque<LocalClient> clients;
     std::string taken;    // bytes of the chunks
     int64_t waiting = 0;  // identity of the server of the last chunk
     bool hold = false;
 };
 
 // 127.0.0.2 stands for an address by which other machines reach this one.
-TEST_F(ServerThreads, StartLinesInOrderAPortInUseAndWhoReachesThem) {
+TEST_F(ServerThreads, StartLinesAPortInUseAndWhoReachesThem) {
     for (const int local : {0, 1}) {
         const Chosen ports(&Choices::localPorts, local);
         Start(kModeTerminal);
@@ -88,9 +86,7 @@ TEST_F(ServerThreads, StartLinesInOrderAPortInUseAndWhoReachesThem) {
     for (const int port : {held, 65536 + FreePort(), -1}) {
         Start(kModeTerminal, port, "failed");
         EXPECT_TRUE(LocalClient(settings.controlPort).connected);
-        const int64_t before = NowMs();
         Stop();
-        EXPECT_LT(NowMs() - before, kServerEndWait);
     }
     EXPECT_FALSE(LocalClient(settings.controlPort).connected);
     EXPECT_EQ(FindServer(kDataServerIdentity), nullptr);
@@ -102,7 +98,7 @@ TEST_F(ServerThreads, StartLinesInOrderAPortInUseAndWhoReachesThem) {
 TEST_F(ServerThreads, ChunksKeepTheirOrderAndWait) {
     settings.welcomeMessage = "Gruß";
     Start(kModeTerminal);
-    const Client client = Connect();
+    LocalClient& client = Connect();
     EXPECT_TRUE(Has(client, "Gru\xC3\x9F\r\n"));
     std::string bytes;
     for (int i = 0; i < 12345; ++i) bytes += static_cast<char>(i * 7);
@@ -110,7 +106,7 @@ TEST_F(ServerThreads, ChunksKeepTheirOrderAndWait) {
     hold = true;
     ASSERT_TRUE(Takes(client, "held\xC3\xA9"));
     const ServerRecord* server = FindServer(kDataServerIdentity);
-    client->Write("next");
+    client.Write("next");
     EXPECT_EQ(WaitForEvent(50), kNoEvent);
     const std::string buffer(server->buffer.begin(), server->buffer.end());
     EXPECT_EQ(server->text + QString::fromStdString(buffer),
@@ -122,8 +118,8 @@ TEST_F(ServerThreads, ChunksKeepTheirOrderAndWait) {
     StopServers();
     const int64_t took = NowMs() - before;
     EXPECT_TRUE(took >= kServerEndWait && took < kServerEndWait + kServerKillWait) << took;
-    client->Read();
-    EXPECT_TRUE(client->closed && !LocalClient(settings.dataPort).connected);
+    client.Read();
+    EXPECT_TRUE(client.closed && !LocalClient(settings.dataPort).connected);
 }
 
 // Device bytes reach whoever came or sent last; one that connects is known before the next
@@ -133,7 +129,7 @@ TEST_F(ServerThreads, TheClientIsTheLastOneHeardOf) {
     Start(kModeHelper);
     const ServerRecord& server = *FindServer(kDataServerIdentity);
     EXPECT_EQ(fcntl(server.sockets.listener, F_GETFD), FD_CLOEXEC);  // for programs started here
-    const Client first = Connect(), second = Connect(), third = Connect();
+    LocalClient &first = Connect(), &second = Connect(), &third = Connect();
     EXPECT_TRUE(SocketOption(server.client, IPPROTO_TCP, TCP_NODELAY));
     EXPECT_TRUE(SocketOption(server.client, SOL_SOCKET, SO_KEEPALIVE));  // a dead peer is found
     DeviceSends("to the last that came");
@@ -142,35 +138,34 @@ TEST_F(ServerThreads, TheClientIsTheLastOneHeardOf) {
     ASSERT_TRUE(Takes(first, "1"));
     DeviceSends("to the last that sent");
     EXPECT_TRUE(Has(first, "to the last that sent"));
-    first->Write("2");
+    first.Write("2");
     const LocalClient newcomer(settings.dataPort);
     ReleaseServerWorker(waiting);
     ASSERT_TRUE(Until([&] { return taken == "12"; }));
     EXPECT_EQ(TakeCapture(), "\x1b[0mconnected- 127.0.0.1");
     hold = false;
     ReleaseServerWorker(waiting);
-    second->Reset();
+    second.Reset();
     ASSERT_TRUE(Says("\x1b[0mNet Disconnected"));
     DeviceSends("lost");
     ASSERT_TRUE(Takes(third, "3"));
     DeviceSends("!");
     EXPECT_TRUE(Has(third, "to the last that came!"));
-    EXPECT_EQ(first->Read(), "to the last that sent");
+    EXPECT_EQ(first.Read(), "to the last that sent");
 }
 
 // No send waits for a client that never reads, and what is kept for it is bounded. One
 // client too many is let in and closed, and there is room again when one has gone.
 TEST_F(ServerThreads, ClientsThatMisbehave) {
     Start(kModeHelper);
-    std::vector<Client> clients;
-    for (int i = 0; i < kMostServerClients; ++i) clients.push_back(Connect());
+    for (int i = 0; i < kMostServerClients; ++i) Connect();
     const std::string block(65536, 'x');
     for (int i = 0; i < 400; ++i) DeviceSends(block);
-    const size_t kept = clients.back()->Read().size();
+    const size_t kept = clients.back().Read().size();
     EXPECT_TRUE(kept >= block.size() && kept < 400 * block.size()) << kept;
     LocalClient further(settings.dataPort);
     EXPECT_TRUE(Until([&] { return further.Read().empty() && further.closed; }));
-    clients[0]->Close();
+    clients[0].Close();
     EXPECT_TRUE(Until([&] { return FindServer(kDataServerIdentity)->client == 0; }));
     EXPECT_EQ(TakeCapture(), "");  // a client that goes is told of in debug mode alone
     EXPECT_TRUE(Takes(Connect(), "room again"));

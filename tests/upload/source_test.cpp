@@ -46,7 +46,7 @@ const TextPair crunched[] = {
     {"  'echo   two  blanks", "'echo   two  blanks~"}, {"'ONLOAD  x  'y", "'ONLOAD  x  'y~"},
     {"PRINT \"open 'not  cut", "PRINT \"open 'not  cut~"}, {"\tA  =  1", "\tA = 1~"},
     {"   'comment", ""}, {"", ""}, {"   ", ""}, {"' onload x", ""}, {"'nap 3", ""},
-    {"'target s\\cmm2", ""}, {"A\r\n\r\n 'x\nB", "A~B~"},
+    {"'target s\\cmm2", ""}, {"\nA\r\n\r\n 'x\nB", "A~B~"},
 };
 // clang-format on
 
