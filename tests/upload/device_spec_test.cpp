@@ -9,12 +9,11 @@ namespace {
 
 using DeviceSpec = UploadBench;
 
-QString Serial() {
-    return linkSettings.comPort + ':' + linkSettings.serialSpeed;
-}
-
-QString Tcp() {
-    return linkSettings.tcpAddress + ':' + linkSettings.tcpPort;
+// The endpoints, the road that is taken, the link that is up, and the port kept for a picomite.
+QString State() {
+    return linkSettings.comPort + ':' + linkSettings.serialSpeed + ' ' + linkSettings.tcpAddress +
+           ':' + linkSettings.tcpPort + (linkStatus.deviceOnTcpip ? " tcp " : " serial ") +
+           linkStatus.linkLabel + ' ' + uploadSettings.picoPort;
 }
 
 TEST_F(DeviceSpec, LineEndingAndItsTick) {
@@ -37,16 +36,14 @@ TEST_F(DeviceSpec, PortAndAddressChooseTheLink) {
     const QString endpoint = QString(ptsname(far)).mid(5) + ":38400";  // behind "/dev/"
     ApplyDeviceSpec("s\\pico port\\" + endpoint);
     ASSERT_NE(ConnectDevice(), 0);
-    EXPECT_EQ(Serial() + linkStatus.linkLabel + uploadSettings.picoPort + ":38400",
-              endpoint.repeated(3));
+    EXPECT_EQ(State() + ":38400", endpoint + " localhost:3001 serial " + endpoint + ' ' + endpoint);
     ApplyDeviceSpec("ip\\" + endpoint);  // the text is the same, so the link stays
-    EXPECT_TRUE(linkStatus.linkConnected && linkStatus.deviceOnTcpip &&
-                !WindowIsOpen(kNoticeWindow));
-    EXPECT_EQ(Tcp() + GadgetText(kAddressEntry) + uploadSettings.picoPort, endpoint.repeated(2));
+    EXPECT_FALSE(WindowIsOpen(kNoticeWindow));
+    EXPECT_EQ(State(), endpoint + ' ' + endpoint + " tcp " + endpoint + ' ');
     ApplyDeviceSpec("s\\cmm2 port\\COM1");
-    EXPECT_FALSE(linkStatus.linkConnected || SerialLinkIsOpen() || linkStatus.deviceOnTcpip);
+    EXPECT_EQ(State(), "COM1: " + endpoint + " serial  ");
     EXPECT_EQ(GadgetText(kNoticeText), "Port Changed!\ndisconnecting first.");
-    EXPECT_EQ(Serial() + uploadSettings.picoPort + GadgetText(kPortCombo), "COM1:COM1");
+    EXPECT_EQ(GadgetText(kAddressEntry) + GadgetText(kPortCombo), endpoint + "COM1");
     close(far);
 }
 
@@ -58,17 +55,19 @@ TEST_F(DeviceSpec, RebuiltFromTheGadgets) {
         SetGadgetText(kFamilyCombo, "maximite");
         SetGadgetText(kAddressEntry, "10.0.0.7:4000");
         BuildDeviceSpec();
-        EXPECT_EQ(GadgetText(kSpecEntry), field);
-        return Serial() + ' ' + uploadOptions.familyName + (uploadOptions.noRun ? " norun" : "") +
+        return GadgetText(kSpecEntry).left(8) + '|' + State().section(' ', 0, 2) + ' ' +
+               uploadOptions.familyName + (uploadOptions.noRun ? " norun" : "") +
                (uploadOptions.noNew ? " nonew" : "");
     };
-    EXPECT_EQ(build("S\\pico nonew", "x"), "not set:38400 picomite nonew");  // as typed
-    EXPECT_EQ(build("ip" + QString(64, ' ') + "nonew", ""), ":57600 picomite nonew");
-    EXPECT_EQ(build("ip" + QString(65, ' ') + "nonew", ""), ":57600 picomite");
-    EXPECT_EQ(build("", "ttyUSB1"), "ttyUSB1:57600 maximite");
-    EXPECT_EQ(build("'target port\\C:1 norun syn\\pico", "x"), "x:57600 maximite norun");
-    EXPECT_EQ(build("port\\C:1", "TCPIP"), "x:57600 maximite");
-    EXPECT_EQ(Tcp(), "10.0.0.7:4000");
+    const QString tcp = " localhost:3001 serial ";
+    EXPECT_EQ(build("", "ttyUSB1"), "|ttyUSB1:57600" + tcp + "maximite");
+    EXPECT_EQ(build("S\\pico nonew", "x"), "S\\pico n|ttyUSB1:57600" + tcp + "picomite nonew");
+    const QString blanks(64, ' ');
+    EXPECT_EQ(build("ip" + blanks + "nonew", ""), "ip      |:57600" + tcp + "picomite nonew");
+    EXPECT_EQ(build("ip " + blanks + "nonew", ""), "ip      |:57600" + tcp + "picomite");
+    EXPECT_EQ(build("'target port\\C:1 norun syn\\pico", "x"),
+              "'target |x:57600" + tcp + "maximite norun");
+    EXPECT_EQ(build("port\\C:1", "TCPIP"), "port\\C:1|x:57600 10.0.0.7:4000 tcp maximite");
 }
 
 }  // namespace
