@@ -34,16 +34,15 @@ class ServerThreads : public testing::Test {
         return said == both || said == other + line;
     }
     // On free ports unless told otherwise.
-    void Start(int mode, int dataPort = FreePort(), const char* outcome = "started") {
+    void Start(int mode, int dataPort = FreePort(), const char* outcome = " started") {
         settings.dataPort = dataPort;
         settings.controlPort = FreePort();
         SetTerminalMode(mode);
         StartCapture();
         StartServers();
-        const QString line = "%1 server on port %2 %3";
-        const QString data = line.arg("   Data").arg(dataPort).arg(outcome);
-        const QString control = line.arg("Control").arg(settings.controlPort).arg("started");
-        EXPECT_TRUE(Says(data, control));
+        const QString control = QString::number(settings.controlPort);
+        EXPECT_TRUE(Says("   Data server on port " + QString::number(dataPort) + outcome,
+                         "Control server on port " + control + " started"));
     }
     LocalClient& Connect() {
         clients.emplace_back(settings.dataPort);
@@ -56,11 +55,10 @@ class ServerThreads : public testing::Test {
         client.Write(bytes);
         return Until([&] { return taken.size() >= bytes.size(); }) && taken == bytes;
     }
-    bool Has(LocalClient& client, const std::string& received) {
-        return Until([&] { return client.Read() == received; });
-    }
-    static void DeviceSends(const std::string& bytes) {
+    // What the device sends reaches a client, which then holds all of `received`.
+    bool Reaches(LocalClient& client, const std::string& bytes, const std::string& received) {
         SendToDataClient(bytes.data(), static_cast<int64_t>(bytes.size()));
+        return Until([&] { return client.Read() == received; });
     }
 
     LinkSettings& settings = LinkSettingsForTable();
@@ -84,7 +82,7 @@ TEST_F(ServerThreads, StartLinesAPortInUseAndWhoReachesThem) {
     int held = 0;
     const int holder = ListenLocally(held);
     for (const int port : {held, 65536 + FreePort(), -1}) {
-        Start(kModeTerminal, port, "failed");
+        Start(kModeTerminal, port, " failed");
         EXPECT_TRUE(LocalClient(settings.controlPort).connected);
         Stop();
     }
@@ -99,7 +97,7 @@ TEST_F(ServerThreads, ChunksKeepTheirOrderAndWait) {
     settings.welcomeMessage = "Gruß";
     Start(kModeTerminal);
     LocalClient& client = Connect();
-    EXPECT_TRUE(Has(client, "Gru\xC3\x9F\r\n"));
+    EXPECT_TRUE(Reaches(client, "", "Gru\xC3\x9F\r\n"));
     std::string bytes;
     for (int i = 0; i < 12345; ++i) bytes += static_cast<char>(i * 7);
     EXPECT_TRUE(Takes(client, bytes));
@@ -132,12 +130,10 @@ TEST_F(ServerThreads, TheClientIsTheLastOneHeardOf) {
     LocalClient &first = Connect(), &second = Connect(), &third = Connect();
     EXPECT_TRUE(SocketOption(server.client, IPPROTO_TCP, TCP_NODELAY));
     EXPECT_TRUE(SocketOption(server.client, SOL_SOCKET, SO_KEEPALIVE));  // a dead peer is found
-    DeviceSends("to the last that came");
-    EXPECT_TRUE(Has(third, "to the last that came"));
+    EXPECT_TRUE(Reaches(third, "came last", "came last"));
     hold = true;
     ASSERT_TRUE(Takes(first, "1"));
-    DeviceSends("to the last that sent");
-    EXPECT_TRUE(Has(first, "to the last that sent"));
+    EXPECT_TRUE(Reaches(first, "sent last", "sent last"));
     first.Write("2");
     const LocalClient newcomer(settings.dataPort);
     ReleaseServerWorker(waiting);
@@ -147,11 +143,10 @@ TEST_F(ServerThreads, TheClientIsTheLastOneHeardOf) {
     ReleaseServerWorker(waiting);
     second.Reset();
     ASSERT_TRUE(Says("\x1b[0mNet Disconnected"));
-    DeviceSends("lost");
+    SendToDataClient("lost", 4);
     ASSERT_TRUE(Takes(third, "3"));
-    DeviceSends("!");
-    EXPECT_TRUE(Has(third, "to the last that came!"));
-    EXPECT_EQ(first.Read(), "to the last that sent");
+    EXPECT_TRUE(Reaches(third, "!", "came last!"));
+    EXPECT_EQ(first.Read(), "sent last");
 }
 
 // No send waits for a client that never reads, and what is kept for it is bounded. One
@@ -160,7 +155,7 @@ TEST_F(ServerThreads, ClientsThatMisbehave) {
     Start(kModeHelper);
     for (int i = 0; i < kMostServerClients; ++i) Connect();
     const std::string block(65536, 'x');
-    for (int i = 0; i < 400; ++i) DeviceSends(block);
+    for (int i = 0; i < 400; ++i) SendToDataClient(block.data(), 65536);
     const size_t kept = clients.back().Read().size();
     EXPECT_TRUE(kept >= block.size() && kept < 400 * block.size()) << kept;
     LocalClient further(settings.dataPort);

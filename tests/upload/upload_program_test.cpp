@@ -56,8 +56,7 @@ TEST_F(Upload, SendsTheBytesInThePrescribedTime) {
         line.emplace();
         PutBack(uploadOptions);
         const QString sent = Send(field, source);
-        EXPECT_EQ(sent + '|' + uploadOptions.familyName + (SerialLinkIsOpen() ? "" : "#"), outcome)
-            << field << source;
+        EXPECT_EQ(sent + '|' + uploadOptions.familyName + (SerialLinkIsOpen() ? "" : "#"), outcome);
     }
     line.emplace();
     SetCurrentFile("");
@@ -158,18 +157,15 @@ TEST_F(Upload, PinDialogue) {
 }
 
 TEST_F(Upload, RunsOnEachSimulatedBoard) {
-    const std::pair<const char*, const char*> boards[] = {
-        {"picomite", "s\\picomite"},        {"picomite-6.00", "s\\pico"},
-        {"armmite", "s\\micromite le\\lf"}, {"micromite+", "s\\micromite+ le\\cr"},
-        {"maximite", "s\\maximite"},        {"pi-cromite", "s\\pi le\\crlf"},
-        {"cmm2", "s\\cmm2 file\\sum.bas"}};
+    const char* const program = "' Sum\nFOR I = 1 TO 4\n  A = A + I\nNEXT I\nPRINT \"sum\"; A\n";
+    const char* const boards[][2] = {{"picomite", "s\\picomite"},
+                                     {"armmite", "s\\micromite le\\lf"},
+                                     {"micromite+", "s\\micromite+ le\\cr"},
+                                     {"maximite", "s\\maximite"},
+                                     {"pi-cromite", "s\\pi le\\crlf"},
+                                     {"cmm2", "s\\cmm2 file\\sum.bas"}};
     for (const auto& [name, field] : boards) {
-        simulator::BoardSetup setup;
-        setup.pin = 1234;
-        typed = QStringList("1234");
-        BoardOnLine board(name, clock, setup);
-        const char* const program =
-            "' A loop\nFOR I = 1 TO 4\n  A = A + I\nNEXT I\nPRINT \"sum\"; A\n";
+        BoardOnLine board(name, clock);
         EXPECT_TRUE(Send(field, program, 4).contains("sum 10")) << name << board.Sent();
     }
 }
