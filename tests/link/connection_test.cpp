@@ -159,6 +159,7 @@ int RecordModemLines(int, unsigned long request, int* bits) {
 // A board on USB is silent until DTR is on; the other lines are left as they are.
 TEST_F(ConnectionTest, DtrComesOnAtConnect) {
     InstallModemIoctl(RecordModemLines);
+    modemCalls.clear();
     Connect(port);
     SetSerialDtr();  // a failing look changes nothing
     EXPECT_EQ(modemCalls, "get set 6 get set 6 get ");
