@@ -39,6 +39,11 @@ class Case(unittest.TestCase):
         rest = {k: v for k, v in os.environ.items() if not k.startswith("XDG_")}
         self.environment = dict(rest, HOME=str(self.home), QT_QPA_PLATFORM="offscreen")
 
+    def device(self, description):
+        path = self.folder / "device.umockdev"
+        path.write_text(description)
+        return path
+
     def install(self, *options):
         run("cmake", "--install", PROGRAMS.parent, "--prefix", self.prefix, *options)
 
@@ -48,9 +53,6 @@ class Texts(Case):
         run("desktop-file-validate", *PACKAGING.glob("*.desktop"))
         run("appstreamcli", "validate", "--no-net", PACKAGING / "org.kewlink.console.metainfo.xml")
         run("mandoc", "-T", "lint", "-W", "warning", *PACKAGING.glob("man/*.1"))
-        for shell, script in (("bash", "launcher.sh"), ("sh", "add-to-menu.sh")):
-            run(shell, "-n", PACKAGING / script)
-
         for program in ("boardsim", "kwports", "KWPlot"):
             page = re.sub(r".\x08", "", run("mandoc", "-T", "ascii", PACKAGING / f"man/{program}.1"))
             told, known = (set(re.findall(r"--[a-z-]+", text))
@@ -249,10 +251,8 @@ def own_places(script, *arguments):
 
 class Ports(Case):
     def listed(self, description):
-        path = self.folder / "device.umockdev"
-        path.write_text(description)
         # The preloaded testbed comes before the sanitizer, and LeakSanitizer stops in it.
-        return attempt("umockdev-run", "-d", path, "--", PROGRAMS / "kwports",
+        return attempt("umockdev-run", "-d", self.device(description), "--", PROGRAMS / "kwports",
                        env=dict(os.environ, ASAN_OPTIONS="verify_asan_link_order=0:detect_leaks=0"))
 
     def test_a_board_is_listed_with_what_hangs_on_its_port(self):
@@ -311,11 +311,9 @@ class UdevRules(Case):
         self.assertIn("in any socket  'target s\\picomite port\\KW-A1:115200 le\\cr\n", seen)
 
     def udev(self, description, device):
-        path = self.folder / "device.umockdev"
-        path.write_text(description)
         done = own_places('mkdir -p /run/udev/rules.d && cp "$2" /run/udev/rules.d && '
                           'umockdev-run -d "$3" -- udevadm test --action=add "/sys/devices/$4"',
-                          PACKAGING / "udev/70-kewlink-console.rules", path, device)
+                          PACKAGING / "udev/70-kewlink-console.rules", self.device(description), device)
         self.assertEqual(done.returncode, 0, done.stdout)
         return done.stdout
 
