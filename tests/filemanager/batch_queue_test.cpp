@@ -52,15 +52,16 @@ TEST_F(FileManagerThreads, ListsGoThereAndBack) {
     const QString sent = TakeCapture();
     EXPECT_TRUE(sent.count("Transfer completed OK!") == 2 && sent.contains("Finished"));
     // On the PC a name with folders in it stays in the folder.
-    board->Board().AddFile("games/up.bin", two.toStdString(), 0);
-    BatchReceive("one.bin\ngames/up.bin\n");
+    board->Board().AddFile("games/up.bin", "up", 0);
+    BatchReceive("one.bin\ntwo.bas\ngames/up.bin\n");
     EXPECT_TRUE(linkStatus.quietTerminal);
     CloseFileManager();  // the folder stays what it was
     Poll();
     EXPECT_TRUE(TakeCapture().contains("Finished"));
     EXPECT_FALSE(linkStatus.quietTerminal);
     EXPECT_EQ(ScratchFolder::Get("one.bin"), one + QByteArray(84, '\0'));
-    EXPECT_EQ(ScratchFolder::Get("up.bin"), two + QByteArray(120, '\0'));
+    EXPECT_EQ(ScratchFolder::Get("two.bas"), two + QByteArray(120, '\0'));
+    EXPECT_EQ(ScratchFolder::Get("up.bin"), "up" + QByteArray(126, '\0'));
 }
 
 // Whether the worker still meets its flag or is killed, the next file is not begun.

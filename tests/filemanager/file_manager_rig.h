@@ -19,6 +19,7 @@ class FileManager : public testing::Test {
   protected:
     static inline QString answer;  // of a text, and of the file dialog
     static inline bool yes;        // to a question
+    static inline DialogAnswers answers;
 
     FileManager() {
         OpenNumberedWindow(kMainWindow, 0, 0, 300, 300, "Test", kStandardWindowFlags);
@@ -41,10 +42,7 @@ class FileManager : public testing::Test {
         yes = false;
         StartCapture();
     }
-    ~FileManager() override {
-        AnswerDialogs(nullptr);
-        StopTransferWorkers();
-    }
+    ~FileManager() override { StopTransferWorkers(); }
 
     void PlugIn() {
         board = std::make_unique<BoardOnLine>("picomite", clock);
@@ -77,10 +75,6 @@ class FileManager : public testing::Test {
         for (int row = 0; row < GadgetItemCount(list); ++row) rows += GadgetItemText(list, row);
         return rows.join('|').toStdString();
     }
-    static void Select(int list, const std::vector<int>& rows) {
-        SetGadgetState(list, -1);
-        for (int row : rows) SetGadgetItemSelected(list, row, true);
-    }
     static void Raise(int64_t type, void (*handler)()) {
         InterfaceEvent event;
         event.type = type;
@@ -94,11 +88,12 @@ class FileManager : public testing::Test {
         static const char words[] =
             "send fetch delete folder PC-delete PC-folder view - - - refresh abort - - edit";
         const QString word = step.section(' ', 0, 0);
-        std::vector<int> rows;
-        for (const QString& row : step.split(' ').mid(1)) rows.push_back(row.toInt());
         if (word == "open") return OpenFileManager();
-        Select(kPcList, rows);
-        Select(kDeviceList, rows);
+        for (const int list : {kPcList, kDeviceList}) {
+            SetGadgetState(list, -1);
+            for (const QString& row : step.split(' ').mid(1))
+                SetGadgetItemSelected(list, row.toInt(), true);
+        }
         if (word == "click") return Raise(kTypeLeftClick, DeviceListClicked);
         if (word == "double") return Raise(kTypeLeftDoubleClick, DeviceListClicked);
         TakeEvents();
@@ -135,7 +130,6 @@ class FileManager : public testing::Test {
         }
         EXPECT_EQ(told.join('\n').toStdString(), script.toStdString());
     }
-    DialogAnswers answers;
     TurnsClock clock;
     ScratchFolder scratch;
     const QString folder = scratch.folder.path();

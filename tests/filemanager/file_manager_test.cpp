@@ -42,7 +42,7 @@ TEST_F(FileManager, FlashSlotsAreShownLoadedReadAndErased) {
     Follow(R"(open: 660 ^^<3>files^ -> ..|A:/
 view: 660 ^^<3>flash list^ -> current program|Slot 1 available|Slot 2 available|Slot 3 available
 send: 0
-send 1: 0
+send 0: 0
      [Warning!|Copying to flash slot will also overwrite main memory. Do you want to continue?])");
     EXPECT_EQ(GadgetText(kNoticeText), "Select flash slot or main memory");
     EXPECT_FALSE(SlotUploadArmed());

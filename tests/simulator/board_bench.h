@@ -13,8 +13,7 @@ using namespace simulator;
 
 // ESC sequences of the prompts, as the firmwares send them.
 const std::string kQuiet = "> \x1b[?7h", kLead603 = "\x1b[?25h\x1b[97;40m";
-const std::string kLoud603 = kLead603 + kQuiet, kLoud600 = "\x1b[?25h> ";
-const std::string kLoudCmm2 = "\x1b[?25h\x1b[37m\x1b[m\r\n> ";
+const std::string kLoud603 = kLead603 + kQuiet;
 
 inline bool Has(const std::string& text, const std::string& part) {
     return text.find(part) != text.npos;
