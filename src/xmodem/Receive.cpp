@@ -168,7 +168,6 @@ void StoreBlock(Receiver& r) {
     WorkerPut(kAck);
     ++r.blockByte;
     ++r.blockNumber;
-    r.emptyPolls = 0;
     r.gotBlock = true;
 }
 

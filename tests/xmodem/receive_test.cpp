@@ -97,7 +97,7 @@ TEST_F(ReceiveBench, EndsOfATransfer) {
     } rows[] = {
         {{kEcho, kEot}, kEcho + kDone, open, "", 50},  // no block at all
         {{kEcho}, silence, naks + "\r" + giveUp, none, 10 * 850 + 120},
-        {{kEcho, first, "gone"}, silence, open, none, 60 + 10 * 850 + 120},
+        {{kEcho, "", first, "gone"}, silence, kNak + open, none, 850 + 60 + 10 * 850 + 120},
         {{kEcho, first, cans}, stopped, open + giveUp + cans + kAck, none, 110},
         {{kEcho, "Error"}, early, strays + kNak, none, 3400, 2600},
         // More than the reply to the command can hold: the rest is dropped, and yet the first
