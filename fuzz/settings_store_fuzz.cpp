@@ -9,12 +9,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     std::vector<PreferenceEntry> first, second;
     const bool all = ParsePreferences(DecodePreferences(bytes), &first);
     if (!all && first.size() != kMostPreferenceEntries) abort();
-    const QByteArray written = FormatPreferences(first);
+    const QByteArray written = FormatPreferences(first, kPreferenceGroupSpace);
     ParsePreferences(DecodePreferences(written), &second);
     const auto same = [](const PreferenceEntry& a, const PreferenceEntry& b) {
         return a.kind == b.kind && a.name == b.name && a.value == b.value;
     };
     if (!std::equal(first.begin(), first.end(), second.begin(), second.end(), same)) abort();
-    if (FormatPreferences(second) != written) abort();
+    if (FormatPreferences(second, kPreferenceGroupSpace) != written) abort();
     return 0;
 }

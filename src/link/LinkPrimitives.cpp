@@ -123,7 +123,7 @@ int64_t TakeOffTelnet(uint8_t* bytes, int64_t count) {
     QByteArray refusals;
     const int64_t left = ReadTelnet(telnetPlace.reader, bytes, count, refusals);
     // A peer that does not read must not hold the program up for them.
-    if (LinkRoom() > 0) SendBytes(refusals.constData(), refusals.size());
+    if (!refusals.isEmpty() && LinkRoom() > 0) SendBytes(refusals.constData(), refusals.size());
     return left;
 }
 

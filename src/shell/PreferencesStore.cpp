@@ -17,6 +17,7 @@ constexpr int kLongestNumber = 4096;  // characters that a number is read from
 struct PreferencesStore {
     std::vector<PreferenceEntry> entries;
     QString path;            // where it is written
+    int flags = 0;           // layout
     int group = kBeforeAll;  // entry of the current group
     int position = kBeforeAll;
     QString pendingGroup;  // chosen, but not there yet
@@ -77,24 +78,25 @@ QByteArray WholeLines(const BoundedRead& read) {
     return read.bytes.left(std::max(read.bytes.lastIndexOf('\n'), read.bytes.lastIndexOf('\r')));
 }
 
-void StartStore(const QString& path) {
+void StartStore(const QString& path, int flags) {
     ClosePreferences();
     store.open = true;
     store.path = path;
+    store.flags = flags;
 }
 
 }  // namespace
 
-bool OpenPreferences(const QString& path) {
-    StartStore(path);
+bool OpenPreferences(const QString& path, int flags) {
+    StartStore(path, flags);
     const BoundedRead read = ReadFileUpTo(path, kLargestPreferences);
     ParsePreferences(DecodePreferences(WholeLines(read)), &store.entries);
     store.open = read.opened || FileIsMissing(path);
     return read.opened;
 }
 
-void CreatePreferences(const QString& path) {
-    StartStore(path);
+void CreatePreferences(const QString& path, int flags) {
+    StartStore(path, flags);
     store.dirty = true;
 }
 
@@ -148,7 +150,7 @@ void WritePreferenceString(const QString& key, const QString& value) {
 
 void ClosePreferences() {
     if (store.open && store.dirty) {
-        WriteWholeFile(store.path, FormatPreferences(store.entries));
+        WriteWholeFile(store.path, FormatPreferences(store.entries, store.flags));
     }
     store = PreferencesStore();
 }

@@ -17,10 +17,10 @@
 // Of a file that is longer than kLargestPreferences, or holds more than
 // kMostPreferenceEntries, the store has the head, in whole lines, and so has the file once
 // it is written. What cannot be read is never written: it may hold anything.
-bool OpenPreferences(const QString& path);
+bool OpenPreferences(const QString& path, int flags);
 
 // Starts an empty store that closing writes.
-void CreatePreferences(const QString& path);
+void CreatePreferences(const QString& path, int flags);
 
 // Makes the first group of this name current. False when there is none: reads then give
 // defaults until another group is chosen, and the first write or comment adds the group

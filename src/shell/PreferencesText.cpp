@@ -75,7 +75,7 @@ QString OneLine(QString text) {
     return text.replace('\r', ' ').replace('\n', ' ');
 }
 
-QString FormatEntry(const PreferenceEntry& entry) {
+QString FormatEntry(const PreferenceEntry& entry, int flags) {
     switch (entry.kind) {
         case PreferenceKind::kGroup:
             return "[" + OneLine(entry.name) + "]\n";
@@ -84,7 +84,8 @@ QString FormatEntry(const PreferenceEntry& entry) {
         case PreferenceKind::kKey:
             break;
     }
-    return OneLine(entry.name) + " = " + OneLine(entry.value) + "\n";
+    const QString between = flags & kPreferenceTightKeys ? "=" : " = ";
+    return OneLine(entry.name) + between + OneLine(entry.value) + "\n";
 }
 
 }  // namespace
@@ -114,15 +115,15 @@ bool ParsePreferences(const QString& text, std::vector<PreferenceEntry>* entries
     return true;
 }
 
-QByteArray FormatPreferences(const std::vector<PreferenceEntry>& entries) {
+QByteArray FormatPreferences(const std::vector<PreferenceEntry>& entries, int flags) {
     QString text = "\n";
     bool firstGroup = true;
     for (const PreferenceEntry& entry : entries) {
         if (entry.kind == PreferenceKind::kGroup) {
-            if (!firstGroup) text += '\n';
+            if (!firstGroup && flags & kPreferenceGroupSpace) text += '\n';
             firstGroup = false;
         }
-        text += FormatEntry(entry);
+        text += FormatEntry(entry, flags);
     }
     return kByteOrderMark + text.toUtf8();
 }

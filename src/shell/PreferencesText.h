@@ -1,6 +1,5 @@
 // The text form of a preferences file. A group line is "[", the name, "]"; a comment line
-// ";", a blank, the text; a key line the key, " = ", the value. An empty line stands before
-// every group but the first. Pure; any thread.
+// ";", a blank, the text; a key line the key, " = ", the value. Pure; any thread.
 #pragma once
 
 #include <QByteArray>
@@ -11,6 +10,10 @@
 // 31 commands of the history, each of which holds what fits into a text entry.
 constexpr int kLargestPreferences = 8 * 1024 * 1024;  // bytes read of a file
 constexpr int kMostPreferenceEntries = 10000;
+
+// Flags of a file's layout, summed.
+constexpr int kPreferenceTightKeys = 1;   // "=" without blanks; not used by the program
+constexpr int kPreferenceGroupSpace = 2;  // an empty line before every group but the first
 
 enum class PreferenceKind { kGroup, kComment, kKey };
 
@@ -31,4 +34,4 @@ bool ParsePreferences(const QString& text, std::vector<PreferenceEntry>* entries
 
 // The file's bytes, from the byte-order mark on. A CR or LF inside a name or value would
 // end its line and make a line of its own of the rest; each is written as a blank.
-QByteArray FormatPreferences(const std::vector<PreferenceEntry>& entries);
+QByteArray FormatPreferences(const std::vector<PreferenceEntry>& entries, int flags);

@@ -121,7 +121,7 @@ void LoadFixedFonts() {
 }  // namespace
 
 void LoadSettings() {
-    OpenPreferences(SettingsPath());
+    OpenPreferences(SettingsPath(), kPreferenceGroupSpace);
     LoadRows();
     ClosePreferences();
     GiveLiveValues();
@@ -131,7 +131,7 @@ void LoadSettings() {
 
 void SaveSettings() {
     TakeLiveValues();
-    CreatePreferences(SettingsPath());
+    CreatePreferences(SettingsPath(), kPreferenceGroupSpace);
     SaveRows();
     ClosePreferences();
 }

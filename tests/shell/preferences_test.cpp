@@ -89,6 +89,7 @@ TEST_F(PreferencesStore, ReadsAndPutsThingsWhereTheyBelong) {
         QByteArray before;
         QString steps, read;
         QByteArray after;
+        int flags = kPreferenceGroupSpace;
     } rows[] = {
         {groups, "EARLY?|[one|KEY?|z?|[missing|key?|[Two|n?", "1/1 a/0 -/9 none -/9 12x/12 ",
          groups},  // not dirty: not touched
@@ -100,24 +101,25 @@ TEST_F(PreferencesStore, ReadsAndPutsThingsWhereTheyBelong) {
          "[A]\nk = 1\nl = 2\n; behind l\n\n[B]\nm = 3\n\n[C]\n; heads C\nn = 4\n"},
         {text, ";", "", "; \n[A]\nk = 1\nl = 2\n\n[B]\nm = 3\n"},
         {"", "k=a\r\n[C]|[A\n|;b\n[D]", "none ", "k = a  [C]\n[A ]\n; b [D]\n"},  // none is forged
-        {text + "junk\n", "top=1", "", "top = 1\n[A]\nk = 1\nl = 2\n\n[B]\nm = 3\njunk = \n"},
+        {text + "junk\n", "top=1", "", "top=1\n[A]\nk=1\nl=2\n[B]\nm=3\njunk=\n",
+         kPreferenceTightKeys},
     };
     for (const auto& row : rows) {
         ScratchFolder::Put(kFile, row.before);
-        EXPECT_TRUE(OpenPreferences(kFile));
+        EXPECT_TRUE(OpenPreferences(kFile, row.flags));
         EXPECT_EQ(Take(row.steps), row.read);
         EXPECT_EQ(ScratchFolder::Get(kFile).replace("\xEF\xBB\xBF\n", ""), row.after);
     }
 }
 
 TEST_F(PreferencesStore, ShrinksGrowsAndCreates) {
-    EXPECT_FALSE(OpenPreferences(kFile));
+    EXPECT_FALSE(OpenPreferences(kFile, 0));
     Take("[A");
     EXPECT_FALSE(QFile::exists(kFile));  // nothing changed, nothing made
-    OpenPreferences(kFile);
+    OpenPreferences(kFile, 0);
     Take("[A|;new");
     EXPECT_EQ(ScratchFolder::Get(kFile), QByteArray(kMark) + "\n[A]\n; new\n");
-    CreatePreferences(kFile);
+    CreatePreferences(kFile, 0);
     EXPECT_EQ(ScratchFolder::Get(kFile), QByteArray(kMark) + "\n[A]\n; new\n");
     ClosePreferences();
     EXPECT_EQ(ScratchFolder::Get(kFile), QByteArray(kMark) + "\n");
@@ -129,18 +131,18 @@ TEST_F(PreferencesStore, SpoiledFilesNeitherBlockNorGetLost) {
     mkfifo("pipe", 0666);
     QDir().mkdir("folder");
     for (const char* path : {"pipe", "folder", "/dev/zero", "pipe/below", ""}) {
-        EXPECT_FALSE(OpenPreferences(path)) << path;
+        EXPECT_FALSE(OpenPreferences(path, 0)) << path;
         Take(";new");
-        CreatePreferences(path);
+        CreatePreferences(path, 0);
         ClosePreferences();
     }
     const QByteArray tooLong = "k = 12\nrest = " + QByteArray(kLargestPreferences, 'x') + "\nl=3\n";
     ScratchFolder::Put(kFile, tooLong);
     for (const rlim_t room : {2, INT_MAX}) {
         const DiskFull full(room);
-        CreatePreferences(room == 2 ? kFile : "");
+        CreatePreferences(room == 2 ? kFile : "", 0);
         ClosePreferences();
-        EXPECT_TRUE(OpenPreferences(kFile));
+        EXPECT_TRUE(OpenPreferences(kFile, 0));
         EXPECT_EQ(Take("k?|rest?|k=1"), "12/12 -/9 ");  // no half line
         const QByteArray written = QByteArray(kMark) + "\nk = 1\n";
         EXPECT_TRUE(ScratchFolder::Get(kFile) == (room == 2 ? tooLong : written));
@@ -157,7 +159,7 @@ TEST_F(PreferencesStore, FileRightsAreHonoured) {
     for (const mode_t mode : {0444, 0222}) {
         chmod(kFile, mode);
         ASSERT_EQ(setresuid(nobody, nobody, same), 0);
-        EXPECT_EQ(OpenPreferences(kFile), mode == 0444);
+        EXPECT_EQ(OpenPreferences(kFile, 0), mode == 0444);
         EXPECT_EQ(Take("k?|k=2"), mode == 0444 ? "1/1 " : "-/9 ");
         ASSERT_EQ(setresuid(self, self, same), 0);
     }
