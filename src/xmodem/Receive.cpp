@@ -168,6 +168,7 @@ void StoreBlock(Receiver& r) {
     WorkerPut(kAck);
     ++r.blockByte;
     ++r.blockNumber;
+    r.emptyPolls = 0;
     r.gotBlock = true;
 }
 
