@@ -112,6 +112,7 @@ const Script kScripts[] = {
     {"A" + C + "1;;50t", " 1,1 size 50x5"},
     {C + "8;20;60tx" + C + "8;21;61t\n" + C + "31mred", "|red. 4,2 size 61x21 pen 0 cd 0"},
     // Graphic rendition: what does not fit is left out, what stands behind three numbers too.
+    {C + "0;9;39;49;7;31;42;4m", " 1,1 pen 2 cd cd00"},
     {C + "38;2;1;2;3;7m", " 1,1 pen 0 30201 0"},
     {C + "7;48;2;255;0;300m", " 1,1 pen 4 ffffff 2c00ff"},  // beyond 255 the upper bits are lost
     {C + "38;5;31;1m", " 1,1 pen 1 cd 0"},                  // the index counts as a code

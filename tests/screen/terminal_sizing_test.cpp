@@ -32,6 +32,8 @@ TEST(TerminalSizing, AsksForASize) {
     EXPECT_EQ(State(), " 1,1 size 60x20");
     RestoreDefaultTerminalSize();
     EXPECT_EQ(State(), " 1,1");
+    EXPECT_EQ(TerminalPicture().pixel(1, 1), 0xFF000000);
+    Feed("text\n");
     SwitchDarkBackground();
     EXPECT_EQ(State(), " 1,1 pen 0 0 ffffff pending ffffff 0");
     EXPECT_EQ(TerminalPicture().pixel(1, 1), 0xFFFFFFFF);
@@ -47,7 +49,7 @@ TEST(TerminalSizing, StrangeSettingsAreHeld) {
     settings.extraLinePixels = -(1 << 30);
     SetUpTerminal();
     EXPECT_EQ(PairText("", terminalScreen.cols, "x", terminalScreen.rows), "101x256");
-    EXPECT_EQ(terminalMetrics.charHeight, 1);
+    EXPECT_EQ(PairText("", terminalMetrics.charHeight, " of ", TerminalLineCount()), "1 of 257");
     Feed("A\n\nB\x1bM\x1bM");
     EXPECT_FALSE(TerminalPicture().isNull());
 }
