@@ -105,11 +105,11 @@ TEST(CanvasPicture, IsThereAtOnceAndShowsItsPixelsAsTheyAre) {
         StopDrawing();
     };
     draw();
-    TakeEvents();
     const QImage drawn = CanvasPicture(kCanvas);
     ResizeGadget(kCanvas, kKeep, kKeep, 250, kKeep);
     EXPECT_EQ(CanvasPicture(kCanvas).size(), QSize(250, 100));
     EXPECT_EQ(CanvasPicture(kCanvas).copy(0, 0, 200, 100), drawn);
+    TakeEvents();
     PBCanvasWidget* const canvas = FindCanvas(kCanvas);
     for (const double scale : {1.25, 1.5, 2.0}) {
         QImage screen(600, 300, QImage::Format_RGB32);
