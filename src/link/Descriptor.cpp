@@ -11,6 +11,7 @@
 
 int AboveStandardStreams(int fd) {
     if (fd < 0) return 0;
+    if (fd >= kLowestLinkDescriptor) return fd;
     const int above = fcntl(fd, F_DUPFD_CLOEXEC, kLowestLinkDescriptor);
     close(fd);
     return std::max(above, 0);

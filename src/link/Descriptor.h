@@ -9,9 +9,9 @@
 // below this a library's stray message would go to the device.
 constexpr int kLowestLinkDescriptor = 3;
 
-// A duplicate of `fd` from kLowestLinkDescriptor on, with `fd` closed: that stands below when
-// the program was started with a standard stream closed. 0 for an `fd` below 0 and when no
-// duplicate can be had. Any thread.
+// `fd` itself, or, when it stands below kLowestLinkDescriptor because the program was
+// started with a standard stream closed, a duplicate above, with `fd` closed. 0 for an
+// `fd` below 0 and when no duplicate can be had. Any thread.
 int AboveStandardStreams(int fd);
 
 // An open descriptor, closed when the last who holds it lets go.

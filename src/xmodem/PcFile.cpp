@@ -55,6 +55,7 @@ bool PcFile::Keep() {
 
 void PcFile::Remove() {
     Close();
+    beside.reset();
     if (created) unlink(path.toUtf8().constData());
 }
 
