@@ -290,20 +290,24 @@ TEST_F(Routes, OfTheHelpWindow) {
 // The mouse belongs to the selection or to the device.
 TEST_F(Routes, OfThePointer) {
     QWidget* const canvas = WidgetOfGadget(kTerminalCanvas);
-    const auto drag = [&] {
+    const auto drag = [&](int from, int modeAtRelease) {
         SetClipboardText("old");
         Press(canvas, {3, 3}, Qt::LeftButton);
-        for (int x : {7, 52}) Move(canvas, {x, 3}, Qt::LeftButton);
+        for (int x : {from, 52}) Move(canvas, {x, 3}, Qt::LeftButton);
+        Drain();
+        SetMouseMode(modeAtRelease);
         Release(canvas, {52, 3}, Qt::LeftButton);
         Move(canvas, {90, 3}, Qt::NoButton);
         Drain();
         return device.Read() + ClipboardText().toStdString();
     };
-    EXPECT_EQ(drag(), "n12");
+    EXPECT_EQ(drag(7, 0), "n12");
     SetMouseMode(2);
-    EXPECT_EQ(drag(), "\x1b[M '!old");
+    EXPECT_EQ(drag(7, 2), "\x1b[M '!old");
     SetMouseMode(0);
-    EXPECT_EQ(drag(), "n12");
+    EXPECT_EQ(drag(15, 2), "\x1b[M '!old");  // what was begun is not finished
+    SetMouseMode(0);
+    EXPECT_EQ(drag(15, 0), "12");
     SetMouseMode(1);
     Turn(canvas, 120);
     EXPECT_EQ(device.Read(), "\x1b[A");
