@@ -1,12 +1,9 @@
 // The editor with its real windows, driven by keys, and answers in place of the dialogs.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QPrinter>
 #include <QtNetwork>
 #include <QtTest>
-#include <QtWidgets>
 #include <thread>
 
 #include "editor/BasicIndex.h"
@@ -17,11 +14,7 @@
 #include "tests/support/ScratchFolder.h"
 
 inline bool Until(const std::function<bool()>& holds) {
-    QElapsedTimer timer;
-    for (timer.start(); timer.elapsed() < 20000 && !holds();) {
-        QApplication::processEvents(QEventLoop::AllEvents, 20);
-    }
-    return holds();
+    return QTest::qWaitFor(holds, 20000);
 }
 
 class EditorBench : public testing::Test {

@@ -97,10 +97,9 @@ TEST_F(WithConsole, ReadsThePortsOfItsSettings) {
     const std::pair<const char*, const char*> rows[] = {
         {"\xef\xbb\xbf\n[Network]\nIP control port = 5\nKWedit control port=6\nIP Data Port = 7\n",
          "5 7 6"},
-        {"[x]\nIP control port = 5\n[network]\r\nip CONTROL port = 65536\r\n", "50899 50900 6832"},
-        {nullptr, "50899 50900 6832"}};
+        {"[x]\nIP control port = 5\n[network]\r\nip CONTROL port = 65536\r\n", "50899 50900 6832"}};
     for (const auto& [settings, read] : rows) {
-        const auto ports = ReadConsolePorts(settings ? Write("i", settings) : "none");
+        const auto ports = ReadConsolePorts(Write("i", settings));
         EXPECT_EQ(QString("%1 %2 %3").arg(ports.control).arg(ports.data).arg(ports.editor), read);
     }
 }

@@ -17,12 +17,8 @@ namespace {
 const bool startState = KeepStartState(PutBackHelp);
 
 bool ShowsTitle(const char* title) {
-    const auto shown = [&] {
-        for (QWidget* widget : QApplication::allWidgets())
-            if (widget->inherits("QWebView")) return widget->property("title") == title;
-        return false;
-    };
-    return ServeUntil(shown, [](int32_t) {});
+    const QWidget* const view = WidgetOfGadget(kHelpWebView);
+    return ServeUntil([=] { return view->property("title") == title; }, [](int32_t) {});
 }
 
 TEST(Help, AddressesAndAboutText) {
@@ -61,8 +57,7 @@ TEST(Help, TheWindowStandsWhereItWasLeft) {
 }
 
 TEST(Help, PagesThroughTheirHistory) {
-    const ScratchFolder working;
-    const QTemporaryDir folder(working.folder.filePath("hélp pages XXXXXX"));
+    const QTemporaryDir folder(QDir::tempPath() + "/hélp pages XXXXXX");
     ShowHelpViewer();
     for (const char* page : {"one", "two"}) {
         const QString path =

@@ -2,11 +2,9 @@
 #pragma once
 
 #include <QtTest>
-#include <QtWidgets>
 #include <csignal>
 #include <thread>
 
-#include "base/Pacing.h"
 #include "tests/support/Chosen.h"
 #include "tests/support/Gestures.h"
 #include "tests/support/ScratchFolder.h"
@@ -25,10 +23,8 @@
 #include "ui/gadgets/ScrollBarGadget.h"
 #include "ui/gadgets/SplitterGadget.h"
 #include "ui/gadgets/TextGadget.h"
-#include "ui/windows/Dialogs.h"
 #include "ui/windows/DragDrop.h"
 #include "ui/windows/FileDialogs.h"
-#include "ui/windows/MenuItem.h"
 #include "ui/windows/Notice.h"
 
 using UiTest = WithWindow;
