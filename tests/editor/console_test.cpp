@@ -69,7 +69,7 @@ TEST_F(WithConsole, StartsOneWhenNoneAnswers) {
 TEST_F(WithConsole, OpensWhatItPutOnTheClipboard) {
     editor->OpenAll({});
     QApplication::clipboard()->setText("10 PRINT\r\n20 END\r\n");
-    for (const char* junk : {"/load x\r", "\r", "/pasted\n"}) Send(junk);
+    for (const char* junk : {"/load x\r", "/pasted\n"}) Send(junk);
     Send(QByteArray(100000, '/'));
     EXPECT_TRUE(Window().IsPristine());
     Tool slow(setup.ports.editor, "/PA");

@@ -45,12 +45,13 @@ class TerminalPainting : public testing::Test {
 // plain, and all follow the user's choice. The cursor leaves the background as it was stored,
 // which an inverse cell does not show.
 TEST_F(TerminalPainting, AWrittenRowInTheFontsOfTheUsersChoice) {
+    TerminalSettingsForTable().fontName = "Liberation Sans";
     Open(12, 4);
     static bool accepted;
     accepted = false;
     DialogAnswers answers;
     answers.font = [](const QString& name, int size) {
-        EXPECT_EQ(name + QString::number(size), "Liberation Mono9");
+        EXPECT_EQ(name + QString::number(size), "Liberation Sans9");
         return FontChoice{accepted, "Liberation Mono", 13};
     };
     AnswerDialogs(&answers);
@@ -76,7 +77,6 @@ TEST_F(TerminalPainting, AWrittenRowInTheFontsOfTheUsersChoice) {
     Feed("\x1b[2;5H\x1b[1K\x1b[3;12H\x1b[K");
     Box(0, Y(2), 4 * width, height, kWhite);
     Box(X(12), Y(3), width + 2, height, kWhite);
-    EXPECT_TRUE(SheetShows());
     Feed("\x1b[2;9H");
     bar(9, kWhite);
     NotifyCursorBlink();
@@ -84,9 +84,8 @@ TEST_F(TerminalPainting, AWrittenRowInTheFontsOfTheUsersChoice) {
     bar(9, kBlack);
     EXPECT_TRUE(SheetShows());
     Feed("\x1b[2;7H\x1b[?25l");  // goes out, and comes no more while it is off
-    for (int i = 0; i < 3; ++i) NotifyCursorBlink();
     for (const int column : {7, 9}) bar(column, kWhite);
-    EXPECT_TRUE(SheetShows());
+    for (int i = 0; i < 3; ++i) EXPECT_TRUE((NotifyCursorBlink(), SheetShows()));
 }
 
 // The picture moves, and the rows that are drawn anew stand at the top of theirs, up to the

@@ -62,9 +62,7 @@ const Script kScripts[] = {
     // Text, controls, the right margin.
     {"A\bB", "B. 2,1"},
     {"A\a\x7f.", "A\a .. 5,1"},
-    {"AB\nCD\n\nE", "AB.|CD.||E. 2,4"},
-    {"123456\tX", "123456       X. 15,1"},
-    {"1234567\tX", "1234567X. 9,1"},
+    {"123456\tX\n1234567\tX", "123456       X.|1234567X. 9,2"},
     {"123456789012345678901234", "12345678901234567894 20,1"},
     // ESC and what follows: only "[", "D", "M" and ESC leave the state.
     {"A" + E + "7B" + E + "8C" + E + "cD[D" + C + "0mE", ".[DE. 5,1 view 1/1"},
@@ -72,23 +70,16 @@ const Script kScripts[] = {
     {C + "5;5HA" + C + "A" + C + "B" + C + "C" + C + "DB", "||||....AB. 7,5"},
     {C + "3;3H" + C + "1A" + C + "2DX" + C + "9BY" + C + "99CZ" + C + "99DW",
      "|X.|||WY.................Z 2,5"},
-    {C + "99;99fX" + C + "HY", "Y.||||...................X 2,1"},
-    {C + "3;1;;;;;;;;4;5HX", "||X. 2,3"},
-    // Values wrap in 64 bits: minus one moves the other way.
-    {C + "3;3HA" + C + "18446744073709551615BB" + C + "18446744073709551615D" + C +
-         "18446744073709551615AC",
-     "|...B.|..A..C. 7,3"},
-    {C + "z" + C + "!pA" + C + "\nB", "pAB. 4,1"},
+    {C + "99;99;;;;;;;4;5fX" + C + "HY", "Y.||||...................X 2,1"},
     // Erasing.
-    {"ABCDEF" + C + "3D" + C + "K", "ABC. 4,1"},
-    {"ABCDEF" + C + "3D" + C + "1K", "...DEF. 4,1"},
-    {"ABCDEF" + C + "3D" + C + "2KX", "ABCXE 5,1"},
-    {"AA\nBB\nCC\nDD" + C + "2;2H" + C + "J", "AA.|B. 2,2"},
+    {"ABCDEF" + C + "3D" + C + "K\nABCDEF" + C + "3D" + C + "1K\nABCDEF" + C + "3D" + C + "2KX",
+     "ABC.|...DEF.|ABCXE 5,3"},
+    {"AA\nBB\nCC\nDD\nEE" + C + "2;2H" + C + "J", "AA.|B. 2,2"},
     {"AA\nBB\nCC\nDD" + C + "4;2H" + C + "1J", "|BB.|CC.|.D. 2,4"},
     {"ABCD" + C + "1;2H" + C + "1J", ".BCD. 2,1"},
     {"AA\nBB\nCC" + C + "2;2H" + C + "2J" + C + "7J", " 2,2"},
-    // Private sequences.
-    {C + "?JKmA\n\ahB", "B. 2,1"},
+    // Unknown and private sequences.
+    {C + "z" + C + "!pA" + C + "\nB" + C + "?JKmA\n\ahC", "pABC. 5,1"},
     // ESC leaves the slots above the second as they were.
     {C + "7;7;31?" + E + "[;;mA", "A. 2,1 pen 0 cd 0"},
     {C + "7;7;31?" + E + E + "[;;mA", "A. 2,1"},
@@ -97,9 +88,7 @@ const Script kScripts[] = {
     {"A\r\nB\rC\nD\r\rE", "A.|B.|CD.||E. 2,5", "CR"},
     {"A\r\nB\rC\nD", "A.|BC.|D. 2,3", "LF"},
     {C + "2\r;3HA", "|..A. 4,2", "LF"},
-    {C + "1\r\nA", "|A. 2,2", "other"},
     // Tab stops of any value.
-    {"A\tB", "AB. 3,1", "CRLF", 0},
     {"A\tB", "A  B. 5,1", "CRLF", -3},
     {string(2000, '\t') + "Z", "                   Z 20,1", "CRLF", 2147483647},
     // The colours in force fall back at each scroll; the pending ones come back with the next
@@ -110,30 +99,20 @@ const Script kScripts[] = {
     {C + "8;9999999;4t", " 1,1 size 4x256"},
     {C + "8;4;9999999t", " 1,1 size 256x4"},
     {"A" + C + "1;;50t", " 1,1 size 50x5"},
-    {C + "8;20;60tx" + C + "8;21;61t\n" + C + "31mred", "|red. 4,2 size 61x21 pen 0 cd 0"},
     // Graphic rendition: what does not fit is left out, what stands behind three numbers too.
     {C + "0;9;39;49;7;31;42;4m", " 1,1 pen 2 cd cd00"},
-    {C + "38;2;1;2;3;7m", " 1,1 pen 0 30201 0"},
     {C + "7;48;2;255;0;300m", " 1,1 pen 4 ffffff 2c00ff"},  // beyond 255 the upper bits are lost
-    {C + "38;5;31;1m", " 1,1 pen 1 cd 0"},                  // the index counts as a code
     {C + "0;0;0;0;38;2;9;8;7m", " 1,1 pen 0 70809 0"},      // the last place where it fits
-    {C + "0;0;0;0;0;48;2;9;8;7m", " 1,1"},
-    {C + "4294967327;1m", " 1,1 pen 1 ffffff 0"},  // not 31
     // The view, and the scroll bar with it.
     {"1\n2\n3\n4\n5\n6" + E + "M" + E + "DX", "2.|3.|4.|5.|6X. 3,5 view 1/1"},
     // Replies: one event, the latest place.
     {C + "5n" + C + "n" + C + "62n", " 1,1"},
     {C + "6n" + C + "3;12H" + C + "06n", " 12,3 reply [3;12R by 1"},
-    // Private finals read the working slot: digits on both sides of "?" make one number.
-    {C + "?25l" + C + "2?5h", " 1,1"},
-    {C + "?1000h", " 1,1 mouse 3"},
     {C + "?1000h" + C + "?9l", " 1,1"},
-    {C + "?25lX" + C + "?9h", "X. 2,1 hidden mouse 3"},
+    {C + "?25lX" + C + "?1000h", "X. 2,1 hidden mouse 3"},
     {C + ";;;;;;;;?h", " 1,1 mouse 3"},  // without a digit the count of parameters
     // The plain view ends lines whatever the line ending is.
     {"a\r\nb\rc\n\r\nd", "a.|b.|c.||d. 2,5", "LF", 8, TerminalPrintRaw},
-    {C + "7mX\a\t\b", C + "7mX\a\t\b. 9,1", "LF", 8, TerminalPrintRaw},
-    {"\xC3\xA9\xFFx", " 1,1", "CR", 8, TerminalPrintRaw},  // the whole block is no text
     {string("ab\xC3\0c", 5), "ab. 3,1", "CR", 8, TerminalPrintRaw},
     {"1\n2\n3\n4\nfive\nsix\n", "3.|4.|five.|six. 1,5 view 2/2", "CR", 8, TerminalPrintRaw},
     // The hex view goes on in its row behind a clear, and is held at a narrow terminal's edge.
@@ -142,13 +121,10 @@ const Script kScripts[] = {
      ".3A.40.41.42.43.44.45.46...7F.80.FE.FF................:@ABCDEF..\x7f\x80\xFE\xFF. 69,2 "
      "size 80x5",
      "CR", 8, TerminalHexDump, 80},
-    {"abcde",
-     ".......................................61.62.63.64..................abcd.|.65................"
-     "..."
-     "................................e. 56,2 size 80x5",
-     "CR", 8, TerminalHexDump, 80},
-    {"123456789abcdef", "....31.32.33.34.35.36.37...38.39.61.62.6 40,2 size 40x5", "CR", 8,
-     TerminalHexDump, 40},
+    {"123456789abcdef",
+     ".......................................4|.35.36.37.38.39.61.62.63...64.65.66..... 40,2 size "
+     "40x5",
+     "CR", 8, TerminalHexDump, 40},
 };
 
 // Whatever the cut, the state at the end is the same. Not so where it is meant: a BS that

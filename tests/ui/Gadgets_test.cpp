@@ -147,9 +147,6 @@ TEST_F(Gadgets, TextEntriesTellOfTypingAndOfTheFocus) {
         Key(WidgetOfGadget(42), 0, QString::fromUtf8(key));
     EXPECT_EQ(GadgetText(41) + GadgetText(42), "10.0.0.1:3001719");
     EXPECT_EQ(Heard(kEventGadget), "3 0 42 256|3 0 42 512|3 0 42 768|");
-    Click(WidgetOfGadget(42));
-    Release(WidgetOfGadget(42), QPoint(5, 5), Qt::RightButton);
-    EXPECT_EQ(Heard(kEventRightButtonUp), "16 0 -1 0|");
 }
 
 // It stands above the items, which are told by exact case.
