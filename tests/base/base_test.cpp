@@ -33,29 +33,22 @@ TEST(DocumentsFolder, FollowsTheDesktopsFile) {
 }
 
 TEST(TextRules, IntegersFollowStrtolAndTheDollarPrefix) {
-    const std::pair<const char*, int64_t> rows[] = {{"", 0},
-                                                    {"x12", 0},
-                                                    {"12x", 12},
-                                                    {"  -7 ", -7},
-                                                    {"$FF", 255},
-                                                    {"\t $0000CD", 205},
-                                                    {"$", 0},
-                                                    {"$zz", 0},
-                                                    {"12.9", 12},
-                                                    {"+5", 5},
-                                                    {"99999999999999999999", INT64_MAX},
-                                                    {"-99999999999999999999", INT64_MIN}};
-    for (const auto& [text, value] : rows) EXPECT_EQ(TextToInteger(text), value) << text;
+    QStringList values;
+    for (const char* text : {"", "x12", "12x", "  -7 ", "$FF", "\t $0000CD", "$", "$zz", "12.9",
+                             "+5", "99999999999999999999", "-99999999999999999999"})
+        values += QString::number(TextToInteger(text));
+    EXPECT_EQ(values.join(' '),
+              "0 0 12 -7 255 205 0 0 12 5 9223372036854775807 -9223372036854775808");
     EXPECT_EQ(TextToInteger32("4294967297"), 1);
     EXPECT_EQ(TextToInteger(QString(1000000, '9')), INT64_MAX);
 }
 
 TEST(TextRules, PartsOfTexts) {
-    const QStringList parts = {
-        FieldOf("a|b||d", 2, '|'), FieldOf("a|b||d", 3, '|'), FieldOf("a|b||d", 5, '|'),
-        FieldOf("a|b", 0, '|'),    TrimBlanks("  \ta b\t  "), TrimBlanksAndTabs(" \ta b\t "),
-        TrimBlanks("   "),         ExtensionPart("a.b/.c"),   ExtensionPart("a.b/c")};
-    EXPECT_EQ(parts.join('/'), "b////\ta b\t/a b//c/");
+    const QString fields = "a|b||d";
+    QString parts = TrimBlanks("   ") + ExtensionPart("a.b/.c") + ExtensionPart("a.b/c");
+    for (const int index : {0, 2, 3, 5}) parts += FieldOf(fields, index, '|') + '/';
+    EXPECT_EQ(parts + TrimBlanks("  \ta b\t  ") + '/' + TrimBlanksAndTabs(" \ta b\t "),
+              "c/b///\ta b\t/a b");
     SetLineEnding("lf");
     EXPECT_EQ(lineEnding.name + lineEnding.bytes, "lf\r\n");
 }

@@ -34,9 +34,7 @@ TEST(Console, TypedLines) {
     const std::string row(80, 'a'), mark = " \b";
     bench.Follow({
         {"x=1\r\n", 1, "x=1\r\n" + kQuiet + "\r\n" + kQuiet},  // two line ends, two prompts
-        {"a\xc3\xa9\x01"
-         "b\tc\t",
-         1, "ab  c "},  // 0x20 to 0x7e; a tab to a multiple of two
+        {"a\xc3\xa9\001b\tc\t", 1, "ab  c "},  // 0x20 to 0x7e; a tab to a multiple of two
         {"\x03", 1, kLead603 + "\r\n" + kQuiet},
         {std::string(300, 'a'), 1, row.substr(2) + mark + row + mark + row + mark + row.substr(64)},
         {"\x03", 1, kLead603 + "\r\n" + kQuiet},
@@ -49,6 +47,7 @@ TEST(Console, TypedLines) {
         {"RUN\r", 9, "RUN\r\n"},
         {"PRINT 5\r", 9, ""},
         {"\x03", 9, kLoud603},  // at once, and what waited is gone
+        {"INPUT \"n\";a$\r", 9, "INPUT \"n\";a$\r\nn? "},
     });
 }
 

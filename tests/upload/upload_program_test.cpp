@@ -143,10 +143,8 @@ TEST_F(Upload, PinDialogue) {
         typed = QStringList("12");
         const int time = 360 * steps + (accepted ? 3 * 20 + 1200 : 0);
         const QString sent = Send("norun", "A");
-        EXPECT_EQ(sent, QString::number(time) +
-                            "|\3"
-                            "12^" +
-                            (accepted ? "NEW^AUTOSAVE^A^\x1a" : ""));
+        EXPECT_EQ(sent,
+                  QString::number(time) + "|\00312^" + (accepted ? "NEW^AUTOSAVE^A^\x1a" : ""));
         EXPECT_TRUE(Printed(9)
                         .section("Sending PIN|", -1)
                         .startsWith(accepted ? "PIN accepted|NEW" : "Wrong PIN|Aborting upload"))
