@@ -9,7 +9,6 @@
 
 #include "base/WholeFile.h"
 #include "tests/support/DiskFull.h"
-#include "tests/support/MemoryScan.h"
 #include "tests/support/ScratchFolder.h"
 
 namespace {
@@ -54,17 +53,6 @@ TEST(EncodedSources, AreThoseOfTheDocument) {
         EXPECT_EQ(Open(file, vector[0] + ' ', plain), EncodedFault::kRefused);
         EXPECT_EQ(plain + typed.toUtf8(), "");
     }
-}
-
-TEST(EncodedSources, LeaveNoPassphraseInMemory) {
-    EXPECT_EQ(sodium_init(), 1);  // done before anything else of the library was called
-    const char disguised[] = "b!mpoh!qbtt!qisbtf";
-    const char* const end = disguised + 9;  // memory's owner writes over what it gets back
-    QString typed = TextFromSecret(Undisguised(disguised));
-    SecretBytes passphrase = TakePassphrase(typed);
-    EXPECT_TRUE(MemoryHolds(end));
-    passphrase = SecretBytes();
-    EXPECT_FALSE(MemoryHolds(end));
 }
 
 // Whatever is done to a file, nothing of its text comes out.

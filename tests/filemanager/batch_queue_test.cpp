@@ -52,7 +52,7 @@ TEST_F(FileManagerThreads, ListsGoThereAndBack) {
     const QString sent = TakeCapture();
     EXPECT_TRUE(sent.count("Transfer completed OK!") == 2 && sent.contains("Finished"));
     // On the PC a name with folders in it stays in the folder.
-    board->Board().AddFile("games/up.bin", "up", 0);
+    board.AddFile("games/up.bin", "up", 0);
     BatchReceive("one.bin\ntwo.bas\ngames/up.bin\n");
     EXPECT_TRUE(linkStatus.quietTerminal);
     CloseFileManager();  // the folder stays what it was
@@ -81,23 +81,25 @@ TEST_F(FileManagerThreads, AbortEmptiesTheQueues) {
 
 // What is asked of the device, where it goes on the PC, and what "Abort" leaves.
 TEST_F(FileManagerThreads, FetchesWhatTheRowsName) {
-    const char* const rows[][3] = {
-        {"picomite", "10:07 21-06-2025       1234  a b.bas", "a b.bas"},
-        {"maximite", "PROG.BAS 1234", "PROG.BAS"},
-        {"cmm2", "10:07 21-06-2025       1234  prog.bas", "prog.bas"},
-    };
+    const char* const rows[][2] = {{"picomite", "10:07 21-06-2025       1234  a b.bas"},
+                                   {"maximite", "PROG.BAS 1234"},
+                                   {"cmm2", "10:07 21-06-2025       1234  prog.bas"}};
     QDir().mkdir("sub");
-    for (const auto& [family, row, name] : rows) {
+    QString asked;
+    for (const auto& [family, row] : rows) {
         SetGadgetText(kFamilyCombo, family);
         StartDeviceRows(row);
+        const int64_t start = clock.Now();
         Act("fetch 0");
-        EXPECT_EQ(JobOf(Direction::kReceive).firstName, name);
-        EXPECT_EQ(JobOf(Direction::kReceive).secondName, GadgetText(kPcList) + name);
+        const XmodemJob& job = JobOf(Direction::kReceive);
+        asked += QString("|%1 ").arg(clock.Now() - start) + job.firstName + ' ' + job.secondName;
         EXPECT_TRUE(XmodemReceiveWorkerRuns());
         Act("abort");
         EXPECT_FALSE(XmodemReceiveWorkerRuns());
         SetGadgetText(kPcList, folder + "/sub");
     }
+    EXPECT_EQ(Plain(asked).toStdString(),
+              "|2120 a b.bas ~/a b.bas|2120 PROG.BAS ~/sub/PROG.BAS|2120 prog.bas ~/sub/prog.bas");
 }
 
 }  // namespace

@@ -7,7 +7,8 @@
 
 #include "filemanager/DevicePane.h"
 #include "filemanager/FileManagerWindow.h"
-#include "tests/support/BoardOnLine.h"
+#include "simulator/SimulatedBoard.h"
+#include "tests/support/FarEnd.h"
 #include "tests/support/Gestures.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/StartState.h"
@@ -44,8 +45,19 @@ class FileManager : public testing::Test {
     }
     ~FileManager() override { StopTransferWorkers(); }
 
+    // A simulated board at the far end: each millisecond it reads, acts and writes.
     void PlugIn() {
-        board = std::make_unique<BoardOnLine>("picomite", clock);
+        wire = std::make_unique<FarEnd>(true);
+        board.PowerUp(clock.Now());
+        board.TakeOutput();
+        clock.onTick = [this](int64_t now) {
+            const std::string came = wire->Read();
+            received += came;
+            board.Receive(came, now);
+            board.Advance(now);
+            toCome += board.TakeOutput();
+            toCome.erase(0, wire->Write(toCome));
+        };
         ConnectDevice();
     }
 
@@ -121,18 +133,19 @@ class FileManager : public testing::Test {
             Act(step.section(':', 0, 0));
             QString line = step.section(':', 0, 0) + ": " + QString::number(clock.Now() - start);
             clock.Sleep(1);
-            const std::string sent = board ? board->Received() : "";
-            line += ' ' + QString::fromStdString(sent.substr(std::exchange(seen, sent.size())));
+            line += ' ' + QString::fromStdString(received);
             Poll();
             line += ' ' + TakeCapture();
             if (rows != Rows()) line += " -> " + QString::fromStdString(Rows());
             told += Plain(line);
+            received.clear();
         }
         EXPECT_EQ(told.join('\n').toStdString(), script.toStdString());
     }
     TurnsClock clock;
     ScratchFolder scratch;
     const QString folder = scratch.folder.path();
-    std::unique_ptr<BoardOnLine> board;
-    size_t seen = 0;  // bytes of what went out
+    simulator::SimulatedBoard board{*simulator::FindBoardFacts("picomite")};
+    std::unique_ptr<FarEnd> wire;
+    std::string received, toCome;  // of the board, and what the link didn't take yet
 };

@@ -16,12 +16,12 @@ double 2: 400 chdir "a b"^files^ -> ..|A:/a b
 double 1: 0
 double 0: 400 chdir ".."^files^ -> ..|A:/|<DIR> a b)");
     for (const char* name : {"kept/d.bas", "c d.bas", "e.bas"})
-        board->Board().AddFile(name, "PRINT 1\r\n", 0);
+        board.AddFile(name, "PRINT 1\r\n", 0);
     // The row ".." holds no name where names stand.
     Follow(R"(refresh: 660 ^^<3>files^ -> ..|A:/|<DIR> a b|<DIR> kept
     |00:00 00-00-1980 9 c d.bas|00:00 00-00-1980 9 e.bas
 delete 0 2 4 5: 2580 rmdir "a b"^kill "c d.bas"^kill "e.bas"^^^^<3>files^ -> ..|A:/|<DIR> kept)");
-    board->Board().AddFile("e.bas", "", 0);
+    board.AddFile("e.bas", "", 0);
     SetGadgetText(kFamilyCombo, "micromite+");  // its rows have no column for the name
     answer.clear();
     Follow(R"(refresh: 660 ^^<3>files^ -> ..|A:/|<DIR> kept|00:00 00-00-1980 0 e.bas
@@ -108,32 +108,34 @@ PC-delete 0 1 2 3: 0)");
     EXPECT_EQ(fileManagerSettings.pcFolder, folder + "/");
 }
 
+// In the window.
 QString PlaceOf(int gadget) {
-    return QString::asprintf(" %d,%d %dx%d", GadgetX(gadget), GadgetY(gadget), GadgetWidth(gadget),
-                             GadgetHeight(gadget));
+    const QWidget* widget = WidgetOfGadget(gadget);
+    const QPoint at = widget->mapTo(widget->window(), QPoint());
+    return QString::asprintf(" %d,%d %dx%d", at.x(), at.y(), widget->width(), widget->height());
 }
 
 // Title and columns; number, place, text, tip, and a name that is not the tip; places in a
 // larger window; what is kept.
 const char looks[] = R"(Kewlink File Commander 110 112
-162 0,0 300x197 /||Files on the PC
-163 304,0 386x197 ||Files on the device
+162 5,80 300x197 /||Files on the PC
+163 309,80 386x197 ||Files on the device
 164 5,80 690x197 ||Panes
 166 5,5 280x40 ||PC toolbar
 167 340,5 360x70 ||Device toolbar
-168 225,2 50x25 >>>|Copy selected files to Maximite|
-169 2,2 50x25 <<<|Copy selected files to PC|
-170 55,2 50x25 Del||Delete selected files on device
-171 105,2 90x25 New folder|Create new folder on Maximite|
-172 5,2 50x25 Del|Delete selected files on Maximite|Delete selected files on PC
-173 60,2 90x25 New folder|Create new folder on PC|
-174 305,2 50x25 memory|switch from SDcard to flash memory|
-178 200,2 60x25 Refresh|Refresh Maximite file list|
+168 230,7 50x25 >>>|Copy selected files to Maximite|
+169 342,7 50x25 <<<|Copy selected files to PC|
+170 395,7 50x25 Del||Delete selected files on device
+171 445,7 90x25 New folder|Create new folder on Maximite|
+172 10,7 50x25 Del|Delete selected files on Maximite|Delete selected files on PC
+173 65,7 90x25 New folder|Create new folder on PC|
+174 645,7 50x25 memory|switch from SDcard to flash memory|
+178 540,7 60x25 Refresh|Refresh Maximite file list|
 179 285,7 50x25 Abort|Abort current transfer|
 180 5,45 400x30 /||PC folder
-181 75,30 400x30 picomite||picomite
-182 155,2 50x25 Edit|Edit selected file|
- 5,80 890x310 5,5 400x40 460,5 440x70 345,2 50x25 385,2 50x25 405,7 50x25
+181 415,35 400x30 picomite||picomite
+182 160,7 50x25 Edit|Edit selected file|
+ 5,80 890x310 5,5 400x40 460,5 440x70 350,7 50x25 845,7 50x25 405,7 50x25
 30,40 900x400 420 77,78,112 VT Terminal)";
 
 TEST_F(FileManager, HoldsItsGadgetsAndKeepsItsPlace) {

@@ -10,6 +10,7 @@ class FlashSlot : public UploadBench {
 
     FlashSlot() {
         AddDefaultFamilies();
+        HideGadget(kProgressText, true);
         SetAfterFlashUpload([] { listedAt = linkStatus.quietTerminal ? -1 : NowMs(); });
     }
 
@@ -22,7 +23,8 @@ class FlashSlot : public UploadBench {
         received.clear();
         const int64_t start = clock.Now();
         FlashSlotUpload("", slot);
-        EXPECT_FALSE(SlotUploadArmed() || linkStatus.quietTerminal || WindowIsOpen(kNoticeWindow));
+        EXPECT_FALSE(SlotUploadArmed() || linkStatus.quietTerminal || WindowIsOpen(kNoticeWindow) ||
+                     GadgetHidden(kProgressText));
         return QString::number(listedAt - start) + '|' + Received();
     }
 };
@@ -49,7 +51,9 @@ TEST_F(FlashSlot, TypesTheFileAndOverwritesTheSlot) {
     EXPECT_EQ(Printed(2), "File read failed!!|Nothing to load.");
     // Of a row's code the number alone counts; without a row it is the usual one.
     answer = [](char byte) { return byte == '\n' ? "\nSaved" : std::string(1, byte); };
-    EXPECT_EQ(Upload("cmm2", "A", 0), "5080|autosave^A^\x1b^\r\r");
+    EXPECT_EQ(Upload("cmm2", "1\n2\n3\n4\n5\n6\n7\n8\n9\nA", 0),
+              "5260|autosave^1^2^3^4^5^6^7^8^9^A^\x1b^\r\r");
+    EXPECT_EQ(GadgetText(kProgressText), "10/10");
     EXPECT_EQ(Upload("maximite", "A", 0), "5080|auto^A^\3^\r\r");
     EXPECT_EQ(Upload("vgamite", "A", 0), "5080|autosave^A^\x1a^\r\r");
     onTick = [this] { RequestLeave(received.find('B') < 99); };

@@ -10,7 +10,7 @@
 
 #include "terminal/screen/TerminalSizing.h"
 #include "terminal/screen/TerminalText.h"
-#include "tests/support/BoardOnLine.h"
+#include "tests/support/FarEnd.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/StartState.h"
 #include "ui/gadgets/CanvasGadget.h"

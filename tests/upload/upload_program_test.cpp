@@ -154,18 +154,4 @@ TEST_F(Upload, PinDialogue) {
     EXPECT_EQ(asked.last(), "PIN required!|Enter security PIN");
 }
 
-TEST_F(Upload, RunsOnEachSimulatedBoard) {
-    const char* const program = "' Sum\nFOR I = 1 TO 4\n  A = A + I\nNEXT I\nPRINT \"sum\"; A\n";
-    const char* const boards[][2] = {{"picomite", "s\\picomite"},
-                                     {"armmite", "s\\micromite le\\lf"},
-                                     {"micromite+", "s\\micromite+ le\\cr"},
-                                     {"maximite", "s\\maximite"},
-                                     {"pi-cromite", "s\\pi le\\crlf"},
-                                     {"cmm2", "s\\cmm2 file\\sum.bas"}};
-    for (const auto& [name, field] : boards) {
-        BoardOnLine board(name, clock);
-        EXPECT_TRUE(Send(field, program, 4).contains("sum 10")) << name << board.Sent();
-    }
-}
-
 }  // namespace
