@@ -1,5 +1,4 @@
-// Lists of files, step by step: what the queue itself does, and whole batches with the
-// workers' own threads.
+// Lists of files: what the queue itself does, and whole batches with the workers' threads.
 #include "tests/filemanager/file_manager_rig.h"
 
 namespace {
@@ -42,7 +41,7 @@ struct FileManagerThreads : FileManager {
 };
 
 TEST_F(FileManagerThreads, ListsGoThereAndBack) {
-    const QByteArray one(300, 'a'), two(5000, 'b');
+    const QByteArray one(300, 'a'), two(9000, 'b');
     ScratchFolder::Put("one.bin", one);
     ScratchFolder::Put("two.bas", two);
     UploadSettingsForTable().useXmodemForDrop = 0;
@@ -57,24 +56,19 @@ TEST_F(FileManagerThreads, ListsGoThereAndBack) {
     EXPECT_TRUE(linkStatus.quietTerminal);
     CloseFileManager();  // the folder stays what it was
     Poll();
-    EXPECT_TRUE(TakeCapture().contains("Finished"));
+    const QString fetched = TakeCapture();
+    EXPECT_TRUE(fetched.contains("Processing file: games/up.bin") && fetched.contains("Finished"));
     EXPECT_FALSE(linkStatus.quietTerminal);
     EXPECT_EQ(ScratchFolder::Get("one.bin"), one + QByteArray(84, '\0'));
-    EXPECT_EQ(ScratchFolder::Get("two.bas"), two + QByteArray(120, '\0'));
+    EXPECT_EQ(ScratchFolder::Get("two.bas"), two + QByteArray(88, '\0'));
     EXPECT_EQ(ScratchFolder::Get("up.bin"), "up" + QByteArray(126, '\0'));
-}
-
-// Whether the worker still meets its flag or is killed, the next file is not begun.
-TEST_F(FileManagerThreads, AbortEmptiesTheQueues) {
-    ScratchFolder::Put("one.bin", QByteArray(9000, 'a'));
-    BatchSend("one.bin\ntwo.bas");
+    // Whether the worker still meets its flag or is killed, the next file is not begun.
+    BatchSend("two.bas\none.bin");
     Poll("Sent: 20/71");
-    EXPECT_TRUE(XmodemSendWorkerRuns());
     AbortTransfers();
-    EXPECT_FALSE(XmodemSendWorkerRuns());
-    EXPECT_TRUE(linkStatus.quietTerminal && !linkStatus.queueBusy);
-    TakeCapture();
+    EXPECT_TRUE(linkStatus.quietTerminal && !linkStatus.queueBusy && !XmodemSendWorkerRuns());
     Poll();
+    TakeCapture();
     BatchSend(kQueueNext);
     EXPECT_FALSE(TakeCapture().contains("Processing"));
 }

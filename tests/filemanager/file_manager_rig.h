@@ -1,5 +1,4 @@
-// The file manager's gadgets and what they work on, with a simulated board on the virtual
-// clock.
+// The file manager's gadgets, and a simulated board on the virtual clock.
 #pragma once
 
 #include <QDir>
@@ -94,7 +93,7 @@ class FileManager : public testing::Test {
         handler();
         MakeEventCurrent(before);
     }
-    // "click 2": selects the rows, in both lists, and then acts.
+    // "click 2": selects the row in both lists, and then acts.
     static void Act(const QString& step) {
         // From button kCopyToDeviceButton on.
         static const char words[] =

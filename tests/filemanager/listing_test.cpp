@@ -1,5 +1,4 @@
-// What boards print in answer to their list command, in every way that a line can be cut
-// into chunks, and what each kind of line does.
+// What boards print in answer to their list command, and what each kind of line does.
 #include "tests/filemanager/file_manager_rig.h"
 
 namespace {
@@ -31,8 +30,7 @@ const struct {
     {"vgamite", "Error : SD card not present\r\n> ", ".."},
 };
 
-// The first piece, and then others of one size. What the one before left in the buffer is gone
-// at the prompt.
+// The first piece, and then others of one size.
 TEST_F(FileManager, EveryCutGivesTheSameRows) {
     OpenFileManager();
     for (const auto& row : listings) {

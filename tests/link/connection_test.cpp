@@ -1,5 +1,4 @@
-// The link over a pty and over the loopback address: opening and programming it, the bytes
-// both ways, what the terminal says and the buttons show, and what stays open.
+// The link over a pty and over the loopback address: what is set, said, shown and left open.
 #include <poll.h>
 #include <pty.h>
 #include <sys/ioctl.h>
@@ -62,8 +61,7 @@ TEST(Serial, SpeedsAndTheirCodesOnARawLine) {
     EXPECT_TRUE(SerialLinkIsOpen());
 }
 
-// A program that was started without a terminal does not get the port for one: a Ctrl-C from
-// the board would end it.
+// Else a Ctrl-C from the board would end a program that was started without a terminal.
 TEST(Serial, ThePortIsNoControllingTerminal) {
     const Port port;
     int status = -1;
@@ -169,8 +167,6 @@ TEST_F(ConnectionTest, DtrComesOnAtConnect) {
     InstallModemIoctl(nullptr);
 }
 
-// The serial link stays open meanwhile, the bytes go to the transport chosen now, and
-// only DisconnectDevice closes both.
 TEST_F(ConnectionTest, TcpBesideAnOpenPort) {
     Connect(port);
     SetDeviceOnTcpip(true);
@@ -202,8 +198,7 @@ TEST_F(ConnectionTest, TcpBesideAnOpenPort) {
     EXPECT_EQ(ConnectTcpClient(QString(100000, 'a'), number), 0);
 }
 
-// A program that was started with its standard input closed gets 0 from open(2) and
-// socket(2), which must not read as failure.
+// With its standard input closed a program gets 0 from open(2) and socket(2).
 TEST_F(ConnectionTest, DescriptorsStandAboveTheStandardStreams) {
     close(0);
     EXPECT_GE(Open("/dev/" + port), 3);

@@ -1,5 +1,4 @@
-// What the tests of the link stand on: the far end, the clock, local tools, and the state at
-// the start.
+// What the tests of the link stand on.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -18,7 +17,6 @@
 #include "ui/windows/Clipboard.h"
 #include "ui/windows/Windows.h"
 
-// The option of a socket, as its number.
 inline int SocketOption(int fd, int level, int name) {
     int value = 0;
     socklen_t size = sizeof value;

@@ -1,5 +1,4 @@
-// Bytes out and in, the waits for a reply at their step boundaries, and the listing's way to
-// the editor, on the virtual clock; the device is the far end of a socket pair.
+// Bytes out and in, the waits for a reply, and the listing's way to the editor.
 #include <climits>
 #include <map>
 #include <thread>
@@ -117,8 +116,7 @@ TEST(CommandLine, CutsTwoLineEndCharactersAndPrints) {
     }
 }
 
-// Disconnecting ends a worker's send that waits for a far end which reads nothing. And a
-// key typed while a worker stages its command must not end up inside it.
+// A key typed while a worker stages its command must not end up inside it.
 TEST(Threads, AWorkerOnALinkThatIsClosed) {
     FarEnd device(true);
     const uint8_t* const staging = TxBuffer();

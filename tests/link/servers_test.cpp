@@ -1,5 +1,4 @@
-// The two servers over real sockets on ports of their own: lines, chunks, who is the
-// client, tools that misbehave, and the end.
+// The two servers over real sockets: lines, chunks, who is the client, and the end.
 #include <deque>
 
 #include "tests/link/link_rig.h"
@@ -58,13 +57,11 @@ class ServerThreads : public testing::Test {
         EXPECT_TRUE(Says("\x1b[0mconnected- 127.0.0.1"));
         return clients.back();
     }
-    // What a client sends arrives, and nothing else.
     bool Takes(LocalClient& client, const std::string& bytes) {
         taken.clear();
         client.Write(bytes);
         return Until([&] { return taken.size() >= bytes.size(); }) && taken == bytes;
     }
-    // What the device sends reaches a client, which then holds all of `received`.
     bool Reaches(LocalClient& client, const std::string& bytes, const std::string& received) {
         SendToDataClient(bytes.data(), static_cast<int64_t>(bytes.size()));
         return Until([&] { return client.Read() == received; });

@@ -35,8 +35,7 @@ class Boardsim(unittest.TestCase):
         self.assertTrue(read_until(line.recv, b"\x1b[?7h").startswith(b"\rPicoMite MMBasic"))
         line.sendall(b'RUN "hello"\r')
         self.assertIn(b"Hello from PicoMite!\r\n", read_until(line.recv, b"\x1b[?7h"))
-#A restart takes the port away; who comes meanwhile waits.
-        line.sendall(b"CPU RESTART\r")
+        line.sendall(b"CPU RESTART\r")  # takes the port away; who comes meanwhile waits
         self.assertEqual(read_until(line.recv, b"never"), b"CPU RESTART\r\n")
         line = self.connect(port)
         line.sendall(b"PRINT 6*7\r")

@@ -1,5 +1,4 @@
-// What a line brings beside typed text: XMODEM with the habits and faults of firmware 6.03, the
-// telnet console, troubles on request, and a host that doesn't read.
+// XMODEM with the habits and faults of firmware 6.03, telnet, and troubles on request.
 #include "simulator/BoardOutput.h"
 #include "tests/simulator/board_bench.h"
 #include "tests/support/XmodemFrame.h"
@@ -95,7 +94,6 @@ TEST(Hostile, NothingTakenOutMeansNothingGrows) {
     const size_t size = bench.board.TakeOutput().size();
     EXPECT_TRUE(size >= kOutputHighWater && size <= kOutputHighWater + 64 * 256);  // a slice more
     bench.Say("\x03", 100);
-    // Typing without reading the echo ends at the limit.
     for (int i = 0; i < 30000; ++i) bench.board.Receive(std::string(100, 'x') + "\r", bench.now);
     EXPECT_LE(bench.Say("\x03").size(), kOutputLimit + 4096);
 }

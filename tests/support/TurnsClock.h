@@ -16,16 +16,14 @@ class TurnsClock : public VirtualClock {
         if (!OnInterfaceThread()) return WorkerSleeps(ms);
         for (; ms > 0; --ms) {
             VirtualClock::Sleep(1);
-            GiveTurn();
+            while (WorkerIsReady()) usleep(kPauseUs);
         }
     }
 
   private:
     static constexpr int kPauseUs = 20;
-    static constexpr int kLongTurn = 200000 / kPauseUs;  // then it hangs in a kernel's call
 
     void WorkerSleeps(int64_t ms) {
-        hangs = false;
         for (wake = now + ms; now < wake && !WorkerIsStopped();) usleep(kPauseUs);
     }
     bool WorkerIsReady() const {
@@ -37,14 +35,6 @@ class TurnsClock : public VirtualClock {
         }
         return runs && now >= wake;
     }
-    void GiveTurn() {
-        for (int i = 0; !hangs && WorkerIsReady(); ++i) {
-            usleep(kPauseUs);
-            hangs = i > kLongTurn;
-        }
-        if (hangs) usleep(10 * kPauseUs);  // for the kernel to end it
-    }
 
     std::atomic<int64_t> wake{0};
-    std::atomic<bool> hangs{false};
 };

@@ -79,8 +79,7 @@ TEST_F(EncodedUpload, WhatGoesWrongTakesOneLineAndSendsNothing) {
     EXPECT_EQ(received, "");
 }
 
-// Neither its passphrase nor two lines beside each other, whatever was done to the text on its
-// way.
+// Neither the passphrase nor two lines beside each other, whatever is done to the text.
 TEST_F(EncodedUpload, LeavesNothingInMemory) {
     const char passphrase[] = "b!mpoh!qbtt!qisbtf";
     const char* const end = passphrase + 9;  // memory's owner writes over what it gets back

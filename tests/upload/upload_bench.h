@@ -1,5 +1,4 @@
-// A window with the gadgets that an upload touches, and a board at the far end of the link,
-// on the virtual clock, that answers each byte by a rule and keeps all it was sent.
+// The gadgets that an upload touches, and a board that answers each byte by a rule.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -100,6 +100,11 @@ TEST_F(ReceiveBench, EndsOfATransfer) {
         {{kEcho, "", first, "gone"}, silence, kNak + open, none, 850 + 60 + 10 * 850 + 120},
         {{kEcho, first, cans}, stopped, open + giveUp + cans + kAck, none, 110},
         {{kEcho, "Error"}, early, strays + kNak, none, 3400, 2600},
+        {{kEcho, first, "?", kEot},
+         kEcho + "Short Block in #2" + kDone,
+         open + std::string(10, '\r') + open,
+         Block(1),
+         1810},
         // More than the reply to the command can hold: the rest is dropped, and yet the first
         // look sees it when nothing else has come.
         {{dots + kEot}, dots + kDone, open, "", 50},
@@ -108,17 +113,12 @@ TEST_F(ReceiveBench, EndsOfATransfer) {
     for (const auto& row : rows)
         EXPECT_EQ(FetchFrom(row.script, row.abortAt),
                   Story(row.lines, row.answers, row.content, kLead + row.time));
-}
-
-// The file that was there stands until all of the new one is, and nothing lies beside it.
-TEST_F(ReceiveBench, FilesThatAreReplacedWhenComplete) {
+    // The file that was there stands until all of the new one is, and nothing lies beside it.
     const Chosen complete(&Choices::replaceWhenComplete);
     Write("old");
-    for (const std::string& end : {kCan + kCan + kCan, kEot}) {
-        const std::string kept = std::get<2>(FetchFrom({kEcho, FrameOf(1, Block(1)), end}));
-        EXPECT_EQ(kept, end == kEot ? Block(1) : "old");
-        EXPECT_EQ(QDir().entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList("pc.bin"));
-    }
+    EXPECT_EQ(std::get<2>(FetchFrom({kEcho, first, cans})), "old");
+    EXPECT_EQ(std::get<2>(FetchFrom({kEcho, first, kEot})), Block(1));
+    EXPECT_EQ(QDir().entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList("pc.bin"));
 }
 
 }  // namespace

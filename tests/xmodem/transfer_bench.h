@@ -1,5 +1,4 @@
-// A transfer on the test's own thread: the virtual clock, a device at the far end, and a
-// loop that serves the worker's posted events whenever it sleeps on its semaphore.
+// A transfer on the test's own thread: its events are served when it waits for the loop.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -69,7 +68,6 @@ struct TransferBench : testing::Test {
         line.reset();
         line = std::make_unique<FarEnd>(overTcp);
     }
-    // A new board at the far end.
     void PlugIn() {
         board.reset(new simulator::SimulatedBoard(*simulator::FindBoardFacts("picomite")));
         board->PowerUp(clock.Now());
