@@ -11,6 +11,8 @@ import time
 CONTENT_TOP = 155            # y of the terminal's frame with all toolbar rows on show
 FRAME_FOCUSED = b"\x7f\xc2\xff"  # its colour while the terminal has the focus
 PORT_ROW = 30                # y of the second toolbar row
+MENUS = {"Setup": (20, 9), "Action": (100, 11), "Mode": (200, 5), "Help": (240, 2)}  # x, rows
+POPUP_ROWS = 7
 
 
 def wait_for(what, condition, seconds=20.0, step=0.05):
@@ -100,8 +102,8 @@ class Console:
         return self.desktop.output(["xdotool", "search", "--onlyvisible", "--pid",
                                     str(self.process.pid)]).split()
 
-    def geometry(self):
-        text = self.desktop.output(["xdotool", "getwindowgeometry", "--shell", self.window])
+    def geometry(self, window=None):
+        text = self.desktop.output(["xdotool", "getwindowgeometry", "--shell", window or self.window])
         return {k: int(v) for k, v in re.findall(r"(X|Y|WIDTH|HEIGHT)=(-?\d+)", text)}
 
     def pixels(self):
@@ -138,26 +140,30 @@ class Console:
             if line:
                 self.desktop.run("xdotool", "type", "--delay", "15", line)
 
-    def menu(self, x, entry):
-        """Chooses entry (counted from 1) of the menu that opens at x of the menu bar, once it is
-        open: on a busy machine that takes a while."""
-        before = len(self.windows())
+    def menu(self, title, entry):
+        """Chooses entry (counted from 1) of a menu of the menu bar."""
+        x, rows = MENUS[title]
         self.desktop.run("xdotool", "mousemove", "--window", self.window, str(x), "10", "click", "1")
-        wait_for("menu", lambda: len(self.windows()) > before)
-        time.sleep(0.1)
-        self.key(*["Down"] * entry)
-        self.key("Return")
+        self.choose(entry, rows)
 
     def popup(self, entry):
-        """Chooses entry (counted from 1) of the terminal's pop-up menu. While a handler blocks
-        the menu opens late: keys sent before it would go to the board."""
-        before = len(self.windows())
+        """Chooses entry (counted from 1) of the terminal's pop-up menu."""
         self.click(300, CONTENT_TOP + 200, 3)
-        wait_for("pop-up menu", lambda: len(self.windows()) > before, 90)
-        time.sleep(0.1)
-        self.key(*["Down"] * entry)
-        self.key("Return")
-        wait_for("end of the pop-up menu", lambda: len(self.windows()) <= before)
+        self.choose(entry, POPUP_ROWS)
+
+    def choose(self, entry, rows):
+        """By the mouse, once the menu is there: while a handler blocks it opens late, and keys sent
+        before it has the keyboard would go to the board."""
+        menu = wait_for("menu", self.open_menu, 90)
+        y = (2 * entry - 1) * self.geometry(menu)["HEIGHT"] // (2 * rows)
+        self.desktop.run("xdotool", "mousemove", "--window", menu, "20", str(y), "click", "1")
+        wait_for("end of the menu", lambda: not self.open_menu())
+
+    def open_menu(self):
+        for window in self.windows():
+            if "_MENU" in self.desktop.output(["xprop", "-id", window, "_NET_WM_WINDOW_TYPE"]):
+                return window
+        return None
 
     def text(self):
         """All text that the terminal holds, through its own Copy All."""

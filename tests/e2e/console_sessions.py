@@ -18,7 +18,6 @@ from desktop import CONTENT_TOP, Console, Desktop, wait_for  # noqa: E402
 
 CONNECT = (652, 66)       # middle of the button, client area coordinates
 COMMAND_BAR = (100, 116)
-ACTION_MENU, MODE_MENU = 100, 200  # x of their titles
 SEND_CR = (560, 116)
 EXAMPLES = [("hello.bas", "on the board's clock. Bye."), ("colours.bas", "288 moves of the cursor."),
             ("sieve.bas", "primes in")]
@@ -51,6 +50,11 @@ class Session(unittest.TestCase):
     def start_board(self, *arguments):
         return self.desktop.start([os.environ["BOARDSIM"], *arguments], stdout=subprocess.PIPE,
                                   text=True)
+
+    def start_board_on_pty(self, board, *arguments):
+        """The path of its serial line."""
+        board = self.start_board("--board", board, "--pty", *arguments)
+        return re.search(r"/dev/pts/\d+", board.stdout.readline()).group()
 
     def write_tcp_settings(self, port, rest="", windows="", device="Device"):
         self.write_settings(f"Comport = TCPIP\nTCPIP address = 127.0.0.1\nTCPIP port = {port}\n",
@@ -127,31 +131,12 @@ class TcpSession(Session):
 
     def resize(self, console):
         before = console.geometry()
-        console.menu(20, 1)
+        console.menu("Setup", 1)
         self.windows("New size")
         time.sleep(0.3)
         console.key("ctrl+a")
         console.type("90 X 24\n")
         wait_for("smaller window", lambda: console.geometry()["HEIGHT"] < before["HEIGHT"] - 200)
-
-
-class SerialSession(Session):
-    def test_connect_upload_from_the_command_line_second_start_and_disconnect(self):
-        board = self.start_board("--board", "micromite+", "--pty")
-        name = re.search(r"/dev/(pts/\d+)", board.stdout.readline()).group(1)
-        self.write_settings(f"Comport = {name}\nSerialSpeed = 115200\n",
-                            "[myDeviceList]\nDevice = Sim|'target s\\micromite\n")
-        console = Console(self.desktop, self.program, [os.path.join(ROOT, "examples", "hello.bas")])
-        text = console.wait_text("Upload completed", 60)
-        self.assertIn(f"Connected to {name} at 115200", text)
-        self.assertLess(text.index("started"), text.index("Upload started"))
-        # A second start opens no window and ends.
-        second = subprocess.run([self.program, "x.bas"], env=self.desktop.env, timeout=30, check=False)
-        self.assertEqual((second.returncode, self.windows("Kewlink Console")), (0, [console.window]))
-        console.click(*CONNECT)  # the same place is Disconnect now
-        console.wait_text("Disconnected")
-        self.assertEqual(console.close(), 0)
-        self.assertEqual(self.saved("Comport"), name)
 
 
 class LocalTools(Session):
@@ -185,7 +170,7 @@ class LocalTools(Session):
             self.assertRegex(shown, rb"PRINT 6\*7\s+42\s+> $")
         self.assertRegex(self.nc(data, "PRINT 7*8\r", "-w", "2"), r"PRINT 7\*8\s+56\s+> ")
 
-        console.menu(MODE_MENU, 1)
+        console.menu("Mode", 1)
         self.assertEqual(self.nc(data, "", "-w", "1"), "Welcome to KWCC\r\n")
         self.nc(control, f"/load {os.path.join(ROOT, 'examples', 'hello.bas')}\r\n", "-N")
         console.wait_text("on the board's clock. Bye.", 60)
@@ -258,27 +243,15 @@ class Leaving(Session):
         time.sleep(2)
         self.leaves(console, console.process.terminate)
 
-    def test_a_connect_that_nobody_answers(self):
-        full = socket.socket()
-        full.bind(("127.0.0.1", 0))
-        full.listen(0)
-        waiting = [socket.socket() for _ in range(3)]
-        for s in waiting:
-            s.setblocking(False)
-            s.connect_ex(full.getsockname())
-        console = self.start_console(full.getsockname()[1])
-        console.click(*CONNECT)
-        time.sleep(1)
-        self.leaves(console, lambda: self.close(console.window))
-
 
 class EditorSession(Session):
     def setUp(self):
         super().setUp()
-        port = free_port()
-        self.start_board("--board", "picomite-6.00", "--port", str(port))
-        self.write_tcp_settings(port, f"[Network]\nIP control port = {free_port()}\n"
-                                f"IP data port = {free_port()}\nKWedit control port = {free_port()}\n")
+        line = self.start_board_on_pty("picomite-6.00")
+        self.write_settings(f"Comport = {line[5:]}\nSerialSpeed = 115200\n",
+                            f"[Network]\nIP control port = {free_port()}\nIP data port = {free_port()}\n"
+                            f"KWedit control port = {free_port()}\n"
+                            "[myDeviceList]\nDevice = Sim|'target s\\picomite le\\cr\n")
         self.source = os.path.join(self.folder, "my game.bas")
 
     def test_edit_load_run_and_the_listing_back(self):
@@ -296,7 +269,7 @@ class EditorSession(Session):
         # A busy editor hears of the listing before it hears that the clipboard has changed.
         editor.send_signal(signal.SIGSTOP)
         self.front(console.window)
-        console.menu(ACTION_MENU, 11)  # Send Listing to Editor
+        console.menu("Action", 11)  # Send Listing to Editor
         time.sleep(2)
         editor.send_signal(signal.SIGCONT)
         self.front(self.editor_window("New text"))

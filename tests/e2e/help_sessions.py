@@ -3,7 +3,6 @@ import os
 import shutil
 import subprocess
 import tempfile
-import time
 import unittest
 
 from console_sessions import Session
@@ -36,13 +35,8 @@ class HelpSession(Session):
     def open_help(self):
         self.write_settings("Comport = not set\n")
         self.console = Console(self.desktop, self.program)
-        self.help_menu()
+        self.console.menu("Help", 2)
         return self.windows("Help Viewer")[0]
-
-    def help_menu(self):
-        self.click(self.console.window, 20, 10)
-        time.sleep(0.3)
-        self.keys("Left", "Down", "Return")  # to the last menu, its first item
 
     def expect(self, pixel):
         """Waits until the page has this colour, at a place clear of the scroll bars."""
@@ -63,7 +57,7 @@ class HelpSession(Session):
                              ((50, 17), red), ((140, 17), blue)]:   # KW Edit, MM Basic
             self.click(self.viewer, *place)
             self.expect(pixel)
-        self.help_menu()  # the same window again, with the first index
+        self.console.menu("Help", 2)  # the same window again, with the first index
         self.expect(red)
         self.close(self.viewer)
         wait_for("end of help", lambda: self.viewer not in self.console.windows())

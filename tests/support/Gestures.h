@@ -116,5 +116,5 @@ inline bool Drop(QWidget* target, const QMimeData& data) {
         QApplication::sendEvent(target, event);
         if (!event->isAccepted()) return false;
     }
-    return drop.dropAction() == Qt::CopyAction;
+    return target->acceptDrops() && drop.dropAction() == Qt::CopyAction;
 }
