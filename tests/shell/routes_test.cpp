@@ -120,9 +120,10 @@ TEST_F(Routes, OfGadgets) {
         {kMouseButton, "", "@45 mouse=00"}, {kConnectButton, "", "@24"},
         {kSendButton, "cmd", "cmd@45 bar="}, {kSendCrButton, "cmd", "cmd\r@45 bar="},
         {kHistoryPreviousButton, "", "@45 bar=cmd"}, {kHistoryPreviousButton, "", "@45 bar=b"},
-        {kHistoryNextButton, "", "@45 bar=cmd"}, {kClearCommandButton, "", "@53 bar="},
+        {kHistoryPreviousButton, "", "@45 bar=a"}, {kHistoryPreviousButton, "", "@45"},
+        {kHistoryNextButton, "", "@45 bar=b"}, {kClearCommandButton, "", "@53 bar="},
         {kFirstMacroButton, "", "RUN\r@24 ms=120"}, {kFirstMacroButton + 1, "", "X\r@24 ms=120"},
-        {kLastMacroButton, "", "@45"}, {kEscButton, "", "\x1b@24 ms=120"},
+        {kFirstMacroButton + 2, "", "@45"}, {kEscButton, "", "\x1b@24 ms=120"},
         {kFirstControlButton, "", "\1@24 ms=120"}, {kCtrlCButton, "", "\3@24 ms=120"},
         {kCtrlZButton, "", "\xf@24 ms=120"}, {kRunButton, "", "RUN\r\n@24 ms=120"},
         {kClsButton, "", "@24 line="}, {kIdleButton, "", "@45"},
@@ -172,7 +173,7 @@ TEST_F(Routes, OfMenuItemsAndShortcuts) {
         {kItemSetRtc, "RTC SETTIME 26,03,04,05,06,07\r\n@24"},
         {kItemAutosaveCode, "\3NEW\r\n@24 line=|||Uploading using:  |Upload started|***TIMEOUT*** source=old ms=4380"},
         {kItemSendListing, "LIST ALL\r\n@45 capture=11"}, {kShortcutLineEnding, "\r\n@45"},
-        {kShortcutAddressReturn, "@45 address=ab:3001"}, {kShortcutHistoryPrevious, "@45 bar=b"},
+        {kShortcutAddressReturn, "@45 address=ab:3001 ending=LF tick10=0 tick12=1"}, {kShortcutHistoryPrevious, "@45 bar=b"},
         {kShortcutHistoryNext, "@45 bar="}, {kShortcutCommandReturn, "\r@45"},
         {kShortcutCtrlC, "@45"}, {kShortcutCtrlZ, "@45"}, {kShortcutF10, "\x1b[21~@45"},
         {kShortcutShiftF10, "\x1b[34~@45"}, {kShortcutAltC, "@45 clip="},
@@ -201,6 +202,7 @@ TEST_F(Routes, OfMenuItemsAndShortcuts) {
     EXPECT_EQ(at(kCommandEntry, kShortcutAltC), "@53");
     for (const auto& [item, outcome] : menuRows) {
         if (item == kItemClearScreen) TerminalFeed("\x1b[41m");
+        if (item == kShortcutAddressReturn) SetGadgetText(kSpecEntry, "le\\lf");
         EXPECT_EQ(After(kEventMenu, item), outcome) << item;
     }
 }
@@ -262,13 +264,16 @@ TEST_F(Routes, OfTheFileManager) {
     SetGadgetState(kDeviceList, GadgetItemCount(kDeviceList) - 1);
     EXPECT_EQ(After(kEventGadget, kDeviceList, kTypeLeftDoubleClick, kFileManagerWindow),
               "chdir \"old\"\rfiles\r@163 ms=400");
+    EXPECT_EQ(Effect([] { FlashSlotUpload(QString(), 1); }),
+              "\r\r\r\r\3"
+              "files\r@163 line=|Nothing to load. open=161.4000 ms=1900");
     EXPECT_EQ(chosen(kPcPathEntry, "/a", kTypePathChosen), "@163 folder=/a/");
     EXPECT_EQ(chosen(kPcList, "/", kTypeValueChanged), "@163 folder=/");
     ResizeNumberedWindow(kFileManagerWindow, kKeep, kKeep, 800, 500);
     EXPECT_EQ(After(kEventSizeWindow, 0, 0, kFileManagerWindow), "@163");
     EXPECT_EQ(fileManagerSettings.width, 800);
     EXPECT_EQ(After(kEventCloseWindow, 0, 0, kFileManagerWindow),
-              "@-1 mode=0VT Terminal open= tick191=1 tick195=0");
+              "@-1 mode=0VT Terminal open=4000 tick191=1 tick195=0");
 }
 
 TEST_F(Routes, OfTheHelpWindow) {

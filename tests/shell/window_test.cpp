@@ -160,13 +160,13 @@ TEST_F(Window, ShowsWhatIsStored) {
     BuildWindow();
     EXPECT_TRUE(linkStatus.deviceOnTcpip);
     QStringList shown;
-    for (int gadget : {kPortCombo, kAddressEntry, kSpeedCombo, kNicknameEntry, kSpecEntry,
-                       kFirstPresetButton + 1, kFirstPresetButton + 2, kFirstMacroButton,
-                       kFirstMacroButton + 1, kModeText})
+    for (int gadget :
+         {kPortCombo, kAddressEntry, kSpeedCombo, kNicknameEntry, kSpecEntry, kFirstPresetButton,
+          kFirstPresetButton + 2, kFirstMacroButton, kFirstMacroButton + 1, kModeText})
         shown += GadgetText(gadget) + (GadgetDisabled(gadget) ? " off" : "") +
                  (GadgetHidden(gadget) ? " hidden" : "");
     EXPECT_EQ(shown.join('|'),
-              "TCPIP|board.local:3001|38400 hidden|mine|'target s\\cmm2|mine|Device off|Go|"
+              "TCPIP|board.local:3001|38400 hidden|mine|'target s\\cmm2|first|Device off|Go|"
               "Macro off|Monitor");
     EXPECT_EQ(uploadOptions.familyName, "cmm2");
     EXPECT_EQ(shellSettings.presetGroup, 1);  // of a preset beyond the tenth
@@ -198,9 +198,13 @@ struct Watch : QObject {
 };
 
 TEST_F(Window, IsLeftInOrder) {
+    AddPreset({"first", "'target s\\pico"});
+    ShellSettingsForTable().lastUsedPreset = 9;  // of the first group, and gone
     ShellSettingsForTable().activeDevice = "|'target le\\cr";
     BuildWindow();
-    EXPECT_EQ(lineEnding.name, "CR");
+    EXPECT_EQ(
+        lineEnding.name + uploadOptions.familyName + QString::number(shellSettings.presetGroup),
+        "CRpicomite0");
     ConnectDevice();
     OpenFileManager();
     TakeEvents();  // shows it

@@ -79,23 +79,21 @@ TEST_F(EncodedUpload, WhatGoesWrongTakesOneLineAndSendsNothing) {
     EXPECT_EQ(received, "");
 }
 
-// Neither the passphrase nor two lines beside each other, whatever is done to the text.
+// Neither the passphrase nor two lines beside each other, whatever is done to the text. Over
+// the beginning of a piece memory's owner writes when it gets it back.
 TEST_F(EncodedUpload, LeavesNothingInMemory) {
-    const char passphrase[] = "b!mpoh!qbtt!qisbtf";
-    const char* const end = passphrase + 9;  // memory's owner writes over what it gets back
-    for (const char* first : {"(ubshfu!t]nbyjnjuf", "B>2", "(ubshfu!t]nbyjnjuf!dsvodi"}) {
-        SecretBytes plain = Undisguised("!(lxfeju\"\"\"\x0b");
-        for (const char* more : {first, "\x0bQSJOU!#Rvjuf#\x0bQSJOU!#bmpof#"}) {
-            for (const uint8_t c : Undisguised(more)) plain.push_back(c);
-        }
-        EXPECT_TRUE(MemoryHolds("Rvjuf#\x0bQS"));
-        ScratchFolder::Put("s.bae", Sealed(plain, Undisguised(passphrase)));
+    for (const char* first : {"'target s\\maximite", "A=1", "'target s\\maximite crunch"}) {
+        SecretBytes plain;
+        for (const char* piece : {" 'kwedit!!!\n", first, "\nPRINT \"Quite\"\nPRINT \"alone\""})
+            plain.insert(plain.end(), piece, piece + strlen(piece));
+        EXPECT_TRUE(MemoryHolds("Quite\"\nPR"));
+        ScratchFolder::Put("s.bae", Sealed(plain, SecretFromText(u"a long pass phrase")));
         plain = SecretBytes();
-        typed = QStringList(TextFromSecret(Undisguised(passphrase)));
-        EXPECT_TRUE(MemoryHolds(end));
+        typed = QStringList("a long pass phrase");
+        EXPECT_TRUE(MemoryHolds("pass phrase"));
         LoadPath("s.bae");
         EXPECT_TRUE(Received().contains("PRINT \"alone\"")) << received;
-        EXPECT_FALSE(MemoryHolds(end) || MemoryHolds("Rvjuf#\x0bQS")) << first;
+        EXPECT_FALSE(MemoryHolds("pass phrase") || MemoryHolds("Quite\"\nPR")) << first;
     }
 }
 
