@@ -67,7 +67,8 @@ TEST(EncodedSources, SpoiltInAnyWayGiveNothing) {
             EXPECT_NE(fault(file), EncodedFault::kNone) << at << ' ' << bit;
         }
         EXPECT_NE(fault(good.left(at)), EncodedFault::kNone) << at;
-        EXPECT_NE(fault(QByteArray(good).insert(at, '0')), EncodedFault::kNone) << at;
+        const EncodedFault longer = fault(QByteArray(good).insert(at, '0'));
+        EXPECT_TRUE(longer == EncodedFault::kDamaged || (at < 21 && longer != EncodedFault::kNone));
     }
     EXPECT_EQ(fault(good + "\n"), EncodedFault::kDamaged);
     EXPECT_EQ(fault(QByteArray(good).replace('\n', "\r\n")), EncodedFault::kUnknown);

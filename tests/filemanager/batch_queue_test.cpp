@@ -26,6 +26,8 @@ TEST_F(FileManager, TheRoadOfAFile) {
                           (program ? "Uploading using:  Upload started" : "") +
                           (list == "x.UF2" ? "Firmware updateport not set"
                                            : "not set failed!Check port then try again"));
+            EXPECT_EQ(uploadSource.currentFile, program ? list : "");
+            SetCurrentFile("");
             EXPECT_EQ(clock.Now() - start, 2 * 120 + 2000 + (list == "c.dat" ? 1000 : 0));
         }
     }

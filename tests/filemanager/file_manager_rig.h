@@ -1,7 +1,6 @@
 // The file manager's gadgets, and a simulated board on the virtual clock.
 #pragma once
 
-#include <QDir>
 #include <QRegularExpression>
 
 #include "filemanager/DevicePane.h"
@@ -12,7 +11,6 @@
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/StartState.h"
 #include "tests/support/TurnsClock.h"
-#include "ui/windows/Dialogs.h"
 #include "ui/windows/FileDialogs.h"
 
 class FileManager : public testing::Test {
@@ -63,8 +61,7 @@ class FileManager : public testing::Test {
     // What the main loop does, until nothing has come for a while or the text was printed.
     void Poll(const char* text = "(never)") {
         char block[16384];
-        const int64_t end = clock.Now() + 200000;
-        for (int quiet = 0; quiet < 40 && clock.Now() < end; ++quiet) {
+        for (int quiet = 0, turns = 0; quiet < 40 && turns < 4000; ++quiet, ++turns) {
             if (capture.buffer.contains(text)) return;
             clock.Sleep(50);
             for (int32_t event; (event = WaitForEvent(0)) != kNoEvent; quiet = 0) {

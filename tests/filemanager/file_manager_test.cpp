@@ -1,7 +1,5 @@
 // The window and its buttons.
-#include "base/AppPaths.h"
 #include "tests/filemanager/file_manager_rig.h"
-#include "tests/support/LocalTools.h"
 
 namespace {
 
@@ -108,15 +106,14 @@ PC-delete 0 1 2 3: 0)");
     EXPECT_EQ(fileManagerSettings.pcFolder, folder + "/");
 }
 
-// In the window.
 QString PlaceOf(int gadget) {
     const QWidget* widget = WidgetOfGadget(gadget);
     const QPoint at = widget->mapTo(widget->window(), QPoint());
     return QString::asprintf(" %d,%d %dx%d", at.x(), at.y(), widget->width(), widget->height());
 }
 
-// Title and columns; number, place, text, tip, and a name that is not the tip; places in a
-// larger window; what is kept.
+// Title and columns; number, place in the window, text, tip, and a name that is not the tip;
+// places in a larger window; what is kept.
 const char looks[] = R"(Kewlink File Commander 110 112
 162 5,80 300x197 /||Files on the PC
 163 309,80 386x197 ||Files on the device
@@ -133,13 +130,14 @@ const char looks[] = R"(Kewlink File Commander 110 112
 178 540,7 60x25 Refresh|Refresh Maximite file list|
 179 285,7 50x25 Abort|Abort current transfer|
 180 5,45 400x30 /||PC folder
-181 415,35 400x30 picomite||picomite
+181 415,35 400x30 mine||mine
 182 160,7 50x25 Edit|Edit selected file|
  5,80 890x310 5,5 400x40 460,5 440x70 350,7 50x25 845,7 50x25 405,7 50x25
 30,40 900x400 420 77,78,112 VT Terminal)";
 
 TEST_F(FileManager, HoldsItsGadgetsAndKeepsItsPlace) {
     SetPcFolder("/no/such/folder/");
+    SetGadgetText(kFamilyCombo, "mine");
     ShowTerminalMode(kModeFileManager);
     for (const int column : {0, 1, 2}) SetPcColumnWidth(column, 110 + column);
     OpenFileManager();
@@ -147,7 +145,8 @@ TEST_F(FileManager, HoldsItsGadgetsAndKeepsItsPlace) {
     EXPECT_NE(fileManagerSettings.pcFolder, "/no/such/folder/");
     for (const int gadget : {kPcList, kPcPathEntry}) SetGadgetText(gadget, "/");
     QString look = WidgetOfWindow(kFileManagerWindow)->windowTitle();
-    for (const int column : {0, 2}) look += QString(" %1").arg(GadgetColumnWidth(kPcList, column));
+    for (const int column : {0, 2})
+        look += ' ' + QString::number(GadgetColumnWidth(kPcList, column));
     look += '\n';
     for (int gadget = kPcList; gadget <= kEditFileButton; ++gadget) {
         if (!GadgetExists(gadget)) continue;

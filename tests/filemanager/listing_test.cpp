@@ -89,8 +89,7 @@ TEST_F(FileManager, AFloodIsHeldWithinItsBounds) {
     const QString block(5000, 'x');
     for (int i = 0; i < 50; ++i) ParseListingChunk(block);
     EXPECT_EQ(deviceListing.listingBuffer.size(), kLongestListingLine);
-    ParseListingChunk("\n");
-    for (int i = 0; i < 3; ++i) ParseListingChunk(QString("y\n").repeated(10000));
+    ParseListingChunk("\n" + QString("y\n").repeated(30000));
     EXPECT_EQ(deviceListing.deviceEntries.size(), kMostDeviceEntries);
     RequestProgram(0);
     for (int i = 0; i < 1000; ++i) ParseListingChunk(block + "\n");

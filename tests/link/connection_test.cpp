@@ -145,25 +145,22 @@ TEST_F(ConnectionTest, Serial) {
     EXPECT_EQ(Disconnect(), "[Disconnected]||0 C");
 }
 
-int modemLines = 0;
-std::string modemCalls;
-
-int RecordModemLines(int, unsigned long request, int* bits) {
-    const bool set = request == TIOCMSET;
-    modemCalls += set ? "set " + std::to_string(*bits) + ' ' : "get ";
-    (set ? modemLines : *bits) = set ? *bits : modemLines;
-    return modemCalls.size() > 42 ? -1 : 0;
-}
-
 // A board on USB is silent until DTR is on; the other lines are left as they are.
 TEST_F(ConnectionTest, DtrComesOnAtConnect) {
-    InstallModemIoctl(RecordModemLines);
-    modemLines = TIOCM_RTS;
-    modemCalls.clear();
+    static int lines;
+    static std::string calls;
+    lines = TIOCM_RTS;
+    calls.clear();
+    InstallModemIoctl([](int, unsigned long request, int* bits) {
+        const bool set = request == TIOCMSET;
+        calls += set ? "set " + std::to_string(*bits) + ' ' : "get ";
+        (set ? lines : *bits) = set ? *bits : lines;
+        return calls.size() > 42 ? -1 : 0;
+    });
     Connect(port);
     EXPECT_TRUE(SetSerialDtr(false));
     EXPECT_FALSE(SetSerialDtr(true));  // a failing look changes nothing
-    EXPECT_EQ(modemCalls, "get set 6 get get set 6 get get set 4 get get ");
+    EXPECT_EQ(calls, "get set 6 get get set 6 get get set 4 get get ");
     InstallModemIoctl(nullptr);
 }
 

@@ -23,17 +23,15 @@ class ServerThreads : public testing::Test {
     ~ServerThreads() override { StopServers(); }
     template <typename Done>
     bool Until(Done done) {
-        return ServeUntil(done, [this](int32_t event) { Serve(event); });
-    }
-    void Serve(int32_t event) {
-        clock.Sleep(5);
-        if (event == kEventPrintLine) PrintHandedLines();
-        if (event == kEventServerMessage) HandleServerMessage(EventType());
-        if (event != kEventServerChunk) return;
-        const ServerRecord& server = *FindServer(EventType());
-        taken.append(server.buffer.begin(), server.buffer.begin() + server.length);
-        waiting = server.identity;
-        if (!hold) ReleaseServerWorker(waiting);
+        return ServeUntil(done, [this](int32_t event) {
+            clock.Sleep(5);
+            if (event == kEventPrintLine) PrintHandedLines();
+            if (event == kEventServerMessage) HandleServerMessage(EventType());
+            if (event != kEventServerChunk) return;
+            const ServerRecord& server = *FindServer(EventType());
+            taken.append(server.buffer.begin(), server.buffer.begin() + server.length);
+            if (!hold) ReleaseServerWorker(EventType());
+        });
     }
     bool Says(const QString& line) {
         Until([&] { return capture.buffer.size() >= line.size(); });
@@ -70,8 +68,7 @@ class ServerThreads : public testing::Test {
     ServersClock clock;
     LinkSettings& settings = LinkSettingsForTable();
     std::deque<LocalClient> clients;
-    std::string taken;    // bytes of the chunks
-    int64_t waiting = 0;  // identity of the server of the last chunk
+    std::string taken;  // bytes of the chunks
     bool hold = false;
 };
 
@@ -116,7 +113,7 @@ TEST_F(ServerThreads, ChunksKeepTheirOrderAndWait) {
     const std::string buffer(server->buffer.begin(), server->buffer.end());
     EXPECT_EQ(server->text + QString::fromStdString(buffer),
               "heldéheldé" + QString(kServerBuffer - 6, QChar(0)));
-    ReleaseServerWorker(waiting);
+    ReleaseServerWorker(kDataServerIdentity);
     EXPECT_TRUE(Until([&] { return taken == "held\xC3\xA9next"; }));
     // The loop takes no more events, so the worker never leaves its semaphore by itself.
     const int64_t before = NowMs();
@@ -143,11 +140,11 @@ TEST_F(ServerThreads, TheClientIsTheLastOneHeardOf) {
     EXPECT_TRUE(Reaches(first, "sent last", "sent last"));
     first.Write("2");
     const LocalClient newcomer(settings.dataPort);
-    ReleaseServerWorker(waiting);
+    ReleaseServerWorker(kDataServerIdentity);
     ASSERT_TRUE(Until([&] { return taken == "12"; }));
     EXPECT_EQ(TakeCapture(), "\x1b[0mconnected- 127.0.0.1");
     hold = false;
-    ReleaseServerWorker(waiting);
+    ReleaseServerWorker(kDataServerIdentity);
     second.Reset();
     ASSERT_TRUE(Says("\x1b[0mNet Disconnected"));
     SendToDataClient("lost", 4);

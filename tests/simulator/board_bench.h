@@ -15,10 +15,6 @@ using namespace simulator;
 const std::string kQuiet = "> \x1b[?7h", kLead603 = "\x1b[?25h\x1b[97;40m";
 const std::string kLoud603 = kLead603 + kQuiet;
 
-inline bool Has(const std::string& text, const std::string& part) {
-    return text.find(part) != text.npos;
-}
-
 // What is said to a board, how long it is listened to then (ms), and what comes.
 struct Step {
     std::string say;

@@ -1,5 +1,4 @@
 // XMODEM with the habits and faults of firmware 6.03, telnet, and troubles on request.
-#include "simulator/BoardOutput.h"
 #include "tests/simulator/board_bench.h"
 #include "tests/support/XmodemFrame.h"
 
@@ -84,18 +83,6 @@ TEST(Faults, EachTroubleOnRequest) {
     const std::string left = BoardBench("picomite", setup).Say(std::string(255, 'A'));
     EXPECT_EQ(left, BoardBench("picomite", setup).Say(std::string(255, 'A')));
     EXPECT_TRUE(left.size() > 200 && left.size() < 250) << left.size();
-}
-
-TEST(Hostile, NothingTakenOutMeansNothingGrows) {
-    BoardBench bench;
-    bench.Say("AUTOSAVE\rDO:PRINT STRING$(255,\"A\");:LOOP\r\x1a");
-    bench.board.Receive("RUN\r", bench.now);
-    for (int i = 0; i < 1000; ++i) bench.board.Advance(bench.now += 100);
-    const size_t size = bench.board.TakeOutput().size();
-    EXPECT_TRUE(size >= kOutputHighWater && size <= kOutputHighWater + 64 * 256);  // a slice more
-    bench.Say("\x03", 100);
-    for (int i = 0; i < 30000; ++i) bench.board.Receive(std::string(100, 'x') + "\r", bench.now);
-    EXPECT_LE(bench.Say("\x03").size(), kOutputLimit + 4096);
 }
 
 }  // namespace

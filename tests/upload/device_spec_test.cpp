@@ -1,7 +1,5 @@
-#include <stdlib.h>
-
+// What the words of a specification set, and a specification made from the gadgets.
 #include "tests/upload/upload_bench.h"
-#include "ui/windows/MenuItem.h"
 #include "upload/DeviceSpec.h"
 #include "upload/SpecRebuild.h"
 

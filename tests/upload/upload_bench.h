@@ -1,8 +1,6 @@
 // The gadgets that an upload touches, and a board that answers each byte by a rule.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QDir>
 #include <deque>
 #include <optional>
@@ -14,8 +12,6 @@
 #include "tests/support/StartState.h"
 #include "ui/gadgets/CanvasGadget.h"
 #include "ui/gadgets/TextEntryGadget.h"
-#include "ui/windows/Dialogs.h"
-#include "ui/windows/Windows.h"
 #include "upload/LoadPath.h"
 #include "upload/UploadProgram.h"
 

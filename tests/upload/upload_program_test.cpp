@@ -1,3 +1,4 @@
+// Whole uploads: bytes, times, lines printed, and what ends them early.
 #include "tests/upload/upload_bench.h"
 
 namespace {

@@ -16,7 +16,8 @@ struct ReceiveBench : TransferBench {
     // Says the first word to the command, then one for each NAK or ACK that comes. The end
     // of a frame comes behind the first look for it.
     Story FetchFrom(std::deque<std::string> script, int64_t abortAt = INT64_MAX) {
-        Relink();
+        line.reset();
+        line = std::make_unique<FarEnd>();
         device = [=, start = clock.Now(), rest = std::string(), restAt = int64_t(0)](
                      int64_t now, const std::string& came) mutable {
             if (now - start > abortAt) JobOf(Direction::kReceive).abort = true;

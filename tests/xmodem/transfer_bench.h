@@ -1,8 +1,6 @@
 // A transfer on the test's own thread: its events are served when it waits for the loop.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <deque>
 
 #include "simulator/SimulatedBoard.h"
@@ -62,11 +60,6 @@ struct TransferBench : testing::Test {
     Story Store(const std::string& content) {
         Write(content);
         return Transfer(Direction::kSend);
-    }
-
-    void Relink(bool overTcp = false) {
-        line.reset();
-        line = std::make_unique<FarEnd>(overTcp);
     }
     void PlugIn() {
         board.reset(new simulator::SimulatedBoard(*simulator::FindBoardFacts("picomite")));
