@@ -3,6 +3,7 @@ window on it, driven by real keys and the real mouse.
 
 Used by the end-to-end tests and by ./run where there is no display.
 """
+import contextlib
 import os
 import re
 import subprocess
@@ -144,17 +145,19 @@ class Console:
         """Chooses entry (counted from 1) of a menu of the menu bar."""
         x, rows = MENUS[title]
         self.desktop.run("xdotool", "mousemove", "--window", self.window, str(x), "10", "click", "1")
-        self.choose(entry, rows)
+        self.choose(wait_for("menu", self.open_menu, 90), entry, rows)
 
     def popup(self, entry):
-        """Chooses entry (counted from 1) of the terminal's pop-up menu."""
-        self.click(300, CONTENT_TOP + 200, 3)
-        self.choose(entry, POPUP_ROWS)
+        """Chooses entry (counted from 1) of the terminal's pop-up menu. While a handler blocks it opens
+        late; a click that comes as another window takes the focus opens none."""
+        def opened():
+            self.click(300, CONTENT_TOP + 200, 3)
+            with contextlib.suppress(TimeoutError):
+                return wait_for("pop-up menu", self.open_menu, 10)
+        self.choose(wait_for("pop-up menu", opened, 90), entry, POPUP_ROWS)
 
-    def choose(self, entry, rows):
-        """By the mouse, once the menu is there: while a handler blocks it opens late, and keys sent
-        before it has the keyboard would go to the board."""
-        menu = wait_for("menu", self.open_menu, 90)
+    def choose(self, menu, entry, rows):
+        """By the mouse: keys sent before the menu has the keyboard would go to the board."""
         y = (2 * entry - 1) * self.geometry(menu)["HEIGHT"] // (2 * rows)
         self.desktop.run("xdotool", "mousemove", "--window", menu, "20", str(y), "click", "1")
         wait_for("end of the menu", lambda: not self.open_menu())
