@@ -17,8 +17,7 @@ inline bool Until(const std::function<bool()>& holds) {
     return QTest::qWaitFor(holds, 20000);
 }
 
-class EditorBench : public testing::Test {
-  protected:
+struct EditorBench : testing::Test {
     QTemporaryDir folder;
     QStringList told;  // what was asked, and the files' names that were proposed
     QString chosen;    // what the dialogs answer: a path,

@@ -13,8 +13,7 @@ struct Tool : QTcpSocket {
     }
 };
 
-class WithConsole : public EditorBench {
-  protected:
+struct WithConsole : EditorBench {
     // What the editor says to a port of the console after these keys, until it leaves.
     QByteArray Heard(const char* script, quint16 port) const {
         QTcpServer console;

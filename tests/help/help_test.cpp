@@ -1,9 +1,7 @@
 // The help window with real pages in its web view, the encoding of addresses, and the
 // About box's text.
-#include <QTemporaryDir>
 #include <QUrl>
 
-#include "base/AppPaths.h"
 #include "help/About.h"
 #include "help/HelpViewer.h"
 #include "tests/support/Gestures.h"

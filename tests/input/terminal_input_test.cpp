@@ -5,7 +5,6 @@
 #include "terminal/input/Paste.h"
 #include "tests/screen/ScreenRig.h"
 #include "tests/support/FarEnd.h"
-#include "tests/support/VirtualClock.h"
 
 namespace {
 

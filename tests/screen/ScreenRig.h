@@ -9,13 +9,10 @@
 #include "tests/support/Gestures.h"
 #include "tests/support/StartState.h"
 #include "ui/drawing/CanvasEventData.h"
-#include "ui/drawing/Drawing.h"
 #include "ui/drawing/PBCanvasWidget.h"
 #include "ui/gadgets/ContainerGadget.h"
 #include "ui/gadgets/ScrollBarGadget.h"
 #include "ui/gadgets/TextGadget.h"
-#include "ui/windows/Clipboard.h"
-#include "ui/windows/Dialogs.h"
 #include "ui/windows/FileDialogs.h"
 
 // Opens the window and sets the terminal up from the settings, which take the size.
@@ -58,23 +55,16 @@ inline std::string PairText(const char* name, int a, const char* between, int b)
     return name + std::to_string(a) + between + std::to_string(b);
 }
 
-// Whether the window, what stands in it and the pictures fit the terminal's size.
+// Whether the window and what stands in it fit the terminal's size.
 inline bool WindowFits() {
-    const MainWindowPlace& place = mainWindowPlace;
     const int width = terminalScreen.cols * terminalMetrics.charWidth + 4;
     const int height = terminalScreen.rows * terminalMetrics.charHeight + 4;
-    const QSize picture(width, height), frame(width + 10, height + 10);
-    const QSize window(width + 40, height + place.contentTop + 35);
-    const auto drawn = [](int canvas) {
-        return QSize(FindCanvas(canvas)->record.width, FindCanvas(canvas)->record.height);
-    };
-    return drawn(kTerminalCanvas) == picture && drawn(kFrameCanvas) == frame &&
-           PlaceOf(kTerminalCanvas) == QRect(QPoint(5, 5), picture) &&
-           PlaceOf(kFrameCanvas) == QRect(QPoint(5, place.contentTop), frame) &&
-           PlaceOf(kTerminalScrollBar) == QRect(width + 17, place.contentTop, 18, height) &&
-           QSize(place.width, place.height) == window &&
-           WindowWidth(kMainWindow, WindowMeasure::kInner) == window.width() &&
-           WindowHeight(kMainWindow, WindowMeasure::kInner) == window.height() &&
+    const int top = mainWindowPlace.contentTop;
+    return PlaceOf(kTerminalCanvas) == QRect(5, 5, width, height) &&
+           PlaceOf(kFrameCanvas) == QRect(5, top, width + 10, height + 10) &&
+           PlaceOf(kTerminalScrollBar) == QRect(width + 17, top, 18, height) &&
+           WindowWidth(kMainWindow, WindowMeasure::kInner) == width + 40 &&
+           WindowHeight(kMainWindow, WindowMeasure::kInner) == height + top + 35 &&
            GadgetText(kTerminalSizeText).toStdString() ==
                PairText("", terminalScreen.cols, " x ", terminalScreen.rows) +
                    PairText(" char, ", width, " x ", height) + " pixels";

@@ -12,8 +12,7 @@ const bool startState = KeepStartState(PutBackScreen);
 constexpr int kCols = 20;
 constexpr int kRows = 5;
 
-class SelectionTest : public testing::Test {
-  protected:
+struct SelectionTest : testing::Test {
     SelectionTest() {
         OpenScreenRig(kCols, kRows);
         Feed("abcdefghijklmnopqrst\nuvwx\x1b[2;10Hyz\n\n0123");

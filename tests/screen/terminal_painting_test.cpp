@@ -8,8 +8,7 @@ constexpr int16_t kPlain = 1, kBold = 2;
 
 // The light scheme, so that a cell that nothing wrote shows; beside the terminal a sheet on
 // which each call of the drawing layer is made by hand.
-class TerminalPainting : public testing::Test {
-  protected:
+struct TerminalPainting : testing::Test {
     void Open(int cols, int rows) {
         SetDarkBackground(false);
         OpenScreenRig(cols, rows);

@@ -24,10 +24,8 @@ void StartOver(int cols = 20) {
     DropQueuedEvents(kEventTerminalReply, kNone);
 }
 
-class TerminalScripts : public testing::Test {
-  protected:
-    void SetUp() override {
-        TerminalSettingsForTable().scrollBack = 100;
+struct TerminalScripts : testing::Test {
+    TerminalScripts() {
         TerminalSettingsForTable().xtermMouse = 3;
         OpenScreenRig(20, 5);
         StartOver();

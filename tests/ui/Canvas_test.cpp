@@ -113,7 +113,7 @@ TEST(CanvasPicture, IsThereAtOnceAndShowsItsPixelsAsTheyAre) {
     for (const double scale : {1.25, 1.5, 2.0}) {
         QImage screen(600, 300, QImage::Format_RGB32);
         screen.setDevicePixelRatio(scale);
-        FitPicture(&canvas->record, 250, 100, scale);
+        canvas->render(&screen, QPoint(3, 5));
         draw();
         canvas->render(&screen, QPoint(3, 5));
         const QImage picture = CanvasPicture(kCanvas);

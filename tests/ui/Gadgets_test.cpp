@@ -70,8 +70,10 @@ TEST_F(Gadgets, StandWhereTheyAreTold) {
     EXPECT_EQ(WidgetOfGadget(8)->parentWidget(), WidgetOfGadget(7));
     EXPECT_EQ(WidgetOfGadget(9)->parentWidget(), WidgetOfGadget(7)->parentWidget());
     SetGadgetFont(10, 3);
-    for (const auto& [gadget, size] : {std::pair(8, 30), {9, 30}, {10, 20}})
-        EXPECT_EQ(WidgetOfGadget(gadget)->font().pointSize(), size);
+    for (const auto& [gadget, size] : {std::pair(8, 30), {9, 30}, {10, 20}}) {
+        const QFont& font = WidgetOfGadget(gadget)->font();
+        EXPECT_TRUE(font.pointSize() == size && font.bold() == (size == 30)) << gadget;
+    }
     for (const int gadget : {9, 10}) {
         const auto* label = static_cast<QLabel*>(WidgetOfGadget(gadget));
         EXPECT_EQ(label->wordWrap(), gadget == 9);

@@ -80,9 +80,6 @@ TEST_F(Windows, FlagsBecomeTheFrame) {
 TEST_F(Windows, WhatHappensToOneIsAnEventAndBurstsCollapse) {
     QWidget* const window = WidgetOfWindow(0);
     const QPoint at(200, 200);
-    const auto openOther = [] {
-        OpenNumberedWindow(155, 0, 0, 200, 100, "other", kHelpWindowFlags);
-    };
     const std::pair<int, std::function<void()>> rows[] = {
         {kEventSizeWindow, [=] { window->resize(410, 310), window->resize(420, 320); }},
         {kEventMoveWindow, [=] { window->move(90, 95); }},
@@ -95,7 +92,7 @@ TEST_F(Windows, WhatHappensToOneIsAnEventAndBurstsCollapse) {
         {kEventLeftDoubleClickUp, [=] { ClickAgain(window, at); }},
         {kEventRightButtonUp, [=] { Release(window, at, Qt::RightButton); }},
         {kEventCloseWindow, [=] { window->close(); }},
-        {kEventDeactivateWindow, openOther},
+        {kEventDeactivateWindow, [] { OpenNumberedWindow(1, 0, 0, 9, 9, "", kHelpWindowFlags); }},
         {kEventActivateWindow, [] { ActivateNumberedWindow(0); }},
     };
     for (const auto& [event, act] : rows) {
