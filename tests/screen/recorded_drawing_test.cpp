@@ -70,30 +70,10 @@ TEST_F(RecordedDrawing, EqualsDrawingAtOnceWhateverIsDrawnAndWheneverOneLooks) {
     }
 }
 
-// Boxes and cells that meet leave nothing between them and nothing at the picture's end,
-// however far the picture was moved before.
-TEST_F(RecordedDrawing, NeighboursMeetAtEveryScale) {
-    const QRgb white = ImageColour(0xFFFFFF);
-    for (const double scale : {1.1, 1.25, 1.5, 1.75, 2.0}) {
-        FitPicture(&recorded, 93, 61, scale);
-        for (int moved = 0; moved < 40; ++moved) {
-            RecordMove(&recorded, 17, 61 - 17, 0, 0);
-            RecordCells(&recorded, 0, 61 - 17, {u"        ", 8, {0, 0xFFFFFF, 1, true}},
-                        {10, 10, 17});
-            RecordBox(&recorded, 80, 61 - 17, 13, 17, white);
-            if (moved < 4 || moved % 3) continue;
-            QImage all(PictureOf(&recorded));
-            all.fill(white);
-            ASSERT_EQ(PictureOf(&recorded), all) << scale << ' ' << moved;
-        }
-    }
-}
-
-// What was drawn with a font stays when that is replaced or freed. One canvas is open at a
-// time, and calls nest on it.
+// What was drawn with a font stays when that is replaced or freed. Calls nest on a canvas.
 TEST_F(RecordedDrawing, GlyphsAreTheToolkits) {
     OpenNumberedWindow(kMainWindow, 0, 0, 300, 200, "", kStandardWindowFlags);
-    for (const int canvas : {kTerminalCanvas, kFrameCanvas}) CanvasGadget(canvas, 0, 0, 9, 9, 0);
+    CanvasGadget(kTerminalCanvas, 0, 0, 9, 9, 0);
     for (const int scale : {1, 2}) {
         QImage plain(40 * scale, 900 * scale, QImage::Format_RGB32);
         plain.setDevicePixelRatio(scale);
@@ -102,7 +82,6 @@ TEST_F(RecordedDrawing, GlyphsAreTheToolkits) {
         ResetCanvasPicture(kTerminalCanvas, 40, 900);
         ASSERT_TRUE(StartDrawing(kTerminalCanvas) && StartDrawing(kTerminalCanvas));
         StopDrawing();
-        EXPECT_FALSE(StartDrawing(kFrameCanvas));
         QPainter painter(&plain);
         for (int y = -5; y < 900; y += 18) {
             LoadNumberedFont(1, "Liberation Mono", Number(8, 15), kFontPlain);

@@ -73,6 +73,7 @@ TEST(TerminalSizing, LaysOutTheShownRowsAndGivesTheFocus) {
 // The bar reaches 40 lines less than the scrollback, and nothing holds its lower part. An
 // emptied terminal keeps where it stood, the attribute and the pending colours.
 TEST(TerminalSizing, TheScrollBarMovesTheView) {
+    TerminalSettingsForTable().scrollBack = 1000;
     OpenScreenRig(20, 3);
     const auto moved = [](int position) {
         SetGadgetState(kTerminalScrollBar, position);
@@ -86,8 +87,8 @@ TEST(TerminalSizing, TheScrollBarMovesTheView) {
     EXPECT_EQ(State(), "21.|here.|23. 1,3 view 21/98");
     EXPECT_EQ(moved(900), "98.|99. 1,3 view 98/98");
     Feed(std::string(2000, '\n'));
-    EXPECT_EQ(State(), " 1,3 view 1024/1024 bar 984");
-    EXPECT_EQ(moved(500), " 1,3 view 500/1024");
+    EXPECT_EQ(State(), " 1,3 view 1000/1000 bar 960");
+    EXPECT_EQ(moved(500), " 1,3 view 500/1000");
     Feed("\x1b[31m\x1b[1mA");
     ClearTerminal(kTerminalCanvas);
     EXPECT_EQ(State(), " 1,1 bar 500 pen 1 ffffff 0 pending cd 0");
