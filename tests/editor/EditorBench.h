@@ -93,7 +93,11 @@ struct EditorBench : testing::Test {
             for (int k = 0; k < keys.count(); ++k) {
                 const Qt::KeyboardModifiers modifiers(keys[k] & int(Qt::KeyboardModifierMask));
                 QTest::keyClick(Target(), Qt::Key(keys[k] - modifiers), modifiers);
-                if (modifiers & Qt::AltModifier) QTest::qWait(150);  // a button goes down and up
+                if (!(modifiers & Qt::AltModifier)) continue;
+                // A button that a key presses goes down, and acts when it comes up.
+                const auto down = [](const QAbstractButton* button) { return button->isDown(); };
+                const auto all = Target()->window()->findChildren<QAbstractButton*>();
+                EXPECT_TRUE(Until([&] { return std::none_of(all.begin(), all.end(), down); }));
             }
         }
     }

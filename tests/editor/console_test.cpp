@@ -44,18 +44,13 @@ TEST_F(WithConsole, LoadsStoresAndStops) {
 }
 
 TEST_F(WithConsole, StartsOneWhenNoneAnswers) {
-    const auto load = [this](int questions) {
-        Open("A");
-        Do("[F5]");
-        EXPECT_TRUE(Until([&] { return told.size() == questions; }));
-    };
-    const auto started = [this] { return QFile::exists(folder.filePath("started")); };
-    load(1);
-    EXPECT_TRUE(told.last().endsWith("Start one."));  // there is no program to start
     setup.consoleProgram = Write("KWCC", "#!/bin/sh\ntouch \"${0%KWCC}started\"\n");
     QFile::setPermissions(setup.consoleProgram, QFile::ReadOwner | QFile::ExeOwner);
     StartAgain();
-    load(2);
+    const auto started = [this] { return QFile::exists(folder.filePath("started")); };
+    Open("A");
+    Do("[F5]");
+    EXPECT_TRUE(Until([&] { return told.size() == 1; }));
     EXPECT_FALSE(started());
     answer = "Start";
     Do("[Ctrl+F5]");

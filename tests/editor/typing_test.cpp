@@ -119,8 +119,6 @@ TEST_F(Typing, HelpZoomFontPrintAndWhatIsRemembered) {
     EXPECT_EQ(Window().geometry(), QRect(60, 50, 640, 480));
     EXPECT_EQ(Text().SendScintilla(QsciScintilla::SCI_GETZOOM), 1);
     EXPECT_EQ(Text().SourceFont().pointSize(), 19);
-    Do("[Ctrl+N]");
-    EXPECT_NE(Window(0).pos(), Window(1).pos());
     EXPECT_TRUE(Habits(setup.settingsFile).RecentFiles().contains(folder.filePath("a.bas")));
 }
 

@@ -1,7 +1,5 @@
 // The help window with real pages in its web view, the encoding of addresses, and the
 // About box's text.
-#include <QUrl>
-
 #include "help/About.h"
 #include "help/HelpViewer.h"
 #include "tests/support/Gestures.h"

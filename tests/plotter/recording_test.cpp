@@ -7,7 +7,6 @@
 #include <sstream>
 
 #include "plotter/CsvText.h"
-#include "plotter/LineCutter.h"
 #include "plotter/RunningLog.h"
 #include "plotter/Thinning.h"
 #include "tests/support/ScratchFolder.h"

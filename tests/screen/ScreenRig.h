@@ -2,8 +2,6 @@
 // toolbar rows and the size text. For tests, benchmarks and fuzz targets.
 #pragma once
 
-#include <QPainter>
-
 #include "terminal/screen/TerminalSizing.h"
 #include "terminal/screen/TerminalText.h"
 #include "tests/support/Gestures.h"
@@ -62,6 +60,7 @@ inline bool WindowFits() {
     const int top = mainWindowPlace.contentTop;
     return PlaceOf(kTerminalCanvas) == QRect(5, 5, width, height) &&
            PlaceOf(kFrameCanvas) == QRect(5, top, width + 10, height + 10) &&
+           CanvasPicture(kFrameCanvas).size() == QSize(width + 10, height + 10) &&
            PlaceOf(kTerminalScrollBar) == QRect(width + 17, top, 18, height) &&
            WindowWidth(kMainWindow, WindowMeasure::kInner) == width + 40 &&
            WindowHeight(kMainWindow, WindowMeasure::kInner) == height + top + 35 &&

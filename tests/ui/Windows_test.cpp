@@ -90,6 +90,7 @@ TEST_F(Windows, WhatHappensToOneIsAnEventAndBurstsCollapse) {
         {kEventRepaint, [=] { window->repaint(); }},
         {kEventLeftButtonUp, [=] { Click(window, at); }},
         {kEventLeftDoubleClickUp, [=] { ClickAgain(window, at); }},
+        {kEventLeftButtonUp, [=] { Click(window, at); }},
         {kEventRightButtonUp, [=] { Release(window, at, Qt::RightButton); }},
         {kEventCloseWindow, [=] { window->close(); }},
         {kEventDeactivateWindow, [] { OpenNumberedWindow(1, 0, 0, 9, 9, "", kHelpWindowFlags); }},
