@@ -38,10 +38,11 @@ TEST_F(DeviceSpec, PortAndAddressChooseTheLink) {
     ApplyDeviceSpec("ip\\" + endpoint);  // the text is the same, so the link stays
     EXPECT_FALSE(WindowIsOpen(kNoticeWindow));
     EXPECT_EQ(State(), endpoint + ' ' + endpoint + " tcp " + endpoint + ' ');
-    ApplyDeviceSpec("s\\cmm2 port\\COM1");
-    EXPECT_EQ(State(), "COM1: " + endpoint + " serial  ");
+    ApplyDeviceSpec("s\\cmm2 port\\COM1:57");
+    EXPECT_EQ(State(), "COM1:57 " + endpoint + " serial  ");
     EXPECT_EQ(GadgetText(kNoticeText), "Port Changed!\ndisconnecting first.");
-    EXPECT_EQ(GadgetText(kAddressEntry) + GadgetText(kPortCombo), endpoint + "COM1");
+    EXPECT_EQ(GadgetText(kAddressEntry) + GadgetText(kPortCombo) + GadgetText(kSpeedCombo),
+              endpoint + "COM157");
     close(far);
 }
 

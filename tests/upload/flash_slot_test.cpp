@@ -17,7 +17,7 @@ class FlashSlot : public UploadBench {
 
     // Reads `text` from a file and clicks on the row: the milliseconds to the new list, "|",
     // and what was sent.
-    QString Upload(const char* family, const char* text, int slot) {
+    QString Upload(const char* family, const QByteArray& text, int slot) {
         SetGadgetText(kFamilyCombo, family);
         FlashSlotUpload(ScratchFolder::Put("f.bas", text), -1);
         EXPECT_TRUE(SlotUploadArmed() && !linkStatus.quietTerminal);
@@ -52,9 +52,9 @@ TEST_F(FlashSlot, TypesTheFileAndOverwritesTheSlot) {
     EXPECT_EQ(Printed(2), "File read failed!!|Nothing to load.");
     // Of a row's code the number alone counts; without a row it is the usual one.
     answer = [](char byte) { return byte == '\n' ? "\nSaved" : std::string(1, byte); };
-    EXPECT_EQ(Upload("cmm2", "1\n2\n3\n4\n5\n6\n7\n8\n9\nA", 0),
-              "5260|autosave^1^2^3^4^5^6^7^8^9^A^\x1b^\r\r");
-    EXPECT_EQ(GadgetText(kProgressText), "10/10");
+    EXPECT_EQ(Upload("cmm2", QByteArray("B\n").repeated(19), 0),
+              "5440|autosave^" + QString("B^").repeated(19) + "\x1b^\r\r");
+    EXPECT_EQ(GadgetText(kProgressText), "10/19");
     EXPECT_EQ(Upload("maximite", "A", 0), "5080|auto^A^\3^\r\r");
     EXPECT_EQ(Upload("vgamite", "A", 0), "5080|autosave^A^\x1a^\r\r");
     onTick = [this] { RequestLeave(received.find('B') < 99); };
