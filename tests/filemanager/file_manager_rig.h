@@ -118,9 +118,8 @@ class FileManager : public testing::Test {
     }
     std::string Printed() { return Plain(TakeCapture()).toStdString(); }
 
-    // A line for each step: the milliseconds that it took, what went out, what was printed and
-    // asked, and the device's rows once it has answered, if others. Longer ones go on in a line
-    // that is indented.
+    // For each step: the milliseconds that it took, what went out, what was printed and asked,
+    // and the device's rows once it has answered, if others. An indented line goes on.
     void Follow(QString script) {
         QStringList told;
         for (const QString& step : script.replace("\n    ", "").split('\n')) {

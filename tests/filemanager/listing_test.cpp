@@ -67,8 +67,7 @@ TEST_F(FileManager, AProgramIsSavedLineByLine) {
         answer = name;
         RequestProgram(0);
         for (const QString& chunk : chunks) ParseListingChunk(chunk);
-        EXPECT_FALSE(deviceListing.savingProgram);
-        EXPECT_EQ(deviceListing.programCapture, "");
+        EXPECT_TRUE(!deviceListing.savingProgram && deviceListing.programCapture.isEmpty());
         return ScratchFolder::Get(file).replace('\r', '^').toStdString() + Printed();
     };
     const QString plain = "list all\r\nEnd\r\n> ";

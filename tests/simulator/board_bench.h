@@ -11,7 +11,6 @@ namespace {
 
 using namespace simulator;
 
-// ESC sequences of the prompts, as the firmwares send them.
 const std::string kQuiet = "> \x1b[?7h", kLead603 = "\x1b[?25h\x1b[97;40m";
 const std::string kLoud603 = kLead603 + kQuiet;
 

@@ -62,8 +62,7 @@ TEST(Telnet, TheWebMiteCodesBothDirections) {
 TEST(Faults, EachTroubleOnRequest) {
     const std::string signOn = BoardBench().signOn;
     const int length = int(signOn.size());
-    // Seed, bytes of 1000 that are lost out and in and spoilt, delay, no echo, silence, bytes
-    // until the cut, a storm and its interval.
+    // Seed, per mille lost out, lost in and spoilt, delay, no echo, silence, cut, storm, interval.
     const std::pair<BoardFaults, std::vector<Step>> rows[] = {
         {{1, 0, 0, 0, 30, false, false, 0, "", 1}, {{"", 30, signOn}, {"x", 29, ""}, {"", 1, "x"}}},
         {{1, 0, 0, 0, 0, true, false, 0, "", 1}, {{"?1\r", 10, " 1\r\n" + kQuiet}}},

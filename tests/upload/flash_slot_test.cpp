@@ -15,8 +15,7 @@ class FlashSlot : public UploadBench {
         SetAfterFlashUpload([] { listedAt = linkStatus.quietTerminal ? -1 : NowMs(); });
     }
 
-    // Reads `text` from a file and clicks on the row: the milliseconds to the new list, "|",
-    // and what was sent.
+    // Clicks on the row: the milliseconds to the new list, "|", and what was sent.
     QString Upload(const char* family, const QByteArray& text, int slot) {
         SetGadgetText(kFamilyCombo, family);
         FlashSlotUpload(ScratchFolder::Put("f.bas", text), -1);

@@ -146,10 +146,8 @@ TEST_F(Upload, PinDialogue) {
         const QString sent = Send("norun", "A");
         EXPECT_EQ(sent,
                   QString::number(time) + "|\00312^" + (accepted ? "NEW^AUTOSAVE^A^\x1a" : ""));
-        EXPECT_TRUE(Printed(9)
-                        .section("Sending PIN|", -1)
-                        .startsWith(accepted ? "PIN accepted|NEW" : "Wrong PIN|Aborting upload"))
-            << verdict;
+        const QString said = Printed(9).section("Sending PIN|", -1);
+        EXPECT_TRUE(said.startsWith(accepted ? "PIN accepted|NEW" : "Wrong PIN|Aborting upload"));
     }
     EXPECT_EQ(Send("", "A", 1), "360|\3Aborting upload");  // nothing is typed
     EXPECT_EQ(asked.last(), "PIN required!|Enter security PIN");

@@ -64,8 +64,7 @@ TEST_F(TransferThreads, KilledInASleep) {
 }
 
 // Nobody takes events at first: the stop itself shows the line that waits, and the worker goes
-// on to meet its abort flag, tells the silent device and ends. That end is not taken for the one
-// of the new file.
+// on to tell the silent device. Its end is not taken for the one of the new file.
 TEST_F(TransferThreads, StartedOverALivingWorker) {
     StartSendWorker("pc.bin", "first");
     EXPECT_TRUE(LoopUntil([] { return JobOf(Direction::kSend).statusWaits.load(); }));

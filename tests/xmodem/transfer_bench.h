@@ -35,8 +35,7 @@ struct TransferBench : testing::Test {
         }
     }
 
-    // What a transfer printed, run together, what the device got behind the command, what
-    // was fetched, and the milliseconds that it took.
+    // What was printed, what the device got behind the command, what was fetched, milliseconds.
     using Story = std::tuple<std::string, std::string, std::string, int64_t>;
     Story Transfer(Direction direction) {
         XmodemJob& job = JobOf(direction);
