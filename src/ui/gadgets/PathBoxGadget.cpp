@@ -33,6 +33,9 @@ class PathBoxFunctions : public PBGadgetFunctions {
         connect(box, &QLineEdit::returnPressed, this, &PBGadgetFunctions::PathChosen);
         connect(completer, QOverload<const QString&>::of(&QCompleter::activated), this,
                 &PBGadgetFunctions::PathChosen);
+        // Names that are read only after Return must not open a list over what is clicked next.
+        connect(box, &QLineEdit::returnPressed, completer, [=] { completer->setWidget(nullptr); });
+        connect(box, &QLineEdit::textEdited, completer, [=] { completer->setWidget(box); });
     }
     // The change is told even when the text is the same: who sets it counts on the echo.
     void SetText(const QString& text) override {
