@@ -6,6 +6,7 @@
 #include "base/DecodeLinkText.h"
 #include "base/DocumentsFolder.h"
 #include "base/LineEnding.h"
+#include "base/Pacing.h"
 #include "base/TextRules.h"
 #include "tests/support/ScratchFolder.h"
 
@@ -52,6 +53,9 @@ TEST(TextRules, PartsOfTexts) {
               "c/b///\ta b\t/a b");
     SetLineEnding("lf");
     EXPECT_EQ(lineEnding.name + lineEnding.bytes, "lf\r\n");
+    setenv("TZ", "EST+5", 1);
+    tzset();
+    EXPECT_NEAR(WallClock() - time(nullptr), -5 * 3600, 2);
 }
 
 // From a block of exactly this size, so that a sanitizer sees a read behind it.

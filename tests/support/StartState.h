@@ -33,7 +33,6 @@
 #include "terminal/screen/Selection.h"
 #include "terminal/screen/TerminalFonts.h"
 #include "terminal/screen/TerminalMode.h"
-#include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalSettings.h"
 #include "terminal/screen/VtFinals.h"
 #include "terminal/screen/VtParser.h"
