@@ -2,6 +2,7 @@
 // toolbar rows and the size text. For tests, benchmarks and fuzz targets.
 #pragma once
 
+#include "terminal/screen/TerminalPainters.h"
 #include "terminal/screen/TerminalSizing.h"
 #include "terminal/screen/TerminalText.h"
 #include "tests/support/Gestures.h"

@@ -16,36 +16,12 @@
 #include "ui/gadgets/TextEntryGadget.h"
 #include "ui/windows/Windows.h"
 
-// A taken event.
-struct Seen {
-    int32_t number;
-    int64_t window, object, type;
-    bool operator==(const Seen& o) const {
-        return number == o.number && window == o.window && object == o.object && type == o.type;
-    }
-};
-
-inline std::ostream& operator<<(std::ostream& out, const Seen& event) {
-    return out << event.number << " of window " << event.window << " object " << event.object
-               << " type " << event.type;
-}
-
-using Events = std::vector<Seen>;
-
 constexpr int kTestWindow = 0;
 
-inline Seen GadgetEvent(int gadget, int64_t type) {
-    return {kEventGadget, kTestWindow, gadget, type};
-}
-
-// Serves the toolkit once and takes all events that wait; keeps those of one number, if given.
-inline Events TakeEvents(int32_t number = kNoEvent) {
-    Events seen;
+// Serves the toolkit until no event waits.
+inline void TakeEvents() {
     while (WaitForEvent(0) != kNoEvent) {
-        if (number == kNoEvent || number == EventNumber())
-            seen.push_back({EventNumber(), EventWindow(), EventObject(), EventType()});
     }
-    return seen;
 }
 
 // Opens a sizable window of 400 by 300 with a gadget list, and takes its first events.

@@ -32,8 +32,11 @@ using UiTest = WithWindow;
 // The events that wait, those of one number if given: number, window, object and type of each.
 inline std::string Heard(int32_t number = kNoEvent) {
     QString heard;
-    for (const Seen& e : TakeEvents(number))
-        heard += QString("%1 %2 %3 %4|").arg(e.number).arg(e.window).arg(e.object).arg(e.type);
+    while (WaitForEvent(0) != kNoEvent) {
+        if (number != kNoEvent && number != EventNumber()) continue;
+        heard += QString::asprintf("%d %ld %ld %ld|", EventNumber(), EventWindow(), EventObject(),
+                                   EventType());
+    }
     return heard.toStdString();
 }
 

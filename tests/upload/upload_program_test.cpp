@@ -1,4 +1,5 @@
 // Whole uploads: bytes, times, lines printed, and what ends them early.
+#include "simulator/SimulatedBoard.h"
 #include "tests/upload/upload_bench.h"
 
 namespace {
@@ -151,6 +152,24 @@ TEST_F(Upload, PinDialogue) {
     }
     EXPECT_EQ(Send("", "A", 1), "360|\3Aborting upload");  // nothing is typed
     EXPECT_EQ(asked.last(), "PIN required!|Enter security PIN");
+}
+
+TEST_F(Upload, RunsOnEachSimulatedBoard) {
+    const char* const program = "' Sum\nFOR I = 1 TO 4\n  A = A + I\nNEXT I\nPRINT \"sum\"; A\n";
+    const std::pair<const char*, const char*> boards[] = {{"picomite", "s\\picomite"},
+                                                          {"armmite", "s\\micromite le\\lf"},
+                                                          {"micromite+", "s\\micromite+ le\\cr"},
+                                                          {"maximite", "s\\maximite"},
+                                                          {"pi-cromite", "s\\pi le\\crlf"},
+                                                          {"cmm2", "s\\cmm2 file\\sum.bas"}};
+    for (const auto& [name, field] : boards) {
+        simulator::SimulatedBoard board(*simulator::FindBoardFacts(name), {});
+        board.PowerUp(clock.Now());
+        board.TakeOutput();
+        answer = [&](char byte) { return board.Receive(std::string(1, byte), clock.Now()), ""; };
+        onTick = [&] { board.Advance(clock.Now()), line->Write(board.TakeOutput()); };
+        EXPECT_TRUE(Send(field, program, 4).contains("sum 10")) << name;
+    }
 }
 
 }  // namespace
