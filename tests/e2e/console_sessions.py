@@ -98,7 +98,7 @@ class Session(unittest.TestCase):
 
 
 class TcpSession(Session):
-    def test_talk_upload_resize_quit(self):
+    def test_talk_upload_quit(self):
         port = free_port()
         self.start_board("--board", "picomite", "--port", str(port))
         self.write_tcp_settings(port, '[Macros]\nMacro0 = Six|PRINT 2*3; "six"\\013\n')
@@ -122,21 +122,8 @@ class TcpSession(Session):
             text = console.wait_text(ending, 60)
             self.assertNotIn("Error", text, name)
 
-        self.resize(console)
         self.assertEqual(console.close(), 0)
-        self.assertEqual(self.saved("Characters per line"), "90")
-        self.assertEqual(self.saved("Number of rows"), "24")
         self.assertEqual(self.saved("Cmd0"), "PRINT 1000+234")
-        self.assertEqual(self.saved("Line ending"), "CR")
-
-    def resize(self, console):
-        before = console.geometry()
-        console.menu("Setup", 1)
-        self.windows("New size")
-        time.sleep(0.3)
-        console.key("ctrl+a")
-        console.type("90 X 24\n")
-        wait_for("smaller window", lambda: console.geometry()["HEIGHT"] < before["HEIGHT"] - 200)
 
 
 class LocalTools(Session):

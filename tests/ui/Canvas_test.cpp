@@ -83,6 +83,23 @@ TEST_F(Canvas, NothingTypedIsLostWhileAHandlerKeepsTheLoop) {
     EXPECT_EQ(Heard(kEventGadget), "3 0 24 512|");
 }
 
+// What is drawn right behind a painting is painted by itself, a little later.
+TEST_F(Canvas, IsPaintedSoonBehindEachDrawing) {
+    struct Paintings : QObject {
+        int count = 0;
+        bool eventFilter(QObject*, QEvent* e) override {
+            return count += e->type() == QEvent::Paint, false;
+        }
+    } paintings;
+    canvas->installEventFilter(&paintings);
+    for (int drawing = 1; drawing < 4; ++drawing) {
+        StartDrawing(kCanvas);
+        DrawBox(0, 0, drawing, 9, 0xFF);
+        StopDrawing();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return paintings.count >= drawing; })) << drawing;
+    }
+}
+
 // A canvas has its size at once: what is drawn before the window shows stays, and what is there
 // stays when the size changes. On a finer screen the canvas has that screen's pixels, they go
 // there one for one, and boxes that meet leave nothing between them.
