@@ -8,8 +8,6 @@ import unittest
 from console_sessions import CONNECT, Session, free_port
 from desktop import CONTENT_TOP, Console, wait_for
 
-PROMPT = (300, CONTENT_TOP + 200)
-
 # Places of the file manager's gadgets at its default size and division.
 TO_DEVICE, ABORT = (255, 19), (310, 19)
 TO_PC, DELETE, NEW_FOLDER, REFRESH, FLASH = (367, 19), (420, 19), (490, 19), (570, 19), (670, 19)
@@ -78,12 +76,13 @@ class FilesSession(Session):
         self.front(self.windows(title)[0])
         self.typed(text)
         self.keys(key)
+        wait_for("answer", lambda: title not in self.desktop.output(["wmctrl", "-l"]))  # it blocks the rest
 
     def wait_for_text(self, pattern):
         wait_for(pattern, lambda: re.search(pattern, self.console.text()), 90, 1)
 
     def board_says(self, command, last):
-        self.console.click(*PROMPT)
+        self.console.click(300, CONTENT_TOP + 200)
         self.console.type(command + "\n")
         return self.console.wait_text(last).rsplit(command, 1)[-1]
 
