@@ -11,7 +11,6 @@ import time
 
 CONTENT_TOP = 155            # y of the terminal's frame with all toolbar rows on show
 FRAME_FOCUSED = b"\x7f\xc2\xff"  # its colour while the terminal has the focus
-PORT_ROW = 30                # y of the second toolbar row
 MENUS = {"Setup": (20, 9), "Action": (100, 11), "Mode": (200, 5), "Help": (240, 2)}  # x, rows
 POPUP_ROWS = 7
 
