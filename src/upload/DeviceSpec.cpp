@@ -51,11 +51,8 @@ QString SpecificationOf(const QString& text) {
 std::vector<OptionWord> ReadOptionWords(const QString& specification) {
     std::vector<OptionWord> words;
     int start = 0;
-    while (words.size() < kMostOptionWords) {
-        const QString word = WordAt(specification, start);
-        if (word.isEmpty()) break;
+    for (QString word; !(word = WordAt(specification, start)).isEmpty(); start += word.size() + 1) {
         words.push_back({FieldOf(word, 1, '\\'), FieldOf(word, 2, '\\')});
-        start += word.size() + 1;
     }
     return words;
 }

@@ -7,8 +7,6 @@
 
 #include <QString>
 
-constexpr int kMostOptionWords = 512;  // words taken of one specification
-
 // Parses the first line into the live options. The parsed text with "\n" added,
 // crunched if that line says so. The family, the line ending and the link stay as they
 // are when the line has no word for them.
