@@ -1,7 +1,10 @@
 #include "ui/InterfaceLayer.h"
 
+#include <unistd.h>
+
 #include <QApplication>
 #include <QIcon>
+#include <cstdlib>
 
 #include "ui/EndSignals.h"
 #include "ui/WaitService.h"
@@ -15,6 +18,7 @@
 namespace {
 
 QApplication* application = nullptr;
+void (*saveWork)() = nullptr;
 
 // The toolkit gets the program's name alone: every argument is the program's own, even
 // one that reads like an option of the toolkit.
@@ -44,6 +48,14 @@ void FollowScreenDensity() {
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 }
 
+// The toolkit calls exit(3) when the display is gone. Threads that run still use what exit(3)
+// destroys, so the process ends before that.
+void EndWithoutDisplay() {
+    if (!application) return;
+    if (saveWork) saveWork();
+    _exit(EXIT_FAILURE);
+}
+
 void CreateApplication(char** argv) {
     LeaveOutOpenGl();
     FollowScreenDensity();
@@ -65,6 +77,7 @@ void CreateApplication(char** argv) {
 void StartInterfaceLayer(char** argv) {
     BecomeInterfaceThread();
     CreateApplication(argv);
+    std::atexit(EndWithoutDisplay);
     StartWaiting();
     SetBeforeWait(ShowNewWindows);
     StartWaitService();
@@ -87,5 +100,6 @@ void EndInterfaceLayer() {
 }
 
 void SaveAtSessionEnd(void (*save)()) {
+    saveWork = save;
     QObject::connect(application, &QGuiApplication::commitDataRequest, [save] { save(); });
 }

@@ -10,6 +10,7 @@ void StartInterfaceLayer(char** argv);
 // Closes all windows and drops all queued events, timers and shortcuts.
 void EndInterfaceLayer();
 
-// The procedure that keeps the user's work when the desktop session is about to end. The
-// program goes on, since the user may still call that off.
+// The procedure that keeps the user's work when the desktop session is about to end, or when
+// the display is gone. The program goes on in the first case, since the user may still call
+// that off.
 void SaveAtSessionEnd(void (*save)());

@@ -72,12 +72,6 @@ class Session(unittest.TestCase):
     def front(self, window):
         self.desktop.run("xdotool", "windowactivate", "--sync", window)
 
-    def keys(self, *keys):
-        self.desktop.run("xdotool", "key", "--delay", "30", *keys)
-
-    def typed(self, text):
-        self.desktop.run("xdotool", "type", "--delay", "10", text)
-
     def click(self, window, x, y):
         self.desktop.run("xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1")
 
@@ -106,10 +100,10 @@ class TcpSession(Session):
         console.click(*CONNECT)
         console.wait_text("Connected to 127.0.0.1 port")
         console.click(300, CONTENT_TOP + 200)
-        console.type("PRINT 6*7\n")
+        self.desktop.type("PRINT 6*7\n")
         self.assertRegex(console.wait_text("42"), r"PRINT 6\*7\s+42")
         console.click(*COMMAND_BAR)
-        console.type("PRINT 1000+234\n")
+        self.desktop.type("PRINT 1000+234\n")
         console.wait_text("1234")
         console.click(35, 91)  # the first macro button
         console.wait_text("6six")
@@ -192,7 +186,7 @@ class Leaving(Session):
         self.write_tcp_settings(port)
         console = Console(self.desktop, self.program)
         console.click(*COMMAND_BAR)
-        console.type("kept")
+        self.desktop.type("kept")
         return console
 
     def leaves(self, console, end, status=0, seconds=3.5):
@@ -230,6 +224,9 @@ class Leaving(Session):
         time.sleep(2)
         self.leaves(console, console.process.terminate)
 
+    def test_the_display_goes(self):
+        self.leaves(self.start_console(free_port()), self.desktop.processes[0].terminate, 1)
+
 
 class EditorSession(Session):
     def setUp(self):
@@ -245,13 +242,13 @@ class EditorSession(Session):
         console = Console(self.desktop, self.program)
         editor = self.start_editor(self.source)
         self.front(self.editor_window())
-        console.type('PRINT "It is";6*7\n')
-        self.keys("F5")
+        self.desktop.type('PRINT "It is";6*7\n')
+        self.desktop.key("F5")
         self.assertRegex(console.wait_text("It is 42", 60), r"Control\s.*my game.bas\s")
         self.assertEqual(self.saved_source(), 'PRINT "It is";6*7\n')
         self.front(self.editor_window())
-        console.type("PRINT 99-1\n")
-        self.keys("ctrl+F5")
+        self.desktop.type("PRINT 99-1\n")
+        self.desktop.key("ctrl+F5")
         wait_for("second upload", lambda: console.text().count("Upload completed") == 2, 60, 0.5)
         # A busy editor hears of the listing before it hears that the clipboard has changed.
         editor.send_signal(signal.SIGSTOP)
@@ -260,7 +257,7 @@ class EditorSession(Session):
         time.sleep(2)
         editor.send_signal(signal.SIGCONT)
         self.front(self.editor_window("New text"))
-        self.keys("ctrl+a", "ctrl+c")
+        self.desktop.key("ctrl+a", "ctrl+c")
         time.sleep(0.3)
         text = self.desktop.output(["xclip", "-selection", "clipboard", "-o"])
         self.assertEqual(text.split("\n")[:2], ['Print "It is";6*7', "Print 99-1"])
@@ -271,16 +268,16 @@ class EditorSession(Session):
     def test_unsaved_work_survives_and_a_later_start_is_the_same_editor(self):
         editor = self.start_editor(self.source)
         self.front(self.editor_window())
-        self.typed("PRINT 1")
+        self.desktop.type("PRINT 1")
         copy = os.path.join(self.folder, ".my game.bas.kwedit")
         wait_for("copy", lambda: os.path.exists(copy))
         editor.kill()
         editor.wait()
         self.start_editor()
         self.front(self.windows("KWEdit")[0])  # the question
-        self.keys("Return")
+        self.desktop.key("Return")
         self.front(self.editor_window())
-        self.keys("ctrl+s")
+        self.desktop.key("ctrl+s")
         wait_for("saved", lambda: os.path.exists(self.source) and self.saved_source() == "PRINT 1")
         self.assertEqual(self.start_editor(self.source).wait(20), 0)
         self.assertFalse(os.path.exists(copy))
