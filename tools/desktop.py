@@ -79,9 +79,27 @@ class Desktop:
         subprocess.run(command, env=self.env, stdin=subprocess.DEVNULL, check=True,
                        stdout=subprocess.DEVNULL)
 
+    def key(self, *keys):
+        self.run("xdotool", "key", "--delay", "30", *keys)
+
+    def type(self, text):
+        """Types a text; a line end in it is the Return key."""
+        for i, line in enumerate(text.split("\n")):
+            if i:
+                self.key("Return")
+            if line:
+                self.run("xdotool", "type", "--delay", "15", line)
+
     def picture(self, path):
         """The whole screen as a PNG."""
         self.run("import", "-window", "root", path)
+
+    def pixels(self, window, *part):
+        """Of a window, or of a part of it: width, height, and place from the left upper corner.
+        Three bytes each; none of a window that is not there."""
+        crop = ["-crop", "{}x{}+{}+{}".format(*part)] if part else []
+        return subprocess.run(["import", "-window", window, *crop, "-depth", "8", "rgb:-"], env=self.env,
+                              capture_output=True, check=False).stdout
 
 
 class Console:
@@ -106,15 +124,9 @@ class Console:
         text = self.desktop.output(["xdotool", "getwindowgeometry", "--shell", window or self.window])
         return {k: int(v) for k, v in re.findall(r"(X|Y|WIDTH|HEIGHT)=(-?\d+)", text)}
 
-    def pixels(self):
-        size = self.geometry()
-        raw = subprocess.run(["import", "-window", self.window, "-depth", "8", "rgb:-"],
-                             env=self.desktop.env, capture_output=True, check=False).stdout
-        return size["WIDTH"], raw
-
     def measure(self):
         """Height of the menu bar, from where the focused terminal's frame begins."""
-        width, raw = self.pixels()
+        width, raw = self.geometry()["WIDTH"], self.desktop.pixels(self.window)
         for y in range(len(raw) // (3 * width)):
             if raw[3 * (y * width + 100):3 * (y * width + 100) + 3] == FRAME_FOCUSED:
                 return y - CONTENT_TOP if y >= CONTENT_TOP else None
@@ -128,17 +140,6 @@ class Console:
     def click(self, x, y, button=1):
         self.point(x, y)
         self.desktop.run("xdotool", "click", str(button))
-
-    def key(self, *keys):
-        self.desktop.run("xdotool", "key", "--delay", "30", *keys)
-
-    def type(self, text):
-        """Types a text; a line end in it is the Return key."""
-        for i, line in enumerate(text.split("\n")):
-            if i:
-                self.key("Return")
-            if line:
-                self.desktop.run("xdotool", "type", "--delay", "15", line)
 
     def menu(self, title, entry):
         """Chooses entry (counted from 1) of a menu of the menu bar."""

@@ -1,7 +1,6 @@
 """A session with the file manager: its window, its buttons, its two lists, and what the board then holds."""
 import os
 import re
-import subprocess
 import time
 import unittest
 
@@ -57,25 +56,27 @@ class FilesSession(Session):
         """Until the device's list, which is emptied first, is there and stays as it is."""
         def picture():
             time.sleep(1)
-            return subprocess.run(["import", "-window", self.manager, "-crop", "250x60+314+82", "gray:-"],
-                                  env=self.desktop.env, capture_output=True, check=True).stdout
+            return self.desktop.pixels(self.manager, 250, 60, 314, 82)
         wait_for("list", lambda: len(set(shown := picture())) > 1 and shown == picture())
 
     def select(self, first_row, row, count=1):
-        """Selects `count` rows of a list from `row` on, counted from 0."""
-        self.press(first_row)
-        self.keys("Home", *["Down"] * row, *["shift+Down"] * (count - 1))
+        """Selects `count` rows of a list from `row` on, counted from 0. The path box's list of
+        completions, where it still stands, takes the click for itself."""
+        def lit():
+            self.press(first_row)
+            return set(self.desktop.pixels(self.manager, 1, 1, *first_row)) - {255}
+        wait_for("selected row", lit, step=0.5)
+        self.desktop.key("Home", *["Down"] * row, *["shift+Down"] * (count - 1))
 
     def open_pc_folder(self, path):
         self.press(PATH_BOX)
-        self.keys("ctrl+a")
-        self.typed(path + "/")
-        self.keys("Return")
+        self.desktop.key("ctrl+a")
+        self.desktop.type(path + "/\n")
 
     def answer(self, title, text, key):
         self.front(self.windows(title)[0])
-        self.typed(text)
-        self.keys(key)
+        self.desktop.type(text)
+        self.desktop.key(key)
         wait_for("answer", lambda: title not in self.desktop.output(["wmctrl", "-l"]))  # it blocks the rest
 
     def wait_for_text(self, pattern):
@@ -83,7 +84,7 @@ class FilesSession(Session):
 
     def board_says(self, command, last):
         self.console.click(300, CONTENT_TOP + 200)
-        self.console.type(command + "\n")
+        self.desktop.type(command + "\n")
         return self.console.wait_text(last).rsplit(command, 1)[-1]
 
     def test_files_go_there_and_back_and_slots_and_folders_come_and_go(self):

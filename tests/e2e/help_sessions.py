@@ -1,7 +1,6 @@
 """The help window in a real session: links, both indexes, the history."""
 import os
 import shutil
-import subprocess
 import tempfile
 import unittest
 
@@ -41,9 +40,7 @@ class HelpSession(Session):
     def expect(self, pixel):
         """Waits until the page has this colour, at a place clear of the scroll bars."""
         def shown():
-            return subprocess.run(["import", "-window", self.viewer, "-crop", "1x1+30+200", "-depth",
-                                   "8", "rgb:-"], env=self.desktop.env, capture_output=True,
-                                  check=False).stdout
+            return self.desktop.pixels(self.viewer, 1, 1, 30, 200)
         wait_for(f"page of {pixel}, not {shown()}", lambda: shown() == bytes(pixel))
 
     def test_links_buttons_and_history(self):

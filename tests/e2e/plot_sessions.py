@@ -1,7 +1,6 @@
 """KWPlot beside the console: what a board prints becomes lines on a real display."""
 import csv
 import os
-import subprocess
 import time
 import unittest
 
@@ -26,24 +25,24 @@ class PlotSession(Session):
         console.wait_text("Connected to 127.0.0.1 port")
         console.wait_text("connected- 127.0.0.1")
         console.click(300, CONTENT_TOP + 200)
-        console.type(PROGRAM)
+        self.desktop.type(PROGRAM)
 
         self.front(self.plot)
         wait_for("three series", lambda: self.coloured() > 60)
-        self.keys("space")
+        self.desktop.key("space")
         wait_for("a picture that stands", lambda: self.picture() == self.picture(0.5))
         stood = self.picture()
         self.front(console.window)
         console.wait_text("End")
         self.front(self.plot)
         self.assertEqual(self.picture(), stood)
-        self.keys("space")
+        self.desktop.key("space")
         wait_for("what came meanwhile", lambda: self.picture() != stood)
 
         saved = os.path.join(self.folder, "run.csv")
-        self.keys("ctrl+s")
+        self.desktop.key("ctrl+s")
         self.front(self.windows("Save as CSV")[0])
-        self.keys("Return")  # as offered: a list of completions would swallow it
+        self.desktop.key("Return")  # as offered: a list of completions would swallow it
         wait_for("CSV", lambda: os.path.exists(saved))
         self.expect_lines(saved)
         self.close(self.plot)
@@ -64,8 +63,7 @@ class PlotSession(Session):
     def picture(self, after=0.0):
         """Pixels of the plot, without legend and status line."""
         time.sleep(after)
-        return subprocess.run(["import", "-window", self.plot, "-crop", "700x400+20+70", "-depth", "8",
-                               "rgb:-"], env=self.desktop.env, capture_output=True, check=True).stdout
+        return self.desktop.pixels(self.plot, 700, 400, 20, 70)
 
     def coloured(self):
         """How many pixels are of a clear colour: all but the lines is grey."""
