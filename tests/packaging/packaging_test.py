@@ -1,4 +1,5 @@
 """What a user installs, tried in fresh folders and under fresh homes."""
+import contextlib
 import glob
 import os
 import pty
@@ -107,12 +108,17 @@ class UserFolder(Case):
 
     def programs(self):
         """Process numbers of this user's copies of the programs."""
-        return [link.split("/")[2] for link in glob.glob("/proc/[0-9]*/exe")
-                if os.path.exists(link) and os.readlink(link).startswith(str(self.own))]
+        found = []
+        for link in glob.glob("/proc/[0-9]*/exe"):
+            with contextlib.suppress(OSError):  # any process may end meanwhile
+                if os.readlink(link).startswith(str(self.own)):
+                    found.append(link.split("/")[2])
+        return found
 
     def end_programs(self):
         for number in self.programs():
-            os.kill(int(number), 9)
+            with contextlib.suppress(ProcessLookupError):
+                os.kill(int(number), 9)
 
     def run_for_a_while(self, name, *arguments):
         """Starts a program and ends it; gives its own arguments."""
