@@ -30,7 +30,8 @@ int RunEditor(QApplication& application, const QStringList& files) {
     Editor editor(setup);
     SecondStart later(place, [&editor](const QStringList& paths) { editor.OpenAll(paths); });
     editor.OfferCopies();
-    editor.OpenAll(files);
+    // An empty window would lie over what was restored.
+    if (!files.isEmpty() || editor.Windows().empty()) editor.OpenAll(files);
     return QApplication::exec();
 }
 
