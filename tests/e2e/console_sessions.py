@@ -1,6 +1,7 @@
 """Sessions with the real console window: real display, keys, mouse, processes, pty, sockets."""
 import contextlib
 import os
+import pathlib
 import re
 import shutil
 import signal
@@ -245,7 +246,7 @@ class EditorSession(Session):
         self.desktop.type('PRINT "It is";6*7\n')
         self.desktop.key("F5")
         self.assertRegex(console.wait_text("It is 42", 60), r"Control\s.*my game.bas\s")
-        self.assertEqual(self.saved_source(), 'PRINT "It is";6*7\n')
+        self.assertEqual(self.content(self.source), 'PRINT "It is";6*7\n')
         self.front(self.editor_window())
         self.desktop.type("PRINT 99-1\n")
         self.desktop.key("ctrl+F5")
@@ -270,7 +271,7 @@ class EditorSession(Session):
         self.front(self.editor_window())
         self.desktop.type("PRINT 1")
         copy = os.path.join(self.folder, ".my game.bas.kwedit")
-        wait_for("copy", lambda: os.path.exists(copy))
+        wait_for("whole copy", lambda: self.content(copy) == "PRINT 1")
         editor.kill()
         editor.wait()
         self.start_editor()
@@ -278,7 +279,7 @@ class EditorSession(Session):
         self.desktop.key("Return")
         self.front(self.editor_window())
         self.desktop.key("ctrl+s")
-        wait_for("saved", lambda: os.path.exists(self.source) and self.saved_source() == "PRINT 1")
+        wait_for("saved", lambda: self.content(self.source) == "PRINT 1")
         self.assertEqual(self.start_editor(self.source).wait(20), 0)
         self.assertFalse(os.path.exists(copy))
         for wish, start in (("--help", "usage: KWEdit"), ("--version", "KWEdit ")):
@@ -289,9 +290,9 @@ class EditorSession(Session):
     def start_editor(self, *files):
         return self.start_beside("KWEDIT", *files)
 
-    def saved_source(self):
-        with open(self.source, encoding="ascii") as f:
-            return f.read()
+    @staticmethod
+    def content(path):
+        return os.path.exists(path) and pathlib.Path(path).read_text("ascii")
 
     def editor_window(self, name="my game.bas"):
         return self.windows(f"{name}.* - KWEdit")[0]
