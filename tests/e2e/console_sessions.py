@@ -87,8 +87,8 @@ class Session(unittest.TestCase):
         return self.desktop.start([program, *arguments])
 
     def saved(self, key):
-        with open(self.settings, encoding="utf-8") as f:
-            found = re.search(rf"^{re.escape(key)} = (.*)$", f.read(), re.M)
+        text = pathlib.Path(self.settings).read_text("utf-8")
+        found = re.search(rf"^{re.escape(key)} = (.*)$", text, re.M)
         return found.group(1) if found else None
 
 
@@ -111,8 +111,7 @@ class TcpSession(Session):
 
         for name, ending in EXAMPLES:
             console.click(735, 91)  # Cls
-            with open(os.path.join(ROOT, "examples", name), encoding="utf-8", newline="") as f:
-                self.copy(f.read())
+            self.copy(pathlib.Path(ROOT, "examples", name).read_text("utf-8"))
             console.popup(1)  # AUTOSAVE code
             text = console.wait_text(ending, 60)
             self.assertNotIn("Error", text, name)
@@ -241,7 +240,7 @@ class EditorSession(Session):
 
     def test_edit_load_run_and_the_listing_back(self):
         console = Console(self.desktop, self.program)
-        editor = self.start_editor(self.source)
+        editor = self.start_beside("KWEDIT", self.source)
         self.front(self.editor_window())
         self.desktop.type('PRINT "It is";6*7\n')
         self.desktop.key("F5")
@@ -267,28 +266,25 @@ class EditorSession(Session):
         self.assertEqual(console.close(), 0)
 
     def test_unsaved_work_survives_and_a_later_start_is_the_same_editor(self):
-        editor = self.start_editor(self.source)
+        editor = self.start_beside("KWEDIT", self.source)
         self.front(self.editor_window())
         self.desktop.type("PRINT 1")
         copy = os.path.join(self.folder, ".my game.bas.kwedit")
         wait_for("whole copy", lambda: self.content(copy) == "PRINT 1")
         editor.kill()
         editor.wait()
-        self.start_editor()
+        self.start_beside("KWEDIT")
         self.front(self.windows("KWEdit")[0])  # the question
         self.desktop.key("Return")
         self.front(self.editor_window())
         self.desktop.key("ctrl+s")
         wait_for("saved", lambda: self.content(self.source) == "PRINT 1")
-        self.assertEqual(self.start_editor(self.source).wait(20), 0)
+        self.assertEqual(self.start_beside("KWEDIT", self.source).wait(20), 0)
         self.assertFalse(os.path.exists(copy))
         for wish, start in (("--help", "usage: KWEdit"), ("--version", "KWEdit ")):
             shown = subprocess.run([os.environ["KWEDIT"], wish], text=True, check=False,
                                    env={**os.environ, "DISPLAY": ""}, stdout=subprocess.PIPE)
             self.assertEqual((shown.returncode, shown.stdout[:len(start)]), (0, start))
-
-    def start_editor(self, *files):
-        return self.start_beside("KWEDIT", *files)
 
     @staticmethod
     def content(path):

@@ -145,6 +145,10 @@ class UserFolder(Case):
         run("grep", "kept = 1", self.settings)
         for name in ("kwedit", "kwplot"):
             self.assertEqual(self.run_for_a_while(name, "x y"), ["x y"])
+        for name in ("kewlink-console", "kwedit", "kwplot"):
+            entry = (self.prefix / f"share/applications/{name}.desktop").read_text()
+            icon = re.search("^Icon=(.*)$", entry, re.M)[1] + ".svg"
+            self.assertTrue((self.prefix / "share/icons/hicolor/scalable/apps" / icon).is_file(), icon)
         self.assertTrue((self.prefix / "lib/udev/rules.d/70-kewlink-console.rules").is_file())
 
     def test_a_running_console_is_given_the_file(self):
@@ -202,7 +206,9 @@ class MenuEntries(Case):
         for name, program in (("kewlink-console", "KWCC"), ("kwedit", "KWEdit"), ("kwplot", "KWPlot")):
             path = shared / f"applications/{name}.desktop"
             run("desktop-file-validate", path)
-            line = re.search(r'^Exec="(.*)" %[fF]$', path.read_text(), re.M).group(1)
+            keys = dict(re.findall("^([A-Z][a-z]+)=(.*)$", path.read_text(), re.M))
+            self.assertTrue(Path(keys["Icon"].replace("\\\\", "\\")).is_file(), keys)
+            line = re.fullmatch('"(.*)" %[fF]', keys["Exec"]).group(1)
             # As a desktop reads it: the value's escapes, then those in quotes, then field codes.
             text = re.sub(r"\\(.)", r"\1", re.sub(r"\\\\", r"\\", line)).replace("%%", "%")
             self.assertEqual(text, str(odd / program))
