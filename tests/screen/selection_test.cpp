@@ -42,7 +42,7 @@ TEST_F(SelectionTest, LitCellsAndCopiedTextOfEachPath) {
         std::vector<int> path, lit;  // cell indexes
         QString copied;
     } cases[] = {
-        {{5, 8, 6}, {6}, "fg"},
+        {{60, 63, 61}, {61}, "01"},
         {{5, 8, 8, 5}, {}, "f"},
         {{5, 3, 5, 4}, {0, 4}, "ef"},
         {{5, 8, 3}, {3, 4, 5, 8}, "def"},      // over the anchor in one step
