@@ -6,6 +6,7 @@
 #include <QIcon>
 #include <cstdlib>
 
+#include "base/Numbers.h"
 #include "ui/EndSignals.h"
 #include "ui/WaitService.h"
 #include "ui/events/BoundHandlers.h"
@@ -49,10 +50,11 @@ void FollowScreenDensity() {
 }
 
 // The toolkit calls exit(3) when the display is gone. Threads that run still use what exit(3)
-// destroys, so the process ends before that.
+// destroys, so the process ends before that. A window that is closed has no values to save any
+// more.
 void EndWithoutDisplay() {
     if (!application) return;
-    if (saveWork) saveWork();
+    if (saveWork && WindowIsOpen(kMainWindow)) saveWork();
     _exit(EXIT_FAILURE);
 }
 
